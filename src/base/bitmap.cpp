@@ -1,0 +1,28 @@
+#include "base/bitmap.h"
+
+#include "state/frames.h"
+#include <climits>
+
+namespace nubo {
+
+OwnedBitmap make_bitmap(int width, int height, Color color) {
+    if (width < 1 || height < 1 || width > max_frame_side || height > max_frame_side) return nullptr;
+    // Allegro works out the bytes of the whole bitmap in an int.
+    if (static_cast<long long>(width) * height > INT_MAX / static_cast<int>(sizeof(Color))) return nullptr;
+    OwnedBitmap bitmap(create_bitmap_ex(32, width, height));
+    if (bitmap) clear_to_color(bitmap.get(), static_cast<int>(color));
+    return bitmap;
+}
+
+OwnedBitmap copy_bitmap(BITMAP* source) {
+    OwnedBitmap copy(create_bitmap_ex(bitmap_color_depth(source), source->w, source->h));
+    if (copy) blit(source, copy.get(), 0, 0, 0, 0, source->w, source->h);
+    return copy;
+}
+
+void replace_bitmap(BITMAP*& handle, OwnedBitmap bitmap) {
+    if (handle != nullptr) destroy_bitmap(handle);
+    handle = bitmap.release();
+}
+
+}  // namespace nubo

@@ -1,0 +1,35 @@
+#pragma once
+// Memory bitmaps of 32 bits: making, owning, and reaching their pixels.
+#include "state/colors.h"
+#include <allegro.h>
+#include <cstdint>
+#include <memory>
+
+namespace nubo {
+
+struct BitmapDestroyer {
+    void operator()(BITMAP* bitmap) const { destroy_bitmap(bitmap); }
+};
+/// A bitmap that goes with its holder. Long-lived bitmaps are the global handles of state/ instead.
+using OwnedBitmap = std::unique_ptr<BITMAP, BitmapDestroyer>;
+
+/// A new 32-bit memory bitmap of `width` by `height`, filled with `color`. Null when a side is below 1 or above 65,535
+/// or the memory can't be had; nothing is logged.
+OwnedBitmap make_bitmap(int width, int height, Color color = 0);
+
+/// A new bitmap with the pixels of `source`, or null.
+OwnedBitmap copy_bitmap(BITMAP* source);
+
+/// Puts a new bitmap into a global handle and destroys what it held.
+void replace_bitmap(BITMAP*& handle, OwnedBitmap bitmap);
+
+/// The pixels of row `y` from column `x` on, of a 32-bit memory bitmap.
+inline Color* pixels_at(BITMAP* bitmap, int x, int y) { return reinterpret_cast<Color*>(bitmap->line[y]) + x; }
+
+/// True for 0 <= x < width and 0 <= y < height.
+inline bool frame_contains(const BITMAP* bitmap, int x, int y) {
+    return static_cast<unsigned>(x) < static_cast<unsigned>(bitmap->w) &&
+           static_cast<unsigned>(y) < static_cast<unsigned>(bitmap->h);
+}
+
+}  // namespace nubo

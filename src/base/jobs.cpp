@@ -1,0 +1,62 @@
+#include "base/jobs.h"
+
+#include "base/log.h"
+
+namespace nubo {
+namespace {
+
+constexpr int job_types = 64;
+std::array<JobHandler, job_types> job_handlers{};
+
+}  // namespace
+
+int push_to_job(int type, int a1, int a2, int a3, int a4, int a5, int a6, int a7, int script_slot, int delay) {
+    const int slot = UA_free_job_slot();
+    if (slot < 0) {
+        UA_log("[ ERROR ] : Ran out of job queue slots in call to push_to_job! Job = %d", type);
+        return -1;
+    }
+    const auto at = static_cast<std::size_t>(slot);
+    const std::array<int, job_arguments> arguments{a1, a2, a3, a4, a5, a6, a7};
+    for (std::size_t i = 0; i < arguments.size(); ++i) job::arg[at][i] = arguments[i];
+    job::script_slot[at] = script_slot;
+    job::delay[at] = delay;
+    job::type[at].publish(type);
+    return slot;
+}
+
+int UA_free_job_slot() { return UA_find_job(JOB_NONE); }
+
+int UA_find_job(int type) {
+    for (std::size_t slot = 0; slot < job_slots; ++slot) {
+        const int held = job::type[slot].acquire();
+        if (type == -1 ? held != JOB_NONE : held == type) return static_cast<int>(slot);
+    }
+    return -1;
+}
+
+void UA_clear_job(int slot) {
+    const auto at = static_cast<std::size_t>(slot);
+    for (auto& argument : job::arg[at]) argument = 0;
+    job::script_slot[at] = 0;
+    job::delay[at] = 0;
+    job::type[at].publish(JOB_NONE);
+}
+
+void set_job_handler(JobType type, JobHandler handler) { job_handlers[static_cast<std::size_t>(type)] = handler; }
+
+void UA_run_jobs() {
+    for (std::size_t slot = 0; slot < job_slots; ++slot) {
+        const int type = job::type[slot].acquire();
+        if (type <= JOB_NONE || type >= job_types || job::delay[slot] != 0) continue;
+        if (const JobHandler handler = job_handlers[static_cast<std::size_t>(type)]; handler != nullptr)
+            handler(static_cast<int>(slot));
+    }
+}
+
+void count_job_delays() {
+    for (std::size_t slot = 0; slot < job_slots; ++slot)
+        if (job::type[slot].acquire() > JOB_NONE && job::delay[slot] > 0) job::delay[slot] -= 1;
+}
+
+}  // namespace nubo

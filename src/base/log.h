@@ -1,0 +1,19 @@
+#pragma once
+// The log: one plain-text file, one line a call, each on disk when the call returns. Callable from both flows.
+
+namespace nubo {
+
+/// Deletes the log of the run before, if there is one in the current directory.
+void UA_log_reset();
+
+/// Opens `UA_log.txt` for appending in the current directory, or else in `fallback_dir` (null: none). Where neither can
+/// be opened the lines go to standard error.
+void UA_log_open(const char* fallback_dir = nullptr);
+
+/// Writes one line. In `format`, %s and %S take a string, %d and %D an int, %f and %F a double with six decimals, %%
+/// writes one percent sign; any other character after % writes nothing and takes no argument.
+void UA_log(const char* format, ...);
+
+void UA_log_close();
+
+}  // namespace nubo

@@ -1,0 +1,25 @@
+#pragma once
+// Translucent drawing on bitmaps of 32, 16 and 15 bits. Bitmaps of any other depth, or of two depths, are left alone.
+#include "state/colors.h"
+#include <allegro.h>
+
+namespace nubo {
+
+/// Draws the whole of `source` onto `target` at (x, y), clipped; pixels of the colour key (0xff00ff at 32 bits) are
+/// skipped. `fact` 0 to 255: 0 leaves the target alone, 255 is `masked_blit`.
+void trans_blit(BITMAP* source, BITMAP* target, int x, int y, int fact);
+
+/// Fills the rectangle, clipped to the target, with `color` at the strength `fact`, 0 to 255: 0 does nothing, 255
+/// replaces.
+void trans_rectfill(BITMAP* target, int x, int y, int w, int h, Color color, int fact);
+
+/// One pixel of the 32-bit fill at the strength `fact` 1 to 254: the formula that every form of `trans_rectfill`
+/// follows. For the inks, which blend their pixels where they stand.
+constexpr Color blend_fill_pixel(Color old, Color color, int fact) {
+    constexpr Color red_blue = 0xff00ff, green = 0x00ff00;
+    const Color s = static_cast<Color>(fact) + 1, rest = 256 - s;
+    const Color a = ((color & red_blue) * s >> 8) & red_blue, b = ((color & green) * s >> 8) & green;
+    return (((((old & green) * rest) >> 8) + b) & green) | (((((old & red_blue) * rest) >> 8) + a) & red_blue);
+}
+
+}  // namespace nubo

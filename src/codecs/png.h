@@ -1,0 +1,29 @@
+#pragma once
+// PNG files, read and written with Allegro's packfiles and zlib. The format is that of ISO/IEC 15948 (PNG, second
+// edition).
+#include <allegro.h>
+
+namespace nubo {
+
+/// The last error of the codec, a constant string; never null, not cleared on success.
+inline constinit const char* png_error = "";
+
+/// Reads the PNG file at `path` into a new bitmap, which the caller owns, at the depth that Allegro's colour conversion
+/// asks for. `palette` (null: not wanted) gets the file's colours or a 3-3-2 palette. Null on failure, with the cause
+/// in `png_error`.
+BITMAP* load_png(const char* path, RGB* palette);
+
+/// The same on an open packfile, which stays open.
+BITMAP* load_png_pf(PACKFILE* file, RGB* palette);
+
+/// Writes `bitmap` as a PNG: palette, RGB, or RGBA where a 32-bit pixel's top byte is not 0. 0, or -1 with the cause in
+/// `png_error`.
+int save_png(const char* path, BITMAP* bitmap, const RGB* palette);
+
+/// The same on an open packfile, which stays open.
+int save_png_pf(PACKFILE* file, BITMAP* bitmap, const RGB* palette);
+
+/// Makes Allegro's `load_bitmap`, `save_bitmap` and datafiles know PNG. Called once, after the graphics mode is set.
+void register_png();
+
+}  // namespace nubo

@@ -1,0 +1,46 @@
+#pragma once
+// The ink engine: what a pixel of a stroke becomes. Its inner unit is a row of pixels; one pixel is a row of length 1.
+#include "state/colors.h"
+#include "state/tools.h"
+#include <allegro.h>
+#include <cstdint>
+
+namespace nubo {
+
+/// A run of pixels of the Frame, with a tip value for each or one for all.
+struct InkRow {
+    int x, y, length;         // frame pixels; all inside the frame, length 1 or more
+    const std::uint8_t* tip;  // 0 full, 1 to 199 partial, `tip_outside` (200) and above outside the tip
+    int tip_step;             // 1: a tip value for each pixel; 0: *tip for all
+};
+
+/// Applies `ink` with `color` to a row, in order from the left. Reads the snapshot of `save_undo`, writes the Frame and
+/// `stroke_mask`. Called by the stroke pipeline, which has clipped the row.
+void apply_ink_row(const InkRow& row, Ink ink, Color color);
+
+/// One pixel; a pixel outside the Frame and an ink above the last are dropped.
+void apply_ink(int x, int y, int ink, Color color, int tip_value);
+
+/// True if the components of a and b differ, each, by less than `tolerance`: 1 asks for equality, 0 matches nothing.
+bool colors_match(Color a, Color b, int tolerance);
+
+/// The colour between a and b at alpha / 255, each component truncated and held to 0 to 255.
+Color blend_color(Color a, Color b, int alpha);
+
+/// Blends one pixel of the Frame toward `color`; alpha below 1 does nothing, 255 replaces.
+void blend_pixel(int x, int y, Color color, int alpha);
+
+/// The pixel of the Cel's endless tile at a Frame position.
+Color tile_pixel(int x, int y);
+
+/// The mean of the neighbours that lie in the bitmap, by integer division; the pixel itself if it has none.
+Color mean_neighbor(BITMAP* bitmap, int x, int y);
+
+/// Derives `linear_axis` and R.GRAD's radius from the nodes in `ink_options`. When a workspace was read, and when the
+/// nodes were moved.
+void update_gradient_geometry();
+
+/// Fills the table of distances that GLOW reads. Once, at start.
+void fill_glow_distances();
+
+}  // namespace nubo

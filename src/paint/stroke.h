@@ -1,0 +1,37 @@
+#pragma once
+// The stroke pipeline: everything that a brush tool puts into the Frame passes here.
+#include "state/colors.h"
+#include "state/tools.h"
+#include <allegro.h>
+
+namespace nubo {
+
+/// One stroke of a tool at the Frame pixel (x, y); shape tools, whose points lie elsewhere, pass (0, 0). `brush` and
+/// `ink` 0 to 99, `style` the tip, -1 to 99. Saves undo, clears the coverage map and runs the tool's case.
+void draw_to_frame(int x, int y, int brush, int ink, int style);
+
+/// One tip at one point of the running stroke, without snapshot; `style` -1 is a single pixel at full strength. A point
+/// outside the Frame paints nothing.
+void stamp_tip(int x, int y, int brush, int ink, int style);
+
+/// Pixels (x1, y) to (x2, y), both included, as single ink pixels at full strength: what `stamp_tip` with `style` -1
+/// does on each, clipped and painted as one row.
+void stamp_row(int x1, int x2, int y, int ink);
+
+/// The per-point function given to Allegro's `do_line` and `do_circle`: one tip of the active tool, ink and tip.
+void stamp_callback(BITMAP* bitmap, int x, int y, int d);
+
+/// A filled circle of single ink pixels.
+void fill_disc(int center_x, int center_y, int radius);
+
+/// Shows the paint as it arrives: `update_screen(1)` if a 45 Hz tick has passed since the last update. Every loop that
+/// stamps many pixels calls it.
+void refresh_stroke();
+
+/// Outlines in the moving stripes, on a bitmap of the logical screen; `preview_circle` takes the centre and a rim
+/// point.
+void preview_line(BITMAP* bitmap, int x1, int y1, int x2, int y2);
+void preview_rect(BITMAP* bitmap, int x1, int y1, int x2, int y2);
+void preview_circle(BITMAP* bitmap, int center_x, int center_y, int rim_x, int rim_y);
+
+}  // namespace nubo

@@ -1,0 +1,18 @@
+#pragma once
+// The surfaces of a stroke: the Frame, its coverage map, and the snapshot that the inks read.
+#include "base/bitmap.h"
+#include "state/frames.h"
+
+namespace nubo {
+
+/// Makes `frame` the Frame in memory and remakes `stroke_mask` at its size; the old ones are destroyed. This is the one
+/// place that replaces `current_frame`. False, with nothing changed, when the mask's memory can't be had.
+bool adopt_frame(OwnedBitmap frame);
+
+/// Sets all of `stroke_mask` to 0: no pixel of the Frame is covered yet.
+void clear_stroke_mask();
+
+/// The snapshot of the running stroke: the undo slot last saved. Null before the first save.
+inline BITMAP* stroke_snapshot() { return undo_slots[static_cast<std::size_t>(newest_undo)]; }
+
+}  // namespace nubo

@@ -1,0 +1,22 @@
+#pragma once
+// Undo and redo: whole copies of the Frame in two small pools, made when first needed.
+
+namespace nubo {
+
+/// Saves the Frame as the newest undo state, which is also the snapshot that inks read. Unless `keep_redo`, the redo
+/// chain is emptied. False, with nothing changed but a log line and a status message, when the memory can't be had: the
+/// caller then leaves the Frame alone.
+bool save_undo(bool keep_redo);
+
+/// Saves the Frame as the newest redo state; as `save_undo` on failure.
+bool save_redo();
+
+/// The user's commands; nothing happens on an empty chain.
+void undo_last();
+void redo_last();
+
+/// Empties both chains and frees their bitmaps. Every operation that gives the Frame another size or content from
+/// elsewhere calls it.
+void reset_undo_slots();
+
+}  // namespace nubo

@@ -1,0 +1,31 @@
+#pragma once
+// The Cel: a rectangle of pixels to paste, and the pattern of the TILE and SCRAPE inks.
+#include <array>
+
+struct BITMAP;
+
+namespace nubo {
+
+inline constinit BITMAP* cel = nullptr;       // working copy: pixels near `mask_color` become 0xff00ff
+inline constinit BITMAP* cel_mask = nullptr;  // the Cel as grabbed, with all its pixels; never smaller than 1x1
+inline constinit int cel_x = 0, cel_y = 0;    // where it last stood; origin of the tile in TILE and SCRAPE
+inline constinit int cel_angle = 0;           // last angle of TURN, degrees
+inline constinit int cel_visible = 0;         // the placement overlaps the view
+enum CelMode : int { CEL_STRETCH = 0, CEL_TURN = 1, CEL_PASTE = 2, CEL_BELOW = 3 };
+/// The running placement; all fields -1 when nothing is being placed.
+struct CelPlace {
+    int x = -1, y = -1;           // left, top; the pivot in TURN; the fixed corner in STRETCH
+    int x2 = -1, y2 = -1;         // the moving corner in STRETCH; x2: the angle in 256ths of a circle in TURN
+    int mode = -1;                // a CelMode
+    int left = -1, top = -1;      // the shape on screen
+    int right = -1, bottom = -1;  // width and height in STRETCH, right and bottom in TURN
+    int selected = -1;            // outline shown; in STRETCH the size is set
+};
+inline constinit CelPlace cel_place;
+/// The axis of L.GRAD, derived from its nodes by `update_gradient_geometry`.
+struct LinearAxis {
+    float angle = 0, length = 0, sin = 0, cos = 0;
+};
+inline constinit LinearAxis linear_axis;
+
+}  // namespace nubo

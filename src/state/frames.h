@@ -1,0 +1,47 @@
+#pragma once
+// Frames: the one in memory, the table of all, and the undo pools of the one in memory.
+#include "state/shared.h"
+#include <array>
+#include <cstdint>
+
+struct BITMAP;
+
+namespace nubo {
+
+// ---- The Frame in memory
+// --------------------------------------------------------------------------------------------- `current_frame`,
+// `stroke_mask` and the two sizes change together: only `adopt_frame` (paint/surfaces.h) writes them.
+
+inline constinit BITMAP* current_frame = nullptr;   // the frame being edited
+inline constinit BITMAP* stroke_mask = nullptr;     // of its size: coverage of the running stroke, one int a pixel
+inline constinit Shared<int> frame_w = 0;           // size of `current_frame`: the timer handlers may not look into
+inline constinit Shared<int> frame_h = 0;           // a bitmap that the main flow replaces
+inline constinit BITMAP* original_frame = nullptr;  // the frame as last swapped in; RESTORE copies it back
+
+// ---- The table of all Frames
+// -----------------------------------------------------------------------------------------
+
+inline constexpr int frame_slots = 100;
+inline constexpr int max_frame_side = 65535;   // pixels; memory may set a lower bound
+inline constinit Shared<int> frame_count = 1;  // frames in the workspace, 1 to 100
+inline constinit Shared<int> frame_index = 0;  // slot of the current frame
+struct FrameView {
+    int pan_x = 0, pan_y = 0, zoom = 1;
+};                                                                 // frame pixels; zoom 1 to 6
+inline constinit std::array<FrameView, frame_slots> frame_view{};  // kept for each frame across switches
+inline constexpr int palette_bytes = 1024;                         // a PALETTE of Allegro
+inline constinit std::array<std::array<std::uint8_t, palette_bytes>, frame_slots> frame_palette{};
+inline constexpr int nail_tile = 40, nail_columns = 10;  // tile s of `nail_sheet` stands at (s % 10, s / 10) x 40
+
+// ---- Undo
+// ------------------------------------------------------------------------------------------------------------
+
+inline constexpr int undo_depth_max = 12;
+inline constexpr int undo_free = -1;                                // age of a slot that holds nothing
+inline constinit std::array<BITMAP*, undo_depth_max> undo_slots{};  // null until first needed
+inline constinit std::array<BITMAP*, undo_depth_max> redo_slots{};
+inline constinit auto undo_age = filled<int, undo_depth_max>(undo_free);  // 0 newest, higher older
+inline constinit auto redo_age = filled<int, undo_depth_max>(undo_free);
+inline constinit int newest_undo = 0, newest_redo = 0;  // slots last saved; inks read `undo_slots[newest_undo]`
+
+}  // namespace nubo

@@ -1,0 +1,39 @@
+#include "base/random.h"
+
+#include <gtest/gtest.h>
+#include <random>
+
+namespace nubo {
+namespace {
+
+TEST(MersenneTwister, GivesTheWordsOfTheStandardLibrarysOwn) {
+    std::mt19937 reference(5489U);
+    MersenneTwister ours;
+    ours.seed(5489U);
+    for (int i = 0; i < 2000; ++i) ASSERT_EQ(ours.next(), reference()) << i;
+}
+
+TEST(MersenneTwister, SeedsFromAnArrayAsTheAuthorsPrintedOutput) {
+    // The first numbers of the reference's "mt19937ar.out", for the array {0x123, 0x234, 0x345, 0x456}.
+    constexpr std::array<std::uint32_t, 4> words{0x123, 0x234, 0x345, 0x456};
+    MersenneTwister ours;
+    ours.seed(words);
+    for (const std::uint32_t expected : {1067595299U, 955945823U, 477289528U, 4107218783U, 4228976476U})
+        EXPECT_EQ(ours.next(), expected);
+}
+
+TEST(RandomNumbers, StayInRangeAndReachBothEnds) {
+    EXPECT_EQ(UA_random(1), 0);
+    EXPECT_EQ(UA_random(0), 0);
+    EXPECT_EQ(UA_random(-5), 0);
+    std::array<int, 5> seen{};
+    for (int i = 0; i < 500; ++i) {
+        const int drawn = UA_random(5);
+        ASSERT_TRUE(drawn >= 0 && drawn < 5);
+        ++seen[static_cast<std::size_t>(drawn)];
+    }
+    for (const int count : seen) EXPECT_GT(count, 50);  // 100 each on average
+}
+
+}  // namespace
+}  // namespace nubo

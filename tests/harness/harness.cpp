@@ -1,0 +1,38 @@
+#include "harness/harness.h"
+
+#include "base/color.h"
+#include "base/random.h"
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+namespace nubo {
+
+void start_without_display() {
+    if (install_allegro(SYSTEM_NONE, &errno, nullptr) != 0) std::abort();
+    set_color_depth(32);
+    use_window_color_order();
+    random_first.seed(1U);
+    random_second.seed(2U);
+}
+
+ScratchFolder::ScratchFolder() : before_(std::filesystem::current_path()) {
+    std::string form = std::filesystem::temp_directory_path() / "nubo-test-XXXXXX";
+    if (mkdtemp(form.data()) == nullptr) std::abort();
+    path_ = form;
+    std::filesystem::current_path(path_);
+}
+
+ScratchFolder::~ScratchFolder() {
+    std::filesystem::current_path(before_);
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+}
+
+std::string log_text() {
+    std::ifstream log("UA_log.txt");
+    return {std::istreambuf_iterator<char>(log), {}};
+}
+
+}  // namespace nubo

@@ -1,0 +1,28 @@
+#pragma once
+// What every test stands on.
+#include "base/bitmap.h"
+#include <string>
+
+namespace nubo {
+
+/// Starts Allegro under SYSTEM_NONE with 32-bit colour in the order of a window, and seeds both random generators with
+/// fixed words. By the tests' main.
+void start_without_display();
+
+/// A new empty folder that goes at the end of the test; the process stands in it meanwhile.
+class ScratchFolder {
+public:
+    ScratchFolder();
+    ~ScratchFolder();
+    ScratchFolder(const ScratchFolder&) = delete;
+    ScratchFolder& operator=(const ScratchFolder&) = delete;
+    const std::string& path() const { return path_; }
+
+private:
+    std::string path_, before_;
+};
+
+/// The log's text so far, when the test has opened the log in its scratch folder; for looking for lines.
+std::string log_text();
+
+}  // namespace nubo
