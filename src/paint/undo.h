@@ -1,5 +1,6 @@
 #pragma once
 // Undo and redo: whole copies of the Frame in two small pools, made when first needed.
+#include "base/bitmap.h"
 
 namespace nubo {
 
@@ -18,5 +19,9 @@ void redo_last();
 /// Empties both chains and frees their bitmaps. Every operation that gives the Frame another size or content from
 /// elsewhere calls it.
 void reset_undo_slots();
+
+/// Takes the bitmaps of new states from `copy`, which gives a copy of its argument or null; null goes back to
+/// `copy_bitmap`. For tests that tell beforehand what memory can be had.
+void set_undo_source(OwnedBitmap (*copy)(BITMAP* source));
 
 }  // namespace nubo

@@ -1,0 +1,109 @@
+#include "paint/stroke.h"
+
+#include "base/log.h"
+#include "paint/inks.h"
+#include "paint/surfaces.h"
+#include "paint/tips.h"
+#include "paint/tool_commits.h"
+#include "paint/tools.h"
+#include "paint/undo.h"
+#include "state/flow.h"
+#include "state/stroke.h"
+#include "state/view.h"
+#include <algorithm>
+
+namespace nubo {
+namespace {
+
+constexpr int number_max = 99;  // of a brush, an ink and a tip, as far as calls are told apart from mistakes
+
+/// The range tests that stand before a stroke and before each stamp.
+bool stroke_is_valid(int x, int y, int brush, int ink, int style) {
+    if (brush < 0 || brush > number_max) {
+        UA_log("[ ERROR ] : Brush type is OOB in call to draw_to_frame! brush = %d", brush);
+        return false;
+    }
+    if (style < tip_single || style > number_max) {
+        UA_log("[ ERROR ] : Brush style is OOB in call to draw_to_frame! style = %d", style);
+        return false;
+    }
+    if (ink < 0 || ink > number_max) {
+        UA_log("[ ERROR ] : Ink type is OOB in call to draw_to_frame! Ink = %d", ink);
+        return false;
+    }
+    return frame_contains(current_frame, x, y);
+}
+
+/// All pixels of the tip's cell around (x, y), those outside the tip too: some inks ignore the tip value.
+void stamp_cell(int x, int y, Ink ink, int style) {
+    TipValues values;
+    read_tip(style, values);
+    const int left = x - tip_center_x, top = y - tip_center_y;
+    const int first = std::max(0, -left), last = std::min(tip_w, current_frame->w - left);
+    const int first_row = std::max(0, -top), last_row = std::min(tip_h, current_frame->h - top);
+    for (int row = first_row; row < last_row; ++row)
+        apply_ink_row({left + first, top + row, last - first, &values[static_cast<unsigned>(row * tip_w + first)], 1},
+                      ink, brush_color);
+}
+
+void run_case(int x, int y, int brush, int ink, int style) {
+    switch (static_cast<BrushTool>(brush)) {
+    case TOOL_BOX: commit_box(ink); return;
+    case TOOL_CIRCLE: commit_circle(); return;
+    case TOOL_LINE: commit_line(); return;
+    case TOOL_DRAW: run_draw(x, y, ink, style); return;
+    case TOOL_DRIZ: run_driz(x, y); return;
+    case TOOL_SPRAY: run_spray(x, y, ink); return;
+    case TOOL_EDGE: commit_edge(x, y, ink); return;
+    case TOOL_SEP: commit_sep(x, y, ink); return;
+    case TOOL_FILL: flood_fill(x, y, *pixels_at(current_frame, x, y), tool_option(TOOL_FILL, OPTION_TOLERANCE)); return;
+    case TOOL_POLY:
+    case TOOL_RPOLY:
+    case TOOL_FSHAPE:
+    case TOOL_SSHAPE:
+    case TOOL_SPIRAL:
+    case TOOL_SPLINE: return;
+    case TOOL_NONE:
+    case TOOL_MOVE:  // these three save undo and paint by themselves
+    case TOOL_OVAL:
+    case TOOL_TEXT:
+    case TOOL_COUNT: return;
+    }
+}
+
+}  // namespace
+
+void draw_to_frame(int x, int y, int brush, int ink, int style) {
+    if (!stroke_is_valid(x, y, brush, ink, style)) return;
+    if (!save_undo(false)) return;
+    clear_stroke_mask();
+    run_case(x, y, brush, ink, style);
+}
+
+void stamp_tip(int x, int y, int brush, int ink, int style) {
+    if (!stroke_is_valid(x, y, brush, ink, style)) return;
+    if (style == tip_single) {
+        stamp_row(x, x, y, ink);
+    } else if (ink < INK_COUNT && style <= tip_custom) {
+        stamp_cell(x, y, static_cast<Ink>(ink), style);
+    }
+}
+
+void stamp_row(int x1, int x2, int y, int ink) {
+    static constexpr std::uint8_t full_strength = 0;
+    if (y < 0 || y >= current_frame->h || ink < 0 || ink >= INK_COUNT) return;
+    const int first = std::max(x1, 0), last = std::min(x2, current_frame->w - 1);
+    if (first <= last)
+        apply_ink_row({first, y, last - first + 1, &full_strength, 0}, static_cast<Ink>(ink), brush_color);
+}
+
+void stamp_callback(BITMAP*, int x, int y, int) {
+    stamp_tip(x, y, active_tool(), active_ink(), brush_tip);
+    refresh_stroke();
+}
+
+void refresh_stroke() {
+    if (refresh_ticks > 0) update_screen(UPDATE_STROKE);
+}
+
+}  // namespace nubo

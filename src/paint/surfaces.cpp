@@ -1,0 +1,19 @@
+#include "paint/surfaces.h"
+
+#include <utility>
+
+namespace nubo {
+
+bool adopt_frame(OwnedBitmap frame) {
+    OwnedBitmap mask = make_bitmap(frame->w, frame->h);
+    if (!mask) return false;
+    replace_bitmap(current_frame, std::move(frame));
+    replace_bitmap(stroke_mask, std::move(mask));
+    frame_w = current_frame->w;
+    frame_h = current_frame->h;
+    return true;
+}
+
+void clear_stroke_mask() { clear_to_color(stroke_mask, 0); }
+
+}  // namespace nubo

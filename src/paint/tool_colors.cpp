@@ -1,0 +1,54 @@
+// EDGE and SEP.: over the whole Frame, by the colour under the click.
+#include "paint/tool_colors.h"
+
+#include "paint/stroke.h"
+#include "paint/surfaces.h"
+#include "paint/tool_commits.h"
+#include "state/stroke.h"
+
+namespace nubo {
+namespace {
+
+/// How many of the four neighbours in the Frame lie beyond the range.
+int count_outer_neighbors(int x, int y, const ColorRange& range) {
+    BITMAP* const before = stroke_snapshot();
+    int outer = 0;
+    constexpr std::array<Point, 4> steps{{{0, -1}, {1, 0}, {0, 1}, {-1, 0}}};
+    for (const Point step : steps)
+        if (frame_contains(before, x + step.x, y + step.y) &&
+            !range.reaches(*pixels_at(before, x + step.x, y + step.y)))
+            ++outer;
+    return outer;
+}
+
+}  // namespace
+
+void commit_edge(int x, int y, int ink) {
+    const ColorRange range(*pixels_at(current_frame, x, y), tool_option(TOOL_EDGE, OPTION_TOLERANCE));
+    for (int row = 0; row < current_frame->h; ++row)
+        for (int column = 0; column < current_frame->w; ++column) {
+            if (!range.holds(*pixels_at(stroke_snapshot(), column, row))) continue;
+            // Once for each: inks with random draws take as many.
+            for (int outer = count_outer_neighbors(column, row, range); outer > 0; --outer) {
+                stamp_tip(column, row, TOOL_EDGE, ink, tip_single);
+                refresh_stroke();
+            }
+        }
+}
+
+void commit_sep(int x, int y, int ink) {
+    const ColorRange range(*pixels_at(current_frame, x, y), tool_option(TOOL_SEP, OPTION_TOLERANCE));
+    const int width = current_frame->w;
+    for (int row = 0; row < current_frame->h; ++row) {
+        const Color* const before = pixels_at(stroke_snapshot(), 0, row);
+        for (int column = 0; column < width; ++column) {
+            const int first = column;
+            while (column < width && range.holds(before[column])) ++column;
+            if (column == first) continue;
+            stamp_row(first, column - 1, row, ink);
+            refresh_stroke();
+        }
+    }
+}
+
+}  // namespace nubo

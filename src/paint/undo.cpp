@@ -1,0 +1,136 @@
+#include "paint/undo.h"
+
+#include "base/log.h"
+#include "state/frames.h"
+#include "state/options.h"
+#include "state/run.h"
+#include "state/view.h"
+#include <utility>
+
+namespace nubo {
+namespace {
+
+constexpr int undo_memory_message = 110;  // index of "NOT ENOUGH MEMORY FOR UNDO. NOTHING WAS CHANGED"
+
+OwnedBitmap (*copy_of)(BITMAP* source) = copy_bitmap;
+
+/// One of the two chains: the columns of state/frames.h that belong together, and the line that tells a full pool.
+struct Chain {
+    std::array<BITMAP*, undo_depth_max>& slots;
+    std::array<int, undo_depth_max>& age;
+    int& newest;
+    const char* full;
+};
+constexpr Chain undo_chain{undo_slots, undo_age, newest_undo,
+                           "[ ERROR ] : Couldn't locate a free undo slot to save to!"};
+constexpr Chain redo_chain{redo_slots, redo_age, newest_redo,
+                           "[ ERROR ] : Couldn't locate a free redo slot to save to!"};
+
+unsigned depth() { return static_cast<unsigned>(opt_undo_depth); }
+
+/// Frees the bitmaps that a lowered depth has put out of reach.
+void free_beyond_depth(const Chain& chain) {
+    for (unsigned i = depth(); i < undo_depth_max; ++i) {
+        replace_bitmap(chain.slots[i], nullptr);
+        chain.age[i] = undo_free;
+    }
+}
+
+/// The slot for the next state: the lowest that is free, or will be once all states are one older; -1 if none.
+int slot_for_next(const Chain& chain) {
+    for (unsigned i = 0; i < depth(); ++i)
+        if (chain.age[i] == undo_free || chain.age[i] + 1 >= opt_undo_depth) return static_cast<int>(i);
+    return -1;
+}
+
+bool fits_frame(const BITMAP* bitmap) {
+    return bitmap != nullptr && bitmap->w == current_frame->w && bitmap->h == current_frame->h;
+}
+
+/// A bitmap of either chain that holds no state any more, taken out of its slot; null if there is none. So the two
+/// chains together hold as many bitmaps as there are states, and not twice the depth.
+OwnedBitmap take_idle() {
+    for (const Chain& chain : {undo_chain, redo_chain})
+        for (unsigned i = 0; i < undo_depth_max; ++i)
+            if (chain.age[i] == undo_free && fits_frame(chain.slots[i]))
+                return OwnedBitmap(std::exchange(chain.slots[i], nullptr));
+    return nullptr;
+}
+
+/// Copies the Frame into a slot, whose bitmap is made if there is none of the Frame's size. False if it can't be had.
+bool copy_frame_to(BITMAP*& slot) {
+    if (!fits_frame(slot)) replace_bitmap(slot, take_idle());
+    if (slot == nullptr) {
+        slot = copy_of(current_frame).release();
+        return slot != nullptr;
+    }
+    blit(current_frame, slot, 0, 0, 0, 0, current_frame->w, current_frame->h);
+    return true;
+}
+
+bool save_state(const Chain& chain) {
+    free_beyond_depth(chain);
+    const int slot = slot_for_next(chain);
+    if (slot < 0) {
+        UA_log(chain.full);
+        return false;
+    }
+    // The memory comes first: on refusal the ages still tell the chain as it was.
+    if (!copy_frame_to(chain.slots[static_cast<unsigned>(slot)])) {
+        UA_log("[ ERROR ] : No memory for an undo copy of %d x %d pixels. Nothing was changed.", current_frame->w,
+               current_frame->h);
+        status_message = undo_memory_message;
+        status_timer = flash_ticks;
+        return false;
+    }
+    for (unsigned i = 0; i < depth(); ++i)
+        if (chain.age[i] != undo_free && ++chain.age[i] >= opt_undo_depth) chain.age[i] = undo_free;
+    chain.age[static_cast<unsigned>(slot)] = 0;
+    chain.newest = slot;
+    return true;
+}
+
+/// The slot of the newest state, -1 in an empty chain.
+int slot_of_newest(const Chain& chain) {
+    for (unsigned i = 0; i < depth(); ++i)
+        if (chain.age[i] == 0) return static_cast<int>(i);
+    return -1;
+}
+
+/// Gives the state of a slot back to the Frame and drops it from its chain.
+void take_state(const Chain& chain, int slot) {
+    blit(chain.slots[static_cast<unsigned>(slot)], current_frame, 0, 0, 0, 0, current_frame->w, current_frame->h);
+    for (int& age : chain.age)
+        if (age != undo_free) --age;  // that of the slot itself goes from 0 to free
+}
+
+}  // namespace
+
+bool save_undo(bool keep_redo) {
+    if (!save_state(undo_chain)) return false;
+    if (!keep_redo) redo_age.fill(undo_free);
+    return true;
+}
+
+bool save_redo() { return save_state(redo_chain); }
+
+void undo_last() {
+    const int slot = slot_of_newest(undo_chain);
+    if (slot >= 0 && save_redo()) take_state(undo_chain, slot);
+}
+
+void redo_last() {
+    const int slot = slot_of_newest(redo_chain);
+    if (slot >= 0 && save_undo(true)) take_state(redo_chain, slot);
+}
+
+void reset_undo_slots() {
+    for (const Chain& chain : {undo_chain, redo_chain}) {
+        for (BITMAP*& slot : chain.slots) replace_bitmap(slot, nullptr);
+        chain.age.fill(undo_free);
+    }
+}
+
+void set_undo_source(OwnedBitmap (*copy)(BITMAP* source)) { copy_of = copy != nullptr ? copy : copy_bitmap; }
+
+}  // namespace nubo
