@@ -1,0 +1,118 @@
+// The interface's texts: what the fonts, the boxes and the status bar ask of every one of them.
+#include "state/messages.h"
+#include "state/texts_descriptions.h"
+#include "state/texts_keys.h"
+#include "state/texts_labels.h"
+
+#include <algorithm>
+#include <allegro.h>
+#include <cctype>
+#include <gtest/gtest.h>
+#include <string>
+
+namespace nubo {
+namespace {
+
+/// The text without its colour codes; what is left of an unfinished code shows as a bar.
+std::string visible(std::string_view text) {
+    std::string shown;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool code = text.substr(i).starts_with("|c") && i + 3 < text.size() && std::isdigit(text[i + 2]) != 0 &&
+                          std::isdigit(text[i + 3]) != 0;
+        if (code)
+            i += 3;
+        else
+            shown += text[i];
+    }
+    return shown;
+}
+
+template <typename Table> void expect_readable(const Table& table) {
+    for (std::size_t i = 0; i < table.size(); ++i) {
+        const std::string text = visible(table[i]);
+        EXPECT_EQ(text.find('|'), std::string::npos) << i << " has an unfinished colour code: " << table[i];
+        EXPECT_TRUE(
+            std::all_of(text.begin(), text.end(), [](char c) { return c >= ' ' && c <= '~' && std::islower(c) == 0; }))
+            << i << " has a character that the interface does not use: " << table[i];
+    }
+}
+
+TEST(Texts, UseUpperCaseOfTheFontsCharactersAndWholeColourCodes) {
+    expect_readable(tooltip_text);
+    expect_readable(label_text);
+    expect_readable(description_text);
+    expect_readable(key_names);
+}
+
+TEST(Texts, MessagesFitTheScreenInTheWideFont) {
+    constexpr int wide_advance = 6, screen_columns = 320 / wide_advance;
+    for (const std::string_view text : tooltip_text) EXPECT_LE(visible(text).size(), screen_columns) << text;
+}
+
+TEST(Texts, StandAtTheIndexesThatTheFilesOfAWorkspaceAndTheWindowsCount) {
+    // One from each end of each block: a row lost in a block shifts what stands behind it.
+    EXPECT_EQ(tooltip_text[54], "LEFT CLICK TO REMAP ACTION. RIGHT CLICK TO CLEAR");
+    EXPECT_EQ(tooltip_text[109], "FRAME IS TOO SMALL TO QUICKPAN!");
+    EXPECT_EQ(tooltip_text[121], "|c21BRUSH SETTING: |c32ANTIALIASED");
+    const std::pair<int, std::string_view> labels[] = {{18, "TEXT"},
+                                                       {30, "FRAME"},
+                                                       {99, "BRUSHIE"},
+                                                       {125, "Z:"},
+                                                       {146, "ARM"},
+                                                       {148, "INK OPTIONS"},
+                                                       {199, "TAPER DIST"},
+                                                       {224, "XOR"},
+                                                       {238, "BORDER COLOR"},
+                                                       {248, "CLOSED"},
+                                                       {265, "THIS PROGRAM SUCKS AND I CAN'T FIGURE IT OUT"},
+                                                       {284, "SCHEME"},
+                                                       {303, "|c51REGULAR TEXT"},
+                                                       {319, "<DO YOU REALLY WANT THAT?>"},
+                                                       {347, "UNDO DEPTH"},
+                                                       {375, "<THIS CAN'T BE UNDONE>"},
+                                                       {389, "CENTER"},
+                                                       {443, "RAPID EXIT (NO DIALOG)"},
+                                                       {463, "..."},
+                                                       {480, "ABOUT"},
+                                                       {521, "ZOOM PREVIEW"}};
+    for (const auto& [index, text] : labels) EXPECT_EQ(label_text[static_cast<std::size_t>(index)], text) << index;
+}
+
+TEST(Texts, EveryToolInkAndActionHasAName) {
+    for (int tool = TOOL_BOX; tool < TOOL_COUNT; ++tool) {
+        EXPECT_NE(label_text[static_cast<std::size_t>(tool)], spare_text) << "tool " << tool;
+        EXPECT_NE(description_text[static_cast<std::size_t>(tool * description_lines)], "") << "tool " << tool;
+    }
+    for (int ink = 0; ink < INK_COUNT; ++ink) {
+        EXPECT_NE(label_text[ink_label(static_cast<Ink>(ink))], spare_text) << "ink " << ink;
+        const int group = description_group(static_cast<Ink>(ink));
+        EXPECT_NE(description_text[static_cast<std::size_t>(group * description_lines)], "") << "ink " << ink;
+    }
+    for (int action = 0; action < HOTKEY_COUNT; ++action)
+        EXPECT_NE(label_text[hotkey_label(static_cast<Hotkey>(action))], spare_text) << "action " << action;
+    for (int topic = 0; topic < HELP_COUNT; ++topic)
+        EXPECT_NE(label_text[help_label(static_cast<HelpTopic>(topic))], spare_text) << "topic " << topic;
+}
+
+TEST(Texts, KeyNamesFollowAllegrosCodes) {
+    const std::pair<int, std::string_view> keys[] = {{KEY_Z, "Z"},
+                                                     {KEY_9, "9"},
+                                                     {KEY_0_PAD, "0 (P)"},
+                                                     {KEY_F12, "F12"},
+                                                     {KEY_TILDE, "TILDE"},
+                                                     {KEY_BACKSPACE, "BCKSP"},
+                                                     {KEY_BACKSLASH, "\\"},
+                                                     {KEY_DEL, "DEL"},
+                                                     {KEY_PGDN, "PGDN"},
+                                                     {KEY_DOWN, "<D>"},
+                                                     {KEY_PLUS_PAD, "+ (P)"},
+                                                     {KEY_ENTER_PAD, "ENT2"},
+                                                     {KEY_PAUSE, "PAUSE"},
+                                                     {key_awaiting_input, "AWAITING INPUT"}};
+    for (const auto& [code, name] : keys) EXPECT_EQ(key_names[static_cast<std::size_t>(code)], name);
+    EXPECT_EQ(key_prefixes[(key_ctrl | key_shift) >> key_modifier_shift], "C/S+");
+    EXPECT_EQ(key_prefixes[(key_alt | key_shift) >> key_modifier_shift], "A/S+");
+}
+
+}  // namespace
+}  // namespace nubo
