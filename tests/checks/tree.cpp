@@ -1,0 +1,99 @@
+#include "checks/tree.h"
+
+#include <algorithm>
+#include <cctype>
+#include <sstream>
+
+namespace nubo {
+
+namespace {
+
+constexpr std::size_t longest_file = 800;  // lines
+
+/// The storey of a path below src/, 0 for the ground; -1 when it is in none.
+int storey_of(std::string_view path) {
+    const std::string_view room = path.substr(0, path.find('/'));
+    const auto found = std::find(storeys.begin(), storeys.end(), room);
+    return found == storeys.end() ? -1 : static_cast<int>(found - storeys.begin());
+}
+
+bool has_word(std::string_view line, std::string_view word) {
+    const auto in_name = [](char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_'; };
+    for (std::size_t at = line.find(word); at != std::string_view::npos; at = line.find(word, at + 1)) {
+        const bool starts = at == 0 || !in_name(line[at - 1]);
+        const std::size_t end = at + word.size();
+        if (starts && (end == line.size() || !in_name(line[end]))) return true;
+    }
+    return false;
+}
+
+/// The path between the quotes of an include of ours, empty in any other line.
+std::string_view own_include(std::string_view line) {
+    const std::size_t first = line.find_first_not_of(" \t");
+    if (first == std::string_view::npos || line[first] != '#' || !has_word(line, "include")) return {};
+    const std::size_t open = line.find('"');
+    if (open == std::string_view::npos) return {};
+    return line.substr(open + 1, line.find('"', open + 1) - open - 1);
+}
+
+std::string fault_of_line(std::string_view path, std::string_view line) {
+    const std::string_view included = own_include(line);
+    if (!included.empty() && path.starts_with("src/")) {
+        const int own = storey_of(path.substr(4)), other = storey_of(included);
+        if (other < 0) return "includes " + std::string(included) + ", which stands in no storey";
+        if (other > own) return "includes " + std::string(included) + ", which stands above it";
+    }
+    if (path.ends_with(".cpp") && has_word(line, "extern")) return "extern in a .cpp";
+    if (has_word(line, "volatile") && !has_word(line, "sig_atomic_t")) return "volatile";
+    return {};
+}
+
+}  // namespace
+
+std::string code_only(std::string_view text) {
+    std::string code;
+    const auto skip_to = [&](std::size_t from, std::string_view mark) {
+        const std::size_t end = std::min(text.find(mark, from), text.size());
+        code.append(static_cast<std::size_t>(std::count(text.begin() + from, text.begin() + end, '\n')), '\n');
+        return end;
+    };
+    for (std::size_t at = 0; at < text.size();) {
+        const bool digit_mark = text[at] == '\'' && at > 0 && std::isxdigit(static_cast<unsigned char>(text[at - 1]));
+        if (text.substr(at, 2) == "//") {
+            at = skip_to(at, "\n");
+        } else if (text.substr(at, 2) == "/*") {
+            at = std::min(skip_to(at + 2, "*/") + 2, text.size());
+        } else if (text.substr(at, 3) == "R\"(") {
+            at = std::min(skip_to(at + 3, ")\"") + 2, text.size());
+        } else if (text[at] == '"' || (text[at] == '\'' && !digit_mark)) {
+            const std::size_t line_start = code.rfind('\n') + 1;
+            const bool include = code.find('#', line_start) != std::string::npos;
+            std::size_t end = at + 1;
+            while (end < text.size() && text[end] != text[at] && text[end] != '\n') end += text[end] == '\\' ? 2 : 1;
+            code += text[at];
+            if (include) code += text.substr(at + 1, end - at - 1);
+            if (end < text.size()) code += text[end];
+            at = end + 1;
+        } else {
+            code += text[at++];
+        }
+    }
+    return code;
+}
+
+std::vector<std::string> faults_of(std::string_view path, std::string_view text) {
+    std::vector<std::string> faults;
+    const std::string where(path);
+    if (path.starts_with("src/") && storey_of(path.substr(4)) < 0) faults.push_back(where + " stands in no storey");
+    std::istringstream lines(code_only(text));
+    std::size_t number = 0;
+    for (std::string line; std::getline(lines, line);) {
+        ++number;
+        const std::string fault = fault_of_line(path, line);
+        if (!fault.empty()) faults.push_back(where + ":" + std::to_string(number) + " " + fault);
+    }
+    if (number > longest_file) faults.push_back(where + " has " + std::to_string(number) + " lines");
+    return faults;
+}
+
+}  // namespace nubo

@@ -1,0 +1,23 @@
+#pragma once
+// What a machine can check of the tree's own rules, on text, so that the checks themselves can be tested.
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace nubo {
+
+/// The storeys of src/ from the ground up: a file includes what stands in its own or below.
+inline constexpr std::array<std::string_view, 10> storeys{"state", "base",  "platform",  "codecs",  "framework",
+                                                          "gui",   "paint", "workspace", "windows", "editor"};
+
+/// `text` with comments gone and with nothing between the quotes of strings and characters; line ends stay. A quoted
+/// include keeps its path.
+std::string code_only(std::string_view text);
+
+/// What the file at `path` (from the tree's root, as "src/paint/undo.cpp") breaks, one line each with the line's
+/// number: an include of a higher storey or of no storey, `extern` in a .cpp, `volatile` but for sig_atomic_t, 800
+/// lines or more.
+std::vector<std::string> faults_of(std::string_view path, std::string_view text);
+
+}  // namespace nubo

@@ -1,0 +1,65 @@
+#include "checks/tree.h"
+
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+
+namespace nubo {
+
+namespace {
+
+std::string text_of(const std::filesystem::path& path) {
+    std::ifstream file(path);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+}  // namespace
+
+TEST(Tree, KeepsItsStoreysAndRules) {
+    const std::filesystem::path root = NUBO_SOURCE_DIR;
+    int files = 0;
+    for (const char* const room : {"src", "tools", "assets", "tests", "bench", "fuzz"}) {
+        if (!std::filesystem::exists(root / room)) continue;
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(root / room)) {
+            const std::string extension = entry.path().extension();
+            if (extension != ".cpp" && extension != ".h") continue;
+            ++files;
+            const std::string path = entry.path().lexically_relative(root);
+            for (const std::string& fault : faults_of(path, text_of(entry.path()))) ADD_FAILURE() << fault;
+        }
+    }
+    EXPECT_GT(files, 20);  // else the walk looked in the wrong place
+}
+
+TEST(Tree, EachFaultIsFound) {
+    struct Case {
+        const char *path, *text, *fault;  // fault "" for none
+    };
+    const Case cases[] = {
+        {"src/paint/a.cpp", "#include \"paint/b.h\"\n#include \"state/c.h\"\n#include <gui>\n", ""},
+        {"src/base/a.h", "\n#  include \"codecs/png.h\"",
+         "src/base/a.h:2 includes codecs/png.h, which stands above it"},
+        {"src/base/a.h", "#include \"b.h\"", "src/base/a.h:1 includes b.h, which stands in no storey"},
+        {"src/other/a.h", "", "src/other/a.h stands in no storey"},
+        {"tests/base/a.cpp", "#include \"harness/harness.h\"", ""},
+        {"src/base/a.cpp", "int a;\nextern int b;", "src/base/a.cpp:2 extern in a .cpp"},
+        {"src/base/a.h", "extern int b;", ""},
+        {"src/base/a.cpp",
+         "/* extern\n */ // volatile\nauto c = \"volatile \\\" extern\", d = '\"', e = 1'0; "
+         "int external, extern_a;",
+         ""},
+        {"src/base/a.cpp", "/* */ // \"\n auto a = '\"';\nvolatile int b;", "src/base/a.cpp:3 volatile"},
+        {"src/base/a.h", "volatile std::sig_atomic_t a;", ""},
+        {"bench/a.cpp", "auto a = R\"(\n\")\"; volatile int b;", "bench/a.cpp:2 volatile"},
+    };
+    for (const Case& one : cases) {
+        const std::vector<std::string> faults = faults_of(one.path, one.text);
+        EXPECT_EQ(faults.empty() ? "" : faults.front(), std::string(one.fault)) << one.text;
+        EXPECT_LE(faults.size(), 1U) << one.text;
+    }
+    EXPECT_EQ(faults_of("src/gui/a.cpp", std::string(801, '\n')),
+              std::vector<std::string>{"src/gui/a.cpp has 801 lines"});
+}
+
+}  // namespace nubo
