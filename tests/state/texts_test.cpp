@@ -1,6 +1,7 @@
 // The interface's texts: what the fonts, the boxes and the status bar ask of every one of them.
 #include "state/messages.h"
 #include "state/texts_descriptions.h"
+#include "state/texts_help.h"
 #include "state/texts_keys.h"
 #include "state/texts_labels.h"
 
@@ -8,6 +9,7 @@
 #include <allegro.h>
 #include <cctype>
 #include <gtest/gtest.h>
+#include <sstream>
 #include <string>
 
 namespace nubo {
@@ -42,6 +44,11 @@ TEST(Texts, UseUpperCaseOfTheFontsCharactersAndWholeColourCodes) {
     expect_readable(label_text);
     expect_readable(description_text);
     expect_readable(key_names);
+    for (const std::string_view text : help_text) {
+        std::string words(text);
+        std::erase(words, '|');  // line breaks
+        expect_readable(std::array{std::string_view(words)});
+    }
 }
 
 TEST(Texts, MessagesFitTheScreenInTheWideFont) {
@@ -92,6 +99,21 @@ TEST(Texts, EveryToolInkAndActionHasAName) {
         EXPECT_NE(label_text[hotkey_label(static_cast<Hotkey>(action))], spare_text) << "action " << action;
     for (int topic = 0; topic < HELP_COUNT; ++topic)
         EXPECT_NE(label_text[help_label(static_cast<HelpTopic>(topic))], spare_text) << "topic " << topic;
+}
+
+TEST(Texts, EveryHelpTopicIsToldAtALengthThatOneWindowHolds) {
+    constexpr std::size_t columns = 33, shortest = 185, longest = 1061;
+    for (int topic = 0; topic < HELP_COUNT; ++topic) {
+        const std::string_view text = help_text[static_cast<std::size_t>(help_index(static_cast<HelpTopic>(topic)))];
+        EXPECT_GE(text.size(), shortest) << text;
+        EXPECT_LE(text.size(), longest) << text;
+        EXPECT_EQ(text.find("  "), std::string_view::npos) << text;  // two blanks would make an empty word
+        std::istringstream words{std::string(text)};
+        for (std::string word; words >> word;) {
+            EXPECT_LE(word.size(), columns) << word;
+            EXPECT_TRUE(word == "||" || word.find('|') == std::string::npos) << word;
+        }
+    }
 }
 
 TEST(Texts, KeyNamesFollowAllegrosCodes) {
