@@ -1,14 +1,20 @@
 #pragma once
 // The one way to write a file of the program's own: to a new name in the same folder, flushed and synced, then renamed
-// over the old one. Whatever fails, the old file is as it was.
+// over the old one. Whatever fails, the old file is as it was. Renaming and removing go by here too.
 #include <cstddef>
+#include <cstdint>
 #include <string>
+#include <vector>
 
 namespace nubo {
+
+/// Ends the name of a file that is being written. One that a crash left behind may be removed.
+inline constexpr const char* unfinished_suffix = ".unfinished";
 
 /// A file being written beside its place. Goes without a trace unless `commit` has succeeded.
 class SafeFile {
 public:
+    /// A link at `path` stays a link: what it points to is replaced. An existing file's permissions are kept.
     explicit SafeFile(const std::string& path);
     ~SafeFile();
     SafeFile(const SafeFile&) = delete;
@@ -19,6 +25,31 @@ public:
 
     /// Puts the file in its place. False after a failure of any step; the cause is logged once, with the path.
     bool commit();
+
+private:
+    void flush();
+    void fail(const char* step);
+
+    std::string path_, unfinished_;
+    std::vector<std::uint8_t> buffer_;
+    int file_ = -1;
+    bool exists_ = false;  // under its unfinished name
+    std::string failure_;  // empty: all went well
 };
+
+/// Writes a whole file of `size` bytes by `SafeFile`.
+bool write_file(const std::string& path, const void* bytes, std::size_t size);
+
+/// Moves a file within the program's folders, over one that has that name. False after a log line with the cause.
+bool rename_file(const std::string& from, const std::string& to);
+
+/// Removes a file. True when there is none afterwards; false after a log line with the cause.
+bool remove_file(const std::string& path);
+
+/// Makes renames and removals in a folder last through a loss of power. A failure is logged; nothing can be done.
+void sync_folder(const std::string& folder);
+
+/// True if anything has that name, a link to nowhere included.
+bool file_exists(const std::string& path);
 
 }  // namespace nubo

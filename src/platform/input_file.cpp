@@ -1,0 +1,46 @@
+#include "platform/input_file.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace nubo {
+
+InputFile::InputFile(const std::string& path) {
+    file_ = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);  // a pipe without a writer doesn't hold us
+    struct stat status;
+    if (file_ >= 0 && (fstat(file_, &status) != 0 || !S_ISREG(status.st_mode))) {
+        close(file_);
+        file_ = -1;
+    }
+    if (file_ >= 0) size_ = static_cast<std::size_t>(status.st_size);
+}
+
+InputFile::~InputFile() {
+    if (file_ >= 0) close(file_);
+}
+
+bool InputFile::read_at(std::size_t at, void* to, std::size_t count) const {
+    if (file_ < 0 || at > size_ || count > size_ - at) return false;
+    auto* target = static_cast<std::uint8_t*>(to);
+    while (count > 0) {
+        const ssize_t got = pread(file_, target, count, static_cast<off_t>(at));
+        if (got < 0 && errno == EINTR) continue;
+        if (got <= 0) return false;  // an error, or the file was cut meanwhile
+        target += got;
+        at += static_cast<std::size_t>(got);
+        count -= static_cast<std::size_t>(got);
+    }
+    return true;
+}
+
+bool read_file(const std::string& path, std::size_t limit, std::vector<std::uint8_t>& bytes) {
+    const InputFile file(path);
+    if (!file.is_open()) return false;
+    bytes.resize(std::min(limit, file.size()));
+    return file.read_at(0, bytes.data(), bytes.size());
+}
+
+}  // namespace nubo

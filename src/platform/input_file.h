@@ -1,0 +1,33 @@
+#pragma once
+// Reading bytes that may be hostile: only regular files, never past the end.
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace nubo {
+
+/// A regular file open for reading. A pipe, a device or a folder of that name counts as unreadable, so that no reader
+/// hangs on one.
+class InputFile {
+public:
+    explicit InputFile(const std::string& path);
+    ~InputFile();
+    InputFile(const InputFile&) = delete;
+    InputFile& operator=(const InputFile&) = delete;
+
+    bool is_open() const { return file_ >= 0; }
+    /// Bytes in the file when it was opened.
+    std::size_t size() const { return size_; }
+    /// Reads exactly `count` bytes from the offset `at`; false if they aren't all there.
+    bool read_at(std::size_t at, void* to, std::size_t count) const;
+
+private:
+    int file_ = -1;
+    std::size_t size_ = 0;
+};
+
+/// The first `limit` bytes of a file, or all if it is shorter. False if it can't be read.
+bool read_file(const std::string& path, std::size_t limit, std::vector<std::uint8_t>& bytes);
+
+}  // namespace nubo

@@ -1,0 +1,245 @@
+#include "workspace/bmp_file.h"
+
+#include "base/color.h"
+#include "base/log.h"
+#include "platform/safe_file.h"
+#include "workspace/bmp_header.h"
+#include <algorithm>
+#include <bit>
+#include <unistd.h>
+#include <vector>
+
+namespace nubo {
+namespace {
+
+// ---- Writing
+// ---------------------------------------------------------------------------------------------------------
+
+constexpr std::uint32_t header_bytes = 54, info_bytes = 40, dots_per_meter = 0xb12;
+
+/// The little-endian head of a 24-bit BMP.
+std::vector<std::uint8_t> make_header(const BITMAP* bitmap, std::uint32_t pixel_bytes) {
+    std::vector<std::uint8_t> head;
+    const auto put = [&head](std::uint32_t value, int bytes) {
+        for (int i = 0; i < bytes; ++i) head.push_back(static_cast<std::uint8_t>(value >> 8 * i));
+    };
+    put('B' | 'M' << 8, 2);
+    put(header_bytes + pixel_bytes, 4);
+    put(0, 4);
+    put(header_bytes, 4);
+    put(info_bytes, 4);
+    put(static_cast<std::uint32_t>(bitmap->w), 4);
+    put(static_cast<std::uint32_t>(bitmap->h), 4);
+    put(1, 2);  // planes
+    put(24, 2);
+    put(BMP_PLAIN, 4);
+    put(pixel_bytes, 4);
+    put(dots_per_meter, 4);
+    put(dots_per_meter, 4);
+    put(0, 4);  // colours used and
+    put(0, 4);  // important: no palette
+    return head;
+}
+
+/// Blue, green, red of each pixel.
+void pack_row(const Color* from, std::uint8_t* to, int width) {
+    for (int i = 0; i < width; ++i, to += 3) {
+        const Color color = from[i];
+        to[0] = static_cast<std::uint8_t>(color);
+        to[1] = static_cast<std::uint8_t>(color >> 8);
+        to[2] = static_cast<std::uint8_t>(color >> 16);
+    }
+}
+
+// ---- Reading plain rows
+// ----------------------------------------------------------------------------------------------
+
+/// The component under a mask, as 8 bits: a narrower one is repeated until they are full, so that white stays white.
+std::uint32_t component(std::uint32_t pixel, std::uint32_t mask) {
+    if (mask == 0) return 0;
+    const int low = std::countr_zero(mask), width = std::bit_width(mask >> low);
+    const std::uint32_t value = (pixel & mask) >> low;
+    if (width >= 8) return value >> (width - 8);
+    std::uint32_t wide = value << (8 - width);
+    for (int filled = width; filled < 8; filled *= 2) wide |= wide >> filled;
+    return wide & 0xff;
+}
+
+Color masked_color(std::uint32_t pixel, const BmpHeader& header) {
+    return component(pixel, header.masks[0]) << 16 | component(pixel, header.masks[1]) << 8 |
+           component(pixel, header.masks[2]);
+}
+
+/// One row of the file, unpacked to colours.
+void unpack_row(const BmpHeader& header, const std::uint8_t* from, Color* to) {
+    const auto width = static_cast<std::size_t>(header.width), bits = static_cast<std::size_t>(header.bits);
+    switch (header.bits) {
+    case 24:
+        for (std::size_t i = 0; i < width; ++i, from += 3)
+            to[i] = static_cast<Color>(from[0] | from[1] << 8 | from[2] << 16);
+        return;
+    case 32:
+        for (std::size_t i = 0; i < width; ++i, from += 4)
+            to[i] =
+                masked_color(from[0] | static_cast<std::uint32_t>(from[1]) << 8 |
+                                 static_cast<std::uint32_t>(from[2]) << 16 | static_cast<std::uint32_t>(from[3]) << 24,
+                             header);
+        return;
+    case 16:
+        for (std::size_t i = 0; i < width; ++i, from += 2)
+            to[i] = masked_color(static_cast<std::uint32_t>(from[0] | from[1] << 8), header);
+        return;
+    default:  // 1, 4 or 8 bits, the first pixel in the highest ones
+        for (std::size_t i = 0; i < width; ++i) {
+            const std::size_t at = i * bits;
+            const unsigned shift = static_cast<unsigned>(8 - bits - at % 8);
+            to[i] = header.palette[from[at / 8] >> shift & ((1U << bits) - 1)];
+        }
+    }
+}
+
+constexpr std::size_t block_bytes = 256 * 1024;
+
+/// Reads the rows some at a time, so that a large picture isn't in memory twice.
+bool read_rows(const InputFile& file, const BmpHeader& header, BITMAP* bitmap) {
+    const std::size_t row = header.row_bytes();
+    const int rows_at_once = static_cast<int>(std::max<std::size_t>(1, block_bytes / row));
+    std::vector<std::uint8_t> block(row * static_cast<std::size_t>(std::min(rows_at_once, header.height)));
+    for (int first = 0; first < header.height; first += rows_at_once) {
+        const int rows = std::min(rows_at_once, header.height - first);
+        const std::size_t at = header.pixels_at + row * static_cast<std::size_t>(first);
+        if (!file.read_at(at, block.data(), row * static_cast<std::size_t>(rows))) return false;
+        for (int i = 0; i < rows; ++i) {
+            const int y = header.top_down ? first + i : header.height - 1 - first - i;
+            unpack_row(header, block.data() + row * static_cast<std::size_t>(i), pixels_at(bitmap, 0, y));
+        }
+    }
+    return true;
+}
+
+// ---- Reading run lengths
+// ---------------------------------------------------------------------------------------------
+
+/// Unpacks the two run length forms. Nothing outside the bitmap is written, nothing behind the bytes is read; bytes
+/// that end early leave the rest as it is.
+class RunReader {
+public:
+    RunReader(const BmpHeader& header, const std::vector<std::uint8_t>& bytes, BITMAP* bitmap)
+        : header_(header), bytes_(bytes), bitmap_(bitmap), y_(header.height - 1) {}
+
+    void read() {
+        while (at_ + 1 < bytes_.size() && y_ >= 0) {
+            const int count = bytes_[at_], value = bytes_[at_ + 1];
+            at_ += 2;
+            if (count > 0) {
+                for (int i = 0; i < count; ++i) put(index_in(value, i));
+            } else if (value == line_end) {
+                x_ = 0;
+                --y_;
+            } else if (value == picture_end) {
+                return;
+            } else if (value == move) {
+                if (at_ + 1 >= bytes_.size()) return;
+                x_ = std::min(x_ + bytes_[at_], header_.width);
+                y_ -= bytes_[at_ + 1];
+                at_ += 2;
+            } else {
+                read_literal(value);
+            }
+        }
+    }
+
+private:
+    enum Escape : int { line_end = 0, picture_end = 1, move = 2 };
+
+    /// Pixel i of a byte that stands for one pixel, or for two in turn.
+    int index_in(int value, int i) const {
+        if (header_.packing == BMP_RLE8) return value;
+        return i % 2 == 0 ? value >> 4 : value & 15;
+    }
+
+    /// Pixels that stand one by one, padded to a whole number of words.
+    void read_literal(int count) {
+        const int per_byte = header_.packing == BMP_RLE8 ? 1 : 2;
+        for (int i = 0; i < count; ++i) {
+            const std::size_t at = at_ + static_cast<std::size_t>(i / per_byte);
+            if (at >= bytes_.size()) break;
+            put(index_in(bytes_[at], i));
+        }
+        const int used = (count + per_byte - 1) / per_byte;
+        at_ += static_cast<std::size_t>(used + used % 2);
+    }
+
+    void put(int index) {
+        if (!frame_contains(bitmap_, x_, y_)) return;
+        *pixels_at(bitmap_, x_, y_) = header_.palette[static_cast<unsigned>(index)];
+        ++x_;
+    }
+
+    const BmpHeader& header_;
+    const std::vector<std::uint8_t>& bytes_;
+    BITMAP* bitmap_;
+    std::size_t at_ = 0;
+    int x_ = 0, y_;
+};
+
+/// Two bytes stand for 255 pixels at the best. A head that promises far more than its bytes can hold is refused before
+/// the memory is taken.
+bool runs_can_fill(const BmpHeader& header, std::size_t bytes) {
+    constexpr std::size_t always_allowed = 4'000'000, pixels_of_a_byte = 128;
+    const std::size_t pixels = static_cast<std::size_t>(header.width) * static_cast<std::size_t>(header.height);
+    return pixels <= always_allowed || pixels / pixels_of_a_byte <= bytes;
+}
+
+bool read_runs(const InputFile& file, const BmpHeader& header, BITMAP* bitmap) {
+    std::vector<std::uint8_t> bytes(file.size() - header.pixels_at);
+    if (!file.read_at(header.pixels_at, bytes.data(), bytes.size())) return false;
+    clear_to_color(bitmap, static_cast<int>(header.palette[0]));
+    RunReader(header, bytes, bitmap).read();
+    return true;
+}
+
+/// True if this machine can hold the picture as a Frame: itself, its coverage map, the copy for RESTORE and one undo.
+bool memory_bears(const BmpHeader& header) {
+    constexpr double copies = 4;
+    const double bytes = static_cast<double>(header.width) * header.height * sizeof(Color) * copies;
+    return bytes <= static_cast<double>(sysconf(_SC_PHYS_PAGES)) * static_cast<double>(sysconf(_SC_PAGESIZE));
+}
+
+/// Logs why a file gave no picture.
+OwnedBitmap refuse(const std::string& path, const char* cause) {
+    UA_log("[ ERROR ] : The picture %s can't be loaded: %s", path.c_str(), cause);
+    return nullptr;
+}
+
+}  // namespace
+
+bool save_bmp_file(const std::string& path, BITMAP* bitmap) {
+    const std::size_t row_bytes = (static_cast<std::size_t>(bitmap->w) * 3 + 3) / 4 * 4;
+    const auto pixel_bytes = static_cast<std::uint32_t>(row_bytes * static_cast<std::size_t>(bitmap->h));
+    SafeFile file(path);
+    const std::vector<std::uint8_t> head = make_header(bitmap, pixel_bytes);
+    file.write(head.data(), head.size());
+    std::vector<std::uint8_t> row(row_bytes);  // its padding stays zero
+    for (int y = bitmap->h - 1; y >= 0; --y) {
+        pack_row(pixels_at(bitmap, 0, y), row.data(), bitmap->w);
+        file.write(row.data(), row.size());
+    }
+    return file.commit();
+}
+
+OwnedBitmap load_bmp_file(const std::string& path) {
+    const InputFile file(path);
+    if (!file.is_open()) return refuse(path, "it can't be opened");
+    BmpHeader header;
+    if (const char* cause = read_bmp_header(file, header)) return refuse(path, cause);
+    if (header.is_run_length() && !runs_can_fill(header, file.size() - header.pixels_at))
+        return refuse(path, "it is cut short");
+    OwnedBitmap bitmap = memory_bears(header) ? make_bitmap(header.width, header.height) : nullptr;
+    if (!bitmap) return refuse(path, "there isn't memory enough");
+    const bool read =
+        header.is_run_length() ? read_runs(file, header, bitmap.get()) : read_rows(file, header, bitmap.get());
+    return read ? std::move(bitmap) : refuse(path, "its pixels can't be read");
+}
+
+}  // namespace nubo

@@ -1,0 +1,31 @@
+#pragma once
+// One Frame and its file: reading it into memory, writing it back, and what stands in when it can't be read.
+#include "base/bitmap.h"
+#include <string>
+
+namespace nubo {
+
+/// The name of a slot's file under one of the stems: "current.007".
+enum FrameStem : int { STEM_CURRENT, STEM_ALTERNATE, STEM_BACKUP, STEM_COUNT };
+std::string frame_file_name(FrameStem stem, int slot);
+
+/// Makes `picture` the Frame in memory, with what belongs to it: the view held to its limits, the backdrop chosen, the
+/// coverage map remade, the undo history ended. False, with nothing changed, when the memory can't be had.
+bool place_picture(OwnedBitmap picture);
+
+/// Reads a BMP file into the Frame in memory and into `original_frame`: the way a Frame is swapped in. False, with
+/// nothing changed, if the file is missing or can't be read; that is logged.
+bool load_frame_file(const std::string& path);
+
+/// Puts a black Frame of `view_w` by `view_h` in memory, as RESTORE's copy too. False when the memory can't be had.
+bool place_blank_frame();
+
+/// Brings the Frame of a slot into memory. A file that can't be read is renamed aside, never written over, and a blank
+/// Frame takes its place. The process stands in the WORKSPACE folder. False only if no memory is left for that.
+bool load_frame_or_blank(int slot);
+
+/// Writes the Frame in memory to the file of `slot`; the process stands in the WORKSPACE folder. False after a failure,
+/// which is logged: the Frame that was on disk is still there.
+bool save_frame_to_slot(int slot);
+
+}  // namespace nubo

@@ -1,0 +1,92 @@
+#include "platform/safe_file.h"
+
+#include "base/log.h"
+#include "harness/harness.h"
+#include "platform/faults.h"
+#include "platform/input_file.h"
+
+#include <cstring>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+namespace nubo {
+namespace {
+
+constexpr std::size_t large = 700'000;  // more than one buffer
+
+std::string text_of(const char* path) {
+    std::vector<std::uint8_t> bytes;
+    EXPECT_TRUE(read_file(path, SIZE_MAX, bytes));
+    return {bytes.begin(), bytes.end()};
+}
+
+int files_here() {
+    int count = 0;
+    for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator(".")) ++count;
+    return count;
+}
+
+class SafeFileTest : public testing::Test {
+protected:
+    void SetUp() override { ASSERT_TRUE(write_file("kept", "old", 3)); }
+    const std::string new_bytes_ = std::string(large, 'n');
+
+private:
+    ScratchFolder folder_;
+};
+
+TEST_F(SafeFileTest, KeepsTheOldFileWhateverCallFails) {
+    UA_log_open();
+    int failures = 0;
+    for (const int error : {ENOSPC, EIO})
+        for (int n = 0;; ++n) {
+            ASSERT_TRUE(write_file("kept", "old", 3));
+            faults::arm(faults::CALL_ANY, n, error);
+            const bool written = write_file("kept", new_bytes_.data(), new_bytes_.size());
+            const bool struck = faults::struck();
+            faults::disarm();
+            // After the rename only the folder's sync can fail, and the new file stands.
+            EXPECT_TRUE(text_of("kept") == (written ? new_bytes_ : "old")) << n;
+            EXPECT_EQ(files_here(), 2) << n;  // the log is the other
+            if (!struck) break;
+            if (!written) ++failures;
+            EXPECT_NE(log_text().find(std::strerror(error)), std::string::npos) << n;
+        }
+    EXPECT_EQ(failures, 2 * 6);  // open, three writes, sync and rename, for each of the two errors
+}
+
+TEST_F(SafeFileTest, IsWholeOldOrWholeNewWhenTheProcessStops) {
+    for (int n = 0;; ++n) {
+        const pid_t child = fork();
+        if (child == 0) {
+            faults::arm(faults::CALL_ANY, n, faults::stop_here);
+            _exit(write_file("kept", new_bytes_.data(), new_bytes_.size()) ? 0 : 1);
+        }
+        int status = 0;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        const std::string text = text_of("kept");
+        EXPECT_TRUE(text == "old" || text == new_bytes_) << n;
+        if (WEXITSTATUS(status) != faults::stop_status) break;
+    }
+    EXPECT_TRUE(text_of("kept") == new_bytes_);
+    EXPECT_EQ(files_here(), 1);  // the last run has removed what the stopped ones left
+}
+
+TEST_F(SafeFileTest, KeepsLinksAndPermissions) {
+    std::filesystem::create_symlink("kept", "link");
+    std::filesystem::permissions("kept", std::filesystem::perms(0640));
+    ASSERT_TRUE(write_file("link", "new", 3));
+    EXPECT_TRUE(std::filesystem::is_symlink("link"));
+    EXPECT_EQ(text_of("kept"), "new");
+    EXPECT_EQ(std::filesystem::status("kept").permissions(), std::filesystem::perms(0640));
+}
+
+TEST_F(SafeFileTest, LeavesNoTraceWithoutACommit) {
+    { SafeFile("kept").write("half", 4); }
+    EXPECT_EQ(text_of("kept"), "old");
+    EXPECT_EQ(files_here(), 1);
+}
+
+}  // namespace
+}  // namespace nubo
