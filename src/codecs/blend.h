@@ -22,4 +22,8 @@ constexpr Color blend_fill_pixel(Color old, Color color, int fact) {
     return (((((old & green) * rest) >> 8) + b) & green) | (((((old & red_blue) * rest) >> 8) + a) & red_blue);
 }
 
+/// A row of `length` pixels through `trans_rectfill`'s formula at the strength `fact`, 0 to 255. For the inks, whose
+/// rows are clipped already.
+void blend_fill_row(Color* row, int length, Color color, int fact);
+
 }  // namespace nubo
