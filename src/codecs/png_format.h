@@ -1,0 +1,96 @@
+#pragma once
+// What the reader and the writer of PNG files share: the format's constants, the record of an image, buffers.
+#include "codecs/png.h"
+#include <array>
+#include <climits>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <memory>
+
+namespace nubo {
+
+inline constexpr std::array<std::uint8_t, 8> png_signature{0x89, 'P', 'N', 'G', '\r', '\n', 0x1a, '\n'};
+inline constexpr std::size_t png_signature_length = png_signature.size();
+
+/// A chunk's type word, as it stands in the file with its most significant byte first.
+constexpr std::uint32_t png_chunk_type(const char (&name)[5]) {
+    std::uint32_t word = 0;
+    for (int i = 0; i < 4; ++i) word = word << 8 | static_cast<std::uint8_t>(name[i]);
+    return word;
+}
+inline constexpr std::uint32_t png_chunk_header = png_chunk_type("IHDR"), png_chunk_palette = png_chunk_type("PLTE"),
+                               png_chunk_pixels = png_chunk_type("IDAT"), png_chunk_end = png_chunk_type("IEND");
+
+inline constexpr std::uint32_t png_header_length = 13;  // bytes in an IHDR chunk
+inline constexpr int palette_entries = 256;
+
+enum PngColorType : int {
+    PNG_GREY = 0,
+    PNG_RGB = 2,
+    PNG_PALETTE = 3,
+    PNG_GREY_ALPHA = 4,
+    PNG_RGB_ALPHA = 6,
+};
+
+enum PngFilter : int { PNG_FILTER_NONE, PNG_FILTER_SUB, PNG_FILTER_UP, PNG_FILTER_AVERAGE, PNG_FILTER_PAETH };
+
+/// An image, or one of the seven sub-images of an interlaced one.
+struct PngHeader {
+    int width = 0, height = 0;  // pixels, 1 to max_frame_side; a sub-image without pixels has 0
+    int bit_depth = 0;          // of a sample: 1, 2, 4, 8 or 16
+    PngColorType color_type = PNG_GREY;
+    bool interlaced = false;
+    std::size_t row_bytes = 0;  // one filtered row, without its filter byte
+
+    /// The bytes of all its rows with their filter bytes.
+    std::size_t filtered_size() const { return width == 0 ? 0 : static_cast<std::size_t>(height) * (row_bytes + 1); }
+};
+
+/// Samples in a pixel.
+constexpr int png_channels(PngColorType type) {
+    switch (type) {
+    case PNG_GREY:
+    case PNG_PALETTE: return 1;
+    case PNG_GREY_ALPHA: return 2;
+    case PNG_RGB: return 3;
+    case PNG_RGB_ALPHA: return 4;
+    }
+    return 1;
+}
+
+constexpr bool png_has_alpha(PngColorType type) { return type == PNG_GREY_ALPHA || type == PNG_RGB_ALPHA; }
+
+/// The bytes of one filtered row, from the header's width and pixel format.
+constexpr std::size_t png_row_bytes(const PngHeader& header) {
+    const int pixel_bits = header.bit_depth * png_channels(header.color_type);
+    return (static_cast<std::size_t>(header.width) * static_cast<std::size_t>(pixel_bits) + 7) / 8;
+}
+
+/// Keeps the cause of a failure. Always false, so that a failing function can return it.
+inline bool png_fail(const char* cause) {
+    png_error = cause;
+    return false;
+}
+
+struct Freer {
+    void operator()(void* memory) const { std::free(memory); }
+};
+/// Bytes that are not cleared first; null when they can't be had.
+using PngBytes = std::unique_ptr<std::uint8_t[], Freer>;
+inline PngBytes png_bytes(std::size_t size) {
+    return PngBytes(static_cast<std::uint8_t*>(std::malloc(size == 0 ? 1 : size)));
+}
+
+/// The predictor of filter 4: of the bytes left, above and corner (above left), the one nearest to p = left + above -
+/// corner, the first of them where two are as near. In place of three distances two comparisons: p is at most lower -
+/// (higher - lower) / 2 away below the corner just when higher <= 3 * corner - left - above, and so on; a shorter chain
+/// from pixel to pixel, and no branch on what nothing could predict.
+constexpr int png_paeth(int left, int above, int corner) {
+    const int limit = 3 * corner - above - left;
+    const int lower = left < above ? left : above, higher = left < above ? above : left;
+    const int inner = higher <= limit ? lower : corner;
+    return limit <= lower ? higher : inner;
+}
+
+}  // namespace nubo

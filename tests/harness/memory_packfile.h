@@ -1,0 +1,17 @@
+#pragma once
+// Packfiles in memory, for what tests, benchmarks and fuzzers read and write without a disk.
+#include <allegro.h>
+#include <cstdint>
+#include <vector>
+
+namespace nubo {
+
+using Bytes = std::vector<std::uint8_t>;
+
+/// A packfile that reads `bytes`, which must live as long. Closed by `pack_fclose`.
+PACKFILE* open_for_reading(const Bytes& bytes);
+
+/// A packfile that appends to `bytes` and fails as a full disk does where they would be more than `room`.
+PACKFILE* open_for_writing(Bytes& bytes, std::size_t room = SIZE_MAX);
+
+}  // namespace nubo
