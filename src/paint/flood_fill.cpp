@@ -9,6 +9,7 @@
 #include "paint/surfaces.h"
 #include "paint/tool_colors.h"
 #include "paint/tools.h"
+#include "state/messages.h"
 #include "state/run.h"
 #include "state/stroke.h"
 #include "state/tools.h"
@@ -20,8 +21,6 @@
 
 namespace nubo {
 namespace {
-
-constexpr int fill_memory_message = 111;  // index of "NOT ENOUGH MEMORY TO FILL THIS AREA"
 
 class Fill {
 public:
@@ -104,7 +103,7 @@ void flood_fill(int x, int y, Color color, int tolerance) {
         Fill(color, tolerance).run(x, y);
     } catch (const std::bad_alloc&) {
         UA_log("[ ERROR ] : No memory to go on filling a frame of %d x %d pixels.", current_frame->w, current_frame->h);
-        status_message = fill_memory_message;
+        status_message = MESSAGE_FILL_MEMORY;
         status_timer = flash_ticks;
     }
 }

@@ -62,7 +62,7 @@ void run_case(int x, int y, int brush, int ink, int style) {
     case TOOL_FSHAPE:
     case TOOL_SSHAPE:
     case TOOL_SPIRAL:
-    case TOOL_SPLINE: return;
+    case TOOL_SPLINE: return;  // these six paint a list of points; without one they leave the Frame as it is
     case TOOL_NONE:
     case TOOL_MOVE:  // these three save undo and paint by themselves
     case TOOL_OVAL:

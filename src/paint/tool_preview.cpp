@@ -36,7 +36,6 @@ void preview_circle(BITMAP* bitmap, int center_x, int center_y, int rim_x, int r
 }
 
 void draw_tool_preview() {
-    clear_to_color(overlay, static_cast<int>(transparent_color));
     // One reading of the view, which a timer handler may move meanwhile.
     const int view_x = pan_x, view_y = pan_y;
     const Point from{click_points[0].x - view_x, click_points[0].y - view_y};

@@ -13,7 +13,7 @@ bool wait_for_point(int slot);
 /// Fills the connected area of `color` around (x, y) with the active ink.
 void flood_fill(int x, int y, Color color, int tolerance);
 
-/// Draws the preview of the running tool (`tool_preview`) on `overlay`. By `update_screen`.
+/// Draws the preview of the running tool (`tool_preview`) on `overlay`. By `update_screen`, which has cleared it.
 void draw_tool_preview();
 
 }  // namespace nubo

@@ -2,6 +2,7 @@
 
 #include "base/log.h"
 #include "state/frames.h"
+#include "state/messages.h"
 #include "state/options.h"
 #include "state/run.h"
 #include "state/view.h"
@@ -9,8 +10,6 @@
 
 namespace nubo {
 namespace {
-
-constexpr int undo_memory_message = 110;  // index of "NOT ENOUGH MEMORY FOR UNDO. NOTHING WAS CHANGED"
 
 OwnedBitmap (*copy_of)(BITMAP* source) = copy_bitmap;
 
@@ -79,7 +78,7 @@ bool save_state(const Chain& chain) {
     if (!copy_frame_to(chain.slots[static_cast<unsigned>(slot)])) {
         UA_log("[ ERROR ] : No memory for an undo copy of %d x %d pixels. Nothing was changed.", current_frame->w,
                current_frame->h);
-        status_message = undo_memory_message;
+        status_message = MESSAGE_UNDO_MEMORY;
         status_timer = flash_ticks;
         return false;
     }

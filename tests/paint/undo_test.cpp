@@ -3,6 +3,7 @@
 #include "base/log.h"
 #include "harness/harness.h"
 #include "paint/surfaces.h"
+#include "state/messages.h"
 #include "state/options.h"
 #include "state/run.h"
 #include "state/view.h"
@@ -120,7 +121,7 @@ TEST_F(UndoTest, RefusesWithoutMemoryAndChangesNothing) {
     set_undo_source(no_memory);
     EXPECT_FALSE(stroke(4));
     EXPECT_EQ(state(), 3U);
-    EXPECT_NE(status_message, status_coordinates);
+    EXPECT_EQ(status_message, MESSAGE_UNDO_MEMORY);
     EXPECT_EQ(status_timer, flash_ticks);
     EXPECT_NE(log_text().find("No memory for an undo copy of 5 x 3 pixels"), std::string::npos);
     EXPECT_EQ(after_undo(), 3U) << "the undone state couldn't be kept for redo";
