@@ -1,0 +1,79 @@
+#include "harness/harness.h"
+#include "schemes.h"
+
+#include "base/color.h"
+#include <algorithm>
+#include <cmath>
+#include <gtest/gtest.h>
+
+namespace nubo {
+namespace {
+
+std::vector<ArtScheme> delivered_schemes() {
+    const auto source = read_art(NUBO_ART "/schemes.txt");
+    return source ? read_schemes(*source).value_or(std::vector<ArtScheme>{}) : std::vector<ArtScheme>{};
+}
+
+/// How much two colours stand apart, 1 to 21: the ratio of their luminances as the web's guidelines define it.
+double contrast(Color a, Color b) {
+    const auto linear = [](int channel) {
+        const double c = channel / 255.0;
+        return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
+    };
+    const auto luminance = [&](Color c) {
+        return 0.2126 * linear(red_of(c)) + 0.7152 * linear(green_of(c)) + 0.0722 * linear(blue_of(c));
+    };
+    const auto [low, high] = std::minmax({luminance(a), luminance(b)});
+    return (high + 0.05) / (low + 0.05);
+}
+
+TEST(Schemes, AreAtLeastSixAndTheFirstIsTheDefault) {
+    const auto schemes = delivered_schemes();
+    ASSERT_GE(schemes.size(), 6u);
+    EXPECT_EQ(schemes[0].colors, default_scheme);
+    // "SCH", then 00 9e 9e 9e for the ground, 00 64 64 64 for the border, and so on to 00 00 5c bc.
+    const std::string bytes = scheme_file(schemes[0]);
+    ASSERT_EQ(bytes.size(), 43u);
+    EXPECT_EQ(bytes.substr(0, 11), std::string("SCH\0\x9e\x9e\x9e\0\x64\x64\x64", 11));
+    EXPECT_EQ(bytes.substr(39), std::string("\0\0\x5c\xbc", 4));
+}
+
+TEST(Schemes, AreLegible) {
+    constexpr struct {
+        SchemeColor text, ground;
+    } pairs[] = {
+        {SCHEME_TEXT_LIGHT, SCHEME_SHADOW},         {SCHEME_TEXT_BUTTON, SCHEME_BACKGROUND},
+        {SCHEME_TEXT_HIGHLIGHT, SCHEME_BACKGROUND}, {SCHEME_TEXT_SELECTED, SCHEME_BACKGROUND},
+        {SCHEME_TEXT_LIGHT_ALT, SCHEME_SHADOW},     {SCHEME_TEXT_LIGHT_ALT, SCHEME_HIGHLIGHT_BACK},
+    };
+    for (const ArtScheme& scheme : delivered_schemes())
+        for (const auto& pair : pairs)
+            // The default's blue on its ground has 2.41, the least of all.
+            EXPECT_GE(contrast(scheme.colors[pair.text], scheme.colors[pair.ground]), 2.4)
+                << scheme.name << ": color " << pair.text << " on " << pair.ground;
+}
+
+TEST(Schemes, WithAMissingOrMisplacedColourAreRefused) {
+    auto source = read_art(NUBO_ART "/schemes.txt").value();
+    std::swap(source.blocks[1].rows[2], source.blocks[1].rows[3]);
+    EXPECT_FALSE(read_schemes(source));
+    source = read_art(NUBO_ART "/schemes.txt").value();
+    source.blocks[1].rows.pop_back();
+    EXPECT_FALSE(read_schemes(source));
+}
+
+TEST(ObjectLibrary, IsOneNumberALineWithoutAnEmptyOneAtTheEnd) {
+    const ArtSource source{"objects",
+                           {{{"object", "a"}, {{"0", "100"}, {"85", "90"}, {"171", "80"}}, 1},
+                            {{"object", "b"}, {{"1", "2"}, {"3", "4"}, {"5", "6"}}, 5}}};
+    EXPECT_EQ(object_library(source), "0\n0\n0\n0\n3\n0\n100\n85\n90\n171\n80\n0\n0\n0\n0\n3\n1\n2\n3\n4\n5\n6");
+    ArtSource broken = source;
+    broken.blocks[1].rows[0][1] = "2x";
+    EXPECT_FALSE(object_library(broken));
+    broken.blocks[1].rows[0] = {"2"};
+    EXPECT_FALSE(object_library(broken));
+    EXPECT_TRUE(object_library(read_art(NUBO_ART "/objects.txt").value()));
+}
+
+}  // namespace
+}  // namespace nubo

@@ -1,0 +1,85 @@
+#include "codecs/png.h"
+#include "harness/harness.h"
+#include "tip_sheet.h"
+
+#include "base/color.h"
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <set>
+
+namespace nubo {
+namespace {
+
+constexpr int tip_width = 17, tip_height = 15, center_x = 8, center_y = 7, outside = 200;
+
+using Tip = std::vector<int>;  // its values, row by row
+
+/// The 36 tips as the editor reads them from the staged program folder.
+std::vector<Tip> staged_tips() {
+    const OwnedBitmap sheet(load_png(NUBO_FOLDER "/resource/brushie.PNG", nullptr));
+    if (!sheet || sheet->w < 206 || sheet->h < 48) return {};
+    std::vector<Tip> tips(36);
+    for (int tip = 0; tip < 36; ++tip)
+        for (int y = 0; y < tip_height; ++y)
+            for (int x = 0; x < tip_width; ++x)
+                tips[static_cast<std::size_t>(tip)].push_back(
+                    getr(getpixel(sheet.get(), tip % 12 * tip_width + x, tip / 12 * tip_height + y)));
+    return tips;
+}
+
+TEST(StagedTips, AreDifferentCentredAndStartWithASinglePixel) {
+    const auto tips = staged_tips();
+    ASSERT_EQ(tips.size(), 36u);
+    EXPECT_EQ(std::set<Tip>(tips.begin(), tips.end()).size(), 36u);
+    for (std::size_t tip = 0; tip < tips.size(); ++tip) {
+        int left = tip_width, right = -1, top = tip_height, bottom = -1;
+        for (int i = 0; i < tip_width * tip_height; ++i) {
+            if (tips[tip][static_cast<std::size_t>(i)] >= outside) continue;
+            left = std::min(left, i % tip_width);
+            right = std::max(right, i % tip_width);
+            top = std::min(top, i / tip_width);
+            bottom = std::max(bottom, i / tip_width);
+        }
+        // A tip of an even size has no middle pixel: it reaches one further to the left and to the top.
+        const int more_left = (center_x - left) - (right - center_x), more_up = (center_y - top) - (bottom - center_y);
+        EXPECT_TRUE(more_left == 0 || more_left == 1) << "tip " << tip;
+        EXPECT_TRUE(more_up == 0 || more_up == 1) << "tip " << tip;
+    }
+    EXPECT_EQ(std::ranges::count_if(tips[0], [](int value) { return value < outside; }), 1);
+    EXPECT_EQ(tips[0][center_y * tip_width + center_x], 0);
+}
+
+TEST(StagedTips, OfTheHardKindsHaveNoSoftPixel) {
+    const auto tips = staged_tips();
+    ASSERT_EQ(tips.size(), 36u);
+    for (const std::size_t tip :
+         {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20, 21, 26, 27, 29, 30, 31, 32, 33})
+        for (const int value : tips[tip]) ASSERT_TRUE(value == 0 || value == 255) << "tip " << tip;
+}
+
+/// 36 tips, of which the first one's first row is `row`.
+ArtSource tips_with_row(const std::string& row) {
+    const std::string clear(tip_width, '.');
+    ArtSource source{"tips", {}};
+    for (int i = 0; i < 36; ++i)
+        source.blocks.push_back({{"tips", "name"}, std::vector<Words>(tip_height, Words{clear}), i});
+    source.blocks[0].rows[0][0] = row;
+    return source;
+}
+
+TEST(TipSheet, TurnsTenthsIntoTipValuesAndRefusesWhatIsNoTip) {
+    const OwnedBitmap sheet = draw_tip_sheet(tips_with_row("#.19............."));
+    ASSERT_NE(sheet, nullptr);
+    // A tenth is a coverage of 20, and a tip value is 200 less the coverage: 200 - 20 and 200 - 180.
+    const int expected[] = {0, 255, 180, 20};
+    for (int x = 0; x < 4; ++x) EXPECT_EQ(getr(getpixel(sheet.get(), x, 0)), expected[x]) << x;
+
+    EXPECT_EQ(draw_tip_sheet(tips_with_row("................")), nullptr);   // 16 columns
+    EXPECT_EQ(draw_tip_sheet(tips_with_row("................0")), nullptr);  // no such cell
+    ArtSource one_less = tips_with_row(std::string(tip_width, '.'));
+    one_less.blocks.pop_back();
+    EXPECT_EQ(draw_tip_sheet(one_less), nullptr);
+}
+
+}  // namespace
+}  // namespace nubo
