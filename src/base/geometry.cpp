@@ -6,7 +6,7 @@
 namespace nubo {
 namespace {
 
-constexpr double degrees_per_radian = 57.29577950560105;
+constexpr double degrees_per_radian = 57.29577950560105;  // a little low: 45 degrees come out just below 45
 
 /// The angle of (dx, dy) from the positive x axis, clockwise on the screen, given that of its absolute values.
 template <typename Angle> Angle in_quadrant(bool left, bool up, Angle angle) {

@@ -1,15 +1,17 @@
 #pragma once
 // Distances, directions and bits.
+#include <algorithm>
 #include <allegro.h>
+#include <climits>
 #include <cmath>
 
 namespace nubo {
 
-/// The Euclidean distance of two points in space, truncated.
+/// The Euclidean distance of two points in space, truncated; held at the largest int, which far corners would pass.
 inline int UA_distance_3d(int x1, int y1, int z1, int x2, int y2, int z2) {
     const double dx = static_cast<double>(x2) - x1, dy = static_cast<double>(y2) - y1,
                  dz = static_cast<double>(z2) - z1;
-    return static_cast<int>(std::sqrt(dx * dx + dy * dy + dz * dz));
+    return static_cast<int>(std::min(std::sqrt(dx * dx + dy * dy + dz * dz), static_cast<double>(INT_MAX)));
 }
 
 /// The Euclidean distance of two points, truncated.
@@ -24,7 +26,8 @@ inline int int_distance(int x1, int y1, int z1, int x2, int y2, int z2) {
 /// smaller y 180, smaller x 90; straight toward larger y lies just below 360.
 float UA_angle_degrees(int x1, int y1, int x2, int y2);
 
-/// The direction as a 256th of a circle, for Allegro's rotation calls; larger x is 192, smaller y 128, smaller x 64.
+/// The direction as a 256th of a circle, for Allegro's rotation calls. By way of whole degrees, each truncated: larger
+/// x is 192, smaller y 128, smaller x 63, larger y 255.
 int UA_angle_256(int x1, int y1, int x2, int y2);
 
 /// True when the point lies inside the bitmap.

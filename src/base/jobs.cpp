@@ -8,10 +8,19 @@ namespace {
 constexpr int job_types = 64;
 std::array<JobHandler, job_types> job_handlers{};
 
+constexpr int being_filled = -1;  // the type of a slot that is taken but not yet whole; no job to anyone else
+
+/// Takes the lowest free slot, -1 if none. Both flows push, and may look at the same slot at the same time.
+int claim_slot() {
+    for (std::size_t slot = 0; slot < job_slots; ++slot)
+        if (job::type[slot].claim(JOB_NONE, being_filled)) return static_cast<int>(slot);
+    return -1;
+}
+
 }  // namespace
 
 int push_to_job(int type, int a1, int a2, int a3, int a4, int a5, int a6, int a7, int script_slot, int delay) {
-    const int slot = UA_free_job_slot();
+    const int slot = claim_slot();
     if (slot < 0) {
         UA_log("[ ERROR ] : Ran out of job queue slots in call to push_to_job! Job = %d", type);
         return -1;
@@ -30,7 +39,7 @@ int UA_free_job_slot() { return UA_find_job(JOB_NONE); }
 int UA_find_job(int type) {
     for (std::size_t slot = 0; slot < job_slots; ++slot) {
         const int held = job::type[slot].acquire();
-        if (type == -1 ? held != JOB_NONE : held == type) return static_cast<int>(slot);
+        if (type == -1 ? held > JOB_NONE : held == type) return static_cast<int>(slot);
     }
     return -1;
 }

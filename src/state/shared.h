@@ -24,6 +24,10 @@ public:
     T operator-=(T step) noexcept { return static_cast<T>(word_.fetch_sub(step, std::memory_order_relaxed) - step); }
     /// Reads and clears in one step, so that no press is lost between the two.
     T take() noexcept { return word_.exchange(T{}, std::memory_order_relaxed); }
+    /// Writes `value` if the word still holds `held`; false when the other flow was first.
+    bool claim(T held, T value) noexcept {
+        return word_.compare_exchange_strong(held, value, std::memory_order_acquire, std::memory_order_relaxed);
+    }
     /// Writes with release order: whoever reads the word by `acquire` sees all that was written before it.
     void publish(T value) noexcept { word_.store(value, std::memory_order_release); }
     T acquire() const noexcept { return word_.load(std::memory_order_acquire); }
