@@ -1,4 +1,5 @@
 // Reading a PNG: its chunks one after the other, the data inflated, the bitmap brought to the depth asked for.
+#include "codecs/growing_bytes.h"
 #include "codecs/png_octree.h"
 #include "codecs/png_pixels.h"
 #include "state/frames.h"
@@ -161,44 +162,27 @@ std::optional<ChunkStart> read_up_to_data(PngFile& png) {
     return chunk;
 }
 
-/// The deflated data. It grows by what the file really gives, never by what a chunk's length promises.
-struct DeflatedData {
-    PngBytes bytes;
-    std::size_t size = 0, room = 0;
-
-    bool make_room(std::size_t more) {
-        if (size + more <= room) return true;
-        const std::size_t wanted = std::max(size + more, 2 * room);
-        void* const grown = std::realloc(bytes.get(), wanted);
-        if (grown == nullptr) return false;
-        static_cast<void>(bytes.release());  // realloc has taken it over
-        bytes.reset(static_cast<std::uint8_t*>(grown));
-        room = wanted;
-        return true;
-    }
-};
-
-bool read_data_chunk(PACKFILE* file, std::uint32_t length, DeflatedData& data) {
+bool read_data_chunk(PACKFILE* file, std::uint32_t length, GrowingBytes& data) {
     while (length > 0) {
         const std::size_t piece = std::min<std::size_t>(length, piece_bytes);
         if (!data.make_room(piece)) return png_fail("Cannot allocate memory!");
-        if (pack_fread(data.bytes.get() + data.size, static_cast<long>(piece), file) != static_cast<long>(piece))
+        if (pack_fread(data.end(), static_cast<long>(piece), file) != static_cast<long>(piece))
             return png_fail("Cannot read image data!");
-        data.size += piece;
+        data.advance(piece);
         length -= static_cast<std::uint32_t>(piece);
     }
     return skip_crc(file);
 }
 
 /// Gathers the data chunks from `chunk` on; `chunk` becomes the start of the first one behind them.
-bool read_data(PACKFILE* file, ChunkStart& chunk, DeflatedData& data) {
+bool read_data(PACKFILE* file, ChunkStart& chunk, GrowingBytes& data) {
     while (chunk.type == png_chunk_pixels) {
         if (!read_data_chunk(file, chunk.length, data)) return false;
         const std::optional<ChunkStart> next = read_chunk_start(file);
         if (!next) return false;
         chunk = *next;
     }
-    return data.size >= fewest_data_bytes || png_fail("File without data!");
+    return data.size() >= fewest_data_bytes || png_fail("File without data!");
 }
 
 bool read_up_to_end(PACKFILE* file, ChunkStart chunk) {
@@ -213,14 +197,14 @@ bool read_up_to_end(PACKFILE* file, ChunkStart chunk) {
 
 // ---- Data to bitmap -------------------------------------------------------------------------------------------------
 
-OwnedBitmap inflate_image(const PngHeader& header, const DeflatedData& data) {
+OwnedBitmap inflate_image(const PngHeader& header, const GrowingBytes& data) {
     const std::size_t size = png_filtered_size(header);
     // A header that promises more than these bytes can hold is known before the memory for it is asked for.
-    if (size / deflate_limit > data.size) return png_fail("Not enough data!"), nullptr;
+    if (size / deflate_limit > data.size()) return png_fail("Not enough data!"), nullptr;
     const PngBytes rows = png_bytes(size);
     if (!rows) return png_fail("Cannot allocate memory!"), nullptr;
     uLongf inflated = size;
-    if (uncompress(rows.get(), &inflated, data.bytes.get(), data.size) != Z_OK)
+    if (uncompress(rows.get(), &inflated, data.data(), data.size()) != Z_OK)
         return png_fail("Cannot decompress data!"), nullptr;
     if (inflated != size) return png_fail("Not enough data!"), nullptr;
     return png_build_image(header, rows.get(), size);
@@ -245,7 +229,7 @@ OwnedBitmap convert_bitmap(PngFile& png, OwnedBitmap bitmap) {
 OwnedBitmap read_image(PngFile& png) {
     if (!read_signature(png.file) || !read_header(png)) return nullptr;
     std::optional<ChunkStart> chunk = read_up_to_data(png);
-    DeflatedData data;
+    GrowingBytes data;
     if (!chunk || !read_data(png.file, *chunk, data)) return nullptr;
     OwnedBitmap bitmap = inflate_image(png.header, data);
     if (bitmap) bitmap = convert_bitmap(png, std::move(bitmap));

@@ -1,0 +1,29 @@
+#pragma once
+// GIF files, read and written with Allegro's packfiles. The format is that of the Graphics Interchange Format, version
+// 89a. A file holds one image to us: of an animation the first.
+#include <allegro.h>
+
+namespace nubo {
+
+/// Reads the first image of the GIF file at `path` into a new bitmap of the image's own size, which the caller owns, at
+/// the depth that Allegro's colour conversion asks for. What is transparent has index 0 in a bitmap of 8 bits and
+/// magenta, (255, 0, 255), in one of more. `palette` (null: not wanted) gets the file's colours, 6 bits a channel;
+/// entries that the file doesn't name stay as they are. Null on failure, with nothing changed: no such file, no GIF, no
+/// image in it, data that is cut or makes no sense, an image that lies outside the file's screen.
+BITMAP* load_gif(const char* path, RGB* palette);
+
+/// The same on an open packfile, which stays open.
+BITMAP* load_gif_pf(PACKFILE* file, RGB* palette);
+
+/// Writes `bitmap` as a GIF of 256 colours without transparency. Of a bitmap of more than 8 bits each pixel takes the
+/// nearest entry of `palette`, by a lookup of 32 levels a channel; null is Allegro's default palette. 0, or -1: no
+/// bitmap, a side above 65,535, the file can't be opened or not be written.
+int save_gif(const char* path, BITMAP* bitmap, const RGB* palette);
+
+/// The same on an open packfile, which stays open.
+int save_gif_pf(PACKFILE* file, BITMAP* bitmap, const RGB* palette);
+
+/// Makes Allegro's `load_bitmap` and `save_bitmap` know GIF. Called once, after the graphics mode is set.
+void register_gif();
+
+}  // namespace nubo
