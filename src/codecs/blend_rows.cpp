@@ -105,24 +105,17 @@ const BlendRows& blend_rows() { return blend_row_forms().back(); }
 
 void fill_narrow_row(const NarrowDepth& depth, std::uint16_t* row, int length, std::uint16_t color, int s) {
     const std::uint32_t mask = depth.spread, strength = static_cast<std::uint32_t>(s), rest = narrow_full - strength;
-    const std::uint32_t added = (spread_pixel(depth, color) * strength >> 5) & mask;
-    for (int i = 0; i < length; ++i) row[i] = fold_pixel(((spread_pixel(depth, row[i]) * rest >> 5) & mask) + added);
+    const std::uint32_t added = (spread_pixel(depth, color) * strength >> narrow_shift) & mask;
+    for (int i = 0; i < length; ++i)
+        row[i] = fold_pixel(((spread_pixel(depth, row[i]) * rest >> narrow_shift) & mask) + added);
 }
 
 void blit_narrow_row(const NarrowDepth& depth, const std::uint16_t* source, std::uint16_t* target, int length, int s) {
     const std::uint16_t key = depth.color_key;
-    if (s == narrow_half) {
-        for (int i = 0; i < length; ++i) {
-            const std::uint32_t d = target[i], p = source[i] == key ? d : source[i];
-            target[i] =
-                static_cast<std::uint16_t>(((d & depth.half) >> 1) + ((p & depth.half) >> 1) + (d & p & depth.lowest));
-        }
-        return;
-    }
     for (int i = 0; i < length; ++i) {
         const std::uint32_t d = spread_pixel(depth, target[i]);
         const std::uint32_t p = source[i] == key ? d : spread_pixel(depth, source[i]);
-        target[i] = fold_pixel((((p - d) * static_cast<std::uint32_t>(s) >> 5) + d) & depth.spread);
+        target[i] = fold_pixel((((p - d) * static_cast<std::uint32_t>(s) >> narrow_shift) + d) & depth.spread);
     }
 }
 

@@ -34,13 +34,13 @@ struct NarrowDepth {
     /// The channels of two equal pixels in a word, every other one, so that each has room above and below it: red and
     /// blue of the lower pixel, green of the upper.
     std::uint32_t spread;
-    std::uint16_t half, lowest;  // all bits of a pixel but the lowest of each channel, and just these
 };
-inline constexpr NarrowDepth depth_16{16, 0xf81f, 0x07e0f81f, 0xf7de, 0x0821};
-inline constexpr NarrowDepth depth_15{15, 0x7c1f, 0x03e07c1f, 0x7bde, 0x0421};
-inline constexpr int narrow_full = 32, narrow_half = 16;  // strengths of the narrow depths
+inline constexpr NarrowDepth depth_16{16, 0xf81f, 0x07e0f81f};
+inline constexpr NarrowDepth depth_15{15, 0x7c1f, 0x03e07c1f};
+inline constexpr int narrow_shift = 5, narrow_full = 1 << narrow_shift;  // the strength that replaces is 32
 
-/// As the 32-bit rows, at the strength `s`, 1 to 31; `narrow_half` is told apart inside.
+/// As the 32-bit rows, at the strength `s`, 1 to 31. Exactly half, 16, needs no form of its own here: of 32 it is a
+/// true half.
 void fill_narrow_row(const NarrowDepth& depth, std::uint16_t* row, int length, std::uint16_t color, int s);
 void blit_narrow_row(const NarrowDepth& depth, const std::uint16_t* source, std::uint16_t* target, int length, int s);
 

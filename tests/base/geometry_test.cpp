@@ -1,7 +1,5 @@
 #include "base/geometry.h"
 
-#include "base/bitmap.h"
-
 #include <gtest/gtest.h>
 
 namespace nubo {
@@ -41,18 +39,6 @@ TEST(Geometry, DirectionsByQuadrant) {
         EXPECT_GT(UA_angle_degrees(0, 0, 0, below), 359.9);
         EXPECT_EQ(UA_angle_256(0, 0, 0, below), 255);  // 89 * 0.711 = 63.3
     }
-}
-
-TEST(Geometry, PointsAndBitsAtTheirEdges) {
-    const OwnedBitmap bitmap = make_bitmap(3, 2);
-    EXPECT_TRUE(UA_in_bitmap(bitmap.get(), 2, 1));
-    for (const auto& [x, y] : {std::pair{3, 0}, {0, 2}, {-1, 0}, {0, -1}, {INT_MIN, INT_MAX}})
-        EXPECT_FALSE(UA_in_bitmap(bitmap.get(), x, y)) << x << ' ' << y;
-    EXPECT_TRUE(UA_on_screen(319, 239));
-    EXPECT_FALSE(UA_on_screen(320, 0) || UA_on_screen(0, 240) || UA_on_screen(-1, 0) || UA_on_screen(0, -1));
-    EXPECT_TRUE(UA_bit_test(0x80000000U, 31));
-    EXPECT_FALSE(UA_bit_test(~8U, 3));
-    EXPECT_EQ(UA_bit_flip(UA_bit_flip(5, 31), 0), 0x80000004U);
 }
 
 }  // namespace

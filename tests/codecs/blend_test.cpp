@@ -93,48 +93,47 @@ void expect_blended(BITMAP* before, BITMAP* after, int x, int y, int w, int h, i
 
 // ---- Tests ----------------------------------------------------------------------------------------------------------
 
-TEST(BlendRows, EachFormGivesTheFormulasForEveryStrengthAndPairOfEdges) {
-    Pixels edges{0xff00fe, 0xfe00ff, 0xff01ff, 0x7f00ff, 0x1ff00ff};  // one bit off the colour key
-    for (const Word r : {0, 1, 127, 128, 255})
-        for (const Word g : {0, 1, 128, 255})
-            for (const Word b : {0, 2, 254, 255}) edges.push_back(r << 16 | g << 8 | b);
-    Pixels below, above;
+/// All pairs of pixels at the edges: the ends of each channel, and the colour key with one bit turned.
+std::pair<Pixels, Pixels> edge_pairs(int bits) {
+    const Masks& depth = masks.at(bits);
+    Pixels edges{0, 0xffffffff, 0x7f7f7f, 0x808080, 0x01fe01, depth.half, depth.low, depth.key}, below, above;
+    for (int bit = 0; bit < (bits == 32 ? 32 : 16); ++bit) edges.push_back(depth.key ^ Word{1} << bit);
     for (const Word d : edges)
-        for (const Word s : edges) below.push_back(d), above.push_back(s);
-    const int length = static_cast<int>(below.size());
-    for (Word fact = 1; fact < 255; ++fact) {
-        const Pixels blitted = stated_row(32, below, above, fact, false);
-        const Pixels filled = stated_row(32, below, Pixels(below.size(), edges[fact % edges.size()]), fact, true);
-        const bool half = fact == 127 || fact == 128;
-        for (const BlendRows& form : blend_row_forms()) {
-            Pixels row = below;
-            half ? form.blit_half(above.data(), row.data(), length)
-                 : form.blit(above.data(), row.data(), length, static_cast<int>(fact));
-            ASSERT_EQ(row, blitted) << form.name << ' ' << fact;
-            row = below;
-            form.fill(row.data(), length, edges[fact % edges.size()], static_cast<int>(fact));
-            ASSERT_EQ(row, filled) << form.name << ' ' << fact;
+        for (const Word s : edges) {
+            below.push_back(bits == 32 ? d : d & 0xffff);
+            above.push_back(bits == 32 ? s : s & 0xffff);
         }
-    }
+    below.pop_back(), above.pop_back();  // odd: at 16 and 15 bits the last pixel stands alone
+    return {below, above};
 }
 
-TEST(BlendNarrow, GivesTheFormulasOnWordsForEveryStrengthAndPairOfEdges) {
+TEST(BlendRows, EachFormGivesTheFormulasForEveryStrengthAndPairOfEdges) {
+    const auto [below, above] = edge_pairs(32);
+    for (Word fact = 1; fact < 255; ++fact)
+        for (const BlendRows& form : blend_row_forms()) {
+            Pixels row = below;
+            const int length = static_cast<int>(row.size()), strength = static_cast<int>(fact);
+            fact == 127 || fact == 128 ? form.blit_half(above.data(), row.data(), length)
+                                       : form.blit(above.data(), row.data(), length, strength);
+            ASSERT_EQ(row, stated_row(32, below, above, fact, false)) << form.name << ' ' << fact;
+            row = below;
+            form.fill(row.data(), length, above[fact], strength);
+            ASSERT_EQ(row, stated_row(32, below, Pixels(below.size(), above[fact]), fact, true)) << form.name << fact;
+        }
+}
+
+TEST(BlendRows, NarrowOnesGiveTheFormulasOnWordsForEveryStrengthAndPairOfEdges) {
     for (const NarrowDepth* depth : {&depth_16, &depth_15}) {
-        std::vector<std::uint16_t> edges{0, 0xffff, depth->lowest, depth->half, depth->color_key, 0x1234, 0x4210};
-        for (int bit = 0; bit < 16; ++bit) edges.push_back(static_cast<std::uint16_t>(depth->color_key ^ 1 << bit));
-        Pixels below, above;
-        for (const Word d : edges)
-            for (const Word s : edges) below.push_back(d), above.push_back(s);
+        const auto [below, above] = edge_pairs(depth->bits);
+        const std::vector<std::uint16_t> over(above.begin(), above.end());
         for (int s = 1; s < narrow_full; ++s) {
+            std::vector<std::uint16_t> row(below.begin(), below.end()), filled = row;
             const Word fact = static_cast<Word>(s) * 8;
-            std::vector<std::uint16_t> row(below.begin(), below.end()), filled = row, over(above.begin(), above.end());
-            const int length = static_cast<int>(row.size());  // odd: the last pixel stands alone
-            blit_narrow_row(*depth, over.data(), row.data(), length, s);
+            blit_narrow_row(*depth, over.data(), row.data(), static_cast<int>(row.size()), s);
             ASSERT_EQ(Pixels(row.begin(), row.end()), stated_row(depth->bits, below, above, fact, false)) << s;
-            fill_narrow_row(*depth, filled.data(), length, over[1], s);
+            fill_narrow_row(*depth, filled.data(), static_cast<int>(row.size()), over[fact], s);
             ASSERT_EQ(Pixels(filled.begin(), filled.end()),
-                      stated_row(depth->bits, below, Pixels(below.size(), over[1]), fact, true))
-                << s;
+                      stated_row(depth->bits, below, Pixels(below.size(), above[fact]), fact, true));
         }
     }
 }
