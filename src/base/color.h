@@ -15,7 +15,7 @@ constexpr Color pack_color(int red, int green, int blue) {
 
 /// Holds a component to 0 to 255 and truncates it.
 template <typename Number> constexpr int clamp_component(Number value) {
-    return value <= Number(0) ? 0 : value >= Number(255) ? 255 : static_cast<int>(value);
+    return static_cast<int>(value <= Number(0) ? Number(0) : value >= Number(255) ? Number(255) : value);
 }
 
 /// Sets Allegro's own colour order to that of `Color`. Without a window its default is another one: called by programs

@@ -3,6 +3,7 @@
 #include "state/colors.h"
 #include "state/tools.h"
 #include <allegro.h>
+#include <array>
 #include <cstdint>
 
 namespace nubo {
@@ -40,7 +41,10 @@ Color mean_neighbor(BITMAP* bitmap, int x, int y);
 /// nodes were moved.
 void update_gradient_geometry();
 
-/// Fills the table of distances that GLOW reads. Once, at start.
+/// Distances from a pixel by |dx| and |dy|, truncated, up to GLOW's greatest radius.
+inline constinit std::array<std::array<int, 32>, 32> glow_distance{};
+
+/// Fills `glow_distance`. Once, at start.
 void fill_glow_distances();
 
 }  // namespace nubo

@@ -1,0 +1,84 @@
+// The inks that blend a pixel with a colour: BRIGHT, DARK, GLASS, OPAQUE, GRAY, GRAIN; and the blending they all use.
+#include "base/random.h"
+#include "paint/ink_rows.h"
+
+#include <cstdlib>
+
+namespace nubo {
+
+// ---- Two colours
+// -----------------------------------------------------------------------------------------------------
+
+bool colors_match(Color a, Color b, int tolerance) {
+    return std::abs(red_of(a) - red_of(b)) < tolerance && std::abs(green_of(a) - green_of(b)) < tolerance &&
+           std::abs(blue_of(a) - blue_of(b)) < tolerance;
+}
+
+Color blend_color(Color a, Color b, int alpha) {
+    const double t = alpha / 255.0, rest = 1 - t;
+    return pack_color(clamp_component(t * red_of(b) + rest * red_of(a)),
+                      clamp_component(t * green_of(b) + rest * green_of(a)),
+                      clamp_component(t * blue_of(b) + rest * blue_of(a)));
+}
+
+void blend_pixel(int x, int y, Color color, int alpha) {
+    if (alpha < 1 || !frame_contains(current_frame, x, y)) return;
+    Color& pixel = *pixels_at(current_frame, x, y);
+    pixel = blend_fill_pixel(pixel, color, std::min(alpha, 255));
+}
+
+// ---- The inks
+// --------------------------------------------------------------------------------------------------------
+
+// The base is the snapshot, not the frame, so that within a stroke the strongest pass wins and nothing adds up. A
+// coverage of 255 gives the colour itself: the blend's weight is then 256 of 256. One of 0 is above no mask.
+void ink_toward_row(const InkRow& row, int strength, Color target) {
+    for_each_run(row, [=](const TipRun& run) {
+        const int alpha = strength_coverage(strength, run.tip);
+        cover_run(run, alpha,
+                  [=, before = run.before](int i, Color) { return blend_fill_pixel(before[i], target, alpha); });
+    });
+}
+
+// A full pixel replaces whatever the stroke has left there and leaves no trace in the mask; a soft one goes over it.
+void ink_opaque_row(const InkRow& row, Color color) {
+    for_each_run(row, [=](const TipRun& run) {
+        if (run.tip == 0) {
+            std::fill_n(run.frame, run.length, color);
+            return;
+        }
+        const int alpha = run.tip_coverage();
+        cover_run(run, alpha, [=](int, Color painted) { return blend_fill_pixel(painted, color, alpha); });
+    });
+}
+
+// On a soft edge the gray comes from what the stroke has already left there, the base from the snapshot.
+void ink_gray_row(const InkRow& row, int strength) {
+    for_each_run(row, [=](const TipRun& run) {
+        const int alpha = strength_coverage(strength, run.tip);
+        const bool is_soft = run.tip != 0;
+        cover_run(run, alpha, [=, before = run.before](int i, Color painted) {
+            const Color source = is_soft ? painted : before[i];
+            const int gray = (red_of(source) + green_of(source) + blue_of(source)) / 3;
+            return blend_fill_pixel(before[i], pack_color(gray, gray, gray), alpha);
+        });
+    });
+}
+
+// The draw that lets a pixel pass is made at every pixel, even outside the tip: the pattern follows the generator, not
+// the tip.
+void ink_grain_row(const InkRow& row, int strength, int frequency, Color color) {
+    for_each_pixel(row, [=](int x, int tip) {
+        if (UA_random(100) > frequency || tip >= tip_outside) return;
+        Color& covered = *pixels_at(stroke_mask, x, row.y);
+        int alpha = 0, coverage = strength;
+        if (tip != 0) alpha = coverage = static_cast<int>(UA_random(strength) / 255.0 * (tip_outside - tip));
+        if (static_cast<int>(covered) >= coverage) return;
+        if (tip == 0) alpha = UA_random(strength);
+        const Color base = *pixels_at(stroke_snapshot(), x, row.y);
+        *pixels_at(current_frame, x, row.y) = alpha > 0 ? blend_fill_pixel(base, color, alpha) : base;
+        covered = static_cast<Color>(coverage);
+    });
+}
+
+}  // namespace nubo

@@ -1,0 +1,68 @@
+// The inks that take their colour from the Cel, repeated without end: SCRAPE, TILE.
+#include "paint/ink_rows.h"
+#include "state/cel.h"
+
+#include <cstdlib>
+
+namespace nubo {
+namespace {
+
+constexpr int hole_tolerance = 2;  // a pixel of the Cel this close to the mask colour is a hole of the TILE ink
+
+/// The place in a tile of `size` for `distance` from its origin, either way.
+int tile_place(int distance, int size) {
+    return distance < 0 ? size - 1 - std::abs(distance + 1) % size : distance % size;
+}
+
+/// Calls `visit(run, tile)` for each part of the run that lies in one tile; `tile` points to its row of the tile.
+template <typename Visit> void for_each_tile(const TipRun& run, Visit visit) {
+    const int width = cel_mask->w;
+    const Color* const tile = pixels_at(cel_mask, 0, tile_place(run.y - cel_y, cel_mask->h));
+    for (int done = 0; done < run.length;) {
+        const int place = tile_place(run.x + done - cel_x, width);
+        TipRun part = run;
+        part.length = std::min(width - place, run.length - done);
+        part.x += done, part.frame += done, part.mask += done, part.before += done;
+        visit(part, tile + place);
+        done += part.length;
+    }
+}
+
+}  // namespace
+
+Color tile_pixel(int x, int y) {
+    return *pixels_at(cel_mask, tile_place(x - cel_x, cel_mask->w), tile_place(y - cel_y, cel_mask->h));
+}
+
+// GLASS with the tile in the place of the colour.
+void ink_scrape_row(const InkRow& row, int strength) {
+    for_each_run(row, [=](const TipRun& run) {
+        const int alpha = strength_coverage(strength, run.tip);
+        for_each_tile(run, [=](const TipRun& part, const Color* tile) {
+            cover_run(part, alpha,
+                      [=, before = part.before](int i, Color) { return blend_fill_pixel(before[i], tile[i], alpha); });
+        });
+    });
+}
+
+// OPAQUE with the tile in the place of the colour, but for its holes.
+void ink_tile_row(const InkRow& row) {
+    const Color hole = mask_color;
+    const auto is_hole = [=](Color pixel) { return colors_match(hole, pixel, hole_tolerance); };
+    for_each_run(row, [=](const TipRun& run) {
+        const int alpha = run.tip_coverage();
+        for_each_tile(run, [=](const TipRun& part, const Color* tile) {
+            for (int i = 0; i < part.length; ++i) {
+                if (is_hole(tile[i])) continue;
+                if (part.tip == 0) {
+                    part.frame[i] = tile[i];
+                } else if (static_cast<int>(part.mask[i]) < alpha) {
+                    part.frame[i] = blend_fill_pixel(part.frame[i], tile[i], alpha);
+                    part.mask[i] = static_cast<Color>(alpha);
+                }
+            }
+        });
+    });
+}
+
+}  // namespace nubo

@@ -1,0 +1,69 @@
+// The inks that compute a pixel anew from its components or its hue: ADD, SUB, XOR, PULL, SPARK.
+#include "paint/ink_rows.h"
+#include "paint/spectrum.h"
+
+namespace nubo {
+namespace {
+
+Hls hls_of(Color color) { return rgb_to_hls(red_of(color), green_of(color), blue_of(color)); }
+
+Color color_of_hls(double hue, double lightness, double saturation) {
+    const Rgb rgb = hls_to_rgb(hue, lightness, saturation);
+    return pack_color(clamp_component(rgb.r * 255), clamp_component(rgb.g * 255), clamp_component(rgb.b * 255));
+}
+
+/// PULL and SPARK: a full pixel becomes `recolor(snapshot)` outright, a soft one is blended toward it.
+template <typename Recolor> void cover_recolored(const TipRun& run, int coverage, Recolor recolor) {
+    cover_run_dear(run, coverage, [=](int i) {
+        const Color base = run.before[i], changed = recolor(base);
+        return run.tip == 0 ? changed : blend_fill_pixel(base, changed, coverage);
+    });
+}
+
+}  // namespace
+
+void ink_add_row(const InkRow& row, int strength, Color color, int sign) {
+    for_each_run(row, [=](const TipRun& run) {
+        const double share = sign * strength_factor(strength, run.tip);
+        const double red = share * red_of(color), green = share * green_of(color), blue = share * blue_of(color);
+        cover_run(run, run.tip_coverage(), [=, before = run.before](int i, Color) {
+            return pack_color(clamp_component(red + red_of(before[i])), clamp_component(green + green_of(before[i])),
+                              clamp_component(blue + blue_of(before[i])));
+        });
+    });
+}
+
+// The blend takes 255 less the tip value, the coverage 200 less it. At full the blend's weights are 1 and 0.
+void ink_xor_row(const InkRow& row, Color color) {
+    for_each_run(row, [=](const TipRun& run) {
+        const Color* const before = run.before;
+        if (run.tip == 0)
+            cover_run(run, run.tip_coverage(), [=](int i, Color) { return before[i] ^ color; });
+        else
+            cover_run_dear(run, run.tip_coverage(),
+                           [=](int i) { return blend_color(before[i], before[i] ^ color, 255 - run.tip); });
+    });
+}
+
+// The hue moves straight along its scale, by the full strength also on a soft edge; it never takes the short way round.
+void ink_pull_row(const InkRow& row, int strength) {
+    const double target = hls_of(brush_color).hue, share = strength / 255.0;
+    for_each_run(row, [=](const TipRun& run) {
+        cover_recolored(run, strength_coverage(strength, run.tip), [=](Color base) {
+            const Hls hls = hls_of(base);
+            return color_of_hls(share * (target - hls.hue) + hls.hue, hls.lightness, hls.saturation);
+        });
+    });
+}
+
+void ink_spark_row(const InkRow& row, int strength) {
+    for_each_run(row, [=](const TipRun& run) {
+        const double lift = run.tip == 0 ? strength : run.tip_coverage() / 200.0 * strength;
+        cover_recolored(run, static_cast<int>(lift), [=](Color base) {
+            const Hls hls = hls_of(base);
+            return color_of_hls(hls.hue, hls.lightness, std::min(hls.saturation + lift, 255.0));
+        });
+    });
+}
+
+}  // namespace nubo

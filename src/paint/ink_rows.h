@@ -1,0 +1,132 @@
+#pragma once
+// The row functions of the inks, for the one switch in inks.cpp, and what they share: runs of one tip value, the two
+// coverages, and the loops that keep the coverage map.
+#include "base/bitmap.h"
+#include "base/color.h"
+#include "codecs/blend.h"
+#include "paint/inks.h"
+#include "paint/surfaces.h"
+#include "state/stroke.h"
+#include <algorithm>
+
+namespace nubo {
+
+// ---- Runs
+// ------------------------------------------------------------------------------------------------------------
+
+/// A stretch of a row with one tip value inside the tip, and its pixels on the three surfaces. What depends on the tip
+/// value is worked out once a run and stands outside the pixel loops.
+struct TipRun {
+    int x, y, length;
+    int tip;              // 0 to 199
+    Color* frame;         // what is painted
+    Color* mask;          // coverage of the stroke so far
+    const Color* before;  // the snapshot
+
+    /// The coverage of inks that compute a pixel: 200 at full, down to 1.
+    int tip_coverage() const { return tip_outside - tip; }
+};
+
+/// Pixels `first` up to `first` + `length` of a row, as a run of `tip`.
+inline TipRun run_of(const InkRow& row, int first, int length, int tip) {
+    const int x = row.x + first;
+    return {x,
+            row.y,
+            length,
+            tip,
+            pixels_at(current_frame, x, row.y),
+            pixels_at(stroke_mask, x, row.y),
+            pixels_at(stroke_snapshot(), x, row.y)};
+}
+
+/// Calls `visit(run)` for each run of the row from the left; pixels outside the tip are left out.
+template <typename Visit> void for_each_run(const InkRow& row, Visit visit) {
+    if (row.tip_step == 0) {
+        if (*row.tip < tip_outside) visit(run_of(row, 0, row.length, *row.tip));
+        return;
+    }
+    for (int first = 0, end = 0; first < row.length; first = end) {
+        const std::uint8_t tip = row.tip[first];
+        for (end = first + 1; end < row.length && row.tip[end] == tip;) ++end;
+        if (tip < tip_outside) visit(run_of(row, first, end - first, tip));
+    }
+}
+
+/// Calls `visit(x, tip)` for each pixel of the row from the left, those outside the tip too.
+template <typename Visit> void for_each_pixel(const InkRow& row, Visit visit) {
+    for (int i = 0; i < row.length; ++i) visit(row.x + i, static_cast<int>(row.tip[i * row.tip_step]));
+}
+
+// ---- Coverage
+// --------------------------------------------------------------------------------------------------------
+
+/// The coverage of inks that blend: 0 to 255 at a tip value of 0 to 199; truncated.
+constexpr int strength_coverage(int strength, int tip) {
+    return tip == 0 ? strength : static_cast<int>(strength / 255.0 * (tip_outside - tip));
+}
+
+/// The strength as a factor of inks that compute a pixel, 0 to 1.
+constexpr double strength_factor(int strength, int tip) {
+    const double factor = strength / 255.0;
+    return tip == 0 ? factor : factor * ((tip_outside - tip) / 200.0);
+}
+
+/// Sets the pixels of the run that are covered by less than `coverage` to `paint(i, pixel of the frame)`. The paint is
+/// worked out for covered pixels too and dropped: without a branch the compiler makes four pixels of one step.
+template <typename Paint> void cover_run(const TipRun& run, int coverage, Paint paint) {
+    Color* __restrict__ const frame = run.frame;  // the surfaces never overlap
+    Color* __restrict__ const mask = run.mask;
+    for (int i = 0; i < run.length; ++i) {
+        const bool fresh = static_cast<int>(mask[i]) < coverage;
+        const Color painted = paint(i, frame[i]);
+        frame[i] = fresh ? painted : frame[i];
+        mask[i] = fresh ? static_cast<Color>(coverage) : mask[i];
+    }
+}
+
+/// The same for paint that costs more than a branch: covered pixels are passed over.
+template <typename Paint> void cover_run_dear(const TipRun& run, int coverage, Paint paint) {
+    for (int i = 0; i < run.length; ++i) {
+        if (static_cast<int>(run.mask[i]) >= coverage) continue;
+        run.frame[i] = paint(i);
+        run.mask[i] = static_cast<Color>(coverage);
+    }
+}
+
+// ---- The inks: one pixel and a colour
+// --------------------------------------------------------------------------------
+
+/// BRIGHT, DARK, GLASS: blends toward `target`.
+void ink_toward_row(const InkRow& row, int strength, Color target);
+void ink_opaque_row(const InkRow& row, Color color);
+void ink_gray_row(const InkRow& row, int strength);
+void ink_grain_row(const InkRow& row, int strength, int frequency, Color color);
+/// ADD with a `sign` of 1, SUB with -1.
+void ink_add_row(const InkRow& row, int strength, Color color, int sign);
+void ink_xor_row(const InkRow& row, Color color);
+void ink_pull_row(const InkRow& row, int strength);
+void ink_spark_row(const InkRow& row, int strength);
+
+// ---- The inks: neighbours
+// --------------------------------------------------------------------------------------------
+
+void ink_close_row(const InkRow& row, int tolerance);
+void ink_hollow_row(const InkRow& row, int tolerance);
+void ink_jumble_row(const InkRow& row, int reach);
+void ink_sweep_row(const InkRow& row, int tolerance);
+void ink_unzag_row(const InkRow& row, int alpha);
+void ink_emboss_row(const InkRow& row, int strength);
+void ink_soften_row(const InkRow& row, int strength);
+void ink_glow_row(const InkRow& row, int strength, int radius, Color color);
+
+// ---- The inks: gradients and the Cel
+// ---------------------------------------------------------------------------------
+
+void ink_hgrad_row(const InkRow& row);
+void ink_vgrad_row(const InkRow& row);
+void ink_lgrad_row(const InkRow& row);
+void ink_rgrad_row(const InkRow& row);
+void ink_scrape_row(const InkRow& row, int strength);
+void ink_tile_row(const InkRow& row);
+
+}  // namespace nubo
