@@ -28,6 +28,31 @@ template <typename Visit> void for_each_tile(const TipRun& run, Visit visit) {
     }
 }
 
+/// `colors_match` with the mask colour, without a branch.
+struct HoleTest {
+    int red = red_of(mask_color), green = green_of(mask_color), blue = blue_of(mask_color);
+
+    bool operator()(Color pixel) const {
+        const int r = std::abs(red - red_of(pixel)), g = std::abs(green - green_of(pixel)),
+                  b = std::abs(blue - blue_of(pixel));
+        return std::max(std::max(r, g), b) < hole_tolerance;
+    }
+};
+
+void copy_without_holes(Color* __restrict__ frame, const Color* tile, int length) {
+    const HoleTest is_hole;
+    for (int i = 0; i < length; ++i) frame[i] = is_hole(tile[i]) ? frame[i] : tile[i];
+}
+
+void blend_without_holes(const TipRun& run, const Color* tile, int alpha) {
+    const HoleTest is_hole;
+    for (int i = 0; i < run.length; ++i) {
+        if (is_hole(tile[i]) || static_cast<int>(run.mask[i]) >= alpha) continue;
+        run.frame[i] = blend_fill_pixel(run.frame[i], tile[i], alpha);
+        run.mask[i] = static_cast<Color>(alpha);
+    }
+}
+
 }  // namespace
 
 Color tile_pixel(int x, int y) {
@@ -47,20 +72,13 @@ void ink_scrape_row(const InkRow& row, int strength) {
 
 // OPAQUE with the tile in the place of the colour, but for its holes.
 void ink_tile_row(const InkRow& row) {
-    const Color hole = mask_color;
-    const auto is_hole = [=](Color pixel) { return colors_match(hole, pixel, hole_tolerance); };
-    for_each_run(row, [=](const TipRun& run) {
+    for_each_run(row, [](const TipRun& run) {
         const int alpha = run.tip_coverage();
         for_each_tile(run, [=](const TipRun& part, const Color* tile) {
-            for (int i = 0; i < part.length; ++i) {
-                if (is_hole(tile[i])) continue;
-                if (part.tip == 0) {
-                    part.frame[i] = tile[i];
-                } else if (static_cast<int>(part.mask[i]) < alpha) {
-                    part.frame[i] = blend_fill_pixel(part.frame[i], tile[i], alpha);
-                    part.mask[i] = static_cast<Color>(alpha);
-                }
-            }
+            if (part.tip == 0)
+                copy_without_holes(part.frame, tile, part.length);
+            else
+                blend_without_holes(part, tile, alpha);
         });
     });
 }

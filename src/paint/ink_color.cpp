@@ -1,4 +1,5 @@
 // The inks that compute a pixel anew from its components or its hue: ADD, SUB, XOR, PULL, SPARK.
+#include "paint/ink_light.h"
 #include "paint/ink_rows.h"
 #include "paint/spectrum.h"
 
@@ -22,14 +23,14 @@ template <typename Recolor> void cover_recolored(const TipRun& run, int coverage
 
 }  // namespace
 
-void ink_add_row(const InkRow& row, int strength, Color color, int sign) {
+// SUB adds to the inverted pixel and inverts the sum.
+void ink_add_row(const InkRow& row, int strength, Color color, bool darkens) {
+    const Color inversion = darkens ? 0xffffff : 0;
     for_each_run(row, [=](const TipRun& run) {
-        const double share = sign * strength_factor(strength, run.tip);
-        const double red = share * red_of(color), green = share * green_of(color), blue = share * blue_of(color);
-        cover_run(run, run.tip_coverage(), [=, before = run.before](int i, Color) {
-            return pack_color(clamp_component(red + red_of(before[i])), clamp_component(green + green_of(before[i])),
-                              clamp_component(blue + blue_of(before[i])));
-        });
+        const double share = strength_factor(strength, run.tip);
+        const Light light = light_of({share * red_of(color), share * green_of(color), share * blue_of(color)}, darkens);
+        cover_run(run, run.tip_coverage(),
+                  [=, before = run.before](int i, Color) { return lit(before[i] ^ inversion, light) ^ inversion; });
     });
 }
 

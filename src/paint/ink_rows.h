@@ -101,8 +101,8 @@ void ink_toward_row(const InkRow& row, int strength, Color target);
 void ink_opaque_row(const InkRow& row, Color color);
 void ink_gray_row(const InkRow& row, int strength);
 void ink_grain_row(const InkRow& row, int strength, int frequency, Color color);
-/// ADD with a `sign` of 1, SUB with -1.
-void ink_add_row(const InkRow& row, int strength, Color color, int sign);
+/// ADD, and SUB if it `darkens`.
+void ink_add_row(const InkRow& row, int strength, Color color, bool darkens);
 void ink_xor_row(const InkRow& row, Color color);
 void ink_pull_row(const InkRow& row, int strength);
 void ink_spark_row(const InkRow& row, int strength);

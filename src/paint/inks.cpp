@@ -14,7 +14,7 @@ int strength_of(Ink ink) { return held_option(ink, OPTION_STRENGTH, 255); }
 
 void apply_ink_row(const InkRow& row, Ink ink, Color color) {
     switch (ink) {
-    case INK_ADD: return ink_add_row(row, strength_of(ink), color, 1);
+    case INK_ADD: return ink_add_row(row, strength_of(ink), color, false);
     case INK_BRIGHT: return ink_toward_row(row, strength_of(ink), ui_white);
     case INK_CLOSE: return ink_close_row(row, strength_of(ink));
     case INK_DARK: return ink_toward_row(row, strength_of(ink), ui_black);
@@ -33,7 +33,7 @@ void apply_ink_row(const InkRow& row, Ink ink, Color color) {
     case INK_SCRAPE: return ink_scrape_row(row, strength_of(ink));
     case INK_SPARK: return ink_spark_row(row, strength_of(ink));
     case INK_SOFTEN: return ink_soften_row(row, strength_of(ink));
-    case INK_SUB: return ink_add_row(row, strength_of(ink), color, -1);
+    case INK_SUB: return ink_add_row(row, strength_of(ink), color, true);
     case INK_SWEEP: return ink_sweep_row(row, strength_of(ink));
     case INK_TILE: return ink_tile_row(row);
     case INK_UNZAG: return ink_unzag_row(row, strength_of(ink));
