@@ -13,10 +13,13 @@ Color color_of_hls(double hue, double lightness, double saturation) {
     return pack_color(clamp_component(rgb.r * 255), clamp_component(rgb.g * 255), clamp_component(rgb.b * 255));
 }
 
-/// PULL and SPARK: a full pixel becomes `recolor(snapshot)` outright, a soft one is blended toward it.
+/// PULL and SPARK: a full pixel becomes `recolor(snapshot)` outright, a soft one is blended toward it. Flat areas are
+/// common in drawings and a trip through HLS is dear, so a pixel like the one before takes its colour.
 template <typename Recolor> void cover_recolored(const TipRun& run, int coverage, Recolor recolor) {
-    cover_run_dear(run, coverage, [=](int i) {
-        const Color base = run.before[i], changed = recolor(base);
+    Color known = run.before[0], changed = recolor(known);
+    cover_run_dear(run, coverage, [&](int i) {
+        const Color base = run.before[i];
+        if (base != known) known = base, changed = recolor(base);
         return run.tip == 0 ? changed : blend_fill_pixel(base, changed, coverage);
     });
 }

@@ -18,6 +18,7 @@ struct GlowDisc {
         std::array<Color, 2 * reach> step, rest;
     };
     int radius;
+    bool has_rest;                  // false: the rests are all 0
     std::array<Line, reach> lines;  // by |dy|, up to the radius
 };
 
@@ -34,16 +35,19 @@ std::array<Light, reach> light_by_distance(double strength, int radius, Color co
 
 void fill_disc_lines(GlowDisc& disc, double strength, int radius, Color color) {
     const auto light = light_by_distance(strength, radius, color);
+    const auto light_at = [&](int d) { return light[static_cast<std::size_t>(d)]; };
+    while (radius > 0 && light_at(radius).step == 0 && light_at(radius).rest == 0) --radius;  // too weak to be seen
     disc.radius = radius;
+    disc.has_rest = std::ranges::any_of(light, [](const Light& l) { return l.rest != 0; });
     for (std::size_t dy = 0; dy <= static_cast<std::size_t>(radius); ++dy) {
         GlowDisc::Line& line = disc.lines[dy];
         line.half_width = -1;
         for (const int d : glow_distance[dy]) line.half_width += d <= radius ? 1 : 0;
         for (int dx = -line.half_width; dx <= line.half_width; ++dx) {
-            const int d = glow_distance[dy][static_cast<std::size_t>(std::abs(dx))];
+            const Light here = light_at(glow_distance[dy][static_cast<std::size_t>(std::abs(dx))]);
             const auto at = static_cast<std::size_t>(line.half_width + dx);
-            line.step[at] = light[static_cast<std::size_t>(d)].step;
-            line.rest[at] = light[static_cast<std::size_t>(d)].rest;
+            line.step[at] = here.step;
+            line.rest[at] = here.rest;
         }
     }
 }
@@ -57,7 +61,10 @@ void light_disc(const GlowDisc& disc, int x, int y) {
         Color* __restrict__ const pixels = pixels_at(current_frame, left, ny);
         const Color* const step = line.step.data() + left - (x - line.half_width);
         const Color* const rest = line.rest.data() + left - (x - line.half_width);
-        for (int i = 0; i <= right - left; ++i) pixels[i] = lit(pixels[i], {step[i], rest[i]});
+        if (disc.has_rest)
+            for (int i = 0; i <= right - left; ++i) pixels[i] = lit(pixels[i], {step[i], rest[i]});
+        else
+            for (int i = 0; i <= right - left; ++i) pixels[i] = lit(pixels[i], {step[i], 0});
     }
 }
 

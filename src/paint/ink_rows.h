@@ -77,10 +77,10 @@ template <typename Paint> void cover_run(const TipRun& run, int coverage, Paint 
     Color* __restrict__ const frame = run.frame;  // the surfaces never overlap
     Color* __restrict__ const mask = run.mask;
     for (int i = 0; i < run.length; ++i) {
-        const bool fresh = static_cast<int>(mask[i]) < coverage;
-        const Color painted = paint(i, frame[i]);
-        frame[i] = fresh ? painted : frame[i];
-        mask[i] = fresh ? static_cast<Color>(coverage) : mask[i];
+        const Color old = frame[i], painted = paint(i, old);
+        const Color taken = static_cast<int>(mask[i]) < coverage ? ~Color{0} : 0;  // all bits or none
+        frame[i] = old ^ ((old ^ painted) & taken);
+        mask[i] = static_cast<Color>(std::max(static_cast<int>(mask[i]), coverage));
     }
 }
 
