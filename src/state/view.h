@@ -1,13 +1,13 @@
 #pragma once
 // The view of the frame on the logical screen, the mouse, and what is drawn over the frame in passing.
+#include "state/cel.h"
 #include "state/shared.h"
 #include "state/tools.h"
 #include <array>
 
 namespace nubo {
 
-// ---- Zoom levels
-// -----------------------------------------------------------------------------------------------------
+// ---- Zoom levels ----------------------------------------------------------------------------------------------------
 
 inline constexpr int zoom_min = 1, zoom_max = 6;
 inline constexpr std::array<int, 8> zoom_scale{1, 1, 2, 4, 8, 16, 32, 64};  // logical pixels to a frame pixel
@@ -16,8 +16,7 @@ inline constexpr std::array<float, 7> zoom_view_w{320, 320, 160, 80, 40, 20, 10}
 inline constexpr std::array<float, 7> zoom_view_h{240, 240, 120, 60, 30, 15, 7.5F};
 inline constexpr std::array<int, 8> pan_step{3, 3, 2, 1, 1, 1, 1, 1};  // frame pixels that one pan tick moves
 
-// ---- The view, moved by both flows
-// -----------------------------------------------------------------------------------
+// ---- The view, moved by both flows ----------------------------------------------------------------------------------
 
 inline constinit Shared<int> zoom = 1;                              // 1 to 6
 inline constinit Shared<int> pan_x = 0, pan_y = 0;                  // frame pixel at the top left of the screen
@@ -36,8 +35,7 @@ inline constinit Shared<int> mouse_x = 0, mouse_y = 0;  // logical pixels, 0 to 
 inline constinit Shared<int> mouse_left = 0, mouse_right = 0, mouse_middle = 0;  // the physical buttons
 inline constinit Shared<int> last_wheel = 0;                                     // wheel position of the last GUI tick
 
-// ---- Windows
-// ---------------------------------------------------------------------------------------------------------
+// ---- Windows --------------------------------------------------------------------------------------------------------
 
 inline constinit Shared<int> menu_id = 0;  // number of the window on screen, 0 the drawing menu
 inline constexpr int window_rows = 64;
@@ -46,8 +44,7 @@ struct WindowPos {
 };                                                                 // -1: the window's default place
 inline constinit std::array<WindowPos, window_rows> window_pos{};  // last position of each window
 
-// ---- Transient
-// -------------------------------------------------------------------------------------------------------
+// ---- Transient ------------------------------------------------------------------------------------------------------
 
 inline constinit int tool_preview = -1;  // BrushTool whose preview is drawn over the frame; ink + 50 for nodes; -1 none
 inline constinit int tool_preview_on = 0;       // the overlay is blended over the frame
@@ -66,5 +63,18 @@ struct RectanglePreview {
 };
 inline constexpr int rectangle_unset = -9000;         // as x: a cross through the mouse instead of a rectangle
 inline constinit RectanglePreview rectangle_preview;  // anchor of the rectangle preview, frame pixels, -1 none
+
+// ---- The picture being drawn ----------------------------------------------------------------------------------------
+
+/// Copies of the words that the handlers go on changing, taken at the start of each update, so that one picture is
+/// drawn with one set of values.
+struct ViewSnapshot {
+    int pan_x = 0, pan_y = 0, zoom = 1;
+    int pixel_x = 0, pixel_y = 0, mouse_x = 0, mouse_y = 0;
+    int status_message = 0, checker_index = 1, stripe_phase = 0, hover = -1;
+    CelPlace cel_place{};
+    MenuShadow menu_shadow{};
+};
+inline constinit ViewSnapshot shown;  // main flow only; all that draws into `screen_buffer` or `overlay` reads it
 
 }  // namespace nubo

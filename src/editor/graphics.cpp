@@ -1,0 +1,113 @@
+#include "editor/graphics.h"
+
+#include "base/color.h"
+#include "base/log.h"
+#include "codecs/png.h"
+#include "editor/defaults.h"
+#include "editor/screen.h"
+#include "state/run.h"
+#include <algorithm>
+#include <allegro.h>
+#include <cstdio>
+#include <memory>
+
+namespace nubo {
+namespace {
+
+enum ConfigMode : int { CONFIG_FULLSCREEN = '1', CONFIG_640 = '2', CONFIG_960 = '3', CONFIG_1280 = '4' };
+
+struct ModeRow {
+    ConfigMode mode;
+    int card, width, height, scale, switch_mode;
+    const char* request;
+    ConfigMode next;  // tried when this one is refused; itself: none
+};
+constexpr std::array<ModeRow, 4> modes{{
+    {CONFIG_FULLSCREEN, GFX_AUTODETECT_FULLSCREEN, 640, 480, 2, SWITCH_BACKAMNESIA,
+     "[ INIT ] : Requesting 640x480 fullscreen resolution", CONFIG_FULLSCREEN},
+    {CONFIG_640, GFX_AUTODETECT_WINDOWED, 640, 480, 2, SWITCH_BACKGROUND,
+     "[ INIT ] : Requesting 640x480 windowed resolution", CONFIG_640},
+    {CONFIG_960, GFX_AUTODETECT_WINDOWED, 960, 720, 3, SWITCH_BACKGROUND,
+     "[ INIT ] : Requesting 960x720 windowed resolution", CONFIG_640},
+    {CONFIG_1280, GFX_AUTODETECT_WINDOWED, 1280, 960, 4, SWITCH_BACKGROUND,
+     "[ INIT ] : Requesting 1280x960 windowed resolution", CONFIG_960},
+}};
+static_assert(rows_in_order(modes, &ModeRow::mode, CONFIG_FULLSCREEN));
+
+/// The first byte of config.def, or EOF when the file is missing or empty.
+int UA_read_config() {
+    struct Closer {
+        void operator()(std::FILE* file) const { std::fclose(file); }
+    };
+    const std::unique_ptr<std::FILE, Closer> file(std::fopen("config.def", "rb"));
+    return file ? std::fgetc(file.get()) : EOF;
+}
+
+const ModeRow& mode_of_config(int byte) {
+    if (byte < CONFIG_FULLSCREEN || byte > CONFIG_1280) {
+        UA_log("[ WARNING ] : No display mode in CONFIG.DEF. Assuming a 640x480 window. Byte = %d", byte);
+        byte = CONFIG_640;
+    }
+    return modes[static_cast<std::size_t>(byte - CONFIG_FULLSCREEN)];
+}
+
+/// X11 grants a window larger than the desktop, so the desktop has to be asked first.
+bool fits_desktop(const ModeRow& mode) {
+    int width = 0, height = 0;
+    return get_desktop_resolution(&width, &height) != 0 || (mode.width <= width && mode.height <= height);
+}
+
+bool request_mode(const ModeRow& mode) {
+    UA_log(mode.request);
+    if (!fits_desktop(mode) || set_gfx_mode(mode.card, mode.width, mode.height, 0, 0) != 0) return false;
+    set_display_switch_mode(mode.switch_mode);  // refused in fullscreen, where it changes nothing
+    screen_w = mode.width;
+    screen_h = mode.height;
+    pixel_scale = mode.scale;
+    return true;
+}
+
+/// The mode that came up, or null when it and all that it falls back to were refused.
+const ModeRow* set_mode(const ModeRow* mode) {
+    while (!request_mode(*mode)) {
+        if (mode->next == mode->mode) return nullptr;
+        mode = &mode_of_config(mode->next);
+    }
+    return mode;
+}
+
+}  // namespace
+
+GraphicsResult UA_init_graphics() {
+    const int config = UA_read_config();
+    if (config == EOF) {
+        UA_log("[ FATAL ] : Cannot locate CONFIG.DEF. Rerun configuration program, or reinstall the game!");
+        allegro_message("The file CONFIG.DEF is missing. Rerun the configuration program, or reinstall the game.");
+        return GRAPHICS_DENIED;
+    }
+    set_color_depth(32);
+    const ModeRow* const mode = set_mode(&mode_of_config(config));
+    if (mode == nullptr) {
+        UA_log("[ INIT ] : Resolution DENIED!");
+        allegro_message(
+            "Your system didn't like the specified resolution! Run CONFIGURE.EXE and pick a different one.");
+        return GRAPHICS_DENIED;
+    }
+    UA_log("[ INIT ] : Resolution accepted");
+    if (!has_window_color_order()) UA_log("[ WARNING ] : This display swaps red and blue");
+    register_png();
+    if (!create_screen_bitmaps()) {
+        UA_log("[ FATAL ] : Not enough memory for the screen");
+        return GRAPHICS_DENIED;
+    }
+    UA_initialize_variables();
+    UA_log("[ INIT ] : Internal assets initialized");
+    if (mode->mode == CONFIG_FULLSCREEN) set_mouse_speed(1, 1);
+    UA_log("[ INIT ] : System control hooks installed");
+    set_mouse_range(0, 0, screen_w - 1, screen_h - 1);
+    clear_bitmap(screen_buffer);
+    blit(screen_buffer, screen, 0, 0, 0, 0, view_w, view_h);
+    return GRAPHICS_UP;
+}
+
+}  // namespace nubo

@@ -1,0 +1,72 @@
+#include "editor/handlers.h"
+
+#include "base/jobs.h"
+#include "base/log.h"
+#include "base/timebase.h"
+#include "gui/tick.h"
+#include "state/run.h"
+#include "state/view.h"
+#include <algorithm>
+#include <allegro.h>
+
+namespace nubo {
+namespace {
+
+constexpr int period_500_hz = 2386, period_140_hz = 8522, period_120_hz = 9943, period_100_hz = 11931;
+constexpr int period_60_hz = 19886, period_45_hz = 26515, period_10_hz = 119318, period_5_hz = 238636;
+
+/// The fades of speech bubbles, of which the editor opens none.
+void bubble_tick() {}
+
+/// The step of the script interpreter, for which the editor loads no script.
+void script_tick() {}
+
+/// The behaviours of the actors.
+void behavior_tick() {}
+
+/// Clears the play guards of the sound samples, of which the editor loads none.
+void sound_tick() {}
+
+/// What the paint engine and the ants live by.
+void editor_tick() {
+    constexpr int stripe_period = 32;
+    stripe_phase = (stripe_phase + 1) % stripe_period;
+    refresh_ticks += 1;
+    spray_tick = 1;
+}
+
+int GUI_tick_period() { return power_saving == POWER_OFF ? period_120_hz : period_60_hz; }
+
+}  // namespace
+
+void UA_framework_tick() {
+    if (handlers_locked != 0 || editor_running == 0) return;
+    editor_tick();
+    count_job_delays();
+}
+
+std::array<Handler, 9> timer_handlers() {
+    return {{{bubble_tick, period_45_hz},
+             {script_tick, period_100_hz},
+             {UA_framework_tick, period_45_hz},
+             {behavior_tick, period_140_hz},
+             {GUI_tick, GUI_tick_period()},
+             {cursor_tick, period_10_hz},
+             {sound_tick, period_5_hz},
+             {mouse_tick, period_500_hz},
+             {UA_timebase_tick, period_500_hz}}};
+}
+
+bool install_handlers() {
+    const auto handlers = timer_handlers();
+    const bool installed = std::all_of(handlers.begin(), handlers.end(), [](const Handler& handler) {
+        return install_int_ex(handler.run, handler.period) == 0;
+    });
+    if (!installed) UA_log("[ ERROR ] : A timer handler couldn't be installed!");
+    if (frame_pacing == 0) install_int_ex(GUI_tick, period_60_hz);
+    return installed;
+}
+
+void reinstall_GUI_tick() { install_int_ex(GUI_tick, GUI_tick_period()); }
+
+}  // namespace nubo

@@ -1,0 +1,93 @@
+#include "editor/present.h"
+
+#include "base/bitmap.h"
+#include "gui/mouse.h"
+#include "gui/tick.h"
+#include "platform/input.h"
+#include "state/run.h"
+#include <algorithm>
+#include <allegro.h>
+#include <cstring>
+
+namespace nubo {
+namespace {
+
+void (*present_hook)() = nullptr;
+OwnedBitmap presented;  // the picture in the window; null: none yet
+OwnedBitmap enlarged;   // the same at the window's size
+
+struct Rows {
+    int first, end;
+};
+
+/// The rows of the picture that differ from the one presented last.
+Rows changed_rows() {
+    if (!presented) return {0, view_h};
+    constexpr std::size_t row_bytes = view_w * sizeof(Color);
+    const auto differs = [](int y) {
+        return std::memcmp(pixels_at(screen_buffer, 0, y), pixels_at(presented.get(), 0, y), row_bytes) != 0;
+    };
+    Rows rows{0, view_h};
+    while (rows.first < rows.end && !differs(rows.first)) ++rows.first;
+    while (rows.end > rows.first && !differs(rows.end - 1)) --rows.end;
+    return rows;
+}
+
+/// Each pixel becomes a square of `scale`: a row is widened once and copied for the others.
+void enlarge_rows(Rows rows, int scale) {
+    for (int y = rows.first; y < rows.end; ++y) {
+        const Color* from = pixels_at(screen_buffer, 0, y);
+        Color* const first = pixels_at(enlarged.get(), 0, y * scale);
+        Color* to = first;
+        for (int x = 0; x < view_w; ++x) to = std::fill_n(to, scale, from[x]);
+        for (int copy = 1; copy < scale; ++copy) std::copy(first, to, pixels_at(enlarged.get(), 0, y * scale + copy));
+    }
+}
+
+void show_picture() {
+    const Rows rows = changed_rows();
+    if (rows.first == rows.end) return;
+    if (!enlarged) enlarged = make_bitmap(screen_w, screen_h);
+    if (!enlarged) return;
+    const int scale = pixel_scale, top = rows.first * scale, height = (rows.end - rows.first) * scale;
+    enlarge_rows(rows, scale);
+    // One blit of all changed rows: each drawing call on the screen is a message to the X server.
+    blit(enlarged.get(), screen, 0, top, 0, top, screen_w, height);
+    if (!presented)
+        presented = copy_bitmap(screen_buffer);
+    else
+        blit(screen_buffer, presented.get(), 0, rows.first, 0, rows.first, view_w, rows.end - rows.first);
+}
+
+/// The picture is out before the rest, and input ends the rest: from the hand to the pixel no pause is waited for.
+void rest_after_picture() {
+    constexpr int low_ms = 5, high_ms = 10;
+    if (power_saving == POWER_OFF) {
+        vsync();
+    } else if (pan_moved.take() != 0) {
+        rest(1);
+        vsync();
+    } else {
+        rest_until_input(power_saving == POWER_LOW ? low_ms : high_ms);
+    }
+    mouse_tick();
+    GUI_mouse_state();
+}
+
+}  // namespace
+
+void present() {
+    if (frame_pacing != 0) frame_presented = 1;
+    if (present_hook != nullptr) {
+        present_hook();
+        return;
+    }
+    show_picture();
+    rest_after_picture();
+}
+
+void set_present_hook(void (*hook)()) { present_hook = hook; }
+
+void forget_presented_picture() { presented.reset(); }
+
+}  // namespace nubo

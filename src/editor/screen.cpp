@@ -1,0 +1,214 @@
+#include "editor/screen.h"
+
+#include "base/bitmap.h"
+#include "base/color.h"
+#include "base/jobs.h"
+#include "codecs/blend.h"
+#include "editor/aids.h"
+#include "editor/present.h"
+#include "gui/mouse.h"
+#include "paint/stroke.h"
+#include "paint/tools.h"
+#include "state/frames.h"
+#include "state/gui.h"
+#include "state/options.h"
+#include "state/run.h"
+#include "state/view.h"
+#include <algorithm>
+#include <allegro.h>
+#include <cmath>
+#include <span>
+
+namespace nubo {
+namespace {
+
+constexpr int pattern_side = 64, checker_patterns = 3;
+
+// ---- Patterns -------------------------------------------------------------------------------------------------------
+
+struct CheckerColors {
+    Color even, odd;
+};
+constexpr std::array<CheckerColors, checker_patterns> checker_colors{
+    {{pack_color(152, 150, 109), pack_color(148, 146, 105)},
+     {pack_color(84, 98, 143), pack_color(84, 94, 128)},
+     {pack_color(110, 97, 83), pack_color(106, 93, 79)}}};
+
+void draw_checkers() {
+    constexpr int square = 16;
+    for (int pattern = 0; pattern < checker_patterns; ++pattern) {
+        const auto [even, odd] = checker_colors[static_cast<std::size_t>(pattern)];
+        for (int y = 0; y < pattern_side; ++y)
+            for (int x = 0; x < pattern_side; ++x)
+                *pixels_at(checker_sheet, pattern * pattern_side + x, y) =
+                    ((x + y / square * square) / square) % 2 == 0 ? even : odd;
+    }
+}
+
+/// Black with white diagonal stripes, four pixels wide in every eight.
+void draw_stripes() {
+    constexpr int period = 8, width = 4, last = 119;
+    for (int start = -1; start <= last; start += period)
+        for (int y = start; y < start + width; ++y)
+            line(stripe_pattern, 0, y, pattern_side, y - pattern_side, static_cast<int>(fixed_white));
+}
+
+// ---- The frame and what lies behind it ------------------------------------------------------------------------------
+
+std::size_t shown_level() { return static_cast<std::size_t>(shown.zoom); }
+
+bool frame_covers_screen() {
+    return shown.pan_x >= 0 && shown.pan_y >= 0 &&
+           static_cast<float>(shown.pan_x) + zoom_view_w[shown_level()] <= static_cast<float>(current_frame->w) &&
+           static_cast<float>(shown.pan_y) + zoom_view_h[shown_level()] <= static_cast<float>(current_frame->h);
+}
+
+void draw_background() {
+    const OwnedBitmap pattern(
+        create_sub_bitmap(checker_sheet, shown.checker_index * pattern_side, 0, pattern_side, pattern_side));
+    if (!pattern) return;
+    drawing_mode(DRAW_MODE_COPY_PATTERN, pattern.get(), 0, 0);
+    rectfill(screen_buffer, 0, 0, view_w - 1, view_h - 1, 0);
+    solid_mode();
+}
+
+void draw_frame_plain(bool with_overlay) {
+    blit(current_frame, screen_buffer, shown.pan_x, shown.pan_y, 0, 0, view_w, view_h);
+    if (with_overlay) masked_blit(overlay, screen_buffer, 0, 0, 0, 0, view_w, view_h);
+}
+
+constexpr Color no_cell = 0xff000000;  // no colour has a top byte: the checker shows here
+
+/// The colours of a row of cells: the overlay's pixel where it holds one, else the frame's.
+void gather_cells(int row, std::span<Color> cells, bool with_overlay) {
+    const int y = shown.pan_y + row;
+    const Color* const over = pixels_at(overlay, 0, row);
+    for (std::size_t column = 0; column < cells.size(); ++column) {
+        const int x = shown.pan_x + static_cast<int>(column);
+        if (with_overlay && over[column] != transparent_color && over[column] != mask_color)
+            cells[column] = over[column];
+        else
+            cells[column] = frame_contains(current_frame, x, y) ? *pixels_at(current_frame, x, y) : no_cell;
+    }
+}
+
+void draw_cell_row(int row, int scale, bool with_overlay) {
+    std::array<Color, view_w / 2> buffer;
+    const std::span<Color> cells(buffer.data(), static_cast<std::size_t>(view_w / scale));
+    gather_cells(row, cells, with_overlay);
+    const int rows = std::min(scale, view_h - row * scale);
+    for (int y = row * scale; y < row * scale + rows; ++y) {
+        Color* to = pixels_at(screen_buffer, 0, y);
+        for (const Color cell : cells) {
+            if (cell != no_cell) std::fill_n(to, scale, cell);
+            to += scale;
+        }
+    }
+}
+
+void draw_frame(bool with_overlay) {
+    if (shown.zoom == zoom_min) {
+        draw_frame_plain(with_overlay);
+        return;
+    }
+    const int rows = static_cast<int>(std::ceil(zoom_view_h[shown_level()]));
+    for (int row = 0; row < rows; ++row) draw_cell_row(row, zoom_scale[shown_level()], with_overlay);
+}
+
+// ---- The overlay ----------------------------------------------------------------------------------------------------
+
+void draw_rectangle_preview() {
+    clear_to_color(overlay, static_cast<int>(transparent_color));
+    const int mouse_at_x = shown.pixel_x - shown.pan_x, mouse_at_y = shown.pixel_y - shown.pan_y;
+    if (rectangle_preview.x == rectangle_unset) {
+        preview_line(overlay, 0, mouse_at_y, view_w - 1, mouse_at_y);
+        preview_line(overlay, mouse_at_x, 0, mouse_at_x, view_h - 1);
+    } else {
+        preview_rect(overlay, rectangle_preview.x - shown.pan_x, rectangle_preview.y - shown.pan_y, mouse_at_x,
+                     mouse_at_y);
+    }
+}
+
+void prepare_overlay() {
+    if (tool_preview != -1) {
+        clear_to_color(overlay, static_cast<int>(transparent_color));
+        draw_tool_preview();
+    }
+    if (rectangle_preview.x != -1) draw_rectangle_preview();
+    draw_measure();
+}
+
+// ---- The steps over the frame ---------------------------------------------------------------------------------------
+
+void draw_menu_shadow() {
+    constexpr int shadow_strength = 64;
+    const MenuShadow& at = shown.menu_shadow;
+    if (at.x < 0 || at.w < 1) return;
+    const OwnedBitmap shadow(create_sub_bitmap(menu_snapshot, at.x, at.y, at.w, at.h));
+    if (shadow) trans_blit(shadow.get(), screen_buffer, at.x, at.y, shadow_strength);
+}
+
+void draw_tint() {
+    if (tint_r == -1 || tint_strength == 0) return;
+    trans_rectfill(screen_buffer, 0, 0, view_w, view_h, pack_color(tint_r, tint_g, tint_b), tint_strength);
+}
+
+void take_view_snapshot() {
+    shown = {.pan_x = pan_x,
+             .pan_y = pan_y,
+             .zoom = std::clamp<int>(zoom, zoom_min, zoom_max),
+             .pixel_x = pixel_x,
+             .pixel_y = pixel_y,
+             .mouse_x = mouse_x,
+             .mouse_y = mouse_y,
+             .status_message = status_message,
+             .checker_index = std::clamp<int>(checker_index, 0, checker_patterns - 1),
+             .stripe_phase = stripe_phase,
+             .hover = hover,
+             .cel_place = cel_place,
+             .menu_shadow = menu_shadow};
+}
+
+/// The cursor is a thing of the frame, under the GUI, or of the screen, over it.
+void draw_cursor_below_gui() {
+    if (opt_cursor_zoom == 0 && shown.hover == -1) draw_cursor(CURSOR_FRAME_PIXELS);
+}
+
+void draw_cursor_over_gui() {
+    if (opt_cursor_zoom != 0 || shown.hover != -1) draw_cursor(CURSOR_LOGICAL_PIXELS);
+}
+
+}  // namespace
+
+bool create_screen_bitmaps() {
+    replace_bitmap(screen_buffer, make_bitmap(view_w, view_h));
+    replace_bitmap(menu_snapshot, make_bitmap(view_w, view_h, transparent_color));
+    replace_bitmap(overlay, make_bitmap(view_w, view_h, transparent_color));
+    replace_bitmap(checker_sheet, make_bitmap(checker_patterns * pattern_side, pattern_side));
+    replace_bitmap(stripe_pattern, make_bitmap(pattern_side, pattern_side, fixed_black));
+    if (!screen_buffer || !menu_snapshot || !overlay || !checker_sheet || !stripe_pattern) return false;
+    draw_checkers();
+    draw_stripes();
+    return true;
+}
+
+void update_screen(int mode) {
+    const bool normal = mode == UPDATE_NORMAL, aids = picking_color == 0;
+    take_view_snapshot();
+    if (!frame_covers_screen()) draw_background();
+    if (normal) prepare_overlay();
+    draw_frame(normal && (tool_preview_on != 0 || measure_x != -1));
+    if (normal && aids && opt_crosshair_strength != 0) draw_crosshairs();
+    if (normal && aids) draw_cursor_below_gui();
+    draw_menu_shadow();
+    if (gui_visible != 0) GUI_mouse_state();
+    if (normal && aids) draw_cursor_over_gui();
+    if (aids) {
+        draw_tint();
+        present();
+    }
+    refresh_ticks = 0;
+    UA_run_jobs();
+}
+
+}  // namespace nubo

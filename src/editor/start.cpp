@@ -1,0 +1,135 @@
+#include "editor/start.h"
+
+#include "base/bitmap.h"
+#include "base/log.h"
+#include "base/random.h"
+#include "codecs/png.h"
+#include "editor/graphics.h"
+#include "editor/handlers.h"
+#include "editor/hotkeys.h"
+#include "paint/inks.h"
+#include "platform/program_folder.h"
+#include "platform/signals.h"
+#include "state/cel.h"
+#include "state/frames.h"
+#include "state/options.h"
+#include "state/run.h"
+#include "state/stroke.h"
+#include "state/view.h"
+#include "workspace/workspace.h"
+#include <allegro.h>
+#include <cstdio>
+#include <unistd.h>
+
+namespace nubo {
+namespace {
+
+constexpr const char* window_title = "Nubo v1.3";
+constexpr int cannot_start = -1;
+
+void request_exit_by_close_button() { exit_requested = 1; }
+
+/// The log belongs where the program was started; all else happens in the program's own folder.
+bool open_log_and_enter_folder() {
+    const bool found = find_program_dir();
+    UA_log_reset();
+    UA_log_open(found ? program_dir.data() : nullptr);
+    UA_log("[ INIT ] : Old resources swept up");
+    UA_log("[ INIT ] : %s now loading", window_title);
+    UA_log("[ INIT ] : DEFCON 1 - Standard logging");
+    if (found && chdir(program_dir.data()) == 0) return true;
+    UA_log("[ FATAL ] : The program's own folder can't be entered. Folder = %s", program_dir.data());
+    std::fprintf(stderr, "nubo: the program's own folder can't be entered\n");
+    return false;
+}
+
+bool start_allegro() {
+    if (install_allegro(SYSTEM_AUTODETECT, &errno, std::atexit) != 0 || install_timer() != 0 ||
+        install_keyboard() != 0 || install_mouse() < 0) {
+        UA_log("[ FATAL ] : Allegro can't be started: is there a display?");
+        std::fprintf(stderr, "nubo: no window can be opened here: is DISPLAY set to a running X server?\n");
+        return false;
+    }
+    UA_log("[ INIT ] : Initialized Allegro");
+    set_window_title(window_title);
+    set_close_button_callback(request_exit_by_close_button);
+    request_exit_on_signals();
+    return true;
+}
+
+// ---- Images ---------------------------------------------------------------------------------------------------------
+
+bool load_resource_png(const char* path, BITMAP*& handle) {
+    replace_bitmap(handle, OwnedBitmap(load_png(path, nullptr)));
+    if (handle != nullptr) return true;
+    UA_log("ERROR: Failed to find a resource file. File = %s", path);
+    UA_log("[ STATS ] : %s", png_error);
+    allegro_message("A critical resource file is missing. Please reinstall the program.");
+    return false;
+}
+
+bool load_application_images() {
+    BITMAP* tips = nullptr;
+    if (!load_resource_png("resource/N_HD_1X.RES", logo) || !load_resource_png("resource/brushie.PNG", tips))
+        return false;
+    const OwnedBitmap owned_tips(tips);
+    replace_bitmap(tip_sheet, make_bitmap(tip_sheet_w, tip_sheet_h, transparent_color));
+    if (tip_sheet == nullptr) return false;
+    blit(tips, tip_sheet, 0, 0, 0, 0, tip_sheet_w, tip_image_h);
+    UA_log("[ INIT ] : Loaded application video resources");
+    return true;
+}
+
+bool create_work_bitmaps() {
+    constexpr int nail_side = nail_tile * nail_columns, placeholder = 2;
+    replace_bitmap(preview_bitmap, make_bitmap(preview_w, preview_h));
+    replace_bitmap(cel, make_bitmap(placeholder, placeholder));
+    replace_bitmap(cel_mask, make_bitmap(placeholder, placeholder));
+    replace_bitmap(original_frame, make_bitmap(placeholder, placeholder));
+    replace_bitmap(nail_sheet, make_bitmap(nail_side, nail_side));
+    return preview_bitmap && cel && cel_mask && original_frame && nail_sheet;
+}
+
+/// The mouse starts in the middle of the window, and its wheel's position counts from there.
+void place_mouse() {
+    last_wheel = ::mouse_z;
+    position_mouse(screen_w / 2, screen_h / 2);
+}
+
+}  // namespace
+
+int start_program() {
+    handlers_locked = 1;
+    UA_seed_random();  // before the first random colours are drawn
+    if (!open_log_and_enter_folder() || !start_allegro()) return cannot_start;
+    if (const GraphicsResult result = UA_init_graphics(); result != GRAPHICS_UP) return result;
+    UA_log("[ INIT ] : Framework initialized");
+    default_hotkeys();
+    if (!load_application_images()) return cannot_start;
+    if (!create_work_bitmaps()) return cannot_start;
+    place_mouse();
+    fill_glow_distances();
+    install_handlers();
+    UA_log("[ INIT ] : Interrupts installed");
+    if (!open_workspace()) return cannot_start;
+    gui_enabled = 1;
+    handlers_locked = 0;
+    UA_log("[ INIT ] : All preparations complete. Entering program loop");
+    UA_log(" ");
+    editor_running = 1;
+    return 0;
+}
+
+void shutdown_program() {
+    UA_log("[ END ] : User has opted to exit the program.");
+    UA_log("[ END ] : Switching off handlers and locking processes.");
+    handlers_locked = 1;
+    gui_enabled = 0;
+    editor_running = 0;
+    UA_log("[ END ] : Writing workspace to file.");
+    close_workspace();
+    UA_log("[ END ] : Closing log.");
+    UA_log_close();
+}
+
+}  // namespace nubo

@@ -1,0 +1,10 @@
+#pragma once
+// The signals that ask the program to end.
+
+namespace nubo {
+
+/// From now on SIGTERM, SIGINT and SIGHUP set `exit_requested`, so that the workspace is written. Called after
+/// Allegro's start, which installs handlers of its own.
+void request_exit_on_signals();
+
+}  // namespace nubo
