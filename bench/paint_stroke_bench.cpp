@@ -1,0 +1,168 @@
+// Strokes against the plain limits of memory: memset for what only writes, memcpy for what reads and writes.
+#include "base/bitmap.h"
+#include "paint/inks.h"
+#include "paint/stroke.h"
+#include "paint/surfaces.h"
+#include "paint/tools.h"
+#include "paint/undo.h"
+#include "state/frames.h"
+#include "state/options.h"
+#include "state/run.h"
+#include "state/stroke.h"
+#include "state/view.h"
+
+#include <algorithm>
+#include <benchmark/benchmark.h>
+#include <cmath>
+#include <cstring>
+#include <random>
+#include <vector>
+
+namespace nubo {
+namespace {
+
+constexpr int side = 2048;
+constexpr std::size_t frame_bytes = std::size_t{side} * side * sizeof(Color);
+
+void count_pixels(benchmark::State& state, double pixels) {
+    state.SetItemsProcessed(static_cast<std::int64_t>(static_cast<double>(state.iterations()) * pixels));
+    state.SetBytesProcessed(
+        static_cast<std::int64_t>(static_cast<double>(state.iterations()) * pixels * sizeof(Color)));
+}
+
+/// A Frame as a stroke finds it, with a snapshot, and a tip sheet whose first tip is a soft disc as large as its cell.
+void begin_stroke(Ink ink, int strength) {
+    replace_bitmap(tip_sheet, make_bitmap(tip_sheet_w, tip_sheet_h, transparent_color));
+    for (int y = 0; y < tip_h; ++y)
+        for (int x = 0; x < tip_w; ++x) {
+            const double away = std::hypot((x - tip_center_x) / 9.0, (y - tip_center_y) / 8.0);
+            *pixels_at(tip_sheet, x, y) = static_cast<Color>(std::min(255.0, away * tip_outside)) << 16;
+        }
+    ink_slots[0] = ink;
+    active_ink_slot = 0;
+    ink_option(ink, OPTION_STRENGTH) = strength;
+    brush_color = 0x3060c0;
+    adopt_frame(make_bitmap(side, side, 0x202020));
+    reset_undo_slots();
+    save_undo(false);
+    clear_stroke_mask();
+    refresh_ticks = 0;
+}
+
+// ---- The limits ----------------------------------------------------------------------------------------------------
+
+void stroke_limit_memset(benchmark::State& state) {
+    std::vector<char> to(frame_bytes, 1);
+    for (auto _ : state) {
+        std::memset(to.data(), static_cast<int>(state.iterations()), to.size());
+        benchmark::ClobberMemory();
+    }
+    count_pixels(state, side * side);
+}
+BENCHMARK(stroke_limit_memset)->Unit(benchmark::kMillisecond);
+
+/// From one block to three by turns, as snapshots go: together they are larger than most caches.
+void stroke_limit_memcpy(benchmark::State& state) {
+    const std::vector<char> from(frame_bytes, 1);
+    std::vector<std::vector<char>> to(3, std::vector<char>(frame_bytes, 2));
+    std::size_t turn = 0;
+    for (auto _ : state) {
+        std::memcpy(to[turn].data(), from.data(), frame_bytes);
+        benchmark::ClobberMemory();
+        turn = (turn + 1) % to.size();
+    }
+    count_pixels(state, side * side);
+}
+BENCHMARK(stroke_limit_memcpy)->Unit(benchmark::kMillisecond);
+
+// ---- Whole Frames --------------------------------------------------------------------------------------------------
+
+void save_undo_state(benchmark::State& state) {
+    begin_stroke(INK_OPAQUE, 0);
+    for (int i = 0; i < undo_depth_max; ++i) save_undo(false);  // so that every slot has its bitmap
+    for (auto _ : state) save_undo(false);
+    count_pixels(state, side * side);
+}
+BENCHMARK(save_undo_state)->Unit(benchmark::kMillisecond);
+
+/// What a first press costs before its first stamp, on the largest Frame in use: a slot is made, the map is cleared.
+void begin_first_stroke_4096(benchmark::State& state) {
+    begin_stroke(INK_OPAQUE, 0);
+    adopt_frame(make_bitmap(2 * side, 2 * side, 0x202020));
+    for (auto _ : state) {
+        reset_undo_slots();
+        save_undo(false);
+        clear_stroke_mask();
+    }
+    count_pixels(state, 4.0 * side * side);
+}
+BENCHMARK(begin_first_stroke_4096)->Unit(benchmark::kMillisecond);
+
+void filled_box_rows(benchmark::State& state) {
+    begin_stroke(INK_OPAQUE, 0);
+    for (auto _ : state)
+        for (int y = 0; y < side; ++y) {
+            stamp_row(0, side - 1, y, INK_OPAQUE);
+            refresh_stroke();
+        }
+    count_pixels(state, side * side);
+}
+BENCHMARK(filled_box_rows)->Unit(benchmark::kMillisecond);
+
+// ---- FILL ----------------------------------------------------------------------------------------------------------
+
+void flood_fill_blank(benchmark::State& state) {
+    begin_stroke(INK_OPAQUE, 0);
+    for (auto _ : state) flood_fill(side / 2, side / 2, 0x202020, 1);  // reads the snapshot, which stays blank
+    count_pixels(state, side * side);
+}
+BENCHMARK(flood_fill_blank)->Unit(benchmark::kMillisecond);
+
+/// Rooms of one pixel at even places, each with a door to the right or below: a maze without circles.
+void flood_fill_maze(benchmark::State& state) {
+    begin_stroke(INK_OPAQUE, 0);
+    constexpr int last = side - 2;
+    clear_to_color(current_frame, 0xffffff);
+    std::mt19937 lot(1);
+    for (int y = 0; y <= last; y += 2)
+        for (int x = 0; x <= last; x += 2) {
+            const bool to_the_right = y == last || (x < last && lot() % 2 == 0);
+            *pixels_at(current_frame, x, y) = 0x202020;
+            *pixels_at(current_frame, x + (to_the_right ? 1 : 0), y + (to_the_right ? 0 : 1)) = 0x202020;
+        }
+    save_undo(false);
+    for (auto _ : state) flood_fill(0, 0, 0x202020, 1);
+    count_pixels(state, side * side);
+}
+BENCHMARK(flood_fill_maze)->Unit(benchmark::kMillisecond);
+
+/// Columns of one pixel, joined at the bottom.
+void flood_fill_comb(benchmark::State& state) {
+    begin_stroke(INK_OPAQUE, 0);
+    for (int y = 0; y < side - 1; ++y)
+        for (int x = 1; x < side; x += 2) *pixels_at(current_frame, x, y) = 0xffffff;
+    save_undo(false);
+    for (auto _ : state) flood_fill(0, 0, 0x202020, 1);
+    count_pixels(state, side * side);
+}
+BENCHMARK(flood_fill_comb)->Unit(benchmark::kMillisecond);
+
+// ---- Stamps --------------------------------------------------------------------------------------------------------
+
+void stamp_all_over(benchmark::State& state, Ink ink) {
+    begin_stroke(ink, 128);
+    int x = 20, y = 20;
+    for (auto _ : state) {
+        stamp_tip(x, y, TOOL_DRAW, ink, 0);
+        x += 3;  // as a stroke does, mostly over pixels already covered
+        if (x > side - 20) x = 20, y = y % (side - 60) + 20;
+    }
+    count_pixels(state, tip_w * tip_h);
+}
+void stamp_soft_glass(benchmark::State& state) { stamp_all_over(state, INK_GLASS); }
+void stamp_soft_opaque(benchmark::State& state) { stamp_all_over(state, INK_OPAQUE); }
+BENCHMARK(stamp_soft_glass);
+BENCHMARK(stamp_soft_opaque);
+
+}  // namespace
+}  // namespace nubo
