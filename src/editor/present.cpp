@@ -13,8 +13,9 @@ namespace nubo {
 namespace {
 
 void (*present_hook)() = nullptr;
-OwnedBitmap presented;  // the picture in the window; null: none yet
-OwnedBitmap enlarged;   // the same at the window's size
+// Both live for the run. No owner destroys them at the end: by then Allegro is gone.
+BITMAP* presented = nullptr;  // the picture in the window; null: none yet
+BITMAP* enlarged = nullptr;   // the same at the window's size
 
 struct Rows {
     int first, end;
@@ -25,7 +26,7 @@ Rows changed_rows() {
     if (!presented) return {0, view_h};
     constexpr std::size_t row_bytes = view_w * sizeof(Color);
     const auto differs = [](int y) {
-        return std::memcmp(pixels_at(screen_buffer, 0, y), pixels_at(presented.get(), 0, y), row_bytes) != 0;
+        return std::memcmp(pixels_at(screen_buffer, 0, y), pixels_at(presented, 0, y), row_bytes) != 0;
     };
     Rows rows{0, view_h};
     while (rows.first < rows.end && !differs(rows.first)) ++rows.first;
@@ -37,26 +38,26 @@ Rows changed_rows() {
 void enlarge_rows(Rows rows, int scale) {
     for (int y = rows.first; y < rows.end; ++y) {
         const Color* from = pixels_at(screen_buffer, 0, y);
-        Color* const first = pixels_at(enlarged.get(), 0, y * scale);
+        Color* const first = pixels_at(enlarged, 0, y * scale);
         Color* to = first;
         for (int x = 0; x < view_w; ++x) to = std::fill_n(to, scale, from[x]);
-        for (int copy = 1; copy < scale; ++copy) std::copy(first, to, pixels_at(enlarged.get(), 0, y * scale + copy));
+        for (int copy = 1; copy < scale; ++copy) std::copy(first, to, pixels_at(enlarged, 0, y * scale + copy));
     }
 }
 
 void show_picture() {
     const Rows rows = changed_rows();
     if (rows.first == rows.end) return;
-    if (!enlarged) enlarged = make_bitmap(screen_w, screen_h);
+    if (!enlarged) replace_bitmap(enlarged, make_bitmap(screen_w, screen_h));
     if (!enlarged) return;
     const int scale = pixel_scale, top = rows.first * scale, height = (rows.end - rows.first) * scale;
     enlarge_rows(rows, scale);
     // One blit of all changed rows: each drawing call on the screen is a message to the X server.
-    blit(enlarged.get(), screen, 0, top, 0, top, screen_w, height);
+    blit(enlarged, screen, 0, top, 0, top, screen_w, height);
     if (!presented)
-        presented = copy_bitmap(screen_buffer);
+        replace_bitmap(presented, copy_bitmap(screen_buffer));
     else
-        blit(screen_buffer, presented.get(), 0, rows.first, 0, rows.first, view_w, rows.end - rows.first);
+        blit(screen_buffer, presented, 0, rows.first, 0, rows.first, view_w, rows.end - rows.first);
 }
 
 /// The picture is out before the rest, and input ends the rest: from the hand to the pixel no pause is waited for.
@@ -88,6 +89,6 @@ void present() {
 
 void set_present_hook(void (*hook)()) { present_hook = hook; }
 
-void forget_presented_picture() { presented.reset(); }
+void forget_presented_picture() { replace_bitmap(presented, nullptr); }
 
 }  // namespace nubo

@@ -1,0 +1,112 @@
+// The program as its user meets it: started, drawn with, closed, started again.
+#include "journeys/program.h"
+
+#include <algorithm>
+#include <csignal>
+#include <filesystem>
+#include <gtest/gtest.h>
+
+namespace nubo {
+
+namespace {
+
+constexpr std::uint32_t black = 0x000000, white = 0xffffff;
+
+/// The log must hold these lines in this order; others may stand between them.
+void expect_in_order(const std::vector<std::string>& log, std::initializer_list<std::string> lines) {
+    auto from = log.begin();
+    for (const std::string& line : lines) {
+        const auto found = std::find(from, log.end(), line);
+        if (found == log.end()) {
+            ADD_FAILURE() << "Missing, or too early: " << line;
+            continue;
+        }
+        from = found + 1;
+    }
+}
+
+}  // namespace
+
+TEST(Start, StrokeSurvivesTheCloseButton) {
+    Journey journey('3');
+    std::filesystem::create_directories(journey.path("WORKSPACE"));
+    write_bmp(journey.path("WORKSPACE/current.000"), 320, 240, black);
+    ASSERT_TRUE(journey.start());
+    EXPECT_EQ(journey.window().width, 960);
+    EXPECT_EQ(journey.window().height, 720);
+
+    ASSERT_TRUE(journey.draw_line({60, 50}, {150, 140}, white));
+    EXPECT_EQ(journey.close(), 0);
+    const Photo kept = read_bmp(journey.path("WORKSPACE/current.000"));
+    ASSERT_EQ(kept.width, 320);
+    ASSERT_EQ(kept.height, 240);
+    EXPECT_EQ(kept.at(60, 50), white);
+    EXPECT_EQ(kept.at(80, 70), white);
+    EXPECT_EQ(kept.at(95, 140), black);
+    expect_in_order(journey.log_lines(),
+                    {"[ INIT ] : Old resources swept up", "[ INIT ] : Nubo v1.3 now loading",
+                     "[ INIT ] : DEFCON 1 - Standard logging", "[ INIT ] : Initialized Allegro",
+                     "[ INIT ] : Requesting 960x720 windowed resolution", "[ INIT ] : Resolution accepted",
+                     "[ INIT ] : Internal assets initialized", "[ INIT ] : System control hooks installed",
+                     "[ INIT ] : Framework initialized", "[ INIT ] : Loaded application video resources",
+                     "[ INIT ] : Interrupts installed", "[ INIT ] : All preparations complete. Entering program loop",
+                     " ", "[ END ] : User has opted to exit the program.",
+                     "[ END ] : Switching off handlers and locking processes.", "[ END ] : Writing workspace to file.",
+                     "[ END ] : Closing log."});
+    EXPECT_EQ(journey.log_lines().back(), "[ END ] : Closing log.");
+
+    ASSERT_TRUE(journey.start());
+    journey.move_to(250, 120);
+    EXPECT_TRUE(journey.comes_to_show(60, 50, white));
+    EXPECT_TRUE(journey.comes_to_show(80, 70, white));
+    EXPECT_EQ(journey.pixel(95, 140), black);
+    EXPECT_EQ(journey.close(), 0);
+}
+
+TEST(Start, SignalsOfTheSystemSaveTheWork) {
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+        Journey journey;
+        std::filesystem::create_directories(journey.path("WORKSPACE"));
+        write_bmp(journey.path("WORKSPACE/current.000"), 320, 240, black);
+        ASSERT_TRUE(journey.start());
+        ASSERT_TRUE(journey.draw_line({60, 50}, {150, 140}, white));
+        journey.program().send_signal(signal);
+        EXPECT_EQ(journey.program().wait_for_exit(), 0) << "signal " << signal;
+        const Photo kept = read_bmp(journey.path("WORKSPACE/current.000"));
+        ASSERT_EQ(kept.width, 320) << "signal " << signal;
+        EXPECT_EQ(kept.at(60, 50), white) << "signal " << signal;
+    }
+}
+
+TEST(Start, WithoutItsConfigurationItSaysSoAndEnds) {
+    Journey journey;
+    ASSERT_TRUE(journey.start());
+    EXPECT_EQ(journey.close(), 0);
+    std::filesystem::remove(journey.path("config.def"));
+    journey.launch();
+    EXPECT_EQ(journey.program().wait_for_exit(), 255);
+    expect_in_order(journey.log_lines(),
+                    {"[ FATAL ] : Cannot locate CONFIG.DEF. Rerun configuration program, or reinstall the game!"});
+    EXPECT_EQ(journey.log().find("Entering program loop"), std::string::npos);
+    EXPECT_NE(
+        journey.said().find("The file CONFIG.DEF is missing. Rerun the configuration program, or reinstall the game."),
+        std::string::npos);
+}
+
+TEST(Start, TheWindowIsAsLargeAsConfiguredOrAsTheDesktopAllows) {
+    struct Case {
+        char mode;
+        int screen_width, screen_height, width;
+    };
+    // 1280x960 falls back to 960x720 and that to 640x480, by what fits; a byte that is no mode is a 640x480 window.
+    for (const Case& one : {Case{'2', 1400, 1050, 640}, Case{'4', 1400, 1050, 1280}, Case{'4', 1024, 768, 960},
+                            Case{'4', 800, 600, 640}, Case{'x', 1400, 1050, 640}}) {
+        Journey journey(one.mode, one.screen_width, one.screen_height);
+        ASSERT_TRUE(journey.start()) << one.mode << " on " << one.screen_width;
+        EXPECT_EQ(journey.window().width, one.width) << one.mode << " on " << one.screen_width;
+        EXPECT_EQ(journey.window().height, one.width * 3 / 4) << one.mode << " on " << one.screen_width;
+        EXPECT_EQ(journey.close(), 0);
+    }
+}
+
+}  // namespace nubo
