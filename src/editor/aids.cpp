@@ -71,7 +71,7 @@ bool anchor_in_frame() { return measure_x >= 0 && measure_y >= 0 && measure_x < 
 
 void draw_crosshairs() {
     constexpr int gap = 4;
-    const int scale = shown_scale(), strength = std::min(opt_crosshair_strength, 254);
+    const int scale = shown_scale(), strength = std::min<int>(opt_crosshair_strength, 254);
     const Color color = crosshair_color();
     const int x = (shown.pixel_x - shown.pan_x) * scale, y = (shown.pixel_y - shown.pan_y) * scale;
     const int grid = opt_crosshair_scaling != 0 && shown.zoom > zoom_min ? scale : 1;

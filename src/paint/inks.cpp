@@ -6,7 +6,7 @@ namespace nubo {
 namespace {
 
 /// An option of an ink, held to its range: the tables and coverages of the inks reach no further.
-int held_option(Ink ink, InkOption slot, int top) { return std::clamp(ink_option(ink, slot), 0, top); }
+int held_option(Ink ink, InkOption slot, int top) { return std::clamp<int>(ink_option(ink, slot), 0, top); }
 
 int strength_of(Ink ink) { return held_option(ink, OPTION_STRENGTH, 255); }
 

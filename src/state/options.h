@@ -5,31 +5,32 @@
 
 namespace nubo {
 
-// ---- Options: the value here is the one before user.def is read -----------------------------------------------------
+// ---- Options: the value before user.def is read; the GUI's controls write straight into them ----------------------
+// -----------------------------------------------------
 
-inline constinit int opt_cel_masking = 1;
-inline constinit int opt_cel_tolerance = 5;    // 0 to 255
-inline constinit int opt_crosshair_color = 0;  // 0 WHITE, 1 GRAY, 2 BLACK
-inline constinit int opt_crosshair_scaling = 1;
-inline constinit int opt_crosshair_strength = 13;  // 0 to 255, 0 switches them off
-inline constinit Shared<int> mouse_reversed = 1;   // 0 NORMAL, 1 REVERSE: swaps the buttons on GUI elements
-inline constinit int opt_cursor_zoom = 0;          // 0: the cursor grows with the zoom
-inline constinit int opt_mouse_speed = 4;          // 0 to 4
-inline constinit int opt_status_bar = 1;
-inline constinit int opt_status_font = 1;        // 0 NARROW, 1 WIDE
-inline constinit int opt_status_strength = 160;  // 0 to 255
-inline constinit int opt_tooltips = 0;
-inline constinit int opt_backless = 0;
-inline constinit int opt_tool_distance = 0;
+inline constinit Shared<int> opt_cel_masking = 1;
+inline constinit Shared<int> opt_cel_tolerance = 5;    // 0 to 255
+inline constinit Shared<int> opt_crosshair_color = 0;  // 0 WHITE, 1 GRAY, 2 BLACK
+inline constinit Shared<int> opt_crosshair_scaling = 1;
+inline constinit Shared<int> opt_crosshair_strength = 13;  // 0 to 255, 0 switches them off
+inline constinit Shared<int> mouse_reversed = 1;           // 0 NORMAL, 1 REVERSE: swaps the buttons on GUI elements
+inline constinit Shared<int> opt_cursor_zoom = 0;          // 0: the cursor grows with the zoom
+inline constinit Shared<int> opt_mouse_speed = 4;          // 0 to 4
+inline constinit Shared<int> opt_status_bar = 1;
+inline constinit Shared<int> opt_status_font = 1;        // 0 NARROW, 1 WIDE
+inline constinit Shared<int> opt_status_strength = 160;  // 0 to 255
+inline constinit Shared<int> opt_tooltips = 0;
+inline constinit Shared<int> opt_backless = 0;
+inline constinit Shared<int> opt_tool_distance = 0;
 enum GifReduction : int { REDUCTION_FAST, REDUCTION_GOOD, REDUCTION_BEST, REDUCTION_COUNT };
-inline constinit int opt_gif_reduction = REDUCTION_FAST;
-inline constinit int opt_quick_pan_strength = 225;  // 0 to 255
-inline constinit int opt_zoom_preview = 0;
-inline constinit int opt_zoom_preview_size = 1;  // 1 SMALL, 2 MEDIUM, 3 LARGE
+inline constinit Shared<int> opt_gif_reduction = REDUCTION_FAST;
+inline constinit Shared<int> opt_quick_pan_strength = 225;  // 0 to 255
+inline constinit Shared<int> opt_zoom_preview = 0;
+inline constinit Shared<int> opt_zoom_preview_size = 1;  // 1 SMALL, 2 MEDIUM, 3 LARGE
 enum FilePreview : int { PREVIEW_NONE, PREVIEW_ALL, PREVIEW_LIMIT, PREVIEW_COUNT };
-inline constinit int opt_file_preview = PREVIEW_LIMIT;
-inline constinit int opt_file_preview_limit = 2;            // units of 1,024,000 bytes
-inline constinit int opt_undo_depth = 3;                    // 1 to 12
+inline constinit Shared<int> opt_file_preview = PREVIEW_LIMIT;
+inline constinit Shared<int> opt_file_preview_limit = 2;    // units of 1,024,000 bytes
+inline constinit Shared<int> opt_undo_depth = 3;            // 1 to 12
 inline constinit int sfx_volume = 128, music_volume = 128;  // 0 to 255
 
 // ---- Names ----------------------------------------------------------------------------------------------------------
@@ -46,7 +47,7 @@ inline constinit std::array<char, path_size> font_dir{};  // of the preferred fo
 inline constinit std::array<char, file_name_size> font_name{};
 inline constinit std::array<char, text_size> text_tool_text{" "};  // last byte always zero
 inline constinit int text_tool_size = 0;                           // 0 is read as 28
-inline constinit int jpeg_quality = 90;                            // 0 to 100
+inline constinit Shared<int> jpeg_quality = 90;                    // 0 to 100
 inline constinit int state_flag = 1, state_format = 13;            // of the workspace's state file
 inline constinit int workspace_damaged = 0;                        // repairs were made; told once
 

@@ -1,5 +1,6 @@
 #pragma once
 // Brush tools and inks: their numbers, the slots of the drawing menu that hold them, and their options.
+#include "state/shared.h"
 #include <array>
 
 namespace nubo {
@@ -79,8 +80,8 @@ inline Ink active_ink() { return static_cast<Ink>(ink_slots[static_cast<unsigned
 
 inline constexpr int option_rows = 50, option_slots = 8;  // rows beyond the last tool and ink are stored and unused
 /// `[tool or ink][slot]`; all 0 until a workspace fills them. The GUI's sliders and toggles write straight into them.
-inline constinit std::array<std::array<int, option_slots>, option_rows> tool_options{};
-inline constinit std::array<std::array<int, option_slots>, option_rows> ink_options{};
+inline constinit std::array<std::array<Shared<int>, option_slots>, option_rows> tool_options{};
+inline constinit std::array<std::array<Shared<int>, option_slots>, option_rows> ink_options{};
 
 enum ToolOption : int {
     OPTION_FILLED = 0,           // BOX, CIRCLE, OVAL, POLY, R.POLY, FSHAPE, SSHAPE, SPLINE: 0 or 1
@@ -106,10 +107,10 @@ enum InkOption : int {
 };
 
 /// One option of a tool or an ink, by its number and its slot.
-inline int& tool_option(BrushTool tool, ToolOption slot) {
+inline Shared<int>& tool_option(BrushTool tool, ToolOption slot) {
     return tool_options[static_cast<unsigned>(tool)][static_cast<unsigned>(slot)];
 }
-inline int& ink_option(Ink ink, InkOption slot) {
+inline Shared<int>& ink_option(Ink ink, InkOption slot) {
     return ink_options[static_cast<unsigned>(ink)][static_cast<unsigned>(slot)];
 }
 

@@ -33,9 +33,10 @@ protected:
 };
 
 TEST_F(UndoTest, WalksBackToItsDepthAndForthAgain) {
-    for (opt_undo_depth = 1; opt_undo_depth <= undo_depth_max; ++opt_undo_depth) {
+    for (int depth = 1; depth <= undo_depth_max; ++depth) {
+        opt_undo_depth = depth;
         reset_undo_slots();
-        const Color last = 20, first = last - static_cast<Color>(opt_undo_depth);
+        const Color last = 20, first = last - static_cast<Color>(depth);
         for (Color color = 1; color <= last; ++color) {
             const Color before = state();
             ASSERT_TRUE(stroke(color));
