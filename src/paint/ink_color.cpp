@@ -16,7 +16,8 @@ Color color_of_hls(double hue, double lightness, double saturation) {
 /// PULL and SPARK: a full pixel becomes `recolor(snapshot)` outright, a soft one is blended toward it. Flat areas are
 /// common in drawings and a trip through HLS is dear, so a pixel like the one before takes its colour.
 template <typename Recolor> void cover_recolored(const TipRun& run, int coverage, Recolor recolor) {
-    Color known = run.before[0], changed = recolor(known);
+    constexpr Color none = 0xff000000;  // no pixel has it: its top byte is set
+    Color known = none, changed = none;
     cover_run_dear(run, coverage, [&](int i) {
         const Color base = run.before[i];
         if (base != known) known = base, changed = recolor(base);

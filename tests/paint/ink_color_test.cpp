@@ -86,6 +86,11 @@ TEST_F(InkColorTest, GrainDrawsAtEveryPixelThenTheAlpha) {
     // 255 * 100 >> 8 = 99; 150 / 255 * 100 = 58.8, 255 * 59 >> 8 = 58
     EXPECT_EQ(pixels_of(current_frame), (std::vector<Color>{gray(99), gray(58), 0, 0, 0}));
     EXPECT_EQ(pixels_of(stroke_mask), (std::vector<Color>{200, 58, 0, 0, 200}));
+
+    make_frame(1, 1, gray(100));
+    tell_draws({0, 0});
+    EXPECT_EQ(painted(INK_GRAIN, 0, 0), gray(100)) << "an alpha of 0 does nothing, but covers";
+    EXPECT_EQ(mask(0, 0), 200U);
 }
 
 TEST_F(InkColorTest, PullMovesTheHueStraightTowardTheBrushColor) {

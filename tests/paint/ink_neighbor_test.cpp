@@ -61,20 +61,21 @@ TEST_F(InkNeighborTest, GlowPilesUpOncePerPixel) {
     begin_stroke();
     set_strength(INK_GLOW, 255);
     ink_option(INK_GLOW, OPTION_GLOW_RADIUS) = 3;
-    for (int i = 0; i < 3; ++i) apply_ink(4, 4, INK_GLOW, gray(100), 0);
-    EXPECT_EQ(frame(4, 4), gray(100));
-    EXPECT_EQ(frame(5, 5), gray(75)) << "1 - 1 / 4; the diagonal is 1.4 away, truncated 1";
-    EXPECT_EQ(frame(7, 6), gray(25)) << "3.6 away";
+    for (int i = 0; i < 3; ++i) apply_ink(4, 4, INK_GLOW, 100, 0);
+    EXPECT_EQ(frame(4, 4), 100U);
+    EXPECT_EQ(frame(5, 5), 75U) << "1 - 1 / 4; the diagonal is 1.4 away, truncated 1";
+    EXPECT_EQ(frame(7, 6), 25U) << "3.6 away";
     EXPECT_EQ(frame(1, 1), 0U) << "4.2 away";
-    EXPECT_EQ(frame(3, 3), gray(255)) << "white stays";
-    apply_ink(8, 4, INK_GLOW, gray(100), 100);
-    EXPECT_EQ(frame(5, 4), gray(87)) << "75 + 0.5 * 25, clipped at the right";
+    EXPECT_EQ(frame(3, 3), 0xffffffU) << "white stays";
+    apply_ink(8, 4, INK_GLOW, 100, 100);
+    EXPECT_EQ(frame(5, 4), 87U) << "75 + 0.5 * 25, clipped at the right";
     EXPECT_EQ(mask(8, 4), 1U);
 }
 
 TEST_F(InkNeighborTest, HollowErasesTheInsideOfSolidAreas) {
     make_frame(5, 3, gray(50));
     frame(4, 1) = gray(60);
+    frame(0, 2) = gray(200);  // no neighbour of the row above's end
     begin_stroke();
     mask_color = 0x0000ff;
     ink_option(INK_HOLLOW, OPTION_HOLLOW_TOLERANCE) = 10;
@@ -84,6 +85,7 @@ TEST_F(InkNeighborTest, HollowErasesTheInsideOfSolidAreas) {
     EXPECT_EQ(painted(INK_HOLLOW, 2, 1, 100), 0x1212b2U) << "no mask: 30 * 155 >> 8 = 18, (130 * 155 >> 8) + 100 = 178";
     ink_option(INK_HOLLOW, OPTION_HOLLOW_TOLERANCE) = 11;
     EXPECT_EQ(painted(INK_HOLLOW, 3, 1), mask_color);
+    EXPECT_EQ(painted(INK_HOLLOW, 4, 1), mask_color);
     ink_option(INK_HOLLOW, OPTION_HOLLOW_TOLERANCE) = 0;
     EXPECT_EQ(painted(INK_HOLLOW, 1, 0), gray(50)) << "not even the pixel itself matches";
 }
