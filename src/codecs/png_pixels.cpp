@@ -1,5 +1,7 @@
 #include "codecs/png_pixels.h"
 
+#include "codecs/png_paeth.h"
+
 #include <algorithm>
 
 namespace nubo {
@@ -24,40 +26,22 @@ void undo_average(std::uint8_t* row, const std::uint8_t* above, std::size_t size
         row[i] = static_cast<std::uint8_t>(row[i] + (row[i - step] + above[i]) / 2);
 }
 
-/// The pixel's bytes are carried in registers from one pixel to the next: it is this chain that reading a PNG waits
-/// for.
-template <int step> void undo_paeth(std::uint8_t* row, const std::uint8_t* above, std::size_t size) {
-    std::array<int, step> left{}, corner{};
-    for (std::size_t i = 0; i + step <= size; i += step)
-        for (std::size_t k = 0; k < step; ++k) {
-            const int up = above[i + k];
-            left[k] = (row[i + k] + png_paeth(left[k], up, corner[k])) & 0xff;
-            corner[k] = up;
-            row[i + k] = static_cast<std::uint8_t>(left[k]);
-        }
-}
-
-/// A pixel has 1, 2, 3, 4, 6 or 8 bytes, and a row a whole number of them.
-void undo_paeth(std::uint8_t* row, const std::uint8_t* above, std::size_t size, std::size_t step) {
-    switch (step) {
-    case 1: return undo_paeth<1>(row, above, size);
-    case 2: return undo_paeth<2>(row, above, size);
-    case 3: return undo_paeth<3>(row, above, size);
-    case 4: return undo_paeth<4>(row, above, size);
-    case 6: return undo_paeth<6>(row, above, size);
-    case 8: return undo_paeth<8>(row, above, size);
-    }
-}
-
 bool undo_filter(int filter, std::uint8_t* row, const std::uint8_t* above, std::size_t size, std::size_t step) {
     switch (filter) {
     case PNG_FILTER_NONE: return true;
     case PNG_FILTER_SUB: return undo_sub(row, size, step), true;
     case PNG_FILTER_UP: return undo_up(row, above, size), true;
     case PNG_FILTER_AVERAGE: return undo_average(row, above, size, step), true;
-    case PNG_FILTER_PAETH: return undo_paeth(row, above, size, step), true;
+    case PNG_FILTER_PAETH: return png_undo_paeth(row, above, size, step), true;
     }
     return png_fail("Unknown filter!");
+}
+
+bool starts_paeth_rows(const std::uint8_t* rows, std::size_t stride, int rows_left) {
+    if (rows_left < png_paeth_rows) return false;
+    for (std::size_t k = 0; k < png_paeth_rows; ++k)
+        if (rows[k * stride] != PNG_FILTER_PAETH) return false;
+    return true;
 }
 
 /// Undoes the filters of one image's rows in place.
@@ -67,12 +51,18 @@ bool undo_filters(const PngHeader& header, std::uint8_t* rows) {
     std::fill_n(zeros.get(), header.row_bytes, std::uint8_t{0});
     const int pixel_bits = header.bit_depth * png_channels(header.color_type);
     const std::size_t step = static_cast<std::size_t>(std::max(pixel_bits / 8, 1));
+    const std::size_t stride = header.row_bytes + 1;
     const std::uint8_t* above = zeros.get();
-    for (int y = 0; y < header.height; ++y) {
-        std::uint8_t* const row = rows + 1;
-        if (!undo_filter(rows[0], row, above, header.row_bytes, step)) return false;
-        above = row;
-        rows += header.row_bytes + 1;
+    for (int y = 0; y < header.height;) {
+        const bool wave = starts_paeth_rows(rows, stride, header.height - y);
+        if (wave)
+            png_undo_paeth_rows(rows + 1, stride, above, header.row_bytes, step);
+        else if (!undo_filter(rows[0], rows + 1, above, header.row_bytes, step))
+            return false;
+        const int done = wave ? png_paeth_rows : 1;
+        y += done;
+        rows += static_cast<std::size_t>(done) * stride;
+        above = rows - header.row_bytes;
     }
     return true;
 }

@@ -3,6 +3,7 @@
 
 #include "base/color.h"
 #include "codecs/png_format.h"
+#include "codecs/png_paeth.h"
 #include "harness/harness.h"
 #include "harness/memory_packfile.h"
 #include <gtest/gtest.h>
@@ -288,6 +289,22 @@ TEST(PngPredictor, IsTheNearestOfTheThreeNeighbours) {
                 if (png_paeth(a, b, c) != (pa <= pb && pa <= pc ? a : pb <= pc ? b : c))
                     FAIL() << a << ' ' << b << ' ' << c;
             }
+}
+
+TEST(PngPredictor, UndoesRowsTogetherAsOneByOne) {
+    std::uint32_t noise = 1;
+    for (const std::size_t step : {3U, 4U, 6U})
+        for (std::size_t width = 1; width < 12; ++width) {
+            const std::size_t size = width * step, stride = size + 1;
+            Bytes together(stride * (1 + png_paeth_rows));  // with a row above them
+            for (std::uint8_t& byte : together)
+                byte = static_cast<std::uint8_t>((noise = noise * 1664525U + 1013904223U) >> 24);
+            Bytes single = together;
+            png_undo_paeth_rows(together.data() + stride, stride, together.data(), size, step);
+            for (std::uint8_t* row = single.data() + stride; row < single.data() + single.size(); row += stride)
+                png_undo_paeth(row, row - stride, size, step);
+            ASSERT_EQ(together, single) << width << " pixels of " << step;
+        }
 }
 
 // ---- Writing --------------------------------------------------------------------------------------------------------
