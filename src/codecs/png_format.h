@@ -83,13 +83,15 @@ inline PngBytes png_bytes(std::size_t size) {
 }
 
 /// The predictor of filter 4: of the bytes left, above and corner (above left), the one nearest to p = left + above -
-/// corner, the first of them where two are as near. In place of three distances two comparisons: p is at most lower -
-/// (higher - lower) / 2 away below the corner just when higher <= 3 * corner - left - above, and so on; a shorter chain
-/// from pixel to pixel, and no branch on what nothing could predict.
-constexpr int png_paeth(int left, int above, int corner) {
-    const int limit = 3 * corner - above - left;
-    const int lower = left < above ? left : above, higher = left < above ? above : left;
-    const int inner = higher <= limit ? lower : corner;
+/// corner, the first of them where two are as near. With a corner between the two others, p lies higher - corner away
+/// from the lower of them, corner - lower from the higher, and the difference of these from the corner: so the lower is
+/// nearest just when 2 * (higher - corner) <= corner - lower, that is higher <= 3 * corner - left - above, and likewise
+/// the higher. Two comparisons in place of three distances are a shorter way from pixel to pixel. Words of 16 bits hold
+/// all of it, and a vector register holds twice as many of them as of 32.
+constexpr std::int16_t png_paeth(std::int16_t left, std::int16_t above, std::int16_t corner) {
+    const auto limit = static_cast<std::int16_t>(3 * corner - above - left);
+    const std::int16_t lower = left < above ? left : above, higher = left < above ? above : left;
+    const std::int16_t inner = higher <= limit ? lower : corner;
     return limit <= lower ? higher : inner;
 }
 

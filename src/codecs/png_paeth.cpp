@@ -12,13 +12,13 @@ namespace {
 
 /// The pixel's bytes are carried in registers from one pixel to the next; through memory the way would be longer.
 template <int step> void undo_row(std::uint8_t* row, const std::uint8_t* above, std::size_t size) {
-    std::array<int, step> left{}, corner{};
+    std::array<std::int16_t, step> left{}, corner{};
     for (std::size_t i = 0; i + step <= size; i += step)
         for (std::size_t k = 0; k < step; ++k) {
-            const int up = above[i + k];
-            left[k] = (row[i + k] + png_paeth(left[k], up, corner[k])) & 0xff;
+            const std::int16_t up = above[i + k];
+            row[i + k] = static_cast<std::uint8_t>(row[i + k] + png_paeth(left[k], up, corner[k]));
+            left[k] = row[i + k];
             corner[k] = up;
-            row[i + k] = static_cast<std::uint8_t>(left[k]);
         }
 }
 

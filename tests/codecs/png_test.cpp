@@ -282,12 +282,12 @@ TEST(PngReader, ReducesTrueColourForAProgramOfEightBits) {
 }
 
 TEST(PngPredictor, IsTheNearestOfTheThreeNeighbours) {
-    for (int a = 0; a < 256; ++a)
-        for (int b = 0; b < 256; ++b)
-            for (int c = 0; c < 256; ++c) {
+    for (std::int16_t a = 0; a < 256; ++a)
+        for (std::int16_t b = 0; b < 256; ++b)
+            for (std::int16_t c = 0; c < 256; ++c) {
                 const int p = a + b - c, pa = std::abs(p - a), pb = std::abs(p - b), pc = std::abs(p - c);
-                if (png_paeth(a, b, c) != (pa <= pb && pa <= pc ? a : pb <= pc ? b : c))
-                    FAIL() << a << ' ' << b << ' ' << c;
+                const int nearest = pa <= pb && pa <= pc ? a : pb <= pc ? b : c;
+                if (png_paeth(a, b, c) != nearest) FAIL() << a << ' ' << b << ' ' << c;
             }
 }
 
