@@ -10,6 +10,9 @@ inline constexpr const char* workspace_folder = "WORKSPACE";
 /// be reached.
 bool enter_workspace();
 
+/// Changes to the WORKSPACE folder of where the process stands, which is made if there is none.
+bool enter_workspace_from_here();
+
 /// Changes to `program_dir`; false, without a log line, if it is gone.
 bool enter_program_dir();
 

@@ -10,6 +10,9 @@
 #include "state/run.h"
 #include "state/view.h"
 #include "workspace/bmp_file.h"
+#include "workspace/frame_moves.h"
+#include "workspace/notices.h"
+#include "workspace/rescue.h"
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -18,7 +21,8 @@
 namespace nubo {
 namespace {
 
-constexpr std::array<const char*, STEM_COUNT> stem_names{"current", "alternate", "backup"};
+constexpr std::array<const char*, STEM_COUNT> stem_names{"current", "alternate", "backup",
+                                                         "rescue",  "inserted",  "deleted"};
 constexpr int none = -1;
 
 /// The slot whose file is unreadable and couldn't be renamed aside: it must not be written before that has been done.
@@ -49,17 +53,22 @@ bool take_as_frame(OwnedBitmap picture) {
     return true;
 }
 
-/// Gives an unreadable frame file a name that no Frame has. False, logged, if it stays where it is.
-bool set_aside(int slot) {
-    const std::string file = frame_file_name(STEM_CURRENT, slot);
-    std::string aside = "unreadable" + file.substr(file.find('.'));
-    for (int i = 2; file_exists(aside); ++i) aside = "unreadable-" + std::to_string(i) + file.substr(file.find('.'));
-    if (!rename_file(file, aside)) return false;
-    UA_log("[ INFO ] : The frame file %s was kept aside as %s", file.c_str(), aside.c_str());
-    return true;
+}  // namespace
+
+int count_slot_files(FrameStem stem) {
+    int count = 0;
+    for (int slot = 0; slot < frame_slots; ++slot) count += file_exists(frame_file_name(stem, slot)) ? 1 : 0;
+    return count;
 }
 
-}  // namespace
+bool set_aside(const std::string& file) {
+    const std::string ending = file.substr(file.rfind('.'));
+    std::string aside = "unreadable" + ending;
+    for (int i = 2; file_exists(aside); ++i) aside = "unreadable-" + std::to_string(i) + ending;
+    if (!rename_file(file, aside)) return false;
+    UA_log("[ INFO ] : The file %s was kept aside as %s", file.c_str(), aside.c_str());
+    return true;
+}
 
 std::string frame_file_name(FrameStem stem, int slot) {
     std::array<char, 32> name{};
@@ -92,20 +101,32 @@ bool place_blank_frame() { return take_as_frame(make_bitmap(view_w, view_h)); }
 bool load_frame_or_blank(int slot) {
     const std::string file = frame_file_name(STEM_CURRENT, slot);
     slot_in_the_way = none;
-    if (load_frame_file(file)) return true;
-    if (file_exists(file) && !set_aside(slot)) slot_in_the_way = slot;
+    if (load_frame_file(file)) {
+        note_frame_saved();
+        return true;
+    }
+    const bool there = file_exists(file), aside = there && set_aside(file);
+    if (there && !aside) slot_in_the_way = slot;
     if (!place_blank_frame()) return false;
-    // Without a file the slot would be a gap in the row of Frames.
-    if (slot_in_the_way == none) save_frame_to_slot(slot);
+    if (there) {
+        mark_damage();
+        flash_message(MESSAGE_FRAME_UNREADABLE);
+    }
+    if (aside) save_frame_to_slot(slot);  // without a file the slot would be a gap in the row of Frames
     return true;
 }
 
 bool save_frame_to_slot(int slot) {
+    const std::string file = frame_file_name(STEM_CURRENT, slot);
+    if (!row_is_whole()) return false;
     if (slot == slot_in_the_way) {
-        if (!set_aside(slot)) return false;
+        if (file_exists(file) && !set_aside(file)) return false;
         slot_in_the_way = none;
     }
-    return save_bmp_file(frame_file_name(STEM_CURRENT, slot), current_frame);
+    if (!save_bmp_file(file, current_frame)) return false;
+    note_frame_saved();
+    forget_rescue(slot);
+    return true;
 }
 
 }  // namespace nubo

@@ -5,9 +5,25 @@
 
 namespace nubo {
 
-/// The name of a slot's file under one of the stems: "current.007".
-enum FrameStem : int { STEM_CURRENT, STEM_ALTERNATE, STEM_BACKUP, STEM_COUNT };
+/// The name of a slot's file under one of the stems: "current.007". The first three are Workspaces' own; the others
+/// stand for moments only: a Frame's state against a crash, and Frames on their way into the row or out of it.
+enum FrameStem : int {
+    STEM_CURRENT,
+    STEM_ALTERNATE,
+    STEM_BACKUP,
+    STEM_RESCUE,
+    STEM_INSERTED,
+    STEM_DELETED,
+    STEM_COUNT
+};
 std::string frame_file_name(FrameStem stem, int slot);
+
+/// The number of slots with a file under that stem, where the process stands.
+int count_slot_files(FrameStem stem);
+
+/// Gives a file of the WORKSPACE folder that can't be read a name that nothing has: "unreadable", a number from the
+/// second on, and its ending. False, logged, if it stays where it is.
+bool set_aside(const std::string& file);
 
 /// Makes `picture` the Frame in memory, with what belongs to it: the view held to its limits, the backdrop chosen, the
 /// coverage map remade, the undo history ended. False, with nothing changed, when the memory can't be had.
@@ -25,7 +41,7 @@ bool place_blank_frame();
 bool load_frame_or_blank(int slot);
 
 /// Writes the Frame in memory to the file of `slot`; the process stands in the WORKSPACE folder. False after a failure,
-/// which is logged: the Frame that was on disk is still there.
+/// which is logged: the Frame that was on disk is still there. After a success no rescue is kept for the slot.
 bool save_frame_to_slot(int slot);
 
 }  // namespace nubo

@@ -1,0 +1,58 @@
+// Wiping the Workspace.
+#include "base/log.h"
+#include "platform/safe_file.h"
+#include "state/frames.h"
+#include "state/options.h"
+#include "state/run.h"
+#include "workspace/folders.h"
+#include "workspace/frame_files.h"
+#include "workspace/frame_store.h"
+#include "workspace/notices.h"
+#include "workspace/rescue.h"
+#include "workspace/side_files.h"
+#include "workspace/state_file.h"
+#include "workspace/workspace.h"
+#include <cstring>
+
+namespace nubo {
+namespace {
+
+template <std::size_t N> void set_text(std::array<char, N>& buffer, const char* text) {
+    buffer.fill('\0');
+    std::strncpy(buffer.data(), text, N - 1);
+}
+
+void remove_frame_files() {
+    for (const FrameStem stem : {STEM_BACKUP, STEM_RESCUE, STEM_CURRENT})
+        for (int slot = 0; slot < frame_slots; ++slot) {
+            const std::string file = frame_file_name(stem, slot);
+            if (file_exists(file)) remove_file(file);
+        }
+}
+
+}  // namespace
+
+void clear_workspace() {
+    handlers_locked = 1;
+    settle_rescue();
+    OwnedBitmap blank = make_bitmap(view_w, view_h);  // before anything goes
+    if (!blank || !enter_program_dir()) {
+        UA_log("[ ERROR ] : WORKSPACE directory unavailable. Aborting clear operation!");
+        enter_folder(workspace_folder);
+        handlers_locked = 0;
+        return;
+    }
+    if (enter_workspace()) remove_frame_files();
+    place_picture(std::move(blank));
+    blank_side_content();
+    set_workspace_defaults();
+    state_format = 13;
+    const bool saved = save_frame_to_slot(0);
+    if (!save_workspace_state(state_file, false) || !saved) flash_message(MESSAGE_SAVE_FAILED);
+    // Behind the writing: on disk the old names stay until the next one.
+    set_text(workspace_title, "UNNAMED WORKSPACE");
+    set_text(workspace_notes, "...");
+    handlers_locked = 0;
+}
+
+}  // namespace nubo

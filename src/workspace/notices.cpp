@@ -1,0 +1,33 @@
+#include "workspace/notices.h"
+
+#include "state/options.h"
+#include "state/run.h"
+#include "state/view.h"
+#include <algorithm>
+
+namespace nubo {
+
+void queue_box(Label first, Label second) {
+    const auto begin = pending_boxes.begin(), end = begin + pending_box_count;
+    const bool waits =
+        std::any_of(begin, end, [&](const PendingBox& box) { return box.first == first && box.second == second; });
+    if (waits || pending_box_count == box_slots) return;
+    pending_boxes[static_cast<unsigned>(pending_box_count++)] = {first, second};
+}
+
+std::optional<PendingBox> take_box() {
+    if (pending_box_count == 0) return std::nullopt;
+    const PendingBox oldest = pending_boxes.front();
+    std::rotate(pending_boxes.begin(), pending_boxes.begin() + 1, pending_boxes.end());
+    --pending_box_count;
+    return oldest;
+}
+
+void flash_message(Message message) {
+    status_message = message;
+    status_timer = flash_ticks;
+}
+
+void mark_damage() { workspace_damaged = 1; }
+
+}  // namespace nubo

@@ -1,0 +1,157 @@
+#include "workspace/rescue.h"
+
+#include "base/log.h"
+#include "platform/safe_file.h"
+#include "state/frames.h"
+#include "state/options.h"
+#include "state/run.h"
+#include "workspace/bmp_file.h"
+#include "workspace/folders.h"
+#include "workspace/frame_files.h"
+#include "workspace/notices.h"
+#include <array>
+#include <atomic>
+#include <cstring>
+#include <sys/stat.h>
+#include <system_error>
+#include <thread>
+#include <utility>
+
+namespace nubo {
+namespace {
+
+constexpr int clock_hz = 500;
+constexpr unsigned rescue_ticks = rescue_seconds * clock_hz;
+
+/// What a Frame looks like, in 64 bits.
+using Print = std::uint64_t;
+
+Print saved_print = 0;            // of the Frame as its file holds it
+bool saved_print_wanted = false;  // the Frame was saved and not changed since: take its print at the next chance
+Print rescued_print = 0;          // of the Frame as its rescue holds it, 0 for none
+unsigned last_ticks = 0;          // when the Frame was last looked at
+
+BITMAP* snapshot = nullptr;  // read by the thread while it runs
+std::jthread writer;         // joins even where the program ends without a stop
+std::atomic<bool> written{false}, done{true};
+
+/// Four lanes, so that the multiplications don't wait for each other.
+Print print_of(BITMAP* frame) {
+    constexpr std::uint64_t prime = 0x9e3779b97f4a7c15;
+    constexpr int lanes = 4, lane_pixels = 2;
+    std::array<std::uint64_t, lanes> hash{1, 2, 3, static_cast<std::uint64_t>(frame->w)};
+    for (int y = 0; y < frame->h; ++y) {
+        const Color* const row = pixels_at(frame, 0, y);
+        int x = 0;
+        for (; x + lanes * lane_pixels <= frame->w; x += lanes * lane_pixels) {
+            std::array<std::uint64_t, lanes> words{};
+            std::memcpy(words.data(), row + x, sizeof words);
+            for (std::size_t i = 0; i < lanes; ++i) hash[i] = (hash[i] ^ words[i]) * prime, hash[i] ^= hash[i] >> 32;
+        }
+        for (; x < frame->w; ++x) hash[0] = (hash[0] ^ row[x]) * prime, hash[0] ^= hash[0] >> 32;
+    }
+    return ((hash[0] * prime + hash[1]) * prime + hash[2]) * prime + hash[3];
+}
+
+/// Takes the print of a Frame that has just been saved or loaded.
+void take_saved_print() {
+    if (!saved_print_wanted) return;
+    saved_print = print_of(current_frame);
+    saved_print_wanted = false;
+    rescued_print = 0;
+    last_ticks = static_cast<unsigned>(UA_clock_ticks);
+}
+
+/// The whole path, since the thread can't know where the process stands.
+std::string rescue_path(int slot) {
+    return std::string(program_dir.data()) + "/" + workspace_folder + "/" + frame_file_name(STEM_RESCUE, slot);
+}
+
+/// Joins the thread if it has done its work.
+void collect() {
+    if (!writer.joinable()) return;
+    writer.join();
+    destroy_bitmap(snapshot);
+    snapshot = nullptr;
+    if (!written) rescued_print = 0;  // to be tried again when the time has come
+}
+
+void start_writing(Print print) {
+    snapshot = copy_bitmap(current_frame).release();
+    if (snapshot == nullptr) return;
+    written = false;
+    done = false;
+    try {
+        writer = std::jthread([path = rescue_path(frame_index), picture = snapshot] {
+            written = save_bmp_file(path, picture);
+            done = true;
+        });
+        rescued_print = print;
+    } catch (const std::system_error&) {  // no more threads: the next tick that is due tries again
+        done = true;
+        destroy_bitmap(snapshot);
+        snapshot = nullptr;
+    }
+}
+
+/// When a file was last written; a missing one is older than all.
+std::pair<std::int64_t, std::int64_t> time_of(const std::string& path) {
+    struct stat status;
+    if (stat(path.c_str(), &status) != 0) return {-1, -1};
+    return {status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
+}
+
+}  // namespace
+
+void autosave_tick(bool stroke_running) {
+    if (current_frame == nullptr) return;
+    take_saved_print();
+    const auto now = static_cast<unsigned>(UA_clock_ticks);
+    if (stroke_running || now - last_ticks < rescue_ticks || !done) return;
+    collect();
+    last_ticks = now;
+    const Print print = print_of(current_frame);
+    if (print == rescued_print) return;
+    if (print != saved_print) return start_writing(print);
+    // The changes were undone: the rescue of them would bring them back.
+    if (rescued_print != 0) remove_file(rescue_path(frame_index));
+    rescued_print = 0;
+}
+
+void settle_rescue() { collect(); }
+
+void note_frame_saved() { saved_print_wanted = true; }
+
+void forget_rescue(int slot) {
+    const std::string file = frame_file_name(STEM_RESCUE, slot);
+    if (file_exists(file)) remove_file(file);
+    if (slot == frame_index) rescued_print = 0;
+}
+
+int find_rescue() {
+    int found = -1;
+    for (int slot = 0; slot < frame_slots; ++slot) {
+        const std::string file = frame_file_name(STEM_RESCUE, slot);
+        if (!file_exists(file)) continue;
+        if (found < 0 && time_of(file) > time_of(frame_file_name(STEM_CURRENT, slot)))
+            found = slot;
+        else
+            remove_file(file);
+    }
+    return found;
+}
+
+void take_rescue(int slot) {
+    const std::string file = frame_file_name(STEM_RESCUE, slot);
+    OwnedBitmap picture = load_bmp_file(file);
+    if (!picture) {
+        set_aside(file);
+        return;
+    }
+    take_saved_print();  // of what the file holds: the rescued Frame counts as changed
+    if (!place_picture(std::move(picture))) return;
+    UA_log("[ INFO ] : Frame %d was rescued from the last run", slot);
+    flash_message(MESSAGE_RESCUED);
+}
+
+}  // namespace nubo

@@ -1,0 +1,31 @@
+#pragma once
+// Against a crash: the Frame in memory, while it is changed and unsaved, goes to disk from time to time, as
+// "rescue.NNN" beside its own file. A start that finds one newer than the Frame's file takes it. A saved Frame has
+// none.
+
+namespace nubo {
+
+inline constexpr int rescue_seconds = 30;  // between two rescues at the least
+
+/// Writes the Frame aside if it is changed and the time has come. The copy is taken at once, the writing is left to a
+/// thread of its own. Called by `update_screen`, in every pass; `stroke_running` tells that a stroke is half painted.
+void autosave_tick(bool stroke_running);
+
+/// Waits for a rescue that is being written. Before anything else touches the Frames on disk.
+void settle_rescue();
+
+/// The Frame in memory is as its file on disk: nothing is to be rescued until it changes.
+void note_frame_saved();
+
+/// Removes the rescue of a slot, if there is one. The process stands in the WORKSPACE folder.
+void forget_rescue(int slot);
+
+/// The slot whose rescue is newer than its file, or -1; all other rescues are removed. The process stands in the
+/// WORKSPACE folder. Called at start.
+int find_rescue();
+
+/// Makes the rescue of `slot` the Frame in memory and tells the user; RESTORE still leads to what its file holds. The
+/// rescue stays until the Frame is saved.
+void take_rescue(int slot);
+
+}  // namespace nubo

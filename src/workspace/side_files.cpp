@@ -1,0 +1,101 @@
+#include "workspace/side_files.h"
+
+#include "base/log.h"
+#include "platform/safe_file.h"
+#include "state/cel.h"
+#include "state/run.h"
+#include "state/stroke.h"
+#include "workspace/bmp_file.h"
+#include "workspace/frame_files.h"
+#include "workspace/nail.h"
+#include "workspace/notices.h"
+#include <array>
+#include <utility>
+
+namespace nubo {
+namespace {
+
+constexpr int new_cel_side = 16;
+
+struct SideRow {
+    SideFile kind;
+    const char *ending, *repaired;
+};
+constexpr std::array<SideRow, SIDE_COUNT> side_rows{{
+    {SIDE_CEL, "cel", "[ INFO ] : Cel container repaired"},
+    {SIDE_NAIL, "nal", "[ INFO ] : Nail container repaired"},
+    {SIDE_TIP, "tip", "[ INFO ] : Custom tip container repaired"},
+}};
+static_assert(rows_in_order(side_rows, &SideRow::kind));
+
+const SideRow& row_of(SideFile kind) { return side_rows[static_cast<unsigned>(kind)]; }
+
+void blacken_tip() { rectfill(tip_sheet, 0, custom_tip_y, custom_tip_w - 1, custom_tip_y + custom_tip_h - 1, 0); }
+
+bool save_tip(const std::string& path) {
+    const OwnedBitmap tip(create_sub_bitmap(tip_sheet, 0, custom_tip_y, custom_tip_w, custom_tip_h));
+    return tip && save_bmp_file(path, tip.get());
+}
+
+/// Both Cel bitmaps of one size and content. The old ones stay if the memory can't be had.
+bool set_cel(OwnedBitmap picture) {
+    OwnedBitmap mask = picture ? copy_bitmap(picture.get()) : nullptr;
+    if (!mask) return false;
+    replace_bitmap(cel, std::move(picture));
+    replace_bitmap(cel_mask, std::move(mask));
+    return true;
+}
+
+void blacken(SideFile kind) {
+    switch (kind) {
+    case SIDE_CEL: set_cel(make_bitmap(new_cel_side, new_cel_side)); break;
+    case SIDE_NAIL: clear_to_color(nail_sheet, 0); break;
+    case SIDE_TIP: blacken_tip(); break;
+    case SIDE_COUNT: break;
+    }
+}
+
+bool take(SideFile kind, OwnedBitmap picture) {
+    switch (kind) {
+    case SIDE_CEL: return set_cel(std::move(picture));
+    case SIDE_NAIL: blit(picture.get(), nail_sheet, 0, 0, 0, 0, nail_side, nail_side); return true;
+    case SIDE_TIP: blit(picture.get(), tip_sheet, 0, 0, 0, custom_tip_y, custom_tip_w, custom_tip_h); return true;
+    case SIDE_COUNT: break;
+    }
+    return false;
+}
+
+}  // namespace
+
+bool save_side_file(SideFile kind, const std::string& stem) {
+    const std::string path = stem + row_of(kind).ending;
+    if (kind == SIDE_TIP) return save_tip(path);
+    return save_bmp_file(path, kind == SIDE_CEL ? cel_mask : nail_sheet);
+}
+
+bool load_side_file(SideFile kind, const std::string& stem) {
+    const std::string path = stem + row_of(kind).ending;
+    if (!file_exists(path)) return false;
+    OwnedBitmap picture = load_bmp_file(path);
+    if (picture && take(kind, std::move(picture))) return true;
+    set_aside(path);
+    return false;
+}
+
+void repair_workspace(int kind) {
+    if (kind < 0 || kind >= SIDE_COUNT) return;
+    mark_damage();
+    UA_log("[ INFO ] : Workspace damage encountered. Attempting repair!");
+    const auto side = static_cast<SideFile>(kind);
+    blacken(side);
+    if (save_side_file(side, "current.")) UA_log(row_of(side).repaired);
+}
+
+void blank_side_content() {
+    clear_to_color(cel, 0);
+    clear_to_color(cel_mask, 0);
+    clear_to_color(nail_sheet, 0);
+    blacken_tip();
+}
+
+}  // namespace nubo

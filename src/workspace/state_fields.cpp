@@ -1,0 +1,202 @@
+#include "workspace/state_fields.h"
+
+#include "base/color.h"
+#include "base/random.h"
+#include "state/cel.h"
+#include "state/colors.h"
+#include "state/frames.h"
+#include "state/options.h"
+#include "state/run.h"
+#include "state/stroke.h"
+#include "state/tools.h"
+#include "state/view.h"
+
+namespace nubo {
+namespace {
+
+constexpr int last_slot = choice_slots - 1;
+constexpr int last_favorites_page = (favorite_count - 1) / favorites_row;
+constexpr std::size_t reserved_colors = 36 * 4;
+
+/// What an option of a tool or an ink may hold; those without a row are stored and unused.
+struct OptionRange {
+    bool is_ink;
+    int number, slot, low, high;
+};
+constexpr int strength_max = 255, percent_max = 100;
+constexpr std::array option_ranges{
+    OptionRange{false, TOOL_BOX, OPTION_FILLED, 0, 1},
+    OptionRange{false, TOOL_CIRCLE, OPTION_FILLED, 0, 1},
+    OptionRange{false, TOOL_OVAL, OPTION_FILLED, 0, 1},
+    OptionRange{false, TOOL_POLY, OPTION_FILLED, 0, 1},
+    OptionRange{false, TOOL_RPOLY, OPTION_FILLED, 0, 1},
+    OptionRange{false, TOOL_FSHAPE, OPTION_FILLED, 0, 1},
+    OptionRange{false, TOOL_SSHAPE, OPTION_FILLED, 0, 1},
+    OptionRange{false, TOOL_SPLINE, OPTION_FILLED, 0, 1},
+    OptionRange{false, TOOL_SPLINE, OPTION_CLOSED, 0, 1},
+    OptionRange{false, TOOL_SPLINE, OPTION_CURVE, 0, percent_max},
+    OptionRange{false, TOOL_DRIZ, OPTION_DRIZ_RADIUS, 0, 32},
+    OptionRange{false, TOOL_DRIZ, OPTION_DRIZ_TAPER, 0, 32},
+    OptionRange{false, TOOL_EDGE, OPTION_TOLERANCE, 0, 255},
+    OptionRange{false, TOOL_FILL, OPTION_TOLERANCE, 0, 255},
+    OptionRange{false, TOOL_SEP, OPTION_TOLERANCE, 0, 255},
+    OptionRange{false, TOOL_MOVE, OPTION_USE_BRUSH_COLOR, 0, 1},
+    OptionRange{false, TOOL_SPRAY, OPTION_SPRAY_DENSITY, 0, 255},
+    OptionRange{false, TOOL_SPRAY, OPTION_SPRAY_RADIUS, 0, 31},
+    OptionRange{false, TOOL_TEXT, OPTION_ANTIALIAS, 0, 1},
+    OptionRange{true, INK_ADD, OPTION_STRENGTH, 0, strength_max},
+    OptionRange{true, INK_BRIGHT, OPTION_STRENGTH, 0, strength_max},
+    OptionRange{true, INK_CLOSE, OPTION_STRENGTH, 0, strength_max},
+    OptionRange{true, INK_DARK, OPTION_STRENGTH, 0, strength_max},
+    OptionRange{true, INK_EMBOSS, OPTION_STRENGTH, 0, strength_max},
+    OptionRange{true, INK_GLASS, OPTION_STRENGTH, 0, strength_max},
+    OptionRange{true, INK_GLOW, OPTION_STRENGTH, 0, strength_max},
+    OptionRange{true, INK_GLOW, OPTION_GLOW_RADIUS, 0, 31},
+    OptionRange{true, INK_GRAIN, OPTION_STRENGTH, 0, strength_max},
+    OptionRange{true, INK_GRAIN, OPTION_GRAIN_FREQUENCY, 0, percent_max},
+    OptionRange{true, INK_GRAY, OPTION_STRENGTH, 0, strength_max},
+    OptionRange{true, INK_HOLLOW, OPTION_HOLLOW_TOLERANCE, 0, 255},
+    OptionRange{true, INK_JUMBLE, OPTION_STRENGTH, 0, 5},
+    OptionRange{true, INK_PULL, OPTION_STRENGTH, 0, strength_max},
+    OptionRange{true, INK_SCRAPE, OPTION_STRENGTH, 0, strength_max},
+    OptionRange{true, INK_SPARK, OPTION_STRENGTH, 0, strength_max},
+    OptionRange{true, INK_SOFTEN, OPTION_STRENGTH, 0, strength_max},
+    OptionRange{true, INK_SUB, OPTION_STRENGTH, 0, strength_max},
+    OptionRange{true, INK_SWEEP, OPTION_STRENGTH, 0, strength_max},
+    OptionRange{true, INK_UNZAG, OPTION_STRENGTH, 0, percent_max},
+};
+
+constexpr bool is_gradient(int ink) {
+    return ink == INK_HGRAD || ink == INK_LGRAD || ink == INK_RGRAD || ink == INK_VGRAD;
+}
+
+/// The four gradients have the same options: two settings, and nodes in frame pixels, which may lie outside.
+FieldRange gradient_range(int slot) {
+    if (slot == OPTION_REPEAT) return flag_field("the repeat of a gradient", 0);
+    if (slot == OPTION_BANDING) return {"the banding of a gradient", 0, 255, 0};
+    if (slot >= OPTION_NODE && slot < OPTION_RADIAL_RADIUS)
+        return {"a node of a gradient", -max_frame_side, max_frame_side, 0};
+    return any_number("an option");
+}
+
+FieldRange option_range(bool is_ink, int number, int slot) {
+    if (is_ink && is_gradient(number)) return gradient_range(slot);
+    for (const OptionRange& row : option_ranges)
+        if (row.is_ink == is_ink && row.number == number && row.slot == slot)
+            return {is_ink ? "an option of an ink" : "an option of a tool", row.low, row.high, 0};
+    return any_number("an option");
+}
+
+template <class Fields> void walk_choices(Fields& fields) {
+    for (std::size_t i = 0; i < choice_slots; ++i)
+        fields.byte(tool_slots[i], {"a tool slot", TOOL_BOX, TOOL_COUNT - 1, default_tool_slots[i]});
+    for (std::size_t i = 0; i < choice_slots; ++i)
+        fields.byte(ink_slots[i], {"an ink slot", 0, INK_COUNT - 1, default_ink_slots[i]});
+    fields.byte(active_tool_slot, {"the active tool slot", 0, last_slot, 0});
+    fields.byte(active_ink_slot, {"the active ink slot", 0, last_slot, 0});
+    fields.byte(colorspace, {"the colourspace", 0, SPACE_COUNT - 1, SPACE_RGB});
+    fields.byte(state_flag, {"the state flag", 0, 255, 1});
+    fields.byte(zoom, {"the zoom", 0, zoom_max, zoom_min});
+    fields.byte(frame_index, {"the current frame", 0, frame_slots - 1, 0});
+    fields.byte(frame_count, {"the number of frames", 1, frame_slots, 1});
+    fields.byte(text_tool_size, {"the text size", 0, 255, 0});
+    fields.byte(favorites_page, {"the favourites' page", 0, last_favorites_page, 0});
+    fields.byte(spectrum_fold, {"the Spectrum's fold", 0, 3, 2});
+    fields.byte(opt_cel_masking, flag_field("the cel masking", 1));
+    fields.byte(brush_tip, {"the brush tip", 0, tip_custom, 0});
+}
+
+/// Zero is what a shape holds before its window was first used.
+template <class Fields> void walk_shapes(Fields& fields) {
+    constexpr FieldRange angle{"an angle", 0, 359, 0}, exponent{"an exponent of SUPERSHAPE", -3000, 3000, 0};
+    fields.word(supershape_values.angle, angle);
+    fields.word(supershape_values.n1, exponent);
+    fields.word(supershape_values.n2, exponent);
+    fields.word(supershape_values.n3, exponent);
+    fields.word(supershape_values.arms, {"the arms of SUPERSHAPE", 0, 20, 0});
+    fields.word(supershape_values.magnitude, {"the size of SUPERSHAPE", 0, 500, 0});
+    fields.word(spiral_values.angle, angle);
+    fields.word(spiral_values.scale, {"the scale of SPIRAL", 0, 500, 0});
+    fields.word(spiral_values.wraps, {"the wraps of SPIRAL", 0, 64, 0});
+    fields.word(spiral_values.spread, {"the spread of SPIRAL", 0, 255, 0});
+    fields.word(spiral_values.flip, flag_field("the flip of SPIRAL", 0));
+    fields.word(polygon_values.angle, angle);
+    fields.word(polygon_values.radius, {"the radius of R.POLY", 0, 500, 0});
+    fields.word(polygon_values.sides, {"the sides of R.POLY", 0, 32, 0});
+}
+
+template <class Fields> void walk_colors_and_views(Fields& fields) {
+    constexpr int reach = max_frame_side;  // how far a view or the Cel may lie off
+    for (Color& color : color_slots) fields.color(color, "a colour slot");
+    for (Color& color : favorites) fields.color(color, "a favourite");
+    fields.reserved(reserved_colors);
+    fields.byte(state_format, {"the state format", 0, 255, 13});
+    fields.reserved(3);
+    for (FrameView& view : frame_view) fields.byte(view.zoom, {"the zoom of a frame", 0, zoom_max, zoom_min});
+    fields.word(cel_angle, {"the angle of the cel", 0, 360, 0});
+    fields.word(jpeg_quality, {"the JPEG quality", 0, 100, 90});
+    fields.word(cel_x, {"the place of the cel", -reach, reach, 0});
+    fields.word(cel_y, {"the place of the cel", -reach, reach, 0});
+    fields.color(brush_color, "the brush colour");
+    fields.color(mask_color, "the mask colour");
+    fields.word(pan_x, {"the view", -reach, reach, 0});
+    fields.word(pan_y, {"the view", -reach, reach, 0});
+    fields.color(spectrum_start, "the Spectrum's start");
+    fields.color(spectrum_end, "the Spectrum's end");
+}
+
+template <class Fields> void walk_options(Fields& fields) {
+    for (int row = 0; row < option_rows; ++row)
+        for (int slot = 0; slot < option_slots; ++slot) {
+            const auto r = static_cast<unsigned>(row), s = static_cast<unsigned>(slot);
+            fields.word(tool_options[r][s], option_range(false, row, slot));
+            fields.word(ink_options[r][s], option_range(true, row, slot));
+        }
+}
+
+template <class Fields> void walk_names(Fields& fields) {
+    fields.text(workspace_title, "the title");
+    fields.text(workspace_notes, "the notes");
+    fields.text(image_dir, "the image folder");
+    fields.text(image_file, "the image file");
+    fields.text(text_tool_text, "the text");
+    fields.text(default_image_dir, "the home folder of images");
+    fields.text(default_font_dir, "the home folder of fonts");
+    fields.text(font_name, "the font");
+    fields.text(font_dir, "the folder of the font");
+}
+
+template <class Fields> void walk_state(Fields& fields) {
+    walk_choices(fields);
+    walk_shapes(fields);
+    walk_colors_and_views(fields);
+    walk_options(fields);
+    walk_names(fields);
+    for (WindowPos& place : window_pos) {
+        fields.word(place.x, {"the place of a window", -1, view_w - 1, -1});
+        fields.word(place.y, {"the place of a window", -1, view_h - 1, -1});
+    }
+    for (FrameView& view : frame_view) {
+        fields.word(view.pan_x, {"the view of a frame", -max_frame_side, max_frame_side, 0});
+        fields.word(view.pan_y, {"the view of a frame", -max_frame_side, max_frame_side, 0});
+    }
+}
+
+}  // namespace
+
+std::vector<std::uint8_t> pack_state() {
+    FieldWriter fields;
+    state_format = 13;
+    walk_state(fields);
+    return std::move(fields.bytes);
+}
+
+bool unpack_state(const std::vector<std::uint8_t>& bytes, const char* file) {
+    FieldReader fields(bytes, file);
+    walk_state(fields);
+    state_flag = state_flag != 0 ? 1 : 0;
+    zoom = std::max<int>(zoom, zoom_min);
+    return fields.finish();
+}
+
+}  // namespace nubo

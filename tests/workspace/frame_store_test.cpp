@@ -1,0 +1,114 @@
+#include "state/boxes.h"
+#include "state/messages.h"
+#include "state/view.h"
+#include "workspace/workspace_kit.h"
+
+namespace nubo {
+namespace {
+
+TEST_F(WorkspaceTest, FirstStartHasOneBlankFrameOnDiskAndInMemory) {
+    ASSERT_TRUE(open_workspace());
+    EXPECT_EQ(ids_on_disk(), Ids{0});
+    EXPECT_TRUE(current_frame->w == view_w && current_frame->h == view_h && frame_count == 1);
+    EXPECT_TRUE(logged("[ INFO ] : Couldn't locate workspace. Assuming default settings."));
+    EXPECT_EQ(opt_file_preview, PREVIEW_ALL);
+}
+
+TEST_F(WorkspaceTest, SwapsKeepFrameViewThumbnailAndFolder) {
+    make_workspace({1, 2, 3}, 0);
+    std::filesystem::create_directory("pictures");
+    std::strcpy(image_dir.data(), (folder_.path() + "/pictures").c_str());
+    paint(11);
+    pan_x = 7;
+    ASSERT_TRUE(fetch_frame(0, 2));
+    EXPECT_EQ(std::filesystem::current_path().filename(), "pictures");
+    go_home();
+    EXPECT_EQ(ids_on_disk(), (Ids{11, 2, 3}));
+    EXPECT_TRUE(id_in_memory() == 3 && pan_x == 3 && zoom == 2 && frame_view[0].pan_x == 7);
+    EXPECT_EQ(tile_id(0), 11);
+    EXPECT_EQ(*pixels_at(original_frame, 0, 0), 3U);
+    for (const int slot : {-1, 3}) {
+        EXPECT_FALSE(fetch_frame(2, slot));
+        EXPECT_TRUE(logged("New_frame OOB in call to fetch_frame! slot = " + std::to_string(slot)));
+    }
+}
+
+TEST_F(WorkspaceTest, CloneInsertAndDeleteMoveFilesViewsAndThumbnailsTogether) {
+    make_workspace({1, 2, 3, 4}, 1);
+    paint(22);
+    ASSERT_TRUE(insert_frames(1, 1, false));  // the clone stands behind the Frame, which isn't written itself
+    EXPECT_EQ(ids_on_disk(), (Ids{1, 2, 22, 3, 4}));
+    ASSERT_TRUE(insert_frames(1, 1, true));
+    EXPECT_EQ(ids_on_disk(), (Ids{1, 2, 0, 22, 3, 4}));
+    EXPECT_TRUE(frame_index == 1 && frame_count == 6 && id_in_memory() == 22);
+    EXPECT_TRUE(frame_view[4].pan_x == 3 && frame_view[5].pan_x == 4);
+    EXPECT_TRUE(tile_id(2) == 0 && tile_id(3) == 22 && tile_id(4) == 3 && tile_id(5) == 4);
+    ASSERT_TRUE(delete_frames(1, 1));
+    EXPECT_EQ(ids_on_disk(), (Ids{1, 0, 22, 3, 4}));
+    EXPECT_TRUE(frame_index == 1 && id_in_memory() == 0 && frame_view[4].pan_x == 4 && tile_id(4) == 4);
+    ASSERT_TRUE(fetch_frame(1, 4) && delete_frames(4, 1));  // the last one: back to the one before
+    EXPECT_TRUE(frame_index == 3 && frame_count == 4 && id_in_memory() == 3);
+}
+
+TEST_F(WorkspaceTest, LimitsOfTheRow) {
+    Ids ids;
+    for (int id = 1; id <= frame_slots - 1; ++id) ids.push_back(id);
+    make_workspace(ids, 98);
+    EXPECT_FALSE(insert_frames(98, 2, true));
+    EXPECT_FALSE(insert_frames(100, 1, true));
+    ASSERT_TRUE(insert_frames(98, 1, false));
+    ids.push_back(99);
+    EXPECT_EQ(ids_on_disk(), ids);
+    EXPECT_FALSE(insert_frames(0, 1, true));
+    EXPECT_TRUE(pending_box_count == 1 && pending_boxes[0].first == LABEL_FRAMES_FULL);
+    ASSERT_TRUE(fetch_frame(98, 99) && delete_frames(99, 1));
+    EXPECT_EQ(frame_index, 98);
+    EXPECT_FALSE(delete_frames(-1, 1) || delete_frames(0, 0) || delete_frames(99, 1));
+    ASSERT_TRUE(delete_frames(0, 98));
+    EXPECT_FALSE(delete_frames(0, 1));
+    EXPECT_TRUE(pending_box_count == 2 && pending_boxes[1].first == LABEL_LAST_FRAME);
+    EXPECT_EQ(ids_on_disk(), Ids{99});
+}
+
+TEST_F(WorkspaceTest, ClearLeavesOneBlankFrameAndTheOptions) {
+    make_workspace({1, 2, 3}, 2);
+    opt_cel_masking = 0;
+    std::strcpy(workspace_title.data(), "MINE");
+    clear_workspace();
+    EXPECT_EQ(std::filesystem::current_path(), folder_.path());
+    EXPECT_EQ(ids_on_disk(), Ids{0});
+    EXPECT_TRUE(frame_index == 0 && frame_count == 1 && tile_id(1) == 0 && opt_cel_masking == 0);
+    EXPECT_STREQ(workspace_title.data(), "UNNAMED WORKSPACE");
+    ASSERT_TRUE(open_workspace());
+    EXPECT_STREQ(workspace_title.data(), "MINE");  // it was written before the title went
+}
+
+TEST_F(WorkspaceTest, UnreadableFrameIsKeptAsideAndNeverWrittenOver) {
+    make_workspace({1, 2}, 0);
+    ASSERT_TRUE(write_file("WORKSPACE/current.001", "BMgarbage", 9));
+    ASSERT_TRUE(write_file("WORKSPACE/unreadable.001", "older", 5));
+    ASSERT_TRUE(fetch_frame(0, 1));
+    go_home();
+    EXPECT_EQ(id_in_memory(), 0);
+    EXPECT_EQ(std::filesystem::file_size("WORKSPACE/unreadable-2.001"), 9U);
+    EXPECT_EQ(std::filesystem::file_size("WORKSPACE/unreadable.001"), 5U);
+    EXPECT_EQ(status_message, MESSAGE_FRAME_UNREADABLE);
+    EXPECT_EQ(ids_on_disk(), (Ids{1, 0}));
+}
+
+TEST_F(WorkspaceTest, ThumbnailIsTheMeanOfBlocksRoundedUp) {
+    const OwnedBitmap source = make_bitmap(5, 2), target = make_bitmap(4, 2, 0x123456);
+    // 5 / 2 = 2.5: blocks of 2 pixels from x 0 and 2, of all 2 rows; the last column is in none.
+    const std::array<Color, 10> pixels{0x010000, 0x020000, 0x0000ff, 0x000000, 0xffffff,
+                                       0x010000, 0x010000, 0x0000ff, 0x000001, 0xffffff};
+    for (int i = 0; i < 10; ++i) *pixels_at(source.get(), i % 5, i / 5) = pixels[static_cast<unsigned>(i)];
+    reduce_bitmap(source.get(), target.get(), 1, 1, 2, 1);
+    EXPECT_EQ(*pixels_at(target.get(), 1, 1), 0x020000U);  // 5 / 4, up
+    EXPECT_EQ(*pixels_at(target.get(), 2, 1), 0x000080U);  // 511 / 4 = 127.75, up
+    EXPECT_TRUE(*pixels_at(target.get(), 0, 1) == 0x123456 && *pixels_at(target.get(), 3, 1) == 0x123456);
+    make_nail_tile(make_bitmap(3, 90, 0x445566).get(), 11);  // narrower than a tile: enlarged first
+    EXPECT_TRUE(*pixels_at(nail_sheet, 40, 40) == 0x445566 && *pixels_at(nail_sheet, 79, 79) == 0x445566);
+}
+
+}  // namespace
+}  // namespace nubo

@@ -1,0 +1,161 @@
+// Every operation, ended or failing at every single call to the system: what does the next start find?
+#include "platform/faults.h"
+#include "state/messages.h"
+#include "state/view.h"
+#include "workspace/workspace_kit.h"
+
+#include <sys/wait.h>
+
+namespace nubo {
+namespace {
+
+constexpr int in_file = 3, in_memory = 33;  // the current Frame, as last left and as painted since
+
+struct Operation {
+    const char* name;
+    bool (*run)();
+    std::vector<Ids> outcomes;  // of the row on disk; the first is that of nothing done
+};
+const Operation operations[] = {
+    {"swap", [] { return fetch_frame(2, 4); }, {{1, 2, 3, 4, 5}, {1, 2, 33, 4, 5}}},
+    {"clone",
+     [] { return insert_frames(2, 1, false) && save_workspace_state(state_file, true); },
+     {{1, 2, 3, 4, 5}, {1, 2, 3, 33, 4, 5}}},
+    {"insert two",
+     [] { return insert_frames(2, 2, true) && save_workspace_state(state_file, true); },
+     {{1, 2, 3, 4, 5}, {1, 2, 3, 0, 0, 4, 5}}},
+    {"delete",
+     [] { return delete_frames(2, 1) && save_workspace_state(state_file, true); },
+     {{1, 2, 3, 4, 5}, {1, 2, 4, 5}}},
+    {"exit", [] { return close_workspace(), true; }, {{1, 2, 3, 4, 5}, {1, 2, 33, 4, 5}}},
+};
+
+class InterruptionTest : public WorkspaceTest {
+protected:
+    void SetUp() override {
+        WorkspaceTest::SetUp();
+        make_workspace({1, 2, in_file, 4, 5}, 2);
+        std::filesystem::rename("WORKSPACE", "original");
+        setenv("XDG_STATE_HOME", (folder_.path() + "/state").c_str(), 1);
+    }
+
+    /// Runs `act` in a process of its own on a fresh Workspace. Its exit status.
+    template <typename Act> int run_apart(Act act) {
+        go_home();
+        std::filesystem::remove_all("WORKSPACE");
+        std::filesystem::copy("original", "WORKSPACE");
+        EXPECT_TRUE(open_workspace());
+        paint(in_memory);
+        const pid_t child = fork();
+        if (child == 0) _exit(act());
+        int status = 0;
+        EXPECT_EQ(waitpid(child, &status, 0), child);
+        EXPECT_TRUE(WIFEXITED(status));
+        return WEXITSTATUS(status);
+    }
+
+    /// Starts and compares the row, and that views and thumbnails stand with their Frames.
+    void expect_outcome(const std::vector<Ids>& allowed, const std::string& when) {
+        ASSERT_TRUE(open_workspace());
+        const Ids ids = ids_on_disk();
+        EXPECT_NE(std::find(allowed.begin(), allowed.end(), ids), allowed.end()) << when << testing::PrintToString(ids);
+        EXPECT_EQ(frame_count, static_cast<int>(ids.size())) << when;
+        for (std::size_t slot = 0; slot < ids.size(); ++slot) {
+            if (ids[slot] == 0 || ids[slot] == in_file || ids[slot] == in_memory) continue;
+            EXPECT_EQ(frame_view[slot].pan_x, ids[slot]) << when;
+            // A delete leaves the Nail on disk as it was, so that a kill right behind it brings the old tiles back.
+            const int tile = tile_id(static_cast<int>(slot)), old_tile = static_cast<int>(slot) + 1;
+            EXPECT_TRUE(tile == ids[slot] || (when.starts_with("delete") && tile == old_tile)) << when << tile;
+        }
+        for (const char* part : {"unfinished", "inserted", "deleted", "job"})
+            EXPECT_EQ(files_in_workspace(part), 0) << when << part;
+    }
+};
+
+TEST_F(InterruptionTest, KilledAtAnyCallTheNextStartHasAllFramesInOrder) {
+    for (const Operation& operation : operations)
+        for (int n = 0, status = faults::stop_status; status == faults::stop_status; ++n) {
+            status = run_apart([&] {
+                faults::arm(faults::CALL_ANY, n, faults::stop_here);
+                operation.run();
+                return 0;
+            });
+            const auto& all = operation.outcomes;
+            const bool stopped = status == faults::stop_status;
+            expect_outcome(stopped ? all : std::vector<Ids>{all.back()},
+                           operation.name + std::string(" ended at ") + std::to_string(n) + ": ");
+            if (HasFailure()) return;
+        }
+}
+
+TEST_F(InterruptionTest, FailingAtAnyCallNothingIsLostThatTheUserHas) {
+    enum Told : int { TOLD_DONE, TOLD_REFUSED, TOLD_LOST_FRAME, TOLD_NO_MESSAGE };
+    for (const Operation& operation : operations)
+        for (const bool lasting : {false, true}) {
+            int struck_to_the_end = 0;
+            for (int n = 0; struck_to_the_end == n; ++n) {
+                const int told = run_apart([&] {
+                    faults::arm(faults::CALL_ANY, n, n % 2 ? EIO : ENOSPC, lasting);
+                    const bool done = operation.run();
+                    const bool struck = faults::struck();
+                    faults::disarm();
+                    if (!struck) return 100;
+                    if (done) return static_cast<int>(TOLD_DONE);
+                    const bool deleted = std::strcmp(operation.name, "delete") == 0 && frame_count == 4;
+                    if (!deleted && id_in_memory() != in_memory) return static_cast<int>(TOLD_LOST_FRAME);
+                    close_workspace();  // a disk that is well again
+                    return static_cast<int>(TOLD_REFUSED);
+                });
+                const std::string when = operation.name + std::string(" failed at ") + std::to_string(n) + ": ";
+                EXPECT_NE(told, TOLD_LOST_FRAME) << when;
+                auto allowed = operation.outcomes;
+                if (told == TOLD_REFUSED)  // and what was painted reached the disk at the end
+                    for (Ids& ids : allowed)
+                        if (ids[2] == in_file) ids[2] = in_memory;
+                expect_outcome(allowed, when);
+                if (HasFailure()) return;
+                if (told != 100) ++struck_to_the_end;
+            }
+        }
+}
+
+TEST_F(InterruptionTest, ClearEndedAnywhereLeavesARowWithoutGaps) {
+    for (int n = 0, status = faults::stop_status; status == faults::stop_status; ++n) {
+        status = run_apart([&] {
+            faults::arm(faults::CALL_ANY, n, faults::stop_here);
+            clear_workspace();
+            return 0;
+        });
+        ASSERT_TRUE(open_workspace());
+        const Ids ids = ids_on_disk();
+        EXPECT_TRUE(!ids.empty() && std::is_sorted(ids.begin(), ids.end())) << n;
+        EXPECT_EQ(frame_count, static_cast<int>(ids.size())) << n;
+    }
+    EXPECT_EQ(ids_on_disk(), Ids{0});
+}
+
+TEST_F(InterruptionTest, ExitToADeadDiskGoesToTheRescueFolder) {
+    std::filesystem::path rescued;
+    run_apart([&] {
+        std::filesystem::permissions("WORKSPACE", std::filesystem::perms::none);
+        faults::arm(faults::CALL_RENAME, 0, EROFS);  // once: the state file; also as root, whom no permission stops
+        close_workspace();
+        return 0;
+    });
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder_.path() + "/state"))
+        if (entry.path().filename() == "current.002") rescued = entry.path();
+    const OwnedBitmap frame = load_bmp_file(rescued);
+    ASSERT_TRUE(frame);
+    EXPECT_EQ(*pixels_at(frame.get(), 0, 0), static_cast<Color>(in_memory));
+    EXPECT_TRUE(logged("[ INFO ] : The workspace was written to " + rescued.parent_path().string()));
+}
+
+TEST_F(InterruptionTest, GapsAreClosedWithTheirViewsAndThumbnails) {
+    std::filesystem::remove("original/current.001");
+    run_apart([] { return 0; });
+    expect_outcome({{1, 3, 4, 5}}, "gap: ");
+    EXPECT_EQ(frame_index, 1);  // still the same Frame
+}
+
+}  // namespace
+}  // namespace nubo

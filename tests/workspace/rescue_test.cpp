@@ -1,0 +1,99 @@
+#include "workspace/rescue.h"
+
+#include "platform/folder_lock.h"
+#include "state/messages.h"
+#include "state/view.h"
+#include "workspace/workspace_kit.h"
+
+namespace nubo {
+namespace {
+
+class RescueTest : public WorkspaceTest {
+protected:
+    void SetUp() override {
+        WorkspaceTest::SetUp();
+        make_workspace({1, 2, 3}, 0);
+        pass_time(1);
+    }
+    /// Lets the editor run idle for so long; a rescue that was begun is on disk afterwards.
+    static void pass_time(int seconds, bool stroke_running = false) {
+        autosave_tick(stroke_running);
+        UA_clock_ticks += seconds * 500;
+        autosave_tick(stroke_running);
+        settle_rescue();
+    }
+    static void make_older(const std::string& file) {
+        using namespace std::chrono_literals;
+        std::filesystem::last_write_time("WORKSPACE/" + file, std::filesystem::file_time_type::clock::now() - 60s);
+    }
+};
+
+TEST_F(RescueTest, AChangedFrameIsWrittenAsideOnceInHalfAMinute) {
+    pass_time(100);
+    EXPECT_EQ(files_in_workspace("rescue"), 0);  // nothing has changed
+    paint(11);
+    pass_time(29);
+    EXPECT_EQ(files_in_workspace("rescue"), 0);
+    pass_time(40, /*stroke_running=*/true);
+    EXPECT_EQ(files_in_workspace("rescue"), 0);
+    pass_time(0);
+    EXPECT_EQ(files_in_workspace("rescue.000"), 1);
+    EXPECT_EQ(ids_on_disk(), (Ids{1, 2, 3}));
+    paint(1);  // undone: the rescue would bring it back
+    pass_time(30);
+    EXPECT_EQ(files_in_workspace("rescue"), 0);
+}
+
+TEST_F(RescueTest, TheNextStartTakesItAndKeepsItUntilTheFrameIsSaved) {
+    for (const bool swap : {false, true}) {
+        ASSERT_TRUE(open_workspace());
+        ASSERT_TRUE(!swap || fetch_frame(frame_index, 2));  // the stored state doesn't know of the swap
+        const int old_id = id_in_memory(), slot = frame_index;
+        pass_time(1);
+        paint(44 + slot);
+        pass_time(30);
+        go_home();
+        make_older(frame_file_name(STEM_CURRENT, slot));
+        for (int start = 0; start < 2; ++start) {  // killed, and killed again right after the next start
+            status_message = 0;
+            ASSERT_TRUE(open_workspace());
+            EXPECT_TRUE(id_in_memory() == 44 + slot && frame_index == slot && status_message == MESSAGE_RESCUED);
+            EXPECT_EQ(*pixels_at(original_frame, 0, 0), static_cast<Color>(old_id));
+        }
+        close_workspace();
+        EXPECT_EQ(ids_on_disk()[static_cast<unsigned>(slot)], 44 + slot);
+        EXPECT_EQ(files_in_workspace("rescue"), 0);
+    }
+}
+
+TEST_F(RescueTest, OneThatIsOlderOrUnreadableIsNotTaken) {
+    paint(11);
+    pass_time(30);
+    make_older("rescue.000");
+    ASSERT_TRUE(open_workspace());
+    EXPECT_TRUE(id_in_memory() == 1 && files_in_workspace("rescue") == 0);
+    ASSERT_TRUE(write_file("WORKSPACE/rescue.001", "BM", 2));
+    make_older("current.001");
+    ASSERT_TRUE(open_workspace());
+    EXPECT_TRUE(id_in_memory() == 2 && files_in_workspace("rescue") == 0 && files_in_workspace("unreadable.001") == 1);
+}
+
+TEST_F(RescueTest, DeletingAFrameTakesItsRescueAlong) {
+    paint(11);
+    pass_time(30);
+    ASSERT_TRUE(delete_frames(0, 1));
+    make_older("current.000");
+    ASSERT_TRUE(open_workspace());
+    EXPECT_EQ(id_in_memory(), 2);
+}
+
+TEST(FolderLock, LetsInOneOnly) {
+    const ScratchFolder folder, other;
+    EXPECT_TRUE(lock_folder(folder.path()));
+    EXPECT_FALSE(lock_folder(folder.path()));
+    EXPECT_TRUE(lock_folder(other.path()));
+    EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
+}
+
+}  // namespace
+}  // namespace nubo
