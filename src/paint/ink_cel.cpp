@@ -44,12 +44,17 @@ void copy_without_holes(Color* __restrict__ frame, const Color* tile, int length
     for (int i = 0; i < length; ++i) frame[i] = is_hole(tile[i]) ? frame[i] : tile[i];
 }
 
+/// `cover_run` with a coverage of 0, which is above no mask, at the holes.
 void blend_without_holes(const TipRun& run, const Color* tile, int alpha) {
     const HoleTest is_hole;
+    Color* __restrict__ const frame = run.frame;
+    Color* __restrict__ const mask = run.mask;
     for (int i = 0; i < run.length; ++i) {
-        if (is_hole(tile[i]) || static_cast<int>(run.mask[i]) >= alpha) continue;
-        run.frame[i] = blend_fill_pixel(run.frame[i], tile[i], alpha);
-        run.mask[i] = static_cast<Color>(alpha);
+        const int coverage = is_hole(tile[i]) ? 0 : alpha;
+        const Color old = frame[i], painted = blend_fill_pixel(old, tile[i], alpha);
+        const Color taken = static_cast<int>(mask[i]) < coverage ? ~Color{0} : 0;
+        frame[i] = old ^ ((old ^ painted) & taken);
+        mask[i] = static_cast<Color>(std::max(static_cast<int>(mask[i]), coverage));
     }
 }
 
