@@ -61,9 +61,13 @@ void UA_log(const char* format, ...) {
     va_start(arguments, format);
     const std::string line = format_line(format, arguments);
     va_end(arguments);
+    UA_log_raw(line);
+}
+
+void UA_log_raw(std::string_view text) {
     // One write of a file opened for appending: a line stays whole though the other flow logs at the same time.
-    if (write(log_file, line.data(), line.size()) != static_cast<ssize_t>(line.size()) && log_file != STDERR_FILENO)
-        std::fputs(line.c_str(), stderr);
+    if (write(log_file, text.data(), text.size()) != static_cast<ssize_t>(text.size()) && log_file != STDERR_FILENO)
+        std::fwrite(text.data(), 1, text.size(), stderr);
 }
 
 void UA_log_close() {

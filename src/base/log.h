@@ -1,5 +1,6 @@
 #pragma once
 // The log: one plain-text file, one line a call, each on disk when the call returns. Callable from both flows.
+#include <string_view>
 
 namespace nubo {
 
@@ -13,6 +14,9 @@ void UA_log_open(const char* fallback_dir = nullptr);
 /// Writes one line. In `format`, %s and %S take a string, %d and %D an int, %f and %F a double with six decimals, %%
 /// writes one percent sign; any other character after % writes nothing and takes no argument.
 void UA_log(const char* format, ...);
+
+/// Writes text as it stands, without ending the line.
+void UA_log_raw(std::string_view text);
 
 void UA_log_close();
 

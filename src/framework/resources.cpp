@@ -1,0 +1,217 @@
+#include "framework/resources.h"
+
+#include "base/bitmap.h"
+#include "base/log.h"
+#include "base/random.h"
+#include "codecs/gif.h"
+#include "framework/packer.h"
+#include "framework/scrambler.h"
+#include "framework/text.h"
+#include "platform/input_file.h"
+#include "platform/safe_file.h"
+#include "state/resources.h"
+#include <algorithm>
+#include <climits>
+#include <cstdlib>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace nubo {
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+constexpr std::size_t resource_size_max = std::size_t{64} << 20;  // bytes; far above any file of ours
+constexpr const char *unscrambled_file = "prat", *library_file = "obj_lib.def";
+constexpr std::array<const char*, 3> temporary_files{unscrambled_file, "prat.def", "prat_2.def"};
+
+constexpr const char* missing_message = "A critical resource file is missing. Please reinstall the program.";
+
+/// The end of a start that can't go on; the log line has been written.
+[[noreturn]] void stop_with_message(const char* message) {
+    allegro_message("%s\n", message);
+    std::exit(-1);
+}
+
+std::optional<Bytes> read_resource(const std::string& path) {
+    Bytes bytes;
+    if (!read_file(path, resource_size_max, bytes)) return std::nullopt;
+    return bytes;
+}
+
+/// True if `target` stands and is not older than `source`.
+bool is_up_to_date(const char* source, const char* target) {
+    std::error_code no_source, no_target;
+    const auto source_time = std::filesystem::last_write_time(source, no_source);
+    const auto target_time = std::filesystem::last_write_time(target, no_target);
+    return !no_target && !no_source && target_time >= source_time;
+}
+
+[[noreturn]] void stop_missing_resource(const char* name) {
+    UA_log("ERROR: Failed to find a resource file. File = %s", name);
+    stop_with_message(missing_message);
+}
+
+/// A resource that the program can't do without.
+BITMAP* load_needed_bitmap(const char* name) {
+    BITMAP* const bitmap = UA_load_resource_bitmap(name);
+    if (bitmap == nullptr) stop_missing_resource(name);
+    return bitmap;
+}
+
+/// Numbers of a text, one a line.
+class NumberLines {
+public:
+    explicit NumberLines(const Bytes& text) : text_(text.begin(), text.end()) {}
+    /// True once a number was asked for where no whole line was left.
+    bool has_ended() const { return has_ended_; }
+    /// The next line's number; 0 for a line without one and behind the end. A long line goes on as the next one.
+    int next() {
+        constexpr std::size_t longest_line = 79;
+        const std::size_t line_feed = text_.find('\n', at_);
+        const std::size_t line_end = line_feed == std::string::npos ? text_.size() : line_feed + 1;
+        const std::string line = text_.substr(at_, std::min(line_end - at_, longest_line));
+        at_ += line.size();
+        has_ended_ = has_ended_ || (at_ == text_.size() && line_feed == std::string::npos);
+        return static_cast<int>(std::clamp(std::strtol(line.c_str(), nullptr, 10), long{INT_MIN}, long{INT_MAX}));
+    }
+
+private:
+    std::string text_;
+    std::size_t at_ = 0;
+    bool has_ended_ = false;
+};
+
+/// False when the count of pairs is not one that a record can hold.
+bool read_library_object(NumberLines& lines, LibraryObject& object) {
+    for (int& value : object.header) value = lines.next();
+    const int pairs = lines.next();
+    if (pairs < 0 || pairs > library_pairs_max) return false;
+    object.pair_count = pairs;
+    for (std::size_t i = 0; i < static_cast<std::size_t>(pairs); ++i) {
+        object.pairs[i].angle = lines.next();
+        object.pairs[i].radius = lines.next();
+    }
+    return true;
+}
+
+}  // namespace
+
+int UA_read_config() {
+    Bytes bytes;
+    if (!read_file(config_file, 1, bytes)) {
+        UA_log("[ FATAL ] : Cannot locate CONFIG.DEF. Rerun configuration program, or reinstall the game!");
+        stop_with_message("The file CONFIG.DEF is missing. Rerun the configuration program, or reinstall the game.");
+    }
+    return bytes.empty() ? -1 : bytes[0];
+}
+
+// ---- Scrambled files
+// -------------------------------------------------------------------------------------------------
+
+void UA_convert_resource(const char* source, const char* target) {
+    if (is_up_to_date(source, target)) return;
+    const auto plain = read_resource(source);
+    // The plain file goes only when the scrambled one is safely there.
+    const auto scrambled = plain ? scramble_bytes(*plain, UA_random(scramble_seeds)) : Bytes{};
+    if (!plain || !write_file(target, scrambled.data(), scrambled.size())) {
+        UA_log("ERROR: Failed to convert a resource file. File = %s", source);
+        stop_with_message("A resource file conversion failed. Please reinstall the game and try again.");
+    }
+    remove_file(source);
+}
+
+BITMAP* UA_load_resource_bitmap(const char* name) {
+    const std::string plain = std::string(name) + ".gif";
+    if (file_exists(plain)) UA_convert_resource(plain.c_str(), name);
+    const auto file = read_resource(name);
+    if (!file) stop_missing_resource(name);
+    const auto payload = unscramble_bytes(*file);
+    if (!payload || !write_file(unscrambled_file, payload->data(), payload->size())) return nullptr;
+    BITMAP* const bitmap = load_gif(unscrambled_file, global_palette.data());
+    remove_file(unscrambled_file);
+    return bitmap;
+}
+
+void UA_black_to_mask(BITMAP* bitmap) {
+    const auto black = static_cast<Color>(makecol(0, 0, 0));
+    for (int y = 0; y < bitmap->h; ++y)
+        std::replace(pixels_at(bitmap, 0, y), pixels_at(bitmap, bitmap->w, y), black, transparent_color);
+}
+
+void UA_load_framework_video() {
+    gui_sheet = load_needed_bitmap("UA_GUI");
+    UA_black_to_mask(gui_sheet);
+    destroy_bitmap(load_needed_bitmap("PALETTE"));
+    set_palette(global_palette.data());
+    UA_init_text_colors();
+    if (!UA_load_font(FONT_NARROW, {"UA_FONT_04"})) stop_missing_resource("UA_FONT_04");
+    if (!UA_load_font(FONT_WIDE, {"UA_FONT_05"})) stop_missing_resource("UA_FONT_05");
+}
+
+void UA_sweep_temp_resources() {
+    for (const char* const file : temporary_files) remove_file(file);
+}
+
+// ---- The object library
+// ----------------------------------------------------------------------------------------------
+
+void UA_load_object_library() {
+    object_library.fill({});
+    library_count = 0;
+    const auto text = read_resource(library_file);
+    if (!text) {
+        UA_log("[ WARNING ] : Couldn't read the object library. File = %s", library_file);
+        return;
+    }
+    NumberLines lines(*text);
+    do {
+        LibraryObject object;
+        if (library_count == library_objects || !read_library_object(lines, object)) {
+            UA_log("[ WARNING ] : Object library has more than its table holds! Record = %d", library_count);
+            return;
+        }
+        object_library[static_cast<std::size_t>(library_count++)] = object;
+    } while (!lines.has_ended());
+}
+
+// ---- Packed files
+// ----------------------------------------------------------------------------------------------------
+
+bool UA_pack_resource(const char* source, const char* target) {
+    const auto plain = read_resource(source);
+    if (!plain) {
+        UA_log("[ ERROR ] : Missing resource file while compressing!");
+        stop_with_message("A critical resource file is missing. Please reinstall the application.");
+    }
+    const auto packed = pack_bytes(*plain);
+    if (!packed) {
+        UA_log("[ ERROR ] : Resource file is too long to be compressed! File = %s", source);
+        return false;
+    }
+    return write_file(target, packed->data(), packed->size());
+}
+
+bool UA_unpack_resource(const char* source, const char* target) {
+    const auto packed = read_resource(source);
+    if (!packed) {
+        UA_log("[ ERROR ] : Missing resource file while decompressing!");
+        stop_with_message("A critical resource file is missing. Please reinstall the game.");
+    }
+    const auto plain = unpack_bytes(*packed);
+    if (!plain) {
+        UA_log("[ ERROR ] : Resource file is no sound container! File = %s", source);
+        return false;
+    }
+    return write_file(target, plain->data(), plain->size());
+}
+
+bool UA_is_packed(const char* file) {
+    constexpr std::size_t magic_size = 4;
+    Bytes bytes;
+    return read_file(file, magic_size, bytes) && has_pack_magic(bytes);
+}
+
+}  // namespace nubo

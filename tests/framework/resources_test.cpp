@@ -1,0 +1,176 @@
+#include "framework/resources.h"
+
+#include "base/log.h"
+#include "codecs/gif.h"
+#include "font_sheet.h"
+#include "harness/harness.h"
+#include "state/resources.h"
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+namespace nubo {
+namespace {
+
+namespace fs = std::filesystem;
+
+void write_text(const char* path, std::string_view text) { std::ofstream(path, std::ios::binary) << text; }
+
+std::string read_text(const char* path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void set_age(const char* path, int hours) {
+    fs::last_write_time(path, fs::file_time_type::clock::now() - std::chrono::hours(hours));
+}
+
+/// Expects that `call` ends the program with -1 and that message box, which goes to standard output here.
+void expect_end(void (*call)(), const std::string& message) {
+    constexpr int exit_minus_one = 255;
+    const auto call_aloud = [&] {
+        dup2(STDERR_FILENO, STDOUT_FILENO);
+        call();
+    };
+    EXPECT_EXIT(call_aloud(), testing::ExitedWithCode(exit_minus_one), message);
+}
+
+class ResourcesTest : public testing::Test {
+protected:
+    ResourcesTest() {
+        UA_log_open();
+        set_test_palette();
+    }
+    ~ResourcesTest() override { UA_log_close(); }
+    /// Writes a GIF in the test palette whose pixels are the palette's entries for the colours of `picture`.
+    static void write_gif(const char* path, BITMAP* picture) {
+        BITMAP* const indexed = create_bitmap_ex(8, picture->w, picture->h);
+        for (int y = 0; y < picture->h; ++y)
+            for (int x = 0; x < picture->w; ++x)
+                indexed->line[y][x] = static_cast<unsigned char>(UA_palette_index(*pixels_at(picture, x, y)));
+        PALETTE palette;
+        get_palette(palette);
+        ASSERT_EQ(save_gif(path, indexed, palette), 0);
+        destroy_bitmap(indexed);
+    }
+    static void write_dot(const char* path, int index) {
+        write_gif(path, make_bitmap(3, 2, UA_palette_color(index)).get());
+    }
+    /// The colour of the picture that the resource `name` holds.
+    static Color loaded_color(const char* name) {
+        const OwnedBitmap bitmap(UA_load_resource_bitmap(name));
+        return bitmap ? *pixels_at(bitmap.get(), 2, 1) : transparent_color;
+    }
+    ScratchFolder folder_;
+};
+
+TEST_F(ResourcesTest, ANewerPlainPictureIsScrambledOverTheOldAndIsGone) {
+    write_dot("ART.gif", 7);
+    EXPECT_EQ(loaded_color("ART"), UA_palette_color(7));
+    EXPECT_FALSE(fs::exists("ART.gif") || fs::exists("prat"));
+    EXPECT_NE(read_text("ART").substr(1, 3), "GIF");
+    EXPECT_EQ(global_palette[7].r, 7 * 9);
+    set_age("ART", 2);
+    write_dot("ART.gif", 9);
+    EXPECT_EQ(loaded_color("ART"), UA_palette_color(9));
+    write_dot("ART.gif", 11);
+    set_age("ART.gif", 2);  // older than what is there: stays, and counts for nothing
+    EXPECT_EQ(loaded_color("ART"), UA_palette_color(9));
+    EXPECT_TRUE(fs::exists("ART.gif"));
+}
+
+TEST_F(ResourcesTest, AFileWithoutAPictureGivesNone) {
+    for (const std::string_view bytes :
+         {std::string_view("\3", 1), std::string_view(), std::string_view("\5GIF89a", 7)}) {
+        write_text("ART", bytes);
+        EXPECT_EQ(UA_load_resource_bitmap("ART"), nullptr);
+        EXPECT_FALSE(fs::exists("prat"));
+    }
+}
+
+TEST_F(ResourcesTest, WhatTheStartNeedsEndsTheProgramWhenItIsMissing) {
+    expect_end([] { UA_load_resource_bitmap("ART"); },
+               "A critical resource file is missing. Please reinstall the program.");
+    expect_end([] { UA_read_config(); },
+               "The file CONFIG.DEF is missing. Rerun the configuration program, or reinstall the game.");
+    expect_end([] { UA_convert_resource("ART.gif", "ART"); },
+               "A resource file conversion failed. Please reinstall the game and try again.");
+    expect_end([] { UA_pack_resource("a", "b"); },
+               "A critical resource file is missing. Please reinstall the application.");
+    expect_end([] { UA_unpack_resource("a", "b"); }, "A critical resource file is missing. Please reinstall the game.");
+    EXPECT_EQ(log_text(), "ERROR: Failed to find a resource file. File = ART\n"
+                          "[ FATAL ] : Cannot locate CONFIG.DEF. Rerun configuration program, or reinstall the game!\n"
+                          "ERROR: Failed to convert a resource file. File = ART.gif\n"
+                          "[ ERROR ] : Missing resource file while compressing!\n"
+                          "[ ERROR ] : Missing resource file while decompressing!\n");
+    write_text("config.def", "3 and the rest");
+    EXPECT_EQ(UA_read_config(), DISPLAY_WINDOW_3X);
+}
+
+TEST_F(ResourcesTest, TheFrameworksImagesAreReadyForTheInterface) {
+    FontSheet sheet;
+    sheet.add('A', 0, 6, {"01"});
+    for (const char* const font : {"UA_FONT_04.gif", "UA_FONT_05.gif"}) write_gif(font, sheet.bitmap());
+    write_dot("UA_GUI.gif", 0);
+    write_dot("PALETTE.gif", 3);
+    PALETTE dark{};
+    set_palette(dark);
+    UA_load_framework_video();
+    EXPECT_EQ(*pixels_at(gui_sheet, 0, 0), transparent_color);
+    EXPECT_EQ(UA_palette_index(UA_palette_color(200)), 200);  // the palette is current
+    const OwnedBitmap target = make_bitmap(320, 240);
+    set_font(FONT_WIDE, TEXT_LIGHT);
+    EXPECT_EQ(UA_text(target.get(), 0, 0, "A"), 6);
+    EXPECT_EQ(*pixels_at(target.get(), 1, 0), 0xdadadau);
+    write_text("UA_FONT_05", "\3");
+    expect_end(UA_load_framework_video, "A critical resource file is missing. Please reinstall the program.");
+}
+
+TEST_F(ResourcesTest, TheObjectLibraryIsReadLineByLine) {
+    write_text("obj_lib.def", "1\n2\n3\n4\n2\n10\n20\n30\n40\n5\n6\n7\n8\n0\n9\n-1 and words\nwords\n0\n1\n128\n7");
+    UA_load_object_library();
+    ASSERT_EQ(library_count, 3);
+    EXPECT_EQ(object_library[0].pair_count, 2);
+    EXPECT_EQ(object_library[0].pairs[1].angle, 30);
+    EXPECT_EQ(object_library[0].pairs[1].radius, 40);
+    EXPECT_EQ(object_library[1].header[3], 8);
+    EXPECT_EQ(object_library[2].header[1], -1);
+    EXPECT_EQ(object_library[2].pairs[0].radius, 7);
+    EXPECT_EQ(log_text(), "");
+}
+
+TEST_F(ResourcesTest, AnObjectLibraryBeyondItsTableIsReadAsFarAsItFits) {
+    write_text("obj_lib.def", "1\n2\n3\n4\n0\n1\n2\n3\n4\n254\n");
+    UA_load_object_library();
+    EXPECT_EQ(library_count, 1);
+    std::string many;
+    for (int i = 0; i < 201 * 5; ++i) many += "0\n";
+    write_text("obj_lib.def", many);
+    UA_load_object_library();
+    EXPECT_EQ(library_count, library_objects);
+    fs::remove("obj_lib.def");
+    UA_load_object_library();
+    EXPECT_EQ(library_count, 0);
+    EXPECT_EQ(log_text(), "[ WARNING ] : Object library has more than its table holds! Record = 1\n"
+                          "[ WARNING ] : Object library has more than its table holds! Record = 200\n"
+                          "[ WARNING ] : Couldn't read the object library. File = obj_lib.def\n");
+}
+
+TEST_F(ResourcesTest, FilesArePackedAndUnpacked) {
+    write_text("plain", "to be or not to be, to be or not to be");
+    EXPECT_TRUE(UA_pack_resource("plain", "packed"));
+    EXPECT_TRUE(UA_is_packed("packed"));
+    EXPECT_FALSE(UA_is_packed("plain") || UA_is_packed("none"));
+    EXPECT_LT(fs::file_size("packed"), 40u);  // 38 bytes without the repeat are 19, and a container of 9
+    EXPECT_TRUE(UA_unpack_resource("packed", "again"));
+    EXPECT_EQ(read_text("again"), read_text("plain"));
+    EXPECT_FALSE(UA_unpack_resource("plain", "again"));
+    for (const char* const name : {"prat", "prat.def", "prat_2.def", "prat_3.def"}) write_text(name, "left over");
+    UA_sweep_temp_resources();
+    EXPECT_TRUE(!fs::exists("prat") && !fs::exists("prat_2.def") && fs::exists("prat_3.def"));
+}
+
+}  // namespace
+}  // namespace nubo
