@@ -6,6 +6,7 @@
 #include "codecs/blend.h"
 #include "editor/aids.h"
 #include "editor/present.h"
+#include "gui/draw.h"
 #include "gui/mouse.h"
 #include "paint/stroke.h"
 #include "paint/tools.h"
@@ -201,7 +202,10 @@ void update_screen(int mode) {
     if (normal && aids && opt_crosshair_strength != 0) draw_crosshairs();
     if (normal && aids) draw_cursor_below_gui();
     draw_menu_shadow();
-    if (gui_visible != 0) GUI_mouse_state();
+    if (gui_visible != 0) {
+        GUI_mouse_state();
+        GUI_draw_all();
+    }
     if (normal && aids) draw_cursor_over_gui();
     if (aids) {
         draw_tint();

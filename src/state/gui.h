@@ -9,8 +9,7 @@
 
 namespace nubo {
 
-// ---- Numbers
-// ---------------------------------------------------------------------------------------------------------
+// ---- Numbers --------------------------------------------------------------------------------------------------------
 
 /// What an element is, and so how it is drawn. Any other number draws nothing.
 enum ElementType : int {
@@ -68,11 +67,12 @@ enum ElementType : int {
     ELEMENT_WINDOW = 95,
     ELEMENT_COUNT = 98
 };
+inline constexpr int element_types_in_use = 52;
 
 /// What a press on an element does once the button has risen. "Inside": the place of the press lies in the element.
 enum Action : int {
     ACTION_NONE = 0,
-    ACTION_SPACE_VGA = 10,  // the colour window's four spaces
+    ACTION_SPACE_VGA = 10,  // the colour window's four spaces: `click` = slot number, the window moves to that space
     ACTION_SPACE_RGB = 11,
     ACTION_SPACE_HLS = 12,
     ACTION_SPACE_HSV = 13,
@@ -91,8 +91,7 @@ enum Action : int {
 };
 inline constexpr int click_right = -2;
 
-// ---- The table
-// -------------------------------------------------------------------------------------------------------
+// ---- The table ------------------------------------------------------------------------------------------------------
 
 inline constexpr int gui_slots = 128;
 inline constexpr int slider_stop_max = 1024, list_row_max = 64, panel_text_size = 64, field_size = 256;
@@ -104,6 +103,9 @@ struct SpriteRect {
 struct ArrowRect {
     Short x1 = -1, y1 = -1, x2 = -1, y2 = -1;
 };
+struct ArrowPos {
+    Short x1 = 0, y1 = 0, x2 = 0, y2 = 0;
+};
 
 namespace gui {
 // Place and kind.
@@ -113,8 +115,7 @@ inline constinit std::array<Short, gui_slots> hidden{};  // skipped by drawing a
 inline constinit std::array<Short, gui_slots> reserved{};
 inline constinit auto hot = filled<Short, gui_slots>(1);  // the mouse over it counts as hover
 inline constinit std::array<Short, gui_slots> left_action{}, right_action{}, middle_action{};
-inline constinit std::array<Word, gui_slots>
-    click{};  // of the last action: set by GUI_tick, taken by the window's loop
+inline constinit std::array<Word, gui_slots> click{};  // of the last action: set by GUI_tick, taken by the window
 // What it shows.
 inline constinit std::array<Word, gui_slots> color{};  // fill; for some types a text colour row or a frame number
 inline constinit std::array<Word, gui_slots> label{};  // a Label; for some types a number
@@ -132,8 +133,8 @@ inline constinit auto row_h = filled<Short, gui_slots>(14);           // height 
 inline constinit auto row_font = filled<Short, gui_slots>(4);         // FontSlot
 inline constinit std::array<Short, gui_slots> row_top{}, row_left{};  // offset of the first row
 inline constinit std::array<Short, gui_slots> row_w{};                // 0 means `w`, -1 the width less the slider
-inline constinit std::array<std::array<Short, list_row_max>, gui_slots>
-    row_ids{};  // labels; 0 and 1 double as parameters
+// Labels of the rows; the first entries double as parameters of other types.
+inline constinit std::array<std::array<Short, list_row_max>, gui_slots> row_ids{};
 inline constinit std::array<std::array<Word, list_row_max>, gui_slots> row_values{};
 inline constinit auto hover_row = filled<Short, gui_slots>(-1);  // row under the mouse, -1 none
 inline constexpr int aux_rows = 10, aux_columns = 5;
@@ -144,15 +145,14 @@ inline constinit std::array<Word, gui_slots> slider_min{}, slider_max{}, slider_
 inline constinit std::array<Short, gui_slots> slider_stops{};                             // knob positions on the track
 inline constinit std::array<Short, gui_slots> slider_ox{}, slider_oy{};                   // offset in the element
 inline constinit std::array<Short, gui_slots> slider_len{};  // 0 means to the end of the element
-inline constinit std::array<std::array<Short, slider_stop_max>, gui_slots>
-    slider_pos{};                                                // screen position of each stop
+inline constinit std::array<std::array<Short, slider_stop_max>, gui_slots> slider_pos{};  // place of each stop
 inline constinit std::array<Short, gui_slots> slider_origin{};   // of the track; 0: positions to be computed
 inline constinit auto wheel_step = filled<Short, gui_slots>(1);  // change a wheel notch
 inline constinit std::array<SpriteRect, gui_slots> knob_rect{};  // sprites in the GUI sheet
 inline constinit std::array<ArrowRect, gui_slots> arrow_rect{};
 inline constinit auto arrow_w = filled<Short, gui_slots>(10);
 inline constinit auto arrow_h = filled<Short, gui_slots>(10);
-inline constinit std::array<ArrowRect, gui_slots> arrow_pos{};        // on the screen, kept by the drawing pass
+inline constinit std::array<ArrowPos, gui_slots> arrow_pos{};         // on the screen, kept by the drawing pass
 inline constinit std::array<Shared<Word*>, gui_slots> value_show{};   // the int shown next to the knob
 inline constinit std::array<Shared<Word*>, gui_slots> value_write{};  // the int to which `slider_value` is copied
 inline constinit std::array<Short, gui_slots> value_write_on{};
@@ -166,8 +166,7 @@ inline constinit std::array<Word, gui_slots> field_scroll{};   // first characte
 inline constinit auto field_font = filled<Word, gui_slots>(4);
 }  // namespace gui
 
-// ---- Input, shared by the whole table
-// --------------------------------------------------------------------------------
+// ---- Input, shared by the whole table -------------------------------------------------------------------------------
 
 inline constinit int gui_visible = 1;                      // clear: no element is drawn
 inline constinit Shared<int> hover = -1, hover_slot = -1;  // slot under the mouse, -1 none; set by GUI_tick

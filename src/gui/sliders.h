@@ -1,0 +1,24 @@
+#pragma once
+// The arithmetic of sliders, for drawing them and for the mouse on them alike.
+#include "gui/elements.h"
+
+namespace nubo {
+
+// ---- Sliders --------------------------------------------------------------------------------------------------------
+
+/// The places that follow from a slider's element: its arrows, and the stops of its knob along the track.
+struct SliderPlaces {
+    int arrow1_x = 0, arrow1_y = 0, arrow2_x = 0, arrow2_y = 0;
+    int first_stop = 0;    // screen position of stop 0
+    double stop_step = 0;  // from stop to stop, not yet truncated
+    int origin = 0;        // across the track
+};
+SliderPlaces slider_places(int slot);
+
+/// The stop at which the knob sits.
+int slider_stop(int slot);
+
+/// The value of a stop; the last one gives the largest value.
+int slider_value_of_stop(int slot, int stop);
+
+}  // namespace nubo
