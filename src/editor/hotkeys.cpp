@@ -6,6 +6,7 @@
 #include "state/frames.h"
 #include "state/run.h"
 #include "state/view.h"
+#include "workspace/frame_store.h"
 #include <allegro.h>
 
 namespace nubo {
@@ -39,6 +40,18 @@ void start_measure() {
     measure_y = y;
     measure_state = 1;
 }
+
+// ---- Stepping through the Frames: only with more than one, and never to the one that is there
+// -------------------------
+
+void go_to_frame(int slot) {
+    if (slot != frame_index) fetch_frame(frame_index, slot);
+}
+
+void next_frame() { go_to_frame((frame_index + 1) % frame_count); }
+void previous_frame() { go_to_frame((frame_index + frame_count - 1) % frame_count); }
+void first_frame() { go_to_frame(0); }
+void last_frame() { go_to_frame(frame_count - 1); }
 
 void rapid_exit() {
     wait_for_key_up(HOTKEY_RAPID_EXIT);
@@ -78,10 +91,10 @@ constexpr std::array<HotkeyRow, HOTKEY_COUNT> rows{{
     {HOTKEY_PAN_LEFT,         KEY_LEFT,        KEY_A, HOTKEYS_PAN,   NO_WAIT,    pan_left},
     {HOTKEY_PAN_RIGHT,        KEY_RIGHT,       KEY_D, HOTKEYS_PAN,   NO_WAIT,    pan_right},
     {HOTKEY_QUICK_PAN,        KEY_0_PAD,       0,     HOTKEYS_MAIN,  NO_WAIT,    nullptr},
-    {HOTKEY_FRAME_NEXT,       KEY_PGDN,        0,     HOTKEYS_MODAL, WAIT_AFTER, nullptr},
-    {HOTKEY_FRAME_PREVIOUS,   KEY_DEL,         0,     HOTKEYS_MODAL, WAIT_AFTER, nullptr},
-    {HOTKEY_FRAME_FIRST,      KEY_HOME,        0,     HOTKEYS_MODAL, WAIT_AFTER, nullptr},
-    {HOTKEY_FRAME_LAST,       KEY_END,         0,     HOTKEYS_MODAL, WAIT_AFTER, nullptr},
+    {HOTKEY_FRAME_NEXT,       KEY_PGDN,        0,     HOTKEYS_MODAL, WAIT_AFTER, next_frame},
+    {HOTKEY_FRAME_PREVIOUS,   KEY_DEL,         0,     HOTKEYS_MODAL, WAIT_AFTER, previous_frame},
+    {HOTKEY_FRAME_FIRST,      KEY_HOME,        0,     HOTKEYS_MODAL, WAIT_AFTER, first_frame},
+    {HOTKEY_FRAME_LAST,       KEY_END,         0,     HOTKEYS_MODAL, WAIT_AFTER, last_frame},
     {HOTKEY_FRAME_CENTER,     KEY_5_PAD,       0,     HOTKEYS_MAIN,  NO_WAIT,    center_frame},
     {HOTKEY_BRUSH_EYEDROPPER, KEY_F1,          0,     HOTKEYS_MAIN,  WAIT_AFTER, nullptr},
     {HOTKEY_MASK_EYEDROPPER,  KEY_F2,          0,     HOTKEYS_MAIN,  WAIT_AFTER, nullptr},

@@ -15,6 +15,7 @@
 #include "state/options.h"
 #include "state/run.h"
 #include "state/view.h"
+#include "workspace/rescue.h"
 #include <algorithm>
 #include <allegro.h>
 #include <cmath>
@@ -213,6 +214,8 @@ void update_screen(int mode) {
     }
     refresh_ticks = 0;
     UA_run_jobs();
+    // A freehand stroke lasts as long as the button; all other painting shows itself in the stroke's mode.
+    autosave_tick(!normal || mouse_left != 0);
 }
 
 }  // namespace nubo

@@ -8,6 +8,7 @@
 #include "editor/handlers.h"
 #include "editor/hotkeys.h"
 #include "paint/inks.h"
+#include "platform/folder_lock.h"
 #include "platform/program_folder.h"
 #include "platform/signals.h"
 #include "state/cel.h"
@@ -16,6 +17,7 @@
 #include "state/run.h"
 #include "state/stroke.h"
 #include "state/view.h"
+#include "workspace/user_settings.h"
 #include "workspace/workspace.h"
 #include <allegro.h>
 #include <cstdio>
@@ -29,18 +31,29 @@ constexpr int cannot_start = -1;
 
 void request_exit_by_close_button() { exit_requested = 1; }
 
+/// Two editors on one Workspace would write over each other's Frames: the second one ends before it touches anything.
+int claim_program_folder() {
+    if (!find_program_dir()) {
+        std::fprintf(stderr, "nubo: the program's own folder can't be told\n");
+        return cannot_start;
+    }
+    if (lock_folder(program_dir.data())) return 0;
+    allegro_message("Nubo is already running on this Workspace. Go back to its window, or close it first.\n");
+    return exit_locked;
+}
+
 /// The log belongs where the program was started; all else happens in the program's own folder.
-bool open_log_and_enter_folder() {
-    const bool found = find_program_dir();
+int open_log_and_enter_folder() {
+    if (const int code = claim_program_folder(); code != 0) return code;
     UA_log_reset();
-    UA_log_open(found ? program_dir.data() : nullptr);
+    UA_log_open(program_dir.data());
     UA_log("[ INIT ] : Old resources swept up");
     UA_log("[ INIT ] : %s now loading", window_title);
     UA_log("[ INIT ] : DEFCON 1 - Standard logging");
-    if (found && chdir(program_dir.data()) == 0) return true;
+    if (chdir(program_dir.data()) == 0) return 0;
     UA_log("[ FATAL ] : The program's own folder can't be entered. Folder = %s", program_dir.data());
     std::fprintf(stderr, "nubo: the program's own folder can't be entered\n");
-    return false;
+    return cannot_start;
 }
 
 bool start_allegro() {
@@ -101,10 +114,13 @@ void place_mouse() {
 int start_program() {
     handlers_locked = 1;
     UA_seed_random();  // before the first random colours are drawn
-    if (!open_log_and_enter_folder() || !start_allegro()) return cannot_start;
+    if (const int code = open_log_and_enter_folder(); code != 0) return code;
+    if (!start_allegro()) return cannot_start;
     if (const GraphicsResult result = UA_init_graphics(); result != GRAPHICS_UP) return result;
     UA_log("[ INIT ] : Framework initialized");
-    default_hotkeys();
+    default_hotkeys();  // before the user's own are read
+    load_user_settings();
+    UA_log("[ INIT ] : User settings loaded from file");
     if (!load_application_images()) return cannot_start;
     if (!create_work_bitmaps()) return cannot_start;
     place_mouse();
@@ -116,6 +132,7 @@ int start_program() {
     handlers_locked = 0;
     UA_log("[ INIT ] : All preparations complete. Entering program loop");
     UA_log(" ");
+    enter_image_dir();
     editor_running = 1;
     return 0;
 }
@@ -128,6 +145,8 @@ void shutdown_program() {
     editor_running = 0;
     UA_log("[ END ] : Writing workspace to file.");
     close_workspace();
+    UA_log("[ END ] : Writing user settings to file.");
+    save_user_settings();
     UA_log("[ END ] : Closing log.");
     UA_log_close();
 }
