@@ -193,27 +193,28 @@ void Journey::move_to(int x, int y) {
     if (moves) wait_until([&] { return around(mouse_).pixels != before.pixels; }, answer_limit);
 }
 
-void Journey::press_left() {
-    const Photo before = around(mouse_);
-    desktop_->press(MOUSE_LEFT);
-    wait_until([&] { return around(mouse_).pixels != before.pixels; }, answer_limit);
-}
-
 bool Journey::draw_line(Spot from, Spot to, std::uint32_t color) {
-    move_to(from.x, from.y);
-    press_left();
     const int steps = std::max(std::abs(to.x - from.x), std::abs(to.y - from.y));
     const auto on_the_way = [&](int step) {
         return Spot{from.x + (to.x - from.x) * step / steps, from.y + (to.y - from.y) * step / steps};
     };
-    for (int step = 1; step <= steps; ++step) {
+    const auto go = [&](int step) {
         mouse_ = on_the_way(step);
         desktop_->move_to(spot(mouse_.x, mouse_.y));
-    }
-    const Spot halfway = on_the_way(steps / 2);
-    const bool drawn = comes_to_show(halfway.x, halfway.y, color);
+    };
+    const auto shows = [&](int step) { return pixel(on_the_way(step).x, on_the_way(step).y) == color; };
+
+    move_to(from.x, from.y);
+    desktop_->press(MOUSE_LEFT);
+    const bool begun = wait_until([&] {  // to and fro, until the program has seen the press
+        go(2 * certain_from);
+        go(0);
+        return shows(certain_from);
+    });
+    for (int step = 1; step <= steps; ++step) go(step);
+    const bool drawn = wait_until([&] { return shows(steps / 2); });
     desktop_->release(MOUSE_LEFT);
-    return drawn;
+    return begun && drawn;
 }
 
 }  // namespace nubo

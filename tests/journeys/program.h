@@ -56,11 +56,11 @@ public:
 
     /// Moves the mouse and waits until the picture around it answers.
     void move_to(int x, int y);
-    /// Presses the left button where the mouse is and waits until the picture around it answers.
-    void press_left();
-    /// Draws from one logical pixel to the other, not in a row or column, for there the crosshairs lie and tint what
-    /// stands below them. Goes pixel by pixel, and lets go once the pixel halfway shows `color`: what lies beyond may
-    /// be cut short, for then motion and release may reach the program together.
+    /// Draws with the left button from one logical pixel to the other, which lie on a diagonal: in the mouse's row and
+    /// column the crosshairs tint what stands below. Certain to be painted is what lies from `certain_from` pixels on
+    /// to halfway, for events that come close together reach the program together. False when no paint of `color`
+    /// appears.
+    static constexpr int certain_from = 4;
     bool draw_line(Spot from, Spot to, std::uint32_t color);
 
 private:

@@ -40,7 +40,7 @@ TEST(Start, StrokeSurvivesTheCloseButton) {
     const Photo kept = read_bmp(journey.path("WORKSPACE/current.000"));
     ASSERT_EQ(kept.width, 320);
     ASSERT_EQ(kept.height, 240);
-    EXPECT_EQ(kept.at(60, 50), white);
+    EXPECT_EQ(kept.at(64, 54), white);
     EXPECT_EQ(kept.at(80, 70), white);
     EXPECT_EQ(kept.at(95, 140), black);
     expect_in_order(journey.log_lines(),
@@ -57,7 +57,7 @@ TEST(Start, StrokeSurvivesTheCloseButton) {
 
     ASSERT_TRUE(journey.start());
     journey.move_to(250, 120);
-    EXPECT_TRUE(journey.comes_to_show(60, 50, white));
+    EXPECT_TRUE(journey.comes_to_show(64, 54, white));
     EXPECT_TRUE(journey.comes_to_show(80, 70, white));
     EXPECT_EQ(journey.pixel(95, 140), black);
     EXPECT_EQ(journey.close(), 0);
@@ -74,7 +74,7 @@ TEST(Start, SignalsOfTheSystemSaveTheWork) {
         EXPECT_EQ(journey.program().wait_for_exit(), 0) << "signal " << signal;
         const Photo kept = read_bmp(journey.path("WORKSPACE/current.000"));
         ASSERT_EQ(kept.width, 320) << "signal " << signal;
-        EXPECT_EQ(kept.at(60, 50), white) << "signal " << signal;
+        EXPECT_EQ(kept.at(64, 54), white) << "signal " << signal;
     }
 }
 
