@@ -32,18 +32,40 @@ void draw_panel(BITMAP* sheet, const ContactPanel& panel, int top) {
     }
 }
 
+bool is_clear_row(BITMAP* picture, int y) {
+    const Color* const row = pixels_at(picture, 0, y);
+    return std::all_of(row, row + picture->w, [](Color pixel) { return pixel == transparent_color; });
+}
+
+/// The panel without the rows of cells above and below that hold nothing.
+ContactPanel trimmed(const ContactPanel& panel) {
+    const int step = std::max(panel.cell_height, 1);
+    int top = 0, bottom = panel.picture->h;
+    while (bottom > 1 && is_clear_row(panel.picture.get(), bottom - 1)) --bottom;
+    while (top < bottom - 1 && is_clear_row(panel.picture.get(), top)) ++top;
+    top -= top % step;
+    ContactPanel part{make_bitmap(panel.picture->w, bottom - top), panel.cell_width, panel.cell_height};
+    if (part.picture) blit(panel.picture.get(), part.picture.get(), 0, top, 0, 0, panel.picture->w, bottom - top);
+    return part;
+}
+
 }  // namespace
 
 OwnedBitmap draw_contact_sheet(const std::vector<ContactPanel>& panels) {
     int width = 0, height = gap;
+    std::vector<ContactPanel> parts;
     for (const ContactPanel& panel : panels) {
+        if (panel.picture) parts.push_back(trimmed(panel));
+        if (!panel.picture || !parts.back().picture) return nullptr;
+    }
+    for (const ContactPanel& panel : parts) {
         width = std::max(width, panel.picture->w * scale + 2 * gap);
         height += panel.picture->h * scale + gap;
     }
     OwnedBitmap sheet = make_bitmap(width, height, desk_color);
     if (!sheet) return nullptr;
     int top = gap;
-    for (const ContactPanel& panel : panels) {
+    for (const ContactPanel& panel : parts) {
         draw_panel(sheet.get(), panel, top);
         top += panel.picture->h * scale + gap;
     }

@@ -10,7 +10,8 @@ struct ContactPanel {
     int cell_width, cell_height;  // of its grid, in pixels of the picture; 0: no grid
 };
 
-/// Draws the panels below each other, four times as large and with their grids. Null when the memory can't be had.
+/// Draws the panels below each other, four times as large, with their grids, and without clear rows above and below.
+/// Null when the memory can't be had or a panel has no picture.
 OwnedBitmap draw_contact_sheet(const std::vector<ContactPanel>& panels);
 
 }  // namespace nubo

@@ -8,7 +8,7 @@ namespace nubo {
 namespace {
 
 constexpr int sheet_width = 320, sheet_height = 200;
-constexpr int template_left = 60, template_right = 109, template_top = 111, template_bottom = 163;
+constexpr int template_right = 109, template_top = 111, template_bottom = 163;
 constexpr int end_left = 39, end_right = 47, end_top = 142, end_bottom = 149;  // what the program fills as ends
 
 constexpr Color mix(Color from, Color to, int of_256) {
@@ -16,42 +16,39 @@ constexpr Color mix(Color from, Color to, int of_256) {
     return pack_color(channel(red_of(from), red_of(to)), channel(green_of(from), green_of(to)),
                       channel(blue_of(from), blue_of(to)));
 }
+constexpr int lit_by = 75, ground_lit_by = 60, end_dimmed_by = 100;  // of 256
 
-constexpr Color ground = default_scheme[SCHEME_BACKGROUND], border = default_scheme[SCHEME_BORDER],
-                shadow = default_scheme[SCHEME_SHADOW], between = mix(ground, border, 128);
-
-/// A part of a sprite: what it is drawn with in the source, the red by which the program knows it in the template, and
-/// its colour in the default scheme.
+/// A part with the character it is drawn with in the source and the red by which the program knows it in the template.
+/// Only the upper six bits of the red last: a palette has no more.
 struct PartRow {
+    SpritePart part;
     char cell;
     int template_red;
-    Color color;
 };
-constexpr std::array<PartRow, 8> parts{{
-    {'s', 105, shadow},
-    {'b', 125, border},
-    {'g', 153, ground},
-    {'S', 206, mix(shadow, fixed_white, 75)},
-    {'B', 226, mix(border, fixed_white, 75)},
-    {'m', 48, between},
-    {'M', 170, mix(between, fixed_white, 75)},
-    {'G', 255, mix(ground, fixed_white, 60)},
+constexpr std::array<PartRow, PART_COUNT> parts{{
+    {PART_SHADOW, 's', 105},
+    {PART_BORDER, 'b', 125},
+    {PART_GROUND, 'g', 153},
+    {PART_LIT_SHADOW, 'S', 206},
+    {PART_LIT_BORDER, 'B', 226},
+    {PART_BETWEEN, 'm', 48},
+    {PART_LIT_BETWEEN, 'M', 170},
+    {PART_LIT_GROUND, 'G', 255},
 }};
+static_assert(rows_in_order(parts, &PartRow::part));
 
 const PartRow* find_part(char cell) {
-    for (const PartRow& part : parts)
-        if (part.cell == cell) return &part;
+    for (const PartRow& row : parts)
+        if (row.cell == cell) return &row;
     return nullptr;
 }
 
-/// The grey whose red is `red` once the palette's 6 bits are 8 again: 0 to 63 become 0 to 255, evenly and cut off.
+/// The palette's entry for the grey of a template, or nothing if the palette lacks it.
 std::optional<int> template_entry(const ArtPalette& palette, int red) {
-    for (int level = 0; level < 64; ++level) {
-        const Color grey = pack_color(4 * level, 4 * level, 4 * level);
-        const int entry = nearest_entry(palette, grey);
-        if (level * 255 / 63 == red && palette[static_cast<std::size_t>(entry)] == grey) return entry;
-    }
-    return std::nullopt;
+    const int level = red & ~3;
+    const int entry = nearest_entry(palette, pack_color(level, level, level));
+    if (palette[static_cast<std::size_t>(entry)] != pack_color(level, level, level)) return std::nullopt;
+    return entry;
 }
 
 struct Sheet {
@@ -60,29 +57,30 @@ struct Sheet {
     const ArtSource* source;
 };
 
-bool draw_part(const Sheet& sheet, const PartRow& part, int x, int y) {
-    const auto entry = template_entry(*sheet.palette, part.template_red);
+bool draw_part(const Sheet& sheet, const PartRow& row, int x, int y) {
+    const auto entry = template_entry(*sheet.palette, row.template_red);
     if (!entry) return false;
-    putpixel(sheet.bitmap, x, y, nearest_entry(*sheet.palette, part.color));
-    putpixel(sheet.bitmap, x + template_left, y, *entry);
+    putpixel(sheet.bitmap, x, y, nearest_entry(*sheet.palette, part_color(row.part, default_scheme)));
+    putpixel(sheet.bitmap, x + template_distance, y, *entry);
     return true;
 }
 
 bool draw_sprite_cell(const Sheet& sheet, const ArtBlock& block, char cell, int x, int y) {
-    const PartRow* const part = find_part(cell);
-    if (part == nullptr) return art_fault(*sheet.source, block, "a character that is no part");
-    if (x + template_left > template_right || y < template_top || y > template_bottom)
+    const PartRow* const row = find_part(cell);
+    if (row == nullptr) return art_fault(*sheet.source, block, "a character that is no part");
+    if (x + template_distance > template_right || y < template_top || y > template_bottom)
         return art_fault(*sheet.source, block, "a sprite lies in columns 0 to 49 and rows 111 to 163");
-    return draw_part(sheet, *part, x, y) ||
+    return draw_part(sheet, *row, x, y) ||
            art_fault(*sheet.source, block, "the palette lacks a grey that the templates need");
 }
 
 bool draw_end_cell(const Sheet& sheet, const ArtBlock& block, char cell, int x, int y) {
-    const PartRow* const part = find_part(cell);
-    if (part == nullptr) return art_fault(*sheet.source, block, "a character that is no part");
+    const PartRow* const row = find_part(cell);
+    if (row == nullptr) return art_fault(*sheet.source, block, "a character that is no part");
     if (x < end_left || x > end_right || y < end_top || y > end_bottom)
         return art_fault(*sheet.source, block, "an end lies in columns 39 to 47 and rows 142 to 149");
-    putpixel(sheet.bitmap, x, y, nearest_entry(*sheet.palette, mix(part->color, fixed_black, 100)));
+    putpixel(sheet.bitmap, x, y,
+             nearest_entry(*sheet.palette, mix(part_color(row->part, default_scheme), fixed_black, end_dimmed_by)));
     return true;
 }
 
@@ -105,6 +103,29 @@ bool draw_block(const Sheet& sheet, const ArtBlock& block) {
 }
 
 }  // namespace
+
+Color part_color(SpritePart part, const std::array<Color, SCHEME_COUNT>& scheme) {
+    const Color ground = scheme[SCHEME_BACKGROUND], border = scheme[SCHEME_BORDER], shadow = scheme[SCHEME_SHADOW];
+    const Color between = mix(ground, border, 128);
+    switch (part) {
+    case PART_SHADOW: return shadow;
+    case PART_BORDER: return border;
+    case PART_GROUND: return ground;
+    case PART_LIT_SHADOW: return mix(shadow, fixed_white, lit_by);
+    case PART_LIT_BORDER: return mix(border, fixed_white, lit_by);
+    case PART_BETWEEN: return between;
+    case PART_LIT_BETWEEN: return mix(between, fixed_white, lit_by);
+    case PART_LIT_GROUND: return mix(ground, fixed_white, ground_lit_by);
+    case PART_COUNT: break;
+    }
+    return transparent_color;
+}
+
+std::optional<SpritePart> part_of_template(Color pixel) {
+    for (const PartRow& row : parts)
+        if (red_of(pixel) >> 2 == row.template_red >> 2) return row.part;
+    return std::nullopt;
+}
 
 OwnedBitmap draw_gui_sheet(const ArtSource& source, const ArtPalette& palette) {
     OwnedBitmap bitmap(create_bitmap_ex(8, sheet_width, sheet_height));

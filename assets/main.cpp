@@ -1,17 +1,17 @@
 // nubo-assets: makes the files that the program reads at its start from the sources of the artwork.
 #include "base/color.h"
-#include "codecs/png.h"
 #include "contact_sheet.h"
 #include "font_sheet.h"
+#include "framework/resources.h"
+#include "framework/text.h"
 #include "gui_sheet.h"
 #include "logo.h"
+#include "program_files.h"
 #include "schemes.h"
 #include "specimen.h"
 #include "tip_sheet.h"
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 namespace nubo {
 namespace {
@@ -22,49 +22,13 @@ struct Places {
     fs::path sources, program_folder, contact_sheet;
 };
 
-std::string file_bytes(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-/// Moves a new file to its place. One that says what stands there already goes, so that what depends on it isn't
-/// remade.
-bool put_in_place(const fs::path& made, const fs::path& place) {
-    std::error_code error;
-    if (fs::exists(place, error) && file_bytes(made) == file_bytes(place))
-        fs::remove(made, error);
-    else
-        fs::rename(made, place, error);
-    if (error) std::fprintf(stderr, "%s: %s\n", place.c_str(), error.message().c_str());
-    return !error;
-}
-
-fs::path name_while_made(const fs::path& place) { return place.string() + ".new"; }
-
-bool write_bytes(const fs::path& place, const std::string& bytes) {
-    const fs::path made = name_while_made(place);
-    std::ofstream file(made, std::ios::binary);
-    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    file.close();
-    if (!file) std::fprintf(stderr, "%s: can't be written\n", made.c_str());
-    return file && put_in_place(made, place);
-}
-
-bool write_png(const fs::path& place, BITMAP* picture) {
-    const fs::path made = name_while_made(place);
-    if (save_png(made.c_str(), picture, nullptr) == 0) return put_in_place(made, place);
-    std::fprintf(stderr, "%s: %s\n", made.c_str(), png_error);
-    return false;
-}
-
-// ---- The files, one function each
-// ------------------------------------------------------------------------------------
+// ---- The files, one function each -----------------------------------------------------------------------------------
 
 /// What is made on the way: later files are drawn in the palette, and the contact sheet shows everything.
 struct Studio {
     Places places;
     ArtPalette palette{};
-    OwnedBitmap wide_font, narrow_font, gui;
+    BITMAP* gui = nullptr;  // in 32 bits; its panel owns it
     std::vector<ArtScheme> schemes;
     std::vector<ContactPanel> panels;
 };
@@ -73,12 +37,14 @@ std::optional<ArtSource> source_of(const Studio& studio, const char* name) {
     return read_art(studio.places.sources / name);
 }
 
+fs::path place_of(const Studio& studio, const std::string& name) { return studio.places.program_folder / name; }
+
 /// Draws a picture from its source, writes it as PNG and shows it on the contact sheet.
 bool make_picture(Studio& studio, const char* source_name, const char* place, OwnedBitmap (*draw)(const ArtSource&),
                   int cell_width, int cell_height) {
     const auto source = source_of(studio, source_name);
     OwnedBitmap picture = source ? draw(*source) : nullptr;
-    if (!picture || !write_png(studio.places.program_folder / place, picture.get())) return false;
+    if (!picture || !write_png(place_of(studio, place), picture.get())) return false;
     studio.panels.push_back({std::move(picture), cell_width, cell_height});
     return true;
 }
@@ -90,35 +56,60 @@ bool make_tips(Studio& studio) {
 }
 
 /// The display mode of a fresh program folder: a window of 960 by 720.
-bool make_config(Studio& studio) { return write_bytes(studio.places.program_folder / "config.def", "3"); }
+bool make_config(Studio& studio) { return write_bytes(place_of(studio, "config.def"), "3"); }
 
+/// The file is a picture only because it has a palette, which is all that the program takes of it.
 bool make_palette(Studio& studio) {
     const auto source = source_of(studio, "palette.txt");
     const auto palette = source ? read_palette(*source) : std::nullopt;
     if (!palette) return false;
     studio.palette = *palette;
-    studio.panels.push_back({draw_palette(*palette), palette_square, palette_square});
+    set_palette(to_allegro_palette(*palette).data());
+    const OwnedBitmap sheet = draw_palette_sheet();
+    if (!sheet || !write_resource(place_of(studio, "resource/PALETTE"), sheet.get(), *palette)) return false;
+    studio.panels.push_back({to_true_color(sheet.get()), palette_square, palette_square});
     return true;
 }
 
-bool make_font(Studio& studio, const char* source_name, OwnedBitmap& sheet) {
-    const auto source = source_of(studio, source_name);
-    if (source) sheet = draw_font_sheet(*source);
-    if (!sheet) return false;
-    OwnedBitmap picture = to_true_color(sheet.get(), studio.palette);
-    studio.panels.push_back({std::move(picture), getpixel(sheet.get(), 0, 0) + 1, getpixel(sheet.get(), 1, 0) + 1});
-    return true;
+/// Writes an 8-bit sheet and makes of it what the program will see: 32 bits, with black as transparent.
+OwnedBitmap finish_sheet(const Studio& studio, const char* place, BITMAP* sheet) {
+    if (!write_resource(place_of(studio, place), sheet, studio.palette)) return nullptr;
+    OwnedBitmap picture = to_true_color(sheet);
+    if (picture) UA_black_to_mask(picture.get());
+    return picture;
 }
+
+struct FontRow {
+    Font slot;
+    const char* source;
+    const char* place;
+};
+constexpr FontRow fonts[] = {{FONT_WIDE, "font_05.txt", "resource/UA_FONT_05"},
+                             {FONT_NARROW, "font_04.txt", "resource/UA_FONT_04"}};
 
 bool make_fonts(Studio& studio) {
-    return make_font(studio, "font_05.txt", studio.wide_font) && make_font(studio, "font_04.txt", studio.narrow_font);
+    UA_init_text_colors();
+    for (const FontRow& row : fonts) {
+        const auto source = source_of(studio, row.source);
+        const OwnedBitmap sheet = source ? draw_font_sheet(*source) : nullptr;
+        OwnedBitmap picture = sheet ? finish_sheet(studio, row.place, sheet.get()) : nullptr;
+        BITMAP* const sheets[] = {picture.get()};
+        if (!picture || !build_font(row.slot, sheets)) return false;
+        const FontSlot& font = font_slots[static_cast<std::size_t>(row.slot)];
+        // The tones in the last row would keep the empty rest of the sheet on the contact sheet.
+        hline(picture.get(), 0, picture->h - 1, picture->w - 1, static_cast<int>(transparent_color));
+        studio.panels.push_back({std::move(picture), font.cell_w + 1, font.cell_h + 1});
+    }
+    return true;
 }
 
 bool make_gui(Studio& studio) {
     const auto source = source_of(studio, "gui.txt");
-    if (source) studio.gui = draw_gui_sheet(*source, studio.palette);
-    if (!studio.gui) return false;
-    studio.panels.push_back({to_true_color(studio.gui.get(), studio.palette), 10, 10});
+    const OwnedBitmap sheet = source ? draw_gui_sheet(*source, studio.palette) : nullptr;
+    OwnedBitmap picture = sheet ? finish_sheet(studio, "resource/UA_GUI", sheet.get()) : nullptr;
+    if (!picture) return false;
+    studio.gui = picture.get();
+    studio.panels.push_back({std::move(picture), 10, 10});
     return true;
 }
 
@@ -127,7 +118,7 @@ bool make_schemes(Studio& studio) {
     auto schemes = source ? read_schemes(*source) : std::nullopt;
     if (!schemes) return false;
     for (const ArtScheme& scheme : *schemes)
-        if (!write_bytes(studio.places.program_folder / "SCHEMES" / scheme.name, scheme_file(scheme))) return false;
+        if (!write_bytes(place_of(studio, "SCHEMES/" + scheme.name), scheme_file(scheme))) return false;
     studio.schemes = std::move(*schemes);
     return true;
 }
@@ -135,13 +126,12 @@ bool make_schemes(Studio& studio) {
 bool make_objects(Studio& studio) {
     const auto source = source_of(studio, "objects.txt");
     const auto text = source ? object_library(*source) : std::nullopt;
-    return text && write_bytes(studio.places.program_folder / "resource/obj_lib.def", *text);
+    return text && write_bytes(place_of(studio, "resource/obj_lib.def"), *text);
 }
 
 bool make_contact_sheet(Studio& studio) {
-    const SpecimenSheets sheets{studio.wide_font.get(), studio.narrow_font.get(), studio.gui.get(), &studio.palette};
-    studio.panels.push_back({draw_font_specimen(sheets), 0, 0});
-    studio.panels.push_back({draw_scheme_specimen(sheets, studio.schemes), 0, 0});
+    studio.panels.push_back({draw_font_specimen(), 0, 0});
+    studio.panels.push_back({draw_scheme_specimen(studio.gui, studio.schemes), 0, 0});
     const OwnedBitmap sheet = draw_contact_sheet(studio.panels);
     return sheet && write_png(studio.places.contact_sheet, sheet.get());
 }

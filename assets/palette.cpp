@@ -43,14 +43,14 @@ std::optional<ArtPalette> read_palette(const ArtSource& source) {
     return std::nullopt;
 }
 
-void to_allegro_palette(const ArtPalette& palette, RGB* colors) {
-    for (const Color color : palette) {
-        colors->r = static_cast<unsigned char>(red_of(color) >> 2);
-        colors->g = static_cast<unsigned char>(green_of(color) >> 2);
-        colors->b = static_cast<unsigned char>(blue_of(color) >> 2);
-        colors->filler = 0;
-        ++colors;
+AllegroPalette to_allegro_palette(const ArtPalette& palette) {
+    AllegroPalette colors{};
+    for (std::size_t i = 0; i < palette.size(); ++i) {
+        colors[i].r = static_cast<unsigned char>(red_of(palette[i]) >> 2);
+        colors[i].g = static_cast<unsigned char>(green_of(palette[i]) >> 2);
+        colors[i].b = static_cast<unsigned char>(blue_of(palette[i]) >> 2);
     }
+    return colors;
 }
 
 int nearest_entry(const ArtPalette& palette, Color color) {
@@ -66,24 +66,19 @@ int nearest_entry(const ArtPalette& palette, Color color) {
     return nearest;
 }
 
-OwnedBitmap draw_palette(const ArtPalette& palette) {
+OwnedBitmap draw_palette_sheet() {
     constexpr int per_row = 16;
-    OwnedBitmap picture = make_bitmap(per_row * palette_square, per_row * palette_square);
-    for (int i = 0; picture && i < palette_size; ++i) {
+    OwnedBitmap sheet(create_bitmap_ex(8, per_row * palette_square, per_row * palette_square));
+    for (int i = 0; sheet && i < palette_size; ++i) {
         const int left = i % per_row * palette_square, top = i / per_row * palette_square;
-        rectfill(picture.get(), left, top, left + palette_square - 1, top + palette_square - 1,
-                 static_cast<int>(palette[static_cast<std::size_t>(i)]));
+        rectfill(sheet.get(), left, top, left + palette_square - 1, top + palette_square - 1, i);
     }
-    return picture;
+    return sheet;
 }
 
-OwnedBitmap to_true_color(BITMAP* sheet, const ArtPalette& palette) {
+OwnedBitmap to_true_color(BITMAP* sheet) {
     OwnedBitmap picture = make_bitmap(sheet->w, sheet->h);
-    for (int y = 0; picture && y < sheet->h; ++y)
-        for (int x = 0; x < sheet->w; ++x) {
-            const auto entry = static_cast<std::size_t>(_getpixel(sheet, x, y));
-            *pixels_at(picture.get(), x, y) = entry == 0 ? transparent_color : palette[entry];
-        }
+    if (picture) blit(sheet, picture.get(), 0, 0, 0, 0, sheet->w, sheet->h);
     return picture;
 }
 

@@ -14,16 +14,17 @@ using ArtPalette = std::array<Color, palette_size>;  // each channel a multiple 
 std::optional<ArtPalette> read_palette(const ArtSource& source);
 
 /// The same in the form that Allegro and the codecs take: 6 bits a channel.
-void to_allegro_palette(const ArtPalette& palette, RGB* colors);
+using AllegroPalette = std::array<RGB, palette_size>;
+AllegroPalette to_allegro_palette(const ArtPalette& palette);
 
 /// The entry nearest to a colour: that with the least sum of squared differences.
 int nearest_entry(const ArtPalette& palette, Color color);
 
-/// A picture of the palette for the contact sheet: 16 rows of 16 squares.
-OwnedBitmap draw_palette(const ArtPalette& palette);
+/// An 8-bit picture of all entries: 16 rows of 16 squares.
+OwnedBitmap draw_palette_sheet();
 inline constexpr int palette_square = 8;
 
-/// An 8-bit sheet in the palette's true colours, black as transparent.
-OwnedBitmap to_true_color(BITMAP* sheet, const ArtPalette& palette);
+/// An 8-bit sheet as the program sees it: in the colours of Allegro's current palette.
+OwnedBitmap to_true_color(BITMAP* sheet);
 
 }  // namespace nubo

@@ -1,22 +1,15 @@
 #pragma once
-// Specimens for the contact sheet: the sheets and schemes at work, as the program will show them.
-#include "palette.h"
+// Specimens for the contact sheet: the sheets and schemes at work, as the program shows them. Both need the fonts in
+// the text engine's slots.
+#include "base/bitmap.h"
 #include "schemes.h"
 
 namespace nubo {
 
-/// The sheets that a specimen is drawn with: 8-bit, in palette entries.
-struct SpecimenSheets {
-    BITMAP* wide_font;
-    BITMAP* narrow_font;
-    BITMAP* gui;
-    const ArtPalette* palette;
-};
+/// All characters and some texts of both fonts, on the dark of the status bar.
+OwnedBitmap draw_font_specimen();
 
-/// All characters and some texts of both fonts, in light letters on the dark of the status bar.
-OwnedBitmap draw_font_specimen(const SpecimenSheets& sheets);
-
-/// A small window in each scheme, two to the row.
-OwnedBitmap draw_scheme_specimen(const SpecimenSheets& sheets, const std::vector<ArtScheme>& schemes);
+/// A small window in each scheme, two to the row, with the sprites of the sheet `gui`, in 32 bits.
+OwnedBitmap draw_scheme_specimen(BITMAP* gui, const std::vector<ArtScheme>& schemes);
 
 }  // namespace nubo
