@@ -99,17 +99,7 @@ bool read_library_object(NumberLines& lines, LibraryObject& object) {
 
 }  // namespace
 
-int UA_read_config() {
-    Bytes bytes;
-    if (!read_file(config_file, 1, bytes)) {
-        UA_log("[ FATAL ] : Cannot locate CONFIG.DEF. Rerun configuration program, or reinstall the game!");
-        stop_with_message("The file CONFIG.DEF is missing. Rerun the configuration program, or reinstall the game.");
-    }
-    return bytes.empty() ? -1 : bytes[0];
-}
-
-// ---- Scrambled files
-// -------------------------------------------------------------------------------------------------
+// ---- Scrambled files ------------------------------------------------------------------------------------------------
 
 void UA_convert_resource(const char* source, const char* target) {
     if (is_up_to_date(source, target)) return;
@@ -142,7 +132,7 @@ void UA_black_to_mask(BITMAP* bitmap) {
 }
 
 void UA_load_framework_video() {
-    gui_sheet = load_needed_bitmap("UA_GUI");
+    replace_bitmap(gui_sheet, OwnedBitmap(load_needed_bitmap("UA_GUI")));
     UA_black_to_mask(gui_sheet);
     destroy_bitmap(load_needed_bitmap("PALETTE"));
     set_palette(global_palette.data());
@@ -155,8 +145,7 @@ void UA_sweep_temp_resources() {
     for (const char* const file : temporary_files) remove_file(file);
 }
 
-// ---- The object library
-// ----------------------------------------------------------------------------------------------
+// ---- The object library ---------------------------------------------------------------------------------------------
 
 void UA_load_object_library() {
     object_library.fill({});
@@ -177,8 +166,7 @@ void UA_load_object_library() {
     } while (!lines.has_ended());
 }
 
-// ---- Packed files
-// ----------------------------------------------------------------------------------------------------
+// ---- Packed files ---------------------------------------------------------------------------------------------------
 
 bool UA_pack_resource(const char* source, const char* target) {
     const auto plain = read_resource(source);

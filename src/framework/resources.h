@@ -9,23 +9,7 @@ namespace nubo {
 /// The palette of the image loaded last, "PALETTE" once the start is through: text tones and effects name its entries.
 inline constinit std::array<RGB, PAL_SIZE> global_palette{};
 
-// ---- Configuration
-// ---------------------------------------------------------------------------------------------------
-
-inline constexpr const char* config_file = "config.def";
-/// The display mode that the configuration tool writes, the file's one meaningful byte.
-enum DisplayMode : int {
-    DISPLAY_FULLSCREEN = '1',
-    DISPLAY_WINDOW_2X = '2',
-    DISPLAY_WINDOW_3X = '3',
-    DISPLAY_WINDOW_4X = '4'
-};
-
-/// The first byte of `config.def`, -1 if it is empty. Without the file the program ends with a message box and -1.
-int UA_read_config();
-
-// ---- Scrambled files
-// -------------------------------------------------------------------------------------------------
+// ---- Scrambled files ------------------------------------------------------------------------------------------------
 
 /// Brings the scrambled file `target` up to date: if the plain file `source` is newer, it is scrambled over `target`
 /// and deleted. Ends the program with a message box and -1 when `source` can't be read or `target` not written.
@@ -46,16 +30,14 @@ void UA_load_framework_video();
 /// Deletes what an interrupted load may have left behind. The process stands in "resource".
 void UA_sweep_temp_resources();
 
-// ---- The object library
-// ----------------------------------------------------------------------------------------------
+// ---- The object library ---------------------------------------------------------------------------------------------
 
 /// Reads `obj_lib.def` into `object_library`: a number a line, for each object four and the count of its pairs, then
 /// the pairs. Reading stops, with a line in the log, at a record that the table has no room for. The process stands in
 /// "resource".
 void UA_load_object_library();
 
-// ---- Packed files
-// ----------------------------------------------------------------------------------------------------
+// ---- Packed files ---------------------------------------------------------------------------------------------------
 
 /// Packs a file into the container of framework/packer.h, or back. False, after a log line, when the result can't be
 /// written, the source is too long or no sound container. A missing source ends the program with a message box and -1.

@@ -93,20 +93,15 @@ TEST_F(ResourcesTest, AFileWithoutAPictureGivesNone) {
 TEST_F(ResourcesTest, WhatTheStartNeedsEndsTheProgramWhenItIsMissing) {
     expect_end([] { UA_load_resource_bitmap("ART"); },
                "A critical resource file is missing. Please reinstall the program.");
-    expect_end([] { UA_read_config(); },
-               "The file CONFIG.DEF is missing. Rerun the configuration program, or reinstall the game.");
     expect_end([] { UA_convert_resource("ART.gif", "ART"); },
                "A resource file conversion failed. Please reinstall the game and try again.");
     expect_end([] { UA_pack_resource("a", "b"); },
                "A critical resource file is missing. Please reinstall the application.");
     expect_end([] { UA_unpack_resource("a", "b"); }, "A critical resource file is missing. Please reinstall the game.");
     EXPECT_EQ(log_text(), "ERROR: Failed to find a resource file. File = ART\n"
-                          "[ FATAL ] : Cannot locate CONFIG.DEF. Rerun configuration program, or reinstall the game!\n"
                           "ERROR: Failed to convert a resource file. File = ART.gif\n"
                           "[ ERROR ] : Missing resource file while compressing!\n"
                           "[ ERROR ] : Missing resource file while decompressing!\n");
-    write_text("config.def", "3 and the rest");
-    EXPECT_EQ(UA_read_config(), DISPLAY_WINDOW_3X);
 }
 
 TEST_F(ResourcesTest, TheFrameworksImagesAreReadyForTheInterface) {
