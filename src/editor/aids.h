@@ -10,6 +10,9 @@ void draw_crosshairs();
 enum CursorForm : int { CURSOR_FRAME_PIXELS, CURSOR_LOGICAL_PIXELS };
 void draw_cursor(CursorForm form);
 
+/// The letter that stands for the cursor while a stroke paints.
+void draw_stroke_cursor();
+
 /// Steps the measuring with its key, and draws it on `overlay`. At each update.
 void draw_measure();
 

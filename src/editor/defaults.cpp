@@ -3,6 +3,8 @@
 #include "base/color.h"
 #include "base/jobs.h"
 #include "base/random.h"
+#include "framework/actors.h"
+#include "gui/elements.h"
 #include "state/run.h"
 
 namespace nubo {
@@ -22,6 +24,8 @@ void UA_initialize_variables() {
     editor_running = 0;
     gui_enabled = 0;
     for (int slot = 0; slot < job_slots; ++slot) UA_clear_job(slot);
+    UA_initialize_actors();
+    for (int slot = 0; slot < gui_slots; ++slot) GUI_clear_element(slot);
     for (Color& color : color_slots) color = random_color();
     favorites.fill(ui_background);
 }

@@ -2,6 +2,7 @@
 
 #include "base/color.h"
 #include "base/log.h"
+#include "codecs/gif.h"
 #include "codecs/png.h"
 #include "editor/defaults.h"
 #include "editor/screen.h"
@@ -14,25 +15,30 @@
 namespace nubo {
 namespace {
 
-enum ConfigMode : int { CONFIG_FULLSCREEN = '1', CONFIG_640 = '2', CONFIG_960 = '3', CONFIG_1280 = '4' };
+enum DisplayMode : int {
+    DISPLAY_FULLSCREEN = '1',
+    DISPLAY_WINDOW_2X = '2',
+    DISPLAY_WINDOW_3X = '3',
+    DISPLAY_WINDOW_4X = '4'
+};
 
 struct ModeRow {
-    ConfigMode mode;
+    DisplayMode mode;
     int card, width, height, scale, switch_mode;
     const char* request;
-    ConfigMode next;  // tried when this one is refused; itself: none
+    DisplayMode next;  // tried when this one is refused; itself: none
 };
 constexpr std::array<ModeRow, 4> modes{{
-    {CONFIG_FULLSCREEN, GFX_AUTODETECT_FULLSCREEN, 640, 480, 2, SWITCH_BACKAMNESIA,
-     "[ INIT ] : Requesting 640x480 fullscreen resolution", CONFIG_FULLSCREEN},
-    {CONFIG_640, GFX_AUTODETECT_WINDOWED, 640, 480, 2, SWITCH_BACKGROUND,
-     "[ INIT ] : Requesting 640x480 windowed resolution", CONFIG_640},
-    {CONFIG_960, GFX_AUTODETECT_WINDOWED, 960, 720, 3, SWITCH_BACKGROUND,
-     "[ INIT ] : Requesting 960x720 windowed resolution", CONFIG_640},
-    {CONFIG_1280, GFX_AUTODETECT_WINDOWED, 1280, 960, 4, SWITCH_BACKGROUND,
-     "[ INIT ] : Requesting 1280x960 windowed resolution", CONFIG_960},
+    {DISPLAY_FULLSCREEN, GFX_AUTODETECT_FULLSCREEN, 640, 480, 2, SWITCH_BACKAMNESIA,
+     "[ INIT ] : Requesting 640x480 fullscreen resolution", DISPLAY_FULLSCREEN},
+    {DISPLAY_WINDOW_2X, GFX_AUTODETECT_WINDOWED, 640, 480, 2, SWITCH_BACKGROUND,
+     "[ INIT ] : Requesting 640x480 windowed resolution", DISPLAY_WINDOW_2X},
+    {DISPLAY_WINDOW_3X, GFX_AUTODETECT_WINDOWED, 960, 720, 3, SWITCH_BACKGROUND,
+     "[ INIT ] : Requesting 960x720 windowed resolution", DISPLAY_WINDOW_2X},
+    {DISPLAY_WINDOW_4X, GFX_AUTODETECT_WINDOWED, 1280, 960, 4, SWITCH_BACKGROUND,
+     "[ INIT ] : Requesting 1280x960 windowed resolution", DISPLAY_WINDOW_3X},
 }};
-static_assert(rows_in_order(modes, &ModeRow::mode, CONFIG_FULLSCREEN));
+static_assert(rows_in_order(modes, &ModeRow::mode, DISPLAY_FULLSCREEN));
 
 /// The first byte of config.def, or EOF when the file is missing or empty.
 int UA_read_config() {
@@ -44,11 +50,11 @@ int UA_read_config() {
 }
 
 const ModeRow& mode_of_config(int byte) {
-    if (byte < CONFIG_FULLSCREEN || byte > CONFIG_1280) {
+    if (byte < DISPLAY_FULLSCREEN || byte > DISPLAY_WINDOW_4X) {
         UA_log("[ WARNING ] : No display mode in CONFIG.DEF. Assuming a 640x480 window. Byte = %d", byte);
-        byte = CONFIG_640;
+        byte = DISPLAY_WINDOW_2X;
     }
-    return modes[static_cast<std::size_t>(byte - CONFIG_FULLSCREEN)];
+    return modes[static_cast<std::size_t>(byte - DISPLAY_FULLSCREEN)];
 }
 
 /// X11 grants a window larger than the desktop, so the desktop has to be asked first.
@@ -96,13 +102,14 @@ GraphicsResult UA_init_graphics() {
     UA_log("[ INIT ] : Resolution accepted");
     if (!has_window_color_order()) UA_log("[ WARNING ] : This display swaps red and blue");
     register_png();
+    register_gif();
     if (!create_screen_bitmaps()) {
         UA_log("[ FATAL ] : Not enough memory for the screen");
         return GRAPHICS_DENIED;
     }
     UA_initialize_variables();
     UA_log("[ INIT ] : Internal assets initialized");
-    if (mode->mode == CONFIG_FULLSCREEN) set_mouse_speed(1, 1);
+    if (mode->mode == DISPLAY_FULLSCREEN) set_mouse_speed(1, 1);
     UA_log("[ INIT ] : System control hooks installed");
     set_mouse_range(0, 0, screen_w - 1, screen_h - 1);
     clear_bitmap(screen_buffer);

@@ -3,6 +3,7 @@
 #include "base/jobs.h"
 #include "base/log.h"
 #include "base/timebase.h"
+#include "framework/actors.h"
 #include "gui/tick.h"
 #include "state/run.h"
 #include "state/view.h"
@@ -20,9 +21,6 @@ void bubble_tick() {}
 
 /// The step of the script interpreter, for which the editor loads no script.
 void script_tick() {}
-
-/// The behaviours of the actors.
-void behavior_tick() {}
 
 /// Clears the play guards of the sound samples, of which the editor loads none.
 void sound_tick() {}
@@ -49,7 +47,7 @@ std::array<Handler, 9> timer_handlers() {
     return {{{bubble_tick, period_45_hz},
              {script_tick, period_100_hz},
              {UA_framework_tick, period_45_hz},
-             {behavior_tick, period_140_hz},
+             {UA_behavior_handler, period_140_hz},
              {GUI_tick, GUI_tick_period()},
              {cursor_tick, period_10_hz},
              {sound_tick, period_5_hz},

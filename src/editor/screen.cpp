@@ -6,6 +6,8 @@
 #include "codecs/blend.h"
 #include "editor/aids.h"
 #include "editor/present.h"
+#include "editor/status_bar.h"
+#include "editor/zoom_preview.h"
 #include "gui/draw.h"
 #include "gui/mouse.h"
 #include "paint/stroke.h"
@@ -207,10 +209,14 @@ void update_screen(int mode) {
         GUI_mouse_state();
         GUI_draw_all();
     }
+    keep_zoom_preview();
     if (normal && aids) draw_cursor_over_gui();
+    if (!normal && aids) draw_stroke_cursor();
+    draw_status_bar();
     if (aids) {
         draw_tint();
         present();
+        frames_shown += 1;
     }
     refresh_ticks = 0;
     UA_run_jobs();

@@ -7,6 +7,9 @@
 #include "editor/graphics.h"
 #include "editor/handlers.h"
 #include "editor/hotkeys.h"
+#include "editor/zoom_preview.h"
+#include "framework/actors.h"
+#include "framework/resources.h"
 #include "paint/inks.h"
 #include "platform/folder_lock.h"
 #include "platform/program_folder.h"
@@ -93,6 +96,29 @@ bool load_application_images() {
     return true;
 }
 
+/// The scrambled images are read where they lie, in "resource".
+bool load_framework_resources() {
+    if (chdir("resource") != 0) return false;
+    UA_load_framework_video();
+    UA_log("[ INIT ] : Loaded framework video resources");
+    UA_sweep_temp_resources();
+    return chdir("..") == 0;
+}
+
+bool load_object_library() {
+    if (chdir("resource") != 0) return false;
+    UA_load_object_library();
+    return chdir("..") == 0;
+}
+
+/// Allegro's tables for drawing into paletted bitmaps, from the palette of the resources.
+void build_palette_tables() {
+    static RGB_MAP map;
+    set_palette(global_palette.data());
+    create_rgb_table(&map, global_palette.data(), nullptr);
+    rgb_map = &map;
+}
+
 bool create_work_bitmaps() {
     constexpr int nail_side = nail_tile * nail_columns, placeholder = 2;
     replace_bitmap(preview_bitmap, make_bitmap(preview_w, preview_h));
@@ -109,6 +135,14 @@ void place_mouse() {
     position_mouse(screen_w / 2, screen_h / 2);
 }
 
+/// The first picture comes up out of black.
+void fade_in() {
+    constexpr int full = 254, step = 8;
+    tint_r = tint_g = tint_b = 0;
+    tint_strength = full;
+    UA_tint_screen(0, 0, 0, 0, 0, step);
+}
+
 }  // namespace
 
 int start_program() {
@@ -121,9 +155,14 @@ int start_program() {
     default_hotkeys();  // before the user's own are read
     load_user_settings();
     UA_log("[ INIT ] : User settings loaded from file");
-    if (!load_application_images()) return cannot_start;
+    if (!load_object_library()) return cannot_start;
+    UA_log("[ INIT ] : Loaded application audio resources");
+    UA_log("[ INIT ] : Loaded framework audio resources");
+    if (!load_application_images() || !load_framework_resources()) return cannot_start;
+    build_palette_tables();
     if (!create_work_bitmaps()) return cannot_start;
     place_mouse();
+    register_zoom_preview();
     fill_glow_distances();
     install_handlers();
     UA_log("[ INIT ] : Interrupts installed");
@@ -134,6 +173,7 @@ int start_program() {
     UA_log(" ");
     enter_image_dir();
     editor_running = 1;
+    fade_in();
     return 0;
 }
 

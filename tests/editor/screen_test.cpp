@@ -16,7 +16,7 @@ constexpr Color red = 0xff0000, blue = 0x0000ff;
 
 class ScreenTest : public EditorTest {
 protected:
-    ScreenTest() { opt_crosshair_strength = 0; }
+    ScreenTest() { opt_crosshair_strength = opt_status_bar = 0; }
     static Color screen_pixel(int x, int y) { return *pixels_at(screen_buffer, x, y); }
     /// A picture without cursor, crosshairs and tint, which is never presented.
     static void draw_bare_picture() {

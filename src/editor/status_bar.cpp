@@ -1,0 +1,85 @@
+#include "editor/status_bar.h"
+
+#include "codecs/blend.h"
+#include "framework/text.h"
+#include "gui/elements.h"
+#include "state/frames.h"
+#include "state/options.h"
+#include "state/run.h"
+#include "state/view.h"
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <string_view>
+
+namespace nubo {
+namespace {
+
+constexpr int bar_h = 7, bottom_row = view_h - bar_h, text_dy = 1;
+using TextBuffer = std::array<char, 64>;
+
+bool window_on_screen() { return gui::active[slot_window] != 0 && gui::hidden[slot_window] == 0; }
+
+/// At the top, but out of the way of the mouse and of the window.
+int bar_row() {
+    const int top = gui::y[slot_window], under = top + gui::h[slot_window] + 1;
+    if (window_on_screen() && top < bar_h) return shown.mouse_y < bottom_row ? bottom_row : under;
+    if (shown.mouse_y >= bar_h) return 0;
+    return window_on_screen() && under > bottom_row ? top - bar_h : bottom_row;
+}
+
+void draw_centered(int row, std::string_view text, TextColor color) {
+    set_font(FONT_WIDE, color);
+    const int width = text_width(text);
+    set_font(FONT_WIDE, color);  // measuring has taken the text's colour codes
+    UA_text(screen_buffer, (view_w - width) / 2, row + text_dy, text);
+}
+
+void draw_coordinates(int row) {
+    struct Columns {
+        Font font;
+        int mouse, pixel, frame;
+    };
+    constexpr Columns narrow{FONT_NARROW, 1, 136, 280}, wide{FONT_WIDE, 1, 120, 260};
+    const Columns& at = opt_status_font == 0 ? narrow : wide;
+    const auto draw = [&](int x, const char* format, int a, int b) {
+        TextBuffer text;
+        std::snprintf(text.data(), text.size(), format, a, b);
+        UA_text(screen_buffer, x, row + text_dy, text.data());
+    };
+    set_font(at.font, TEXT_GRAY);
+    draw(at.mouse, "MOUSE > |c24%d,%d", shown.mouse_x, shown.mouse_y);
+    draw(at.pixel, "|c21PIXEL > |c24%d,%d", shown.pixel_x, shown.pixel_y);
+    TextBuffer text;
+    std::snprintf(text.data(), text.size(), "|c21FRAME > |c32%02d", static_cast<int>(frame_index));
+    UA_text(screen_buffer, at.frame, row + text_dy, text.data());
+}
+
+/// A text of the message table; empty for index 0 and below, and beyond the table.
+std::string_view text_of_message(int message) {
+    const bool known = message > 0 && message < static_cast<int>(tooltip_text.size());
+    return known ? tooltip_text[static_cast<std::size_t>(message)] : std::string_view();
+}
+
+/// The text of the element whose tooltip shows, empty for none.
+std::string_view text_of_tooltip() {
+    const int slot = tooltip_element;
+    return opt_tooltips != 0 && is_slot(slot) ? text_of_message(gui::tooltip[at(slot)]) : std::string_view();
+}
+
+}  // namespace
+
+void draw_status_bar() {
+    const bool menu_hidden = gui::hidden[slot_window] != 0;
+    if ((opt_status_bar == 0 || menu_hidden) && shown.status_message != status_bar_only) return;
+    const int row = bar_row();
+    trans_rectfill(screen_buffer, 0, row, view_w, bar_h, fixed_black, std::min<int>(opt_status_strength, 254));
+    if (shown.status_message > 0)
+        draw_centered(row, text_of_message(shown.status_message), TEXT_YELLOW);
+    else if (shown.status_message == status_coordinates && !text_of_tooltip().empty())
+        draw_centered(row, text_of_tooltip(), TEXT_GRAY);
+    else if (shown.status_message == status_coordinates)
+        draw_coordinates(row);
+}
+
+}  // namespace nubo

@@ -1,0 +1,12 @@
+#pragma once
+// The zoom preview: a small window that shows the frame around the mouse at its own size while the view is zoomed in.
+
+namespace nubo {
+
+/// Puts the preview up or takes it away, as the zoom and the options ask. At each update.
+void keep_zoom_preview();
+
+/// Tells the toolkit how to draw it. Once, at start.
+void register_zoom_preview();
+
+}  // namespace nubo
