@@ -5,11 +5,15 @@
 
 namespace nubo {
 
-OwnedBitmap make_bitmap(int width, int height, Color color) {
+OwnedBitmap make_uncleared_bitmap(int width, int height) {
     if (width < 1 || height < 1 || width > max_frame_side || height > max_frame_side) return nullptr;
     // Allegro works out the bytes of the whole bitmap in an int.
     if (static_cast<long long>(width) * height > INT_MAX / static_cast<int>(sizeof(Color))) return nullptr;
-    OwnedBitmap bitmap(create_bitmap_ex(32, width, height));
+    return OwnedBitmap(create_bitmap_ex(32, width, height));
+}
+
+OwnedBitmap make_bitmap(int width, int height, Color color) {
+    OwnedBitmap bitmap = make_uncleared_bitmap(width, height);
     if (bitmap) clear_to_color(bitmap.get(), static_cast<int>(color));
     return bitmap;
 }

@@ -17,6 +17,9 @@ using OwnedBitmap = std::unique_ptr<BITMAP, BitmapDestroyer>;
 /// or the memory can't be had; nothing is logged.
 OwnedBitmap make_bitmap(int width, int height, Color color = 0);
 
+/// The same with whatever the memory held, for one whose pixels are all written next.
+OwnedBitmap make_uncleared_bitmap(int width, int height);
+
 /// A new bitmap with the pixels of `source`, or null.
 OwnedBitmap copy_bitmap(BITMAP* source);
 

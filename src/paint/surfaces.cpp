@@ -5,10 +5,15 @@
 namespace nubo {
 
 bool adopt_frame(OwnedBitmap frame) {
-    OwnedBitmap mask = make_bitmap(frame->w, frame->h);
-    if (!mask) return false;
+    // A mask of the right size is used again: fresh memory costs more than clearing.
+    if (stroke_mask != nullptr && stroke_mask->w == frame->w && stroke_mask->h == frame->h) {
+        clear_stroke_mask();
+    } else {
+        OwnedBitmap mask = make_bitmap(frame->w, frame->h);
+        if (!mask) return false;
+        replace_bitmap(stroke_mask, std::move(mask));
+    }
     replace_bitmap(current_frame, std::move(frame));
-    replace_bitmap(stroke_mask, std::move(mask));
     frame_w = current_frame->w;
     frame_h = current_frame->h;
     return true;

@@ -90,7 +90,7 @@ void SafeFile::flush() {
     buffer_.clear();
 }
 
-bool SafeFile::commit() {
+bool SafeFile::commit(FolderSync sync) {
     flush();
     if (failure_.empty() && system_calls.fsync(file_) != 0) fail("synced");
     // Some file systems tell only here that the bytes found no room.
@@ -102,7 +102,7 @@ bool SafeFile::commit() {
         return false;
     }
     exists_ = false;
-    sync_folder(folder_of(path_));
+    if (sync == SYNC_FOLDER_NOW) sync_folder(folder_of(path_));
     return true;
 }
 

@@ -11,6 +11,9 @@ namespace nubo {
 /// Ends the name of a file that is being written. One that a crash left behind may be removed.
 inline constexpr const char* unfinished_suffix = ".unfinished";
 
+/// Whether a new name in a folder is made to last at once, or with the next file that is put into the same folder.
+enum FolderSync : int { SYNC_FOLDER_NOW, SYNC_FOLDER_WITH_NEXT };
+
 /// A file being written beside its place. Goes without a trace unless `commit` has succeeded.
 class SafeFile {
 public:
@@ -24,7 +27,7 @@ public:
     void write(const void* bytes, std::size_t size);
 
     /// Puts the file in its place. False after a failure of any step; the cause is logged once, with the path.
-    bool commit();
+    bool commit(FolderSync sync = SYNC_FOLDER_NOW);
 
 private:
     void flush();

@@ -1,6 +1,7 @@
 #pragma once
 // Windows BMP files: the form of the Frames and their side files on disk.
 #include "base/bitmap.h"
+#include "platform/safe_file.h"
 #include <string>
 
 namespace nubo {
@@ -8,6 +9,9 @@ namespace nubo {
 /// Writes the 32-bit `bitmap` with 24 bits a pixel, byte for byte as Allegro's `save_bmp` does, but safely. False after
 /// a failure, which is logged; the old file is then as it was.
 bool save_bmp_file(const std::string& path, BITMAP* bitmap);
+
+/// The writing alone, to a file that the caller commits.
+void write_bmp(SafeFile& file, BITMAP* bitmap);
 
 /// Reads a BMP of any common form (1, 4, 8, 16, 24 or 32 bits, packed or not, either order of rows) into a new 32-bit
 /// bitmap. Null when the file isn't one, is cut short, or asks for more memory than there is; the cause is logged.

@@ -11,11 +11,14 @@
 #include "state/view.h"
 #include "workspace/bmp_file.h"
 #include "workspace/frame_moves.h"
+#include "workspace/nail.h"
 #include "workspace/notices.h"
 #include "workspace/rescue.h"
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <future>
+#include <latch>
 #include <utility>
 
 namespace nubo {
@@ -44,13 +47,38 @@ int backdrop_of(BITMAP* frame) {
     return static_cast<int>(doubled / (2 * pixels) / levels_per_backdrop);
 }
 
-/// Makes `picture` the Frame and, by a copy, what RESTORE returns to. The copy is made first: either both are replaced
-/// or none.
+bool same_size(const BITMAP* a, const BITMAP* b) { return a != nullptr && a->w == b->w && a->h == b->h; }
+
+/// Makes `picture` the Frame and, by a copy, what RESTORE returns to: both are replaced or none. A bitmap of the right
+/// size is used again, since fresh memory costs more than the copy.
 bool take_as_frame(OwnedBitmap picture) {
-    OwnedBitmap original = copy_bitmap(picture.get());
-    if (!original || !place_picture(std::move(picture))) return false;
-    replace_bitmap(original_frame, std::move(original));
+    if (!picture) return false;
+    OwnedBitmap original;
+    if (!same_size(original_frame, picture.get())) {
+        original = copy_bitmap(picture.get());
+        if (!original) return false;
+    }
+    if (!place_picture(std::move(picture))) return false;
+    if (original)
+        replace_bitmap(original_frame, std::move(original));
+    else
+        blit(current_frame, original_frame, 0, 0, 0, 0, frame_w, frame_h);
     return true;
+}
+
+/// False while what stands under the slot's name mustn't be written over.
+bool may_write(int slot) {
+    const std::string file = frame_file_name(STEM_CURRENT, slot);
+    if (!row_is_whole()) return false;
+    if (slot != slot_in_the_way) return true;
+    if (file_exists(file) && !set_aside(file)) return false;
+    slot_in_the_way = none;
+    return true;
+}
+
+void frame_was_saved(int slot) {
+    note_frame_saved();
+    forget_rescue(slot);
 }
 
 }  // namespace
@@ -87,21 +115,24 @@ bool place_picture(OwnedBitmap picture) {
     return true;
 }
 
-bool load_frame_file(const std::string& path) {
-    if (!file_exists(path)) {
-        UA_log("[ ERROR ] : Tried to load non-existent file! Name = %s", path.c_str());
-        return false;
-    }
-    OwnedBitmap picture = load_bmp_file(path);
-    return picture && take_as_frame(std::move(picture));
+OwnedBitmap read_frame_file(const std::string& path) {
+    if (file_exists(path)) return load_bmp_file(path);
+    UA_log("[ ERROR ] : Tried to load non-existent file! Name = %s", path.c_str());
+    return nullptr;
 }
+
+bool load_frame_file(const std::string& path) { return take_as_frame(read_frame_file(path)); }
 
 bool place_blank_frame() { return take_as_frame(make_bitmap(view_w, view_h)); }
 
 bool load_frame_or_blank(int slot) {
+    return take_frame_or_blank(slot, read_frame_file(frame_file_name(STEM_CURRENT, slot)));
+}
+
+bool take_frame_or_blank(int slot, OwnedBitmap picture) {
     const std::string file = frame_file_name(STEM_CURRENT, slot);
     slot_in_the_way = none;
-    if (load_frame_file(file)) {
+    if (take_as_frame(std::move(picture))) {
         note_frame_saved();
         return true;
     }
@@ -117,15 +148,27 @@ bool load_frame_or_blank(int slot) {
 }
 
 bool save_frame_to_slot(int slot) {
-    const std::string file = frame_file_name(STEM_CURRENT, slot);
-    if (!row_is_whole()) return false;
-    if (slot == slot_in_the_way) {
-        if (file_exists(file) && !set_aside(file)) return false;
-        slot_in_the_way = none;
-    }
-    if (!save_bmp_file(file, current_frame)) return false;
-    note_frame_saved();
-    forget_rescue(slot);
+    if (!may_write(slot) || !save_bmp_file(frame_file_name(STEM_CURRENT, slot), current_frame)) return false;
+    frame_was_saved(slot);
+    return true;
+}
+
+bool save_frame_and_nail(int slot, const std::function<void()>& meanwhile) {
+    if (!may_write(slot)) return false;
+    SafeFile frame(frame_file_name(STEM_CURRENT, slot));
+    write_bmp(frame, current_frame);
+    std::latch tile_made(1);
+    // Where no thread is to be had this runs at `get`.
+    std::future<bool> saved = std::async(std::launch::async | std::launch::deferred, [&] {
+        const bool committed = frame.commit(SYNC_FOLDER_WITH_NEXT);
+        tile_made.wait();
+        return committed && save_nail();
+    });
+    make_nail_tile(current_frame, slot);
+    tile_made.count_down();
+    meanwhile();
+    if (!saved.get()) return false;
+    frame_was_saved(slot);
     return true;
 }
 

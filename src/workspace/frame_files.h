@@ -1,6 +1,7 @@
 #pragma once
 // One Frame and its file: reading it into memory, writing it back, and what stands in when it can't be read.
 #include "base/bitmap.h"
+#include <functional>
 #include <string>
 
 namespace nubo {
@@ -29,6 +30,9 @@ bool set_aside(const std::string& file);
 /// coverage map remade, the undo history ended. False, with nothing changed, when the memory can't be had.
 bool place_picture(OwnedBitmap picture);
 
+/// Reads a frame file. Null if it is missing or can't be read; that is logged.
+OwnedBitmap read_frame_file(const std::string& path);
+
 /// Reads a BMP file into the Frame in memory and into `original_frame`: the way a Frame is swapped in. False, with
 /// nothing changed, if the file is missing or can't be read; that is logged.
 bool load_frame_file(const std::string& path);
@@ -40,8 +44,15 @@ bool place_blank_frame();
 /// Frame takes its place. The process stands in the WORKSPACE folder. False only if no memory is left for that.
 bool load_frame_or_blank(int slot);
 
+/// The second half of that: `picture` is what the slot's file gave.
+bool take_frame_or_blank(int slot, OwnedBitmap picture);
+
 /// Writes the Frame in memory to the file of `slot`; the process stands in the WORKSPACE folder. False after a failure,
 /// which is logged: the Frame that was on disk is still there. After a success no rescue is kept for the slot.
 bool save_frame_to_slot(int slot);
+
+/// The same, and the Nail after it, with a new tile of the slot. `meanwhile` runs while the disk takes its time; it may
+/// read files, not write any.
+bool save_frame_and_nail(int slot, const std::function<void()>& meanwhile);
 
 }  // namespace nubo

@@ -14,16 +14,17 @@
 #include "workspace/rescue.h"
 #include <algorithm>
 #include <string>
+#include <utility>
 
 namespace nubo {
 namespace {
 
 FrameView& view_of(int slot) { return frame_view[static_cast<unsigned>(slot)]; }
 
-/// Writes the Frame in memory to its slot, with its thumbnail and its view.
-bool store_frame(int slot) {
-    make_nail_tile(current_frame, slot);
-    if (!save_nail() || !save_frame_to_slot(slot)) return false;
+/// Writes the Frame in memory to its slot, with its thumbnail and its view, and reads the file of the next one.
+bool store_frame(int slot, int next_slot, OwnedBitmap& next) {
+    const auto read_next = [&] { next = read_frame_file(frame_file_name(STEM_CURRENT, next_slot)); };
+    if (!save_frame_and_nail(slot, read_next)) return false;
     view_of(slot) = {pan_x, pan_y, zoom};
     return true;
 }
@@ -33,9 +34,9 @@ bool refuse_unsaved() {
     return false;
 }
 
-/// Brings the Frame of a slot into memory with its view.
-bool bring_in(int slot) {
-    if (!load_frame_or_blank(slot)) return false;
+/// Brings the Frame of a slot into memory with its view; `picture` is what its file gave.
+bool bring_in(int slot, OwnedBitmap picture) {
+    if (!take_frame_or_blank(slot, std::move(picture))) return false;
     frame_index = slot;
     const FrameView& view = view_of(slot);
     pan_x = view.pan_x;
@@ -93,9 +94,11 @@ bool fetch_frame(int old_slot, int new_slot) {
         return false;
     }
     settle_rescue();
-    if (old_slot == new_slot) return bring_in(new_slot);
+    if (old_slot == new_slot) return bring_in(new_slot, read_frame_file(frame_file_name(STEM_CURRENT, new_slot)));
     const std::string back = image_dir.data();
-    const bool swapped = enter_workspace() && store_frame(old_slot) ? bring_in(new_slot) : refuse_unsaved();
+    OwnedBitmap next;
+    const bool saved = enter_workspace() && store_frame(old_slot, new_slot, next);
+    const bool swapped = saved ? bring_in(new_slot, std::move(next)) : refuse_unsaved();
     if (back.empty() || !enter_folder(back.c_str())) enter_program_dir();
     return swapped;
 }

@@ -4,6 +4,7 @@
 #include "state/frames.h"
 #include "state/run.h"
 #include "workspace/bmp_file.h"
+#include <algorithm>
 #include <array>
 #include <vector>
 
@@ -24,16 +25,20 @@ std::vector<int> block_starts(int source_side, int target_side) {
 
 /// The mean of a block, each component rounded up.
 Color block_mean(BITMAP* source, int x, int y, int w, int h) {
+    constexpr int run = 256;
     std::array<std::uint64_t, 3> sums{};
     for (int row = y; row < y + h; ++row) {
         const Color* const pixels = pixels_at(source, x, row);
-        std::array<std::uint32_t, 3> line{};  // at most 65,535 pixels of 255
-        for (int i = 0; i < w; ++i) {
-            line[0] += pixels[i] >> 16 & 0xff;
-            line[1] += pixels[i] >> 8 & 0xff;
-            line[2] += pixels[i] & 0xff;
+        for (int i = 0; i < w; i += run) {
+            std::uint32_t red_blue = 0, green = 0;  // two sums in one word: neither outgrows its 16 bits in a run
+            for (int k = i; k < std::min(i + run, w); ++k) {
+                red_blue += pixels[k] & 0xff00ff;
+                green += pixels[k] >> 8 & 0xff;
+            }
+            sums[0] += red_blue >> 16;
+            sums[1] += green;
+            sums[2] += red_blue & 0xffff;
         }
-        for (std::size_t c = 0; c < sums.size(); ++c) sums[c] += line[c];
     }
     const auto pixels = static_cast<std::uint64_t>(w) * static_cast<std::uint64_t>(h);
     const auto mean = [&](std::size_t c) { return static_cast<int>((sums[c] + pixels - 1) / pixels); };
@@ -71,6 +76,6 @@ void copy_nail_tile(int from, int to) {
     blit(nail_sheet, nail_sheet, tile_x(from), tile_y(from), tile_x(to), tile_y(to), nail_tile, nail_tile);
 }
 
-bool save_nail(const char* path) { return save_bmp_file(path, nail_sheet); }
+bool save_nail() { return save_bmp_file(nail_file, nail_sheet); }
 
 }  // namespace nubo

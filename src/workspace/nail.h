@@ -18,7 +18,7 @@ void make_nail_tile(BITMAP* frame, int slot);
 void clear_nail_tile(int slot);
 void copy_nail_tile(int from, int to);
 
-/// Writes the Nail to `path`, in the folder that the process stands in. False after a failure, which is logged.
-bool save_nail(const char* path = nail_file);
+/// Writes the Nail in the folder that the process stands in. False after a failure, which is logged.
+bool save_nail();
 
 }  // namespace nubo

@@ -1,0 +1,119 @@
+// Frames between memory and disk, beside a plain write, sync and read of as many bytes in the same folder. Sync takes
+// what the disk takes: measure where the program folder lies (TMPDIR).
+#include "base/bitmap.h"
+#include "base/log.h"
+#include "state/cel.h"
+#include "state/frames.h"
+#include "state/options.h"
+#include "state/run.h"
+#include "state/stroke.h"
+#include "workspace/bmp_file.h"
+#include "workspace/folders.h"
+#include "workspace/frame_files.h"
+#include "workspace/frame_store.h"
+#include "workspace/nail.h"
+#include "workspace/rescue.h"
+#include "workspace/workspace.h"
+
+#include <benchmark/benchmark.h>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <filesystem>
+#include <unistd.h>
+#include <vector>
+
+namespace nubo {
+namespace {
+
+constexpr int large_side = 2048;
+constexpr std::size_t large_bytes = 54 + std::size_t{3} * large_side * large_side;
+
+/// A program folder with a Workspace of `count` Frames of one size, open; it goes in the end.
+class BenchWorkspace {
+public:
+    BenchWorkspace(int count, int width, int height) : before_(std::filesystem::current_path()) {
+        std::string form = std::filesystem::temp_directory_path() / "nubo-bench-XXXXXX";
+        if (mkdtemp(form.data()) == nullptr) std::abort();
+        path_ = form;
+        std::filesystem::current_path(path_);
+        UA_log_open();
+        std::strncpy(program_dir.data(), path_.c_str(), path_size - 1);
+        std::strncpy(image_dir.data(), path_.c_str(), path_size - 1);
+        replace_bitmap(nail_sheet, make_bitmap(nail_side, nail_side));
+        replace_bitmap(tip_sheet, make_bitmap(tip_sheet_w, tip_sheet_h));
+        for (BITMAP** held : {&cel, &cel_mask, &original_frame}) replace_bitmap(*held, make_bitmap(2, 2));
+        open_workspace();
+        enter_workspace();
+        const OwnedBitmap frame = make_bitmap(width, height, 0x123456);
+        for (int slot = 0; slot < count; ++slot) save_bmp_file(frame_file_name(STEM_CURRENT, slot), frame.get());
+        load_frame_or_blank(0);
+        close_workspace();  // with its state, so that an opening finds all in order
+        open_workspace();
+    }
+    ~BenchWorkspace() {
+        settle_rescue();
+        UA_log_close();
+        std::filesystem::current_path(before_);
+        std::filesystem::remove_all(path_);
+    }
+
+private:
+    std::filesystem::path path_, before_;
+};
+
+/// The least that a swap can cost: the bytes of the one Frame to disk, those of the other from it.
+void limit_write_sync_read(benchmark::State& state) {
+    const BenchWorkspace workspace(1, 16, 16);
+    std::vector<char> bytes(large_bytes, 'x');
+    for (auto _ : state) {
+        const int out = open("plain", O_WRONLY | O_CREAT | O_TRUNC, 0644);
+        bool done = write(out, bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size()) && fsync(out) == 0;
+        close(out);
+        const int in = open("plain", O_RDONLY);
+        done = read(in, bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size()) && done;
+        close(in);
+        if (!done) state.SkipWithError("the disk refuses");
+    }
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(large_bytes) * 2);
+}
+
+void swap_of_two(benchmark::State& state) {
+    const BenchWorkspace workspace(2, large_side, large_side);
+    int slot = 0;
+    for (auto _ : state) {
+        if (!fetch_frame(slot, 1 - slot)) state.SkipWithError("no swap");
+        slot = 1 - slot;
+    }
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(large_bytes) * 2);
+}
+
+/// A start, the reading alone: its cost may not grow with the number of Frames.
+void open_with(benchmark::State& state) {
+    const BenchWorkspace workspace(static_cast<int>(state.range(0)), view_w, view_h);
+    for (auto _ : state)
+        if (!open_workspace()) state.SkipWithError("no workspace");
+}
+
+/// What a rescue costs the main flow: the look at the Frame and the copy.
+void rescue_tick(benchmark::State& state) {
+    const int side = static_cast<int>(state.range(0));
+    const BenchWorkspace workspace(1, side, side);
+    autosave_tick(false);
+    for (auto _ : state) {
+        state.PauseTiming();
+        settle_rescue();
+        ++*pixels_at(current_frame, side / 2, side / 2);
+        UA_clock_ticks += 500 * rescue_seconds;
+        state.ResumeTiming();
+        autosave_tick(false);
+    }
+}
+
+BENCHMARK(limit_write_sync_read)->Name("workspace/limit: write, sync, read of 2048x2048")->UseRealTime();
+BENCHMARK(swap_of_two)->Name("workspace/fetch_frame between two of 2048x2048")->UseRealTime();
+BENCHMARK(open_with)->Name("workspace/open, 320x240 frames")->Arg(1)->Arg(100)->UseRealTime();
+BENCHMARK(rescue_tick)->Name("workspace/rescue, on the main flow")->Arg(1024)->Arg(2048)->UseRealTime();
+
+}  // namespace
+}  // namespace nubo
