@@ -14,7 +14,7 @@ struct TypeRow {
 };
 
 /// A type that a room above draws; it names its drawer at start.
-constexpr ElementDrawer drawn_above = nullptr;
+constexpr ElementDrawer drawn_above = draw_nothing;
 
 constexpr std::array<TypeRow, element_types_in_use> type_rows{{
     {ELEMENT_NONE, draw_nothing},
@@ -79,8 +79,7 @@ using DrawerTable = std::array<ElementDrawer, ELEMENT_COUNT>;
 consteval DrawerTable drawers_by_type() {
     DrawerTable table{};
     table.fill(draw_nothing);
-    for (const TypeRow& row : type_rows)
-        if (row.draw != drawn_above) table[static_cast<std::size_t>(row.type)] = row.draw;
+    for (const TypeRow& row : type_rows) table[static_cast<std::size_t>(row.type)] = row.draw;
     return table;
 }
 
