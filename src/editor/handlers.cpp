@@ -5,6 +5,7 @@
 #include "base/timebase.h"
 #include "framework/actors.h"
 #include "gui/tick.h"
+#include "state/flow.h"
 #include "state/run.h"
 #include "state/view.h"
 #include <algorithm>

@@ -16,9 +16,6 @@ std::array<Handler, 9> timer_handlers();
 /// Installs them all. Once, late in the start. False if Allegro has no room for one, after a log line.
 bool install_handlers();
 
-/// Installs `GUI_tick` again, by `power_saving`. After the options were changed.
-void reinstall_GUI_tick();
-
 /// The 45 Hz tick: the ants, the ticks that pace paint work, the delays of the jobs. Timer handler.
 void UA_framework_tick();
 

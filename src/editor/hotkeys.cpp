@@ -1,4 +1,4 @@
-#include "editor/hotkeys.h"
+#include "state/flow.h"
 
 #include "base/log.h"
 #include "editor/view.h"

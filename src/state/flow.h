@@ -31,4 +31,13 @@ void view_clamp();
 /// freehand tools on each pass, so that a stroke doesn't lag behind the hand.
 void view_update_pixel();
 
+/// Zoom level 1, with the middle of the Frame in the middle of the screen.
+void center_frame();
+
+/// Sets the default keys of all rows of the key table that have one; the others keep theirs.
+void default_hotkeys();
+
+/// Installs `GUI_tick` again at the rate that `power_saving` asks. After the options were changed.
+void reinstall_GUI_tick();
+
 }  // namespace nubo
