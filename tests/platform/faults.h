@@ -12,7 +12,7 @@ inline constexpr int stop_status = 77;  // with this exit status
 inline constinit Call watched = CALL_ANY;
 inline constinit int calls_left = 0, fault = 0;
 inline constinit bool lasting = false;  // all later calls fail too, as on a full disk
-inline constinit SystemCalls real;
+inline constinit SystemCalls real{};
 
 /// True, with `errno` set, when this call is to fail.
 inline bool strikes(Call call) {
