@@ -57,7 +57,7 @@ void set_job_handler(JobType type, JobHandler handler) { job_handlers[static_cas
 void UA_run_jobs() {
     for (std::size_t slot = 0; slot < job_slots; ++slot) {
         const int type = job::type[slot].acquire();
-        if (type <= JOB_NONE || type >= job_types || job::delay[slot] != 0) continue;
+        if (type <= JOB_NONE || type >= job_types || job::delay[slot] > 0) continue;
         if (const JobHandler handler = job_handlers[static_cast<std::size_t>(type)]; handler != nullptr)
             handler(static_cast<int>(slot));
     }

@@ -8,7 +8,7 @@
 namespace nubo {
 namespace {
 
-constexpr int clock_hz = 500, assumed_rate = 60;
+constexpr int assumed_rate = 60;
 constexpr int most_frames = 300;  // more, and the wait for the vertical blank can't have waited
 
 struct RefreshRow {

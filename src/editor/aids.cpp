@@ -28,7 +28,7 @@ Color crosshair_color() {
 /// The largest multiple of `grid` that is at most `value`.
 int floor_to(int value, int grid) { return value - ((value % grid) + grid) % grid; }
 
-// ---- Cursor ---------------------------------------------------------------------------------------------------------
+// ---- Cursor --------------------------------------------------------------------------------------------------------
 
 struct CursorDot {
     int dx, dy;
@@ -51,7 +51,7 @@ void draw_cursor_dot(int x, int y, int size, Color color) {
     rectfill(screen_buffer, x, y, x + size - 1, y + size - 1, static_cast<int>(color));
 }
 
-// ---- Measuring ------------------------------------------------------------------------------------------------------
+// ---- Measuring -----------------------------------------------------------------------------------------------------
 
 enum MeasureState : int { MEASURE_NONE, MEASURE_PRESSED, MEASURE_RUNNING, MEASURE_ENDING };
 

@@ -3,8 +3,9 @@
 
 namespace nubo {
 
-/// Sets what no table's own default can give: the run flags, the random colours, the jobs. The tables of state/ stand
-/// at their defaults from the first. Once, inside `UA_init_graphics`; tests call it for a fresh start.
+/// Sets what no table's own default can give: the run flags, the jobs, the actors, the elements. The tables of state/
+/// stand at their defaults from the first, and the colours drawn at random come with the workspace. Once, inside
+/// `UA_init_graphics`; tests call it for a fresh start.
 void UA_initialize_variables();
 
 }  // namespace nubo

@@ -12,7 +12,7 @@
 namespace nubo {
 namespace {
 
-// ---- What the actions do --------------------------------------------------------------------------------------------
+// ---- What the actions do -------------------------------------------------------------------------------------------
 
 void wait_for_key_up(Hotkey action) {
     while (hotkey_held(action)) update_screen(UPDATE_NORMAL);
@@ -41,8 +41,7 @@ void start_measure() {
     measure_state = 1;
 }
 
-// ---- Stepping through the Frames: only with more than one, and never to the one that is there
-// -------------------------
+// ---- Stepping through the Frames: only with more than one, and never to the one that is there ----------------------
 
 void go_to_frame(int slot) {
     if (slot != frame_index) fetch_frame(frame_index, slot);
@@ -58,7 +57,7 @@ void rapid_exit() {
     exit_requested = 1;
 }
 
-// ---- The table ------------------------------------------------------------------------------------------------------
+// ---- The table -----------------------------------------------------------------------------------------------------
 
 enum KeyWait : int { NO_WAIT, WAIT_AFTER };  // WAIT_AFTER: the picture goes on, but the action rests till the key is up
 
@@ -120,7 +119,7 @@ constexpr std::array<HotkeyRow, HOTKEY_COUNT> rows{{
 // clang-format on
 static_assert(rows_in_order(rows, &HotkeyRow::action));
 
-// ---- Keys -----------------------------------------------------------------------------------------------------------
+// ---- Keys ----------------------------------------------------------------------------------------------------------
 
 constexpr int modifier_bits = key_ctrl | key_alt | key_shift;
 

@@ -28,7 +28,7 @@ namespace {
 
 constexpr int pattern_side = 64, checker_patterns = 3;
 
-// ---- Patterns -------------------------------------------------------------------------------------------------------
+// ---- Patterns ------------------------------------------------------------------------------------------------------
 
 struct CheckerColors {
     Color even, odd;
@@ -57,7 +57,7 @@ void draw_stripes() {
             line(stripe_pattern, 0, y, pattern_side, y - pattern_side, static_cast<int>(fixed_white));
 }
 
-// ---- The frame and what lies behind it ------------------------------------------------------------------------------
+// ---- The frame and what lies behind it -----------------------------------------------------------------------------
 
 std::size_t shown_level() { return static_cast<std::size_t>(shown.zoom); }
 
@@ -119,7 +119,7 @@ void draw_frame(bool with_overlay) {
     for (int row = 0; row < rows; ++row) draw_cell_row(row, zoom_scale[shown_level()], with_overlay);
 }
 
-// ---- The overlay ----------------------------------------------------------------------------------------------------
+// ---- The overlay ---------------------------------------------------------------------------------------------------
 
 void draw_rectangle_preview() {
     clear_to_color(overlay, static_cast<int>(transparent_color));
@@ -142,7 +142,7 @@ void prepare_overlay() {
     draw_measure();
 }
 
-// ---- The steps over the frame ---------------------------------------------------------------------------------------
+// ---- The steps over the frame --------------------------------------------------------------------------------------
 
 void draw_menu_shadow() {
     constexpr int shadow_strength = 64;

@@ -73,7 +73,7 @@ bool start_allegro() {
     return true;
 }
 
-// ---- Images ---------------------------------------------------------------------------------------------------------
+// ---- Images --------------------------------------------------------------------------------------------------------
 
 bool load_resource_png(const char* path, BITMAP*& handle) {
     replace_bitmap(handle, OwnedBitmap(load_png(path, nullptr)));

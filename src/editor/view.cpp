@@ -11,7 +11,8 @@
 namespace nubo {
 namespace {
 
-std::size_t level() { return static_cast<std::size_t>(static_cast<int>(zoom)); }
+/// The zoom level, held to its range: a workspace that is being read may have stored less.
+std::size_t level() { return static_cast<std::size_t>(std::clamp<int>(zoom, zoom_min, zoom_max)); }
 
 /// `half` is half the view, so that its centre reaches each edge of the Frame and no further.
 int clamp_pan(int pan, int view_size, int frame_size) {
@@ -37,7 +38,7 @@ void view_clamp() {
 }
 
 void view_update_pixel() {
-    const int shift = zoom - 1;
+    const int shift = static_cast<int>(level()) - 1;
     pixel_x = (mouse_x >> shift) + pan_x;
     pixel_y = (mouse_y >> shift) + pan_y;
     view_center_x = static_cast<int>(static_cast<float>(pan_x) + zoom_view_w[level()] * 0.5F);

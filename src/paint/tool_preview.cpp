@@ -12,7 +12,7 @@ namespace {
 /// Sets Allegro to draw with the stripes for as long as it lives.
 class StripesMode {
 public:
-    StripesMode() { drawing_mode(DRAW_MODE_COPY_PATTERN, stripe_pattern, stripe_phase, 0); }
+    StripesMode() { drawing_mode(DRAW_MODE_COPY_PATTERN, stripe_pattern, shown.stripe_phase, 0); }
     ~StripesMode() { solid_mode(); }
     StripesMode(const StripesMode&) = delete;
     StripesMode& operator=(const StripesMode&) = delete;
@@ -36,10 +36,8 @@ void preview_circle(BITMAP* bitmap, int center_x, int center_y, int rim_x, int r
 }
 
 void draw_tool_preview() {
-    // One reading of the view, which a timer handler may move meanwhile.
-    const int view_x = pan_x, view_y = pan_y;
-    const Point from{click_points[0].x - view_x, click_points[0].y - view_y};
-    const Point mouse{pixel_x - view_x, pixel_y - view_y};
+    const Point from{click_points[0].x - shown.pan_x, click_points[0].y - shown.pan_y};
+    const Point mouse{shown.pixel_x - shown.pan_x, shown.pixel_y - shown.pan_y};
     if (tool_preview == TOOL_BOX) preview_rect(overlay, from.x, from.y, mouse.x, mouse.y);
     if (tool_preview == TOOL_CIRCLE) preview_circle(overlay, from.x, from.y, mouse.x, mouse.y);
     if (tool_preview == TOOL_LINE) preview_line(overlay, from.x, from.y, mouse.x, mouse.y);

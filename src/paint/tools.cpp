@@ -57,7 +57,7 @@ void run_two_click_tool(BrushTool tool) {
 }  // namespace
 
 bool wait_for_point(int slot) {
-    while (!exit_requested) {
+    for (;;) {
         update_screen(UPDATE_NORMAL);
         bool left = false, right = false;
         if (mouse_left) {
@@ -71,7 +71,6 @@ bool wait_for_point(int slot) {
         }
         if (left != right) return left;
     }
-    return false;
 }
 
 void run_tool() {

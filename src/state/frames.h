@@ -8,9 +8,8 @@ struct BITMAP;
 
 namespace nubo {
 
-// ---- The Frame in memory
-// --------------------------------------------------------------------------------------------- `current_frame`,
-// `stroke_mask` and the two sizes change together: only `adopt_frame` (paint/surfaces.h) writes them.
+// ---- The Frame in memory -------------------------------------------------------------------------------------------
+// `current_frame`, `stroke_mask` and the two sizes change together: only `adopt_frame` (paint/surfaces.h) writes them.
 
 inline constinit BITMAP* current_frame = nullptr;   // the frame being edited
 inline constinit BITMAP* stroke_mask = nullptr;     // of its size: coverage of the running stroke, one int a pixel
@@ -18,7 +17,7 @@ inline constinit Shared<int> frame_w = 0;           // size of `current_frame`: 
 inline constinit Shared<int> frame_h = 0;           // a bitmap that the main flow replaces
 inline constinit BITMAP* original_frame = nullptr;  // the frame as last swapped in; RESTORE copies it back
 
-// ---- The table of all Frames ----------------------------------------------------------------------------------------
+// ---- The table of all Frames ---------------------------------------------------------------------------------------
 
 inline constexpr int frame_slots = 100;
 inline constexpr int max_frame_side = 65535;   // pixels; memory may set a lower bound
@@ -32,7 +31,7 @@ inline constexpr int palette_bytes = 1024;                         // a PALETTE 
 inline constinit std::array<std::array<std::uint8_t, palette_bytes>, frame_slots> frame_palette{};
 inline constexpr int nail_tile = 40, nail_columns = 10;  // tile s of `nail_sheet` stands at (s % 10, s / 10) x 40
 
-// ---- Undo -----------------------------------------------------------------------------------------------------------
+// ---- Undo ----------------------------------------------------------------------------------------------------------
 
 inline constexpr int undo_depth_max = 12;
 inline constexpr int undo_free = -1;                                // age of a slot that holds nothing

@@ -5,8 +5,7 @@
 
 namespace nubo {
 
-// ---- Options: the value before user.def is read; the GUI's controls write straight into them ----------------------
-// -----------------------------------------------------
+// ---- Options: the value before user.def is read; the GUI's controls write straight into them -----------------------
 
 inline constinit Shared<int> opt_cel_masking = 1;
 inline constinit Shared<int> opt_cel_tolerance = 5;    // 0 to 255
@@ -33,7 +32,7 @@ inline constinit Shared<int> opt_file_preview_limit = 2;    // units of 1,024,00
 inline constinit Shared<int> opt_undo_depth = 3;            // 1 to 12
 inline constinit int sfx_volume = 128, music_volume = 128;  // 0 to 255
 
-// ---- Names ----------------------------------------------------------------------------------------------------------
+// ---- Names ---------------------------------------------------------------------------------------------------------
 
 inline constexpr int path_size = 256, file_name_size = 128, text_size = 256;  // bytes, the terminator included
 inline constinit std::array<char, text_size> workspace_title{"UNNAMED WORKSPACE"};

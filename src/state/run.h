@@ -8,7 +8,7 @@ struct BITMAP;
 
 namespace nubo {
 
-// ---- Run flags ------------------------------------------------------------------------------------------------------
+// ---- Run flags -----------------------------------------------------------------------------------------------------
 
 inline constinit Shared<int> exit_requested = 0;  // leaves `program_loop` at the end of the current pass
 inline constinit Shared<int> handlers_locked =
@@ -21,7 +21,7 @@ enum PowerSaving : int { POWER_OFF, POWER_LOW, POWER_HIGH, POWER_COUNT };
 inline constinit Shared<int> power_saving = POWER_HIGH;
 inline constinit Shared<int> pan_moved = 0;  // a pan key moved the view; the next present skips its rest
 
-// ---- Screen geometry, set once by `UA_init_graphics` ----------------------------------------------------------------
+// ---- Screen geometry, set once by `UA_init_graphics` ---------------------------------------------------------------
 
 inline constexpr int view_w = 320, view_h = 240;    // the logical screen, in every mode
 inline constinit int screen_w = 0, screen_h = 0;    // the real mode: 640x480, 960x720 or 1280x960
@@ -37,9 +37,10 @@ inline constinit BITMAP* stripe_pattern = nullptr;  // 64x64, of all marching an
 inline constinit BITMAP* nail_sheet = nullptr;      // 400x400, thumbnails of the 100 frames
 inline constexpr int preview_w = 117, preview_h = 79;  // size of `preview_bitmap`
 
-// ---- Random numbers and time ----------------------------------------------------------------------------------------
+// ---- Random numbers and time ---------------------------------------------------------------------------------------
 
 inline constexpr int timer_hz = 1193181;  // Allegro's hardware ticks a second
+inline constexpr int clock_hz = 500;      // of `UA_timebase_tick`
 inline constexpr int flash_ticks = 120;   // GUI ticks for which a status message flashes
 
 inline constinit Shared<int> UA_wait_ticks = 0;          // 500 Hz, counts up
@@ -48,7 +49,7 @@ inline constinit Shared<int> UA_idle_ticks = 0;          // 500 Hz, counts up to
 inline constinit Shared<int> UA_phase_counter = 0;       // 500 Hz, 0 to 499, wraps
 inline constinit std::array<Shared<int>, 9> UA_phase{};  // phase n, 1 to 8: 0 to 255, steps each n-th count
 
-// ---- Jobs: work that a timer handler leaves to the main flow --------------------------------------------------------
+// ---- Jobs: work that a timer handler leaves to the main flow -------------------------------------------------------
 
 inline constexpr int job_slots = 256, job_arguments = 7;
 enum JobType : int {

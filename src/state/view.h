@@ -7,7 +7,7 @@
 
 namespace nubo {
 
-// ---- Zoom levels ----------------------------------------------------------------------------------------------------
+// ---- Zoom levels ---------------------------------------------------------------------------------------------------
 
 inline constexpr int zoom_min = 1, zoom_max = 6;
 inline constexpr std::array<int, 8> zoom_scale{1, 1, 2, 4, 8, 16, 32, 64};  // logical pixels to a frame pixel
@@ -16,7 +16,7 @@ inline constexpr std::array<float, 7> zoom_view_w{320, 320, 160, 80, 40, 20, 10}
 inline constexpr std::array<float, 7> zoom_view_h{240, 240, 120, 60, 30, 15, 7.5F};
 inline constexpr std::array<int, 8> pan_step{3, 3, 2, 1, 1, 1, 1, 1};  // frame pixels that one pan tick moves
 
-// ---- The view, moved by both flows ----------------------------------------------------------------------------------
+// ---- The view, moved by both flows ---------------------------------------------------------------------------------
 
 inline constinit Shared<int> zoom = 1;                              // 1 to 6
 inline constinit Shared<int> pan_x = 0, pan_y = 0;                  // frame pixel at the top left of the screen
@@ -27,15 +27,15 @@ inline constinit Shared<int> stripe_phase = 0;                      // the ants:
 inline constinit Shared<int> refresh_ticks = 0;                     // 45 Hz ticks since the last update_screen
 inline constinit Shared<int> spray_tick = 0;                        // set at 45 Hz, cleared by SPRAY
 
-// ---- Mouse
-// ----------------------------------------------------------------------------------------------------------- Allegro
+// ---- Mouse ---------------------------------------------------------------------------------------------------------
+// Allegro
 // has variables of its own by the names `mouse_x` and `mouse_y`, in real pixels: there they are `::mouse_x`.
 
 inline constinit Shared<int> mouse_x = 0, mouse_y = 0;  // logical pixels, 0 to 319 and 0 to 239
 inline constinit Shared<int> mouse_left = 0, mouse_right = 0, mouse_middle = 0;  // the physical buttons
 inline constinit Shared<int> last_wheel = 0;                                     // wheel position of the last GUI tick
 
-// ---- Windows --------------------------------------------------------------------------------------------------------
+// ---- Windows -------------------------------------------------------------------------------------------------------
 
 inline constinit Shared<int> menu_id = 0;  // number of the window on screen, 0 the drawing menu
 inline constexpr int window_rows = 64;
@@ -44,7 +44,7 @@ struct WindowPos {
 };                                                                 // -1: the window's default place
 inline constinit std::array<WindowPos, window_rows> window_pos{};  // last position of each window
 
-// ---- Transient ------------------------------------------------------------------------------------------------------
+// ---- Transient -----------------------------------------------------------------------------------------------------
 
 inline constinit int tool_preview = -1;  // BrushTool whose preview is drawn over the frame; ink + 50 for nodes; -1 none
 inline constinit int tool_preview_on = 0;       // the overlay is blended over the frame
@@ -64,7 +64,7 @@ struct RectanglePreview {
 inline constexpr int rectangle_unset = -9000;         // as x: a cross through the mouse instead of a rectangle
 inline constinit RectanglePreview rectangle_preview;  // anchor of the rectangle preview, frame pixels, -1 none
 
-// ---- The picture being drawn ----------------------------------------------------------------------------------------
+// ---- The picture being drawn ---------------------------------------------------------------------------------------
 
 /// Copies of the words that the handlers go on changing, taken at the start of each update, so that one picture is
 /// drawn with one set of values.

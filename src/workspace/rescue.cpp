@@ -20,7 +20,6 @@
 namespace nubo {
 namespace {
 
-constexpr int clock_hz = 500;
 constexpr unsigned rescue_ticks = rescue_seconds * clock_hz;
 
 /// What a Frame looks like, in 64 bits.

@@ -58,7 +58,7 @@ void draw_test_tips() {
 
 }  // namespace
 
-// ---- The user -------------------------------------------------------------------------------------------------------
+// ---- The user ------------------------------------------------------------------------------------------------------
 
 void User::Pause::await_suspend(std::coroutine_handle<> script) {
     user.script_ = script;
@@ -128,7 +128,11 @@ void play(Script (*script)(User&)) {
     user.updates_left_ = 1;
     set_present_hook([] {
         advance_time(update_ms);
-        if (!whole.done()) playing->step();
+        static int updates_after = 0;
+        if (!whole.done())
+            playing->step();
+        else if (++updates_after > updates_to_give_up)
+            give_up();  // the script has left a tool or a window open
         if (whole.done()) exit_requested = 1;
     });
     exit_requested = 0;
@@ -147,7 +151,7 @@ void advance_time(int milliseconds) {
         }
 }
 
-// ---- The editor -----------------------------------------------------------------------------------------------------
+// ---- The editor ----------------------------------------------------------------------------------------------------
 
 EditorTest::EditorTest() {
     set_present_hook([] { advance_time(update_ms); });
