@@ -1,0 +1,48 @@
+#pragma once
+// The activity menus FRAME, PIC, CEL and USER. Each takes the place of the drawing menu, which stays dimly visible
+// behind it, until one of its items is pressed. Main flow only.
+#include "state/labels.h"
+#include "state/messages.h"
+#include "state/windows.h"
+#include <span>
+
+namespace nubo {
+
+// ---- The menus ------------------------------------------------------------------------------------------------------
+
+/// Opens the menu at the button that called it, whose corner is (x, y), runs the command that the user chooses, and
+/// builds the drawing menu again.
+void frame_menu(int x, int y);
+void pic_menu(int x, int y);
+void cel_menu(int x, int y);
+void user_menu(int x, int y);
+
+// ---- What a menu is made of -----------------------------------------------------------------------------------------
+
+/// Whether the menu goes from the screen before its command runs.
+enum MenuDuring : int { MENU_GOES, MENU_STAYS };
+
+struct MenuItem {
+    Label label = LABEL_NONE;
+    Message tooltip = MESSAGE_NONE;
+    void (*run)() = nullptr;
+    MenuDuring during = MENU_GOES;
+};
+
+/// A column of buttons with BACK at its foot. A menu whose button stands high on the screen opens downward from it.
+struct ActivityMenu {
+    Window id = WINDOW_FRAME_MENU;
+    Label title = LABEL_NONE;
+    int left_of_button = 10;  // the menu's corner from the button's
+    int downward_below = 72;  // with the button above this row the menu opens downward
+    int above_button = 72;    // else by so much above the button
+    std::span<const MenuItem> items{};
+};
+
+/// Runs a menu from its opening to the drawing menu's return.
+void run_activity_menu(const ActivityMenu& menu, int x, int y);
+
+/// The command of a button whose work this version doesn't have: says so in the status bar.
+void say_comes_later();
+
+}  // namespace nubo

@@ -1,0 +1,54 @@
+#include "windows/frame_menu.h"
+
+#include "gui/window.h"
+#include "state/flow.h"
+#include "state/frames.h"
+#include "windows/activity_menus.h"
+#include "workspace/frame_store.h"
+#include "workspace/state_file.h"
+#include "workspace/workspace.h"
+#include <array>
+
+namespace nubo {
+namespace {
+
+/// The state file stores the folder in which the process stands, which must be the user's and not the program's.
+void keep_state() {
+    enter_image_dir();
+    save_workspace_state(state_file, true);
+    enter_image_dir();
+}
+
+bool insert_frame(bool blank) {
+    const bool inserted = insert_frames(frame_index, 1, blank);
+    if (inserted) keep_state();
+    return inserted;
+}
+
+constexpr std::array<MenuItem, 5> frame_items{{
+    {LABEL_CLONE, MESSAGE_FRAME_CLONE, [] { clone_frame(); }},
+    {LABEL_INSERT, MESSAGE_FRAME_INSERT, [] { insert_blank_frame(); }},
+    {LABEL_RESIZE, MESSAGE_FRAME_RESIZE, say_comes_later},
+    {LABEL_DELETE, MESSAGE_FRAME_DELETE, ask_to_delete_frame},
+    {LABEL_CENTER, MESSAGE_CENTER_VIEW, center_frame},
+}};
+constexpr ActivityMenu menu{.id = WINDOW_FRAME_MENU, .title = LABEL_FRAME, .items = frame_items};
+
+}  // namespace
+
+bool clone_frame() { return insert_frame(false); }
+
+bool insert_blank_frame() { return insert_frame(true); }
+
+void ask_to_delete_frame() {
+    if (frame_count == 1) {
+        confirm_box(LABEL_LAST_FRAME, LABEL_NONE, false, true);
+        return;
+    }
+    if (confirm_box(LABEL_DELETE_FRAME, LABEL_CANNOT_BE_UNDONE, false, false) == 0) return;
+    if (delete_frames(frame_index, 1)) keep_state();
+}
+
+void frame_menu(int x, int y) { run_activity_menu(menu, x, y); }
+
+}  // namespace nubo

@@ -1,0 +1,15 @@
+#pragma once
+// The commands of the FRAME menu that the hotkeys share. Each keeps the state file up to date with the Frames on disk.
+
+namespace nubo {
+
+/// A copy of the Frame in memory, or a blank one, behind the current Frame. False when nothing was inserted; then a
+/// waiting box or a log line tells why.
+bool clone_frame();
+bool insert_blank_frame();
+
+/// Asks whether the current Frame may go, and deletes it; the last one can't. The caller has closed the window on
+/// screen and builds the drawing menu afterwards.
+void ask_to_delete_frame();
+
+}  // namespace nubo

@@ -1,0 +1,43 @@
+#include "windows/ink_window.h"
+
+#include "gui/window.h"
+#include "windows/activity_menus.h"
+#include "windows/choice_window.h"
+#include "windows/drawing_menu.h"
+#include "windows/option_widgets.h"
+
+namespace nubo {
+namespace {
+
+constexpr int description_of_ink_zero = 30;
+
+bool is_gradient(int ink) { return ink == INK_HGRAD || ink == INK_LGRAD || ink == INK_RGRAD || ink == INK_VGRAD; }
+
+/// The nodes of a gradient are placed on the Frame, with the drawing menu in its place.
+bool serve_position(int ink) {
+    if (!is_gradient(ink) || take_click(option_slot_position) <= 0) return false;
+    GUI_close_window();
+    build_drawing_menu();
+    say_comes_later();
+    return true;
+}
+
+constexpr ChoiceWindow inks{.id = WINDOW_INK,
+                            .title = LABEL_INK,
+                            .options_caption = LABEL_INK_OPTIONS,
+                            .description_caption = LABEL_INK_DESCRIPTION,
+                            .label_of_zero = LABEL_INK_FIRST,
+                            .first_choice = INK_ADD,
+                            .choice_count = INK_COUNT,
+                            .description_of_zero = description_of_ink_zero,
+                            .key = HOTKEY_INK,
+                            .slots = &ink_slots,
+                            .active = &active_ink_slot,
+                            .build_options = [](int ink) { build_ink_options(static_cast<Ink>(ink)); },
+                            .serve_options = serve_position};
+
+}  // namespace
+
+void ink_window(int slot) { run_choice_window(inks, slot); }
+
+}  // namespace nubo

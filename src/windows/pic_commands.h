@@ -1,0 +1,15 @@
+#pragma once
+// What the PIC menu and the hotkeys do to the Frame as a whole.
+
+namespace nubo {
+
+/// Fills the Frame with `mask_color`; can be undone.
+void clear_frame();
+
+/// The Frame as it was last brought into memory, at the size that it had then. In the menu's form this ends the undo
+/// history. The hotkey's form can be undone unless the size changes. Without memory for it nothing changes, and the log
+/// tells.
+void restore_frame();
+void restore_frame_by_key();
+
+}  // namespace nubo

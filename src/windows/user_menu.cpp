@@ -1,0 +1,38 @@
+#include "windows/user_menu.h"
+
+#include "gui/window.h"
+#include "state/run.h"
+#include "windows/activity_menus.h"
+#include "windows/workspace_window.h"
+#include <array>
+
+namespace nubo {
+namespace {
+
+constexpr std::array<MenuItem, 7> user_items{{
+    {LABEL_OPTIONS, MESSAGE_USER_OPTIONS, say_comes_later},
+    {LABEL_KEYS, MESSAGE_USER_KEYS, say_comes_later},
+    {LABEL_SCHEME, MESSAGE_NONE, say_comes_later},
+    {LABEL_HELP, MESSAGE_USER_HELP, say_comes_later},
+    {LABEL_WORKSPACE, MESSAGE_USER_WORKSPACE, workspace_window},
+    {LABEL_ABOUT, MESSAGE_USER_ABOUT, say_comes_later},
+    {LABEL_QUIT, MESSAGE_USER_QUIT, [] { ask_to_quit(); }},
+}};
+constexpr ActivityMenu menu{.id = WINDOW_USER_MENU,
+                            .title = LABEL_USER,
+                            .left_of_button = 18,
+                            .downward_below = 92,
+                            .above_button = 92,
+                            .items = user_items};
+
+}  // namespace
+
+bool ask_to_quit() {
+    const bool quits = confirm_box(LABEL_EXIT_QUESTION, LABEL_CHANGES_PERSIST, false, false) != 0;
+    if (quits) exit_requested = 1;
+    return quits;
+}
+
+void user_menu(int x, int y) { run_activity_menu(menu, x, y); }
+
+}  // namespace nubo

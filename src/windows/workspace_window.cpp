@@ -1,0 +1,102 @@
+#include "windows/workspace_window.h"
+
+#include "gui/window.h"
+#include "state/flow.h"
+#include "state/options.h"
+#include "windows/activity_menus.h"
+#include "windows/drawing_menu.h"
+#include "workspace/frame_store.h"
+#include <array>
+#include <span>
+
+namespace nubo {
+namespace {
+
+enum WorkspaceSlot : int {
+    WORKSPACE_FRAMES_CAPTION = slot_content,
+    WORKSPACE_TITLE_CAPTION,
+    WORKSPACE_NOTES_CAPTION,
+    WORKSPACE_FRAMES,
+    WORKSPACE_TITLE,
+    WORKSPACE_NOTES,
+    WORKSPACE_SAVE,
+    WORKSPACE_LOAD,
+    WORKSPACE_NEW,
+    WORKSPACE_RETURN,
+    WORKSPACE_SLOTS
+};
+
+// clang-format off
+constexpr std::array<ElementRow, WORKSPACE_SLOTS - slot_content> rows{{
+    // slot                    type                   x   y    w  h  label                   left          right        tooltip                   fill
+    {WORKSPACE_FRAMES_CAPTION, ELEMENT_BUTTON,        2, 12,  45, 9, LABEL_FRAMES,           ACTION_NONE,  ACTION_NONE, MESSAGE_NONE,             &ui_border},
+    {WORKSPACE_TITLE_CAPTION,  ELEMENT_BUTTON,        2, 22,  45, 9, LABEL_TITLE,            ACTION_NONE,  ACTION_NONE, MESSAGE_NONE,             &ui_border},
+    {WORKSPACE_NOTES_CAPTION,  ELEMENT_BUTTON,        2, 32,  45, 9, LABEL_NOTES,            ACTION_NONE,  ACTION_NONE, MESSAGE_NONE,             &ui_border},
+    {WORKSPACE_FRAMES,         ELEMENT_FRAME_COUNT,  48, 12, 151, 9, LABEL_NONE,             ACTION_NONE,  ACTION_NONE, MESSAGE_NONE,             &ui_background},
+    {WORKSPACE_TITLE,          ELEMENT_TEXT_FIELD,   48, 22, 151, 9, LABEL_NONE,             ACTION_FOCUS, ACTION_NONE, MESSAGE_NONE,             &ui_shadow},
+    {WORKSPACE_NOTES,          ELEMENT_TEXT_FIELD,   48, 32, 151, 9, LABEL_NONE,             ACTION_FOCUS, ACTION_NONE, MESSAGE_NONE,             &ui_shadow},
+    {WORKSPACE_SAVE,           ELEMENT_BUTTON_LIT,    2, 42,  45, 9, LABEL_WORKSPACE_SAVE,   ACTION_CLICK, ACTION_NONE, MESSAGE_WORKSPACE_SAVE,   &ui_background},
+    {WORKSPACE_LOAD,           ELEMENT_BUTTON_LIT,   50, 42,  45, 9, LABEL_WORKSPACE_LOAD,   ACTION_CLICK, ACTION_NONE, MESSAGE_WORKSPACE_LOAD,   &ui_background},
+    {WORKSPACE_NEW,            ELEMENT_BUTTON_LIT,   98, 42,  45, 9, LABEL_WORKSPACE_NEW,    ACTION_CLICK, ACTION_NONE, MESSAGE_WORKSPACE_NEW,    &ui_background},
+    {WORKSPACE_RETURN,         ELEMENT_BUTTON_LIT,  154, 42,  45, 9, LABEL_WORKSPACE_RETURN, ACTION_CLICK, ACTION_NONE, MESSAGE_WORKSPACE_RETURN, &ui_background},
+}};
+// clang-format on
+static_assert(rows_in_order(rows, &ElementRow::slot, slot_content));
+
+constexpr WindowRow window{.id = WINDOW_WORKSPACE,
+                           .place = POS_WORKSPACE,
+                           .x = 62,
+                           .y = 70,
+                           .w = 200,
+                           .h = 52,
+                           .child_count = WORKSPACE_SLOTS,
+                           .title = LABEL_WORKSPACE_TITLE,
+                           .title_w = 197,
+                           .elements = rows};
+constexpr FieldLayout field{.visible = 24, .max = 120, .font = FONT_WIDE};
+
+void read_fields() {
+    constexpr std::size_t stored = 120 + 1;  // with the terminator
+    GUI_read_field(WORKSPACE_TITLE, std::span(workspace_title).first<stored>());
+    GUI_read_field(WORKSPACE_NOTES, std::span(workspace_notes).first<stored>());
+}
+
+/// A right press with no element under it hides or shows the window, to look at the Frame under it.
+void serve_hiding() {
+    if (mouse_right == 0 || hover != -1) return;
+    while (mouse_right != 0) update_screen(UPDATE_NORMAL);
+    toggle_window();
+}
+
+void ask_to_clear() {
+    GUI_close_window();
+    if (confirm_box(LABEL_CLEAR_WORKSPACE, LABEL_CANNOT_BE_UNDONE, false, false) != 0) clear_workspace();
+}
+
+/// True when a button has been pressed, and its command has run.
+bool serve_buttons() {
+    const bool saves = take_click(WORKSPACE_SAVE) > 0, loads = take_click(WORKSPACE_LOAD) > 0;
+    const bool clears = take_click(WORKSPACE_NEW) > 0, returns = take_click(WORKSPACE_RETURN) > 0;
+    if (saves || loads) say_comes_later();
+    if (clears) ask_to_clear();
+    return saves || loads || clears || returns;
+}
+
+}  // namespace
+
+void workspace_window() {
+    GUI_close_window();
+    build_window(window);
+    GUI_set_field(WORKSPACE_TITLE, field, workspace_title.data());
+    GUI_set_field(WORKSPACE_NOTES, field, workspace_notes.data());
+    do {
+        read_fields();
+        update_screen(UPDATE_NORMAL);
+        check_hotkeys(HOTKEYS_MODAL);
+        serve_hiding();
+    } while (!serve_buttons());
+    GUI_close_window();
+    build_drawing_menu();
+}
+
+}  // namespace nubo

@@ -1,0 +1,9 @@
+#pragma once
+
+namespace nubo {
+
+/// The window of the Workspace's title and notes, from which it is saved, loaded and cleared. Closes what stands, and
+/// leaves the drawing menu. Main flow only.
+void workspace_window();
+
+}  // namespace nubo
