@@ -3,6 +3,7 @@
 #include "base/jobs.h"
 #include "framework/actors.h"
 #include "gui/elements.h"
+#include "gui/window_drag.h"
 #include "state/run.h"
 
 namespace nubo {
@@ -13,6 +14,7 @@ void UA_initialize_variables() {
     for (int slot = 0; slot < job_slots; ++slot) UA_clear_job(slot);
     UA_initialize_actors();
     for (int slot = 0; slot < gui_slots; ++slot) GUI_clear_element(slot);
+    install_window_drag();
 }
 
 }  // namespace nubo

@@ -4,6 +4,7 @@
 #include "gui/mouse.h"
 #include "gui/tick.h"
 #include "platform/input.h"
+#include "state/gui.h"
 #include "state/run.h"
 #include <algorithm>
 #include <allegro.h>
@@ -78,6 +79,7 @@ void rest_after_picture() {
 }  // namespace
 
 void present() {
+    frames_shown += 1;
     if (frame_pacing != 0) frame_presented = 1;
     if (present_hook != nullptr) {
         present_hook();

@@ -9,14 +9,9 @@
 namespace nubo {
 namespace {
 
-/// Notes which element the press began on. `mouse_down` is written once a call: the other flow must not see it cleared
-/// in between and take a held press for a new one.
+/// Which slot the press began on: the first one counts until all buttons are up.
 MouseState latch_press(MouseState state) {
-    mouse_down = state == MOUSE_IDLE ? 0 : 1;
-    if (state == MOUSE_IDLE)
-        press_slot = -1;
-    else if (press_slot == -1)
-        press_slot = hover_slot;
+    if (press_slot == -1) press_slot = int{hover_slot};
     return state;
 }
 
@@ -32,9 +27,13 @@ MouseState GUI_mouse_state() {
         press_x = mouse_x;
         press_y = mouse_y;
     }
+    mouse_down = primary || secondary ? 1 : 0;  // written once: the other flow must not take the press for a new one
     // Only presses on the GUI are reversed: the flags keep the physical buttons, which the tools use.
     if (mouse_reversed != 0) std::swap(primary, secondary);
-    return latch_press(primary ? MOUSE_PRIMARY : secondary ? MOUSE_SECONDARY : MOUSE_IDLE);
+    if (primary) return latch_press(MOUSE_PRIMARY);
+    if (secondary) return latch_press(MOUSE_SECONDARY);
+    press_slot = -1;
+    return MOUSE_IDLE;
 }
 
 }  // namespace nubo

@@ -72,6 +72,7 @@ inline constexpr int element_types_in_use = 52;
 /// What a press on an element does once the button has risen. "Inside": the place of the press lies in the element.
 enum Action : int {
     ACTION_NONE = 0,
+    ACTION_ROW = 1,         // of a press on a list's row: nothing on release, the window's loop reads `hover_row`
     ACTION_SPACE_VGA = 10,  // the colour window's four spaces: `click` = slot number, the window moves to that space
     ACTION_SPACE_RGB = 11,
     ACTION_SPACE_HLS = 12,
@@ -181,6 +182,7 @@ inline constinit Shared<int> repeat_slot = 0, repeat_ticks = 0, repeat_delay = 0
 inline constinit Shared<int> drag_slider = 0;                                            // slot of the dragged knob
 inline constinit Shared<int> tooltip_candidate = -1, tooltip_ticks = 0, tooltip_element = -1;
 inline constinit Shared<int> pulse = 0, pulse_rising = 1;          // 0 to 100 and back: the current frame's thumbnail
+inline constinit Shared<int> pulse_wait = 0;                       // ticks since the start, until the pulse begins
 inline constinit std::array<Shared<int>, gui_slots> key_repeat{};  // ticks that each key has been down
 inline constinit Shared<int> frames_shown = 0, fps_ticks = 0, fps = 0;
 inline constinit Shared<int> cursor_phase = 0;  // of the text cursor, 0 to 6, steps 10 times a second

@@ -118,7 +118,9 @@ void User::step() {
     if (ready && script_) script_.resume();
 }
 
-void play(Script (*script)(User&)) {
+void play(Script (*script)(User&)) { play_on(program_loop, script); }
+
+void play_on(void (*loop)(), Script (*script)(User&)) {
     static User* playing;  // the hook is a plain function
     static std::coroutine_handle<> whole;
     User user;
@@ -136,7 +138,7 @@ void play(Script (*script)(User&)) {
         if (whole.done()) exit_requested = 1;
     });
     exit_requested = 0;
-    program_loop();
+    loop();
     set_present_hook([] { advance_time(update_ms); });
     running.handle.destroy();
 }

@@ -53,7 +53,7 @@ public:
     Pause wait_until(std::function<bool()> condition);
 
 private:
-    friend void play(Script (*script)(User&));
+    friend void play_on(void (*loop)(), Script (*script)(User&));
     friend struct Pause;
     void step();
 
@@ -65,6 +65,9 @@ private:
 /// Runs `program_loop` with the scripted user until the script ends. The script captures nothing: it outlives its
 /// lambda.
 void play(Script (*script)(User&));
+
+/// The same on another loop than the program's own; it ends by itself or when `exit_requested` is set.
+void play_on(void (*loop)(), Script (*script)(User&));
 
 /// Takes the place of the user and the time in a test that drives the loops itself: each present calls the handlers
 /// due.

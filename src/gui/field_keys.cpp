@@ -1,0 +1,121 @@
+// The keys of a text field, by the physical keys of a US keyboard.
+#include "gui/elements.h"
+#include "gui/text_field.h"
+#include "state/view.h"
+#include <algorithm>
+#include <allegro.h>
+
+namespace nubo {
+namespace {
+
+// ---- Characters -----------------------------------------------------------------------------------------------------
+
+struct CharacterKey {
+    int code;
+    char plain, shifted;
+};
+constexpr std::array<CharacterKey, 21> character_keys{{
+    {KEY_0, '0', ')'},     {KEY_1, '1', '!'},         {KEY_2, '2', '@'},          {KEY_3, '3', '#'},
+    {KEY_4, '4', '$'},     {KEY_5, '5', '%'},         {KEY_6, '6', '^'},          {KEY_7, '7', '&'},
+    {KEY_8, '8', '*'},     {KEY_9, '9', '('},         {KEY_MINUS, '-', '_'},      {KEY_EQUALS, '=', '+'},
+    {KEY_COLON, ';', ':'}, {KEY_OPENBRACE, '[', '{'}, {KEY_CLOSEBRACE, ']', '}'}, {KEY_QUOTE, '\'', '"'},
+    {KEY_COMMA, ',', '<'}, {KEY_STOP, '.', '>'},      {KEY_SLASH, '/', '?'},      {KEY_BACKSLASH, '\\', '|'},
+    {KEY_SPACE, ' ', ' '},
+}};
+
+bool is_shift_down() { return key[KEY_LSHIFT] != 0 || key[KEY_RSHIFT] != 0; }
+
+/// The character of a key, '\0' for a key without one.
+char character_of(int code) {
+    if (code >= KEY_A && code <= KEY_Z) {
+        const bool upper = is_shift_down() || (key_shifts & KB_CAPSLOCK_FLAG) != 0;
+        return static_cast<char>((upper ? 'A' : 'a') + code - KEY_A);
+    }
+    for (const CharacterKey& row : character_keys)
+        if (row.code == code) return is_shift_down() ? row.shifted : row.plain;
+    return '\0';
+}
+
+// ---- The cursor -----------------------------------------------------------------------------------------------------
+
+bool is_on_character(std::size_t s) {
+    const int cursor = gui::cursor[s];
+    return cursor >= 0 && cursor < field_size && gui::text[s][at(cursor)] != '\0';
+}
+
+void move_left(std::size_t s) {
+    if (gui::cursor[s] > 0) gui::cursor[s] -= 1;
+    if (gui::cursor[s] < gui::field_scroll[s]) gui::field_scroll[s] = gui::cursor[s];
+}
+
+void move_right(std::size_t s) {
+    if (!is_on_character(s) || gui::cursor[s] >= gui::field_max[s]) return;
+    gui::cursor[s] += 1;
+    if (gui::cursor[s] - gui::field_scroll[s] > gui::field_visible[s]) gui::field_scroll[s] += 1;
+}
+
+void move_home(std::size_t s) { gui::cursor[s] = gui::field_scroll[s] = 0; }
+
+void move_to_end(int slot) {
+    gui::cursor[at(slot)] = field_length(slot);
+    gui::field_scroll[at(slot)] = std::max(gui::cursor[at(slot)] - gui::field_visible[at(slot)], 0);
+}
+
+/// The next field above this one, or else the first one below.
+void focus_next(int slot) {
+    for (int step = 1; step < gui_slots; ++step) {
+        const int next = (slot + step) % gui_slots;
+        if (gui::active[at(next)] == 0 || gui::left_action[at(next)] != ACTION_FOCUS) continue;
+        GUI_set_key_focus(next, true);
+        return;
+    }
+}
+
+// ---- Keys -----------------------------------------------------------------------------------------------------------
+
+void type_character(int slot, int code) {
+    const char character = character_of(code);
+    if (character != '\0' && GUI_insert_field(slot, character, gui::cursor[at(slot)]) != 0) move_right(at(slot));
+}
+
+void press_key(int slot, int code) {
+    switch (code) {
+    case KEY_BACKSPACE:
+        GUI_delete_field(slot, gui::cursor[at(slot)]);
+        move_left(at(slot));
+        return;
+    case KEY_DEL: GUI_delete_field(slot, gui::cursor[at(slot)], Forward{}); return;
+    case KEY_LEFT: move_left(at(slot)); return;
+    case KEY_RIGHT: move_right(at(slot)); return;
+    case KEY_HOME: move_home(at(slot)); return;
+    case KEY_END: move_to_end(slot); return;
+    case KEY_TAB: focus_next(slot); return;
+    case KEY_ENTER:
+    case KEY_ENTER_PAD: gui::click[at(slot)] = 1; return;
+    default: type_character(slot, code);
+    }
+}
+
+/// Counts the ticks that the key has been down; true on those on which it acts.
+bool key_acts(int code) {
+    constexpr int first_repeat = 29, repeat_again = 24;
+    Shared<int>& ticks = key_repeat[at(code)];
+    if (::key[code] == 0) {
+        ticks = 0;
+        return false;
+    }
+    ticks += 1;
+    if (ticks == 1) return true;
+    if (ticks < first_repeat) return false;
+    ticks = repeat_again;
+    return true;
+}
+
+}  // namespace
+
+void run_text_input(int slot) {
+    for (int code = 1; code < KEY_MAX; ++code)
+        if (key_acts(code)) press_key(slot, code);
+}
+
+}  // namespace nubo

@@ -1,0 +1,81 @@
+#include "gui/hit_test.h"
+
+#include "gui/elements.h"
+#include "state/view.h"
+
+namespace nubo {
+namespace {
+
+bool is_inside(int x, int y, int left, int top, int w, int h) {
+    return x >= left && x < left + w && y >= top && y < top + h;
+}
+
+bool is_shown(int slot) { return gui::active[at(slot)] != 0 && gui::hidden[at(slot)] == 0; }
+
+/// The element under the mouse that lies over all others: the highest slot. An arrow of a slider ends the search.
+int topmost_under_mouse() {
+    int found = -1;
+    for (int slot = 0; slot < gui_slots; ++slot) {
+        if (!is_shown(slot)) continue;
+        if (gui::has_slider[at(slot)] != 0 && arrow_under_mouse(slot) != 0) return slot;
+        if (gui::hot[at(slot)] != 0 && mouse_in_element(slot)) found = slot;
+    }
+    return found;
+}
+
+bool mouse_in_row(std::size_t s, int row) {
+    const int left = gui::x[s] + gui::row_left[s] + 2;
+    int right = gui::x[s] + gui::row_left[s] + gui::w[s] - 3;
+    if (gui::row_w[s] > 0) right -= gui::w[s] - gui::row_w[s];
+    if (gui::row_w[s] < 0) right = gui::x[s] + gui::slider_ox[s] - 3;
+    const int top = gui::y[s] + gui::row_top[s] + row * gui::row_h[s];
+    return mouse_x >= left && mouse_x <= right && mouse_y >= top && mouse_y <= top + gui::row_h[s] + 1;
+}
+
+/// The last row whose rectangle holds the mouse, for those of neighbours overlap; -1 none.
+int row_under_mouse(std::size_t s) {
+    int found = -1;
+    for (int row = 0; row < gui::rows[s]; ++row) {
+        const int entry = row + gui::slider_value[s];
+        const bool filled_row = entry >= 0 && entry < list_row_max && gui::row_ids[s][at(entry)] != 0;
+        if (filled_row && mouse_in_row(s, row)) found = row;
+    }
+    return found;
+}
+
+}  // namespace
+
+bool mouse_in_element(int slot) {
+    const std::size_t s = at(slot);
+    return is_inside(mouse_x, mouse_y, gui::x[s], gui::y[s], gui::w[s] - 1, gui::h[s] - 1);
+}
+
+bool press_in_element(int slot) {
+    const std::size_t s = at(slot);
+    return is_inside(press_x, press_y, gui::x[s], gui::y[s], gui::w[s], gui::h[s]);
+}
+
+int arrow_under_mouse(int slot) {
+    constexpr int area_w = 14, area_h = 12;
+    const ArrowPos& arrows = gui::arrow_pos[at(slot)];
+    if (is_inside(mouse_x, mouse_y, arrows.x1, arrows.y1, area_w, area_h)) return 1;
+    return is_inside(mouse_x, mouse_y, arrows.x2, arrows.y2, area_w, area_h) ? 2 : 0;
+}
+
+void find_hover() {
+    // Found first and written once: the main flow must not meet a -1 in between, which would be a press on the frame.
+    const int found = topmost_under_mouse();
+    for (int slot = 0; slot < gui_slots; ++slot)
+        if (slot != found) gui::hover_row[at(slot)] = -1;
+    hover = found;
+    hover_slot = found;
+}
+
+void find_hover_row() {
+    const int list = hover;
+    if (list == -1) return;
+    const std::size_t s = at(list);
+    gui::hover_row[s] = static_cast<std::int16_t>(gui::rows[s] > 0 ? row_under_mouse(s) : -1);
+}
+
+}  // namespace nubo

@@ -1,0 +1,89 @@
+#include "gui/slider_input.h"
+
+#include "gui/hit_test.h"
+#include "gui/sliders.h"
+#include "state/view.h"
+#include <algorithm>
+
+namespace nubo {
+namespace {
+
+constexpr int first_delay = 21, next_delay = 7;  // ticks to the first step of a held arrow, and from step to step
+
+void set_value(std::size_t s, int value) {
+    const int least = gui::slider_min[s];
+    gui::slider_value[s] = std::clamp(value, least, std::max(gui::slider_max[s] - 1, least));
+}
+
+void step_value(std::size_t s, int state) { set_value(s, gui::slider_value[s] + (state == PRESS_ARROW_1 ? -1 : 1)); }
+
+void press_arrow(int slot, PressState state) {
+    press_state = state;
+    repeat_ticks = 0;
+    repeat_delay = first_delay;
+    repeat_slot = slot;
+    step_value(at(slot), state);
+}
+
+int last_stop(std::size_t s) { return std::clamp<int>(gui::slider_stops[s], 1, slider_stop_max) - 1; }
+
+/// From the first stop to the end of the knob on the last one.
+bool mouse_on_track(std::size_t s) {
+    const bool level = gui::slider_horizontal[s] != 0;
+    const int along = level ? mouse_x : mouse_y, across = level ? mouse_y : mouse_x;
+    const int length = level ? gui::knob_rect[s].w : gui::knob_rect[s].h;
+    const int breadth = level ? gui::knob_rect[s].h : gui::knob_rect[s].w;
+    return along >= gui::slider_pos[s][0] && along < gui::slider_pos[s][at(last_stop(s))] + length &&
+           across >= gui::slider_origin[s] && across < gui::slider_origin[s] + breadth;
+}
+
+/// The last stop before the mouse, which holds the knob near its middle.
+void drag_knob(int slot) {
+    constexpr int grip = 2;
+    const std::size_t s = at(slot);
+    const int along = (gui::slider_horizontal[s] != 0 ? mouse_x : mouse_y) - grip;
+    int stop = last_stop(s);
+    while (stop > 0 && gui::slider_pos[s][at(stop)] >= along) --stop;
+    gui::slider_value[s] = slider_value_of_stop(slot, stop);
+}
+
+}  // namespace
+
+void repeat_arrow(bool button_down) {
+    const int state = press_state;
+    if (state != PRESS_ARROW_1 && state != PRESS_ARROW_2) return;
+    if (!button_down) {
+        press_state = PRESS_IDLE;
+        return;
+    }
+    if ((repeat_ticks += 1) <= repeat_delay) return;
+    repeat_ticks = 0;
+    repeat_delay = next_delay;
+    step_value(at(repeat_slot), state);
+}
+
+void turn_slider(int slot, int wheel) {
+    const std::size_t s = at(slot);
+    const int direction = wheel > 0 ? 1 : -1;
+    const int step = gui::wheel_step[s] * (gui::slider_horizontal[s] != 0 ? 1 : -1);
+    set_value(s, gui::slider_value[s] + direction * step);
+}
+
+void press_slider(int slot) {
+    if (drag_slider == 0) {
+        if (mouse_on_track(at(slot))) {
+            drag_slider = slot;
+        } else if (const int arrow = arrow_under_mouse(slot); arrow != 0) {
+            press_arrow(slot, arrow == 1 ? PRESS_ARROW_1 : PRESS_ARROW_2);
+        }
+    }
+    if (drag_slider == slot) drag_knob(slot);
+}
+
+void write_slider(int slot) {
+    const std::size_t s = at(slot);
+    Word* const value = gui::value_write[s];
+    if (gui::value_write_on[s] != 0 && value != nullptr) *value = gui::slider_value[s];
+}
+
+}  // namespace nubo

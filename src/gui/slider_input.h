@@ -1,0 +1,18 @@
+#pragma once
+// The mouse on sliders. Timer handler.
+
+namespace nubo {
+
+/// Steps the value while an arrow is held.
+void repeat_arrow(bool button_down);
+
+/// The wheel over the slider, by its direction since the last tick: above 0 up, below 0 down.
+void turn_slider(int slot, int wheel);
+
+/// A press of the primary button: picks up the knob or presses an arrow, or moves the knob that was picked up.
+void press_slider(int slot);
+
+/// Copies the value to the word that the slider sets, if it sets one.
+void write_slider(int slot);
+
+}  // namespace nubo

@@ -1,0 +1,183 @@
+// What the elements look like.
+#include "framework/resources.h"
+#include "gui/key_names.h"
+#include "gui/shapes.h"
+#include "gui_kit.h"
+#include "harness/harness.h"
+#include "state/hotkeys.h"
+#include "state/resources.h"
+#include "state/stroke.h"
+#include <algorithm>
+#include <allegro.h>
+#include <filesystem>
+#include <string>
+
+namespace nubo {
+namespace {
+
+constexpr Color paper = 0x123456;
+
+class DrawTest : public GuiTest {
+protected:
+    /// The program's own sheets and fonts, from a copy of its folder.
+    static void load_art() {
+        const ScratchFolder folder;
+        std::filesystem::copy(NUBO_FOLDER "/resource", ".", std::filesystem::copy_options::recursive);
+        UA_load_framework_video();
+    }
+    static bool touched_outside(int left, int top, int right, int bottom) {
+        for (int y = 0; y < view_h; ++y)
+            for (int x = 0; x < view_w; ++x)
+                if ((x < left || x > right || y < top || y > bottom) && screen_pixel(x, y) != paper) return true;
+        return false;
+    }
+    static int touched() {
+        int count = 0;
+        for (int y = 0; y < view_h; ++y)
+            count +=
+                static_cast<int>(std::count_if(pixels_at(screen_buffer, 0, y), pixels_at(screen_buffer, 0, y) + view_w,
+                                               [](Color pixel) { return pixel != paper; }));
+        return count;
+    }
+};
+
+TEST_F(DrawTest, TheRoundedBoxHasClippedCorners) {
+    add(5, ELEMENT_BUTTON, 10, 10, 6, 5);
+    gui::label[5] = LABEL_NONE;
+    draw_on(paper);
+    const std::string picture[] = {"  bb  ", " bffb ", "bffffb", " bffb ", "  bb  "};
+    for (int y = 0; y < 5; ++y)
+        for (int x = 0; x < 6; ++x) {
+            const char part = picture[y][at(x)];
+            const Color expected = part == 'b' ? ui_border : part == 'f' ? ui_background : paper;
+            EXPECT_EQ(screen_pixel(10 + x, 10 + y), expected) << x << ", " << y;
+        }
+    EXPECT_FALSE(touched_outside(10, 10, 15, 14));
+}
+
+TEST_F(DrawTest, EveryTypeDrawsInsideItsElement) {
+    load_art();
+    replace_bitmap(preview_bitmap, make_bitmap(preview_w, preview_h, 0x445566));
+    replace_bitmap(nail_sheet, make_bitmap(400, 400, 0x665544));
+    static const char* const words = "SOME WORDS";
+    for (int type = 0; type < ELEMENT_COUNT; ++type) {
+        GUI_clear_element(5);
+        add(5, static_cast<ElementType>(type), 40, 30, 130, 90);
+        gui::label[5] = LABEL_OKAY;
+        gui::value_text[5] = words;
+        gui::rows[5] = 9;
+        gui::row_h[5] = 9;
+        gui::row_font[5] = FONT_WIDE;
+        for (auto& id : gui::row_ids[5]) id = LABEL_HOTKEY_FIRST;  // of more letters than the element has room for
+        gui::row_ids[5][0] = 50;
+        gui::has_slider[5] = type == ELEMENT_LIST ? 1 : 0;
+        if (type == ELEMENT_LIST) GUI_set_vertical_slider(5, 118, 0, 12, 1);
+        draw_on(paper);
+        // A window's own border lies one pixel right of and below its size.
+        const int extra = type == ELEMENT_WINDOW ? 1 : 0;
+        EXPECT_FALSE(touched_outside(40, 30, 169 + extra, 119 + extra)) << "type " << type;
+    }
+}
+
+TEST_F(DrawTest, LaterSlotsLieOverEarlierOnesAndHiddenOnesShowNothing) {
+    add(5, ELEMENT_BOX, 10, 10, 30, 30);
+    add(6, ELEMENT_BOX, 10, 10, 30, 30);
+    gui::color[6] = 0x00ff00;
+    draw_on(paper);
+    EXPECT_EQ(screen_pixel(20, 20), 0x00ff00U);
+    gui::hidden[6] = 1;
+    draw_on(paper);
+    EXPECT_EQ(screen_pixel(20, 20), ui_background);
+}
+
+TEST_F(DrawTest, ElementsShowTheStateOfTheEditor) {
+    add(5, ELEMENT_SWATCH, 10, 10, 10, 9);
+    add(6, ELEMENT_BUTTON_LIT, 30, 10, 39, 9);
+    add(7, ELEMENT_WINDOW, 10, 50, 30, 30);
+    gui::color[5] = 0x00ff00;
+    draw_on(paper);
+    EXPECT_EQ(screen_pixel(10, 14), ui_border);
+    EXPECT_EQ(screen_pixel(32, 12), ui_background);
+    EXPECT_EQ(screen_pixel(40, 60), ui_border);  // x + w
+    brush_color = 0x00ff00;
+    shown.hover = 6;
+    opt_backless = 1;
+    draw_on(paper);
+    EXPECT_EQ(screen_pixel(10, 14), ui_highlight_fore);
+    EXPECT_EQ(screen_pixel(32, 12), ui_highlight_back);
+    EXPECT_EQ(screen_pixel(40, 60), paper);
+    opt_backless = 0;
+}
+
+TEST_F(DrawTest, CenteredTextStandsInTheMiddleWithoutItsColorCodes) {
+    load_art();
+    const auto first_column = [] {
+        for (int x = 0; x < view_w; ++x)
+            for (int y = 0; y < view_h; ++y)
+                if (screen_pixel(x, y) != paper) return x;
+        return -1;
+    };
+    static const char* const plain = "HH";
+    static const char* const coded = "|c21H|c24H";
+    for (const char* const text : {plain, coded}) {
+        add(5, ELEMENT_TEXT, 100, 50, 40, 9);
+        gui::value_text[5] = text;
+        gui::color[5] = TEXT_GREEN;
+        draw_on(paper);
+        const int column = first_column();  // 100 + 1 + 40 / 2 - 3 * 2 = 115, where the cell begins
+        EXPECT_GE(column, 115) << text;
+        EXPECT_LE(column, 116) << text;
+    }
+    EXPECT_EQ(shown_length("|c21AB|c"), 2);
+    EXPECT_EQ(shown_length("A|B"), 3);
+}
+
+TEST_F(DrawTest, TheRowUnderTheMouseIsLit) {
+    load_art();
+    add(5, ELEMENT_LIST, 10, 10, 72, 65);
+    GUI_set_list(5, {.rows = 9, .row_h = 7, .row_w = 59}, tool_label(TOOL_BOX), 18);
+    gui::hover_row[5] = 2;
+    shown.hover = 5;
+    draw_on(paper);
+    EXPECT_EQ(screen_pixel(12, 25), ui_shadow);  // 10 + 1 + 2 * 7
+    EXPECT_EQ(screen_pixel(69, 31), ui_shadow);
+    EXPECT_EQ(screen_pixel(12, 24), ui_background);
+    EXPECT_EQ(screen_pixel(12, 32), ui_background);
+    EXPECT_EQ(screen_pixel(70, 25), ui_background);
+    shown.hover = -1;
+    draw_on(paper);
+    EXPECT_EQ(screen_pixel(12, 25), ui_background);
+}
+
+TEST_F(DrawTest, TheKnobShowsItsValueOnTheSideWithRoom) {
+    load_art();
+    GUI_add_slider(5, 100, 50, 115, 31);
+    const auto plate_columns = [] {  // of the plate's dark, a quarter below the shadow: 58 - 58 / 4, nearly
+        int first = -1, last = -1;
+        for (int x = 0; x < view_w; ++x) {
+            const int gray = static_cast<int>(screen_pixel(x, 51) & 0xff);
+            if (gray < 42 || gray > 45) continue;
+            if (first == -1) first = x;
+            last = x;
+        }
+        return std::pair{first, last};
+    };
+    draw_on(paper);
+    EXPECT_EQ(plate_columns().first, 115);  // the knob of 5 stands on stop 0, at 110
+    gui::slider_value[5] = 30;
+    draw_on(paper);
+    EXPECT_EQ(plate_columns().second, 199);  // and now on the last stop, at 200
+}
+
+TEST_F(DrawTest, KeyCombinationsHaveTheirNames) {
+    EXPECT_EQ(key_name(KEY_C | key_ctrl), "CTRL+C");
+    EXPECT_EQ(key_name(KEY_U | key_shift), "SHIFT+U");
+    EXPECT_EQ(key_name(KEY_F1 | key_ctrl | key_alt | key_shift), "CAS+F1");
+    EXPECT_EQ(key_name(0), "UNDEFINED");
+    EXPECT_EQ(key_name(99 | key_shift), "SHIFT+AWAITING INPUT");  // 20 characters and no more
+    EXPECT_EQ(key_name(99 | key_alt | key_ctrl), "C/A+AWAITING INPUT");
+    EXPECT_EQ(key_name(106), "");
+}
+
+}  // namespace
+}  // namespace nubo

@@ -1,0 +1,120 @@
+// Text fields under the keyboard.
+#include "gui/text_field.h"
+
+#include "framework/resources.h"
+#include "gui_kit.h"
+#include "harness/harness.h"
+#include <string>
+
+namespace nubo {
+namespace {
+
+constexpr int field = 6, next_field = 9;
+
+class FieldTest : public GuiTest {
+protected:
+    FieldTest() {
+        font_slots[FONT_WIDE].cell_w = 6;
+        font_slots[FONT_WIDE].advance.fill(6);
+        for (const int slot : {field, next_field}) add(slot, ELEMENT_TEXT_FIELD, 100, 10 * slot, 60, 9);
+        set_text("");
+    }
+    static void set_text(const char* text) {
+        GUI_set_field(field, {.visible = 5, .max = 8}, text);
+        GUI_set_field(next_field, {.visible = 5, .max = 8}, "XY");
+        key_focus = field;
+    }
+    static std::string text() {
+        std::array<char, field_size> bytes{};
+        GUI_read_field(field, bytes);
+        return bytes.data();
+    }
+    /// Strikes keys one after the other.
+    static void strike(std::initializer_list<int> codes) {
+        for (const int code : codes) {
+            ::key[code] = 1;
+            tick();
+            ::key[code] = 0;
+            tick();
+        }
+    }
+};
+
+TEST_F(FieldTest, KeysTypeTheirCharacters) {
+    strike({KEY_A, KEY_7, KEY_SPACE, KEY_BACKSLASH});
+    EXPECT_EQ(text(), "a7 \\");
+    set_text("");
+    ::key[KEY_RSHIFT] = 1;
+    strike({KEY_Z, KEY_7, KEY_SLASH, KEY_BACKSLASH, KEY_QUOTE});
+    ::key[KEY_RSHIFT] = 0;
+    EXPECT_EQ(text(), "Z&?|\"");
+    set_text("");
+    ::key_shifts = KB_CAPSLOCK_FLAG;
+    strike({KEY_Q, KEY_1, KEY_F5, KEY_ESC});  // caps lock is for letters; other keys are no characters
+    ::key_shifts = 0;
+    EXPECT_EQ(text(), "Q1");
+}
+
+TEST_F(FieldTest, EditingKeysMoveAndDelete) {
+    set_text("abcdef");
+    struct Case {
+        std::initializer_list<int> keys;
+        const char* text;
+        int cursor, scroll;
+    };
+    // The field shows 5 characters and takes 8.
+    const Case cases[] = {{{KEY_BACKSPACE}, "abcdef", 0, 0},
+                          {{KEY_END}, "abcdef", 6, 1},
+                          {{KEY_X}, "abcdefx", 7, 2},
+                          {{KEY_Y, KEY_Z}, "abcdefxy", 8, 3},  // z finds it full
+                          {{KEY_BACKSPACE}, "abcdefx", 7, 3},
+                          {{KEY_LEFT, KEY_LEFT, KEY_LEFT, KEY_LEFT, KEY_LEFT}, "abcdefx", 2, 2},
+                          {{KEY_DEL}, "abdefx", 2, 2},
+                          {{KEY_HOME}, "abdefx", 0, 0},
+                          {{KEY_LEFT, KEY_DEL}, "bdefx", 0, 0},
+                          {{KEY_RIGHT, KEY_Q}, "bqdefx", 2, 0},
+                          {{KEY_END, KEY_RIGHT, KEY_DEL}, "bqdefx", 6, 1}};
+    for (const Case& one : cases) {
+        strike(one.keys);
+        EXPECT_EQ(text(), one.text);
+        EXPECT_EQ(gui::cursor[field], one.cursor) << one.text;
+        EXPECT_EQ(gui::field_scroll[field], one.scroll) << one.text;
+    }
+}
+
+TEST_F(FieldTest, AHeldKeyRepeatsAfter29TicksEvery5) {
+    ::key[KEY_A] = 1;
+    const auto length_after = [](int ticks) {
+        tick(ticks);
+        return field_length(field);
+    };
+    EXPECT_EQ(length_after(1), 1);
+    EXPECT_EQ(length_after(27), 1);
+    EXPECT_EQ(length_after(1), 2);  // the 29th
+    EXPECT_EQ(length_after(4), 2);
+    EXPECT_EQ(length_after(1), 3);
+    EXPECT_EQ(length_after(100), 8);  // full
+}
+
+TEST_F(FieldTest, TabEnterAndTheMouseMoveTheKeyboard) {
+    set_text("abcdef");
+    strike({KEY_ENTER});
+    EXPECT_EQ(take_click(field), 1);
+    strike({KEY_TAB});
+    EXPECT_EQ(key_focus, next_field);
+    EXPECT_EQ(gui::cursor[next_field], 2);  // at the end
+    strike({KEY_TAB});
+    EXPECT_EQ(key_focus, field);  // round from the top
+    gui::field_scroll[field] = 0;
+    // Characters of 6 pixels from x + 5 on, one more once the distance is positive: (112 - 5 - 100) / 6 + 1.
+    click_at(112, 62);
+    EXPECT_EQ(gui::cursor[field], 2);
+    gui::field_scroll[field] = 3;
+    click_at(112, 62);
+    EXPECT_EQ(gui::cursor[field], 5);
+    click_at(150, 62);
+    EXPECT_EQ(gui::cursor[field], 6);  // no further than the text
+}
+
+}  // namespace
+}  // namespace nubo
