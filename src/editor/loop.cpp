@@ -1,17 +1,36 @@
 #include "editor/loop.h"
 
+#include "editor/quick_pan.h"
+#include "gui/snapshot.h"
+#include "gui/window.h"
 #include "paint/tools.h"
 #include "state/flow.h"
 #include "state/gui.h"
+#include "state/options.h"
 #include "state/run.h"
 #include "state/stroke.h"
 #include "state/view.h"
+#include "windows/drawing_menu.h"
+#include "workspace/notices.h"
 
 namespace nubo {
 namespace {
 
 void update_while(const Shared<int>& flag) {
     while (flag != 0) update_screen(UPDATE_NORMAL);
+}
+
+/// What the workspace has to tell, over the drawing menu's shadow.
+void show_waiting_boxes() {
+    while (const auto box = take_box()) {
+        take_menu_snapshot(menu_snapshot);
+        hide_window();
+        confirm_box(box->first, box->second, true, true);
+        clear_high_slots();
+        clear_menu_shadow();
+        toggle_window();
+    }
+    workspace_damaged = 0;
 }
 
 /// A left press on the frame is a stroke; one that ends with the button still down doesn't start a second.
@@ -22,18 +41,31 @@ void serve_left_press() {
     update_while(mouse_left);
 }
 
+/// A right press on the frame hides the drawing menu, and shows it again.
+void serve_right_press() {
+    if (mouse_right == 0 || hover != -1) return;
+    update_while(mouse_right);
+    toggle_window();
+}
+
 void run_pass() {
     update_screen(UPDATE_NORMAL);
     check_hotkeys(HOTKEYS_MAIN);
     check_hotkeys(HOTKEYS_MODAL);
+    if (mouse_middle != 0) quick_pan();
     serve_left_press();
+    serve_right_press();
+    serve_drawing_menu();
+    show_waiting_boxes();
     previous_point = {-1, -1};
 }
 
 }  // namespace
 
 void program_loop() {
-    menu_id = 0;
+    build_drawing_menu();
+    show_waiting_boxes();
+    menu_id = WINDOW_DRAWING_MENU;
     while (exit_requested == 0) run_pass();
 }
 

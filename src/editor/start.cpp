@@ -6,6 +6,7 @@
 #include "codecs/png.h"
 #include "editor/graphics.h"
 #include "editor/handlers.h"
+#include "editor/quick_pan.h"
 #include "editor/zoom_preview.h"
 #include "framework/actors.h"
 #include "framework/resources.h"
@@ -20,6 +21,7 @@
 #include "state/run.h"
 #include "state/stroke.h"
 #include "state/view.h"
+#include "windows/color_elements.h"
 #include "workspace/user_settings.h"
 #include "workspace/workspace.h"
 #include <allegro.h>
@@ -163,6 +165,8 @@ int start_program() {
     if (!create_work_bitmaps()) return cannot_start;
     place_mouse();
     register_zoom_preview();
+    register_quick_pan();
+    set_color_drawers();
     fill_glow_distances();
     install_handlers();
     UA_log("[ INIT ] : Interrupts installed");

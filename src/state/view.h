@@ -28,8 +28,7 @@ inline constinit Shared<int> refresh_ticks = 0;                     // 45 Hz tic
 inline constinit Shared<int> spray_tick = 0;                        // set at 45 Hz, cleared by SPRAY
 
 // ---- Mouse ---------------------------------------------------------------------------------------------------------
-// Allegro
-// has variables of its own by the names `mouse_x` and `mouse_y`, in real pixels: there they are `::mouse_x`.
+// Allegro has variables of its own by the names `mouse_x` and `mouse_y`, in real pixels: there they are `::mouse_x`.
 
 inline constinit Shared<int> mouse_x = 0, mouse_y = 0;  // logical pixels, 0 to 319 and 0 to 239
 inline constinit Shared<int> mouse_left = 0, mouse_right = 0, mouse_middle = 0;  // the physical buttons

@@ -5,8 +5,10 @@
 #include "state/run.h"
 #include "windows/activity_menus.h"
 #include "windows/choice_slots.h"
+#include "windows/color_window.h"
 #include "windows/drawing_menu.h"
 #include "windows/ink_window.h"
+#include "windows/screen_pick.h"
 #include "windows/tip_window.h"
 #include "windows/tool_window.h"
 
@@ -32,6 +34,22 @@ void take_spectrum_color(int) {
     constexpr int color_bits = 0xffffff;
     brush_color = static_cast<Color>(getpixel(screen_buffer, mouse_x, mouse_y) & color_bits);
 }
+
+/// The drawing menu comes back after a window that took its place.
+template <typename Opens> void in_place_of_menu(Opens open) {
+    GUI_close_window();
+    open();
+    GUI_close_window();
+    build_drawing_menu();
+}
+
+void edit_mask_color(int) {
+    in_place_of_menu([] { color_window(EDIT_MASK_COLOR); });
+}
+void edit_brush_color(int) {
+    in_place_of_menu([] { color_window(EDIT_BRUSH_COLOR); });
+}
+void pick_spectrum_ends(int) { pick_spectrum(); }
 
 void open_tips(int) { open_tip_window(); }
 void open_later(int) { say_comes_later(); }
@@ -61,10 +79,10 @@ constexpr ClickRow click_rows[] = {
     {DRAWING_PIC, 1, open_menu<pic_menu>, nullptr},
     {DRAWING_CEL, 1, open_menu<cel_menu>, nullptr},
     {DRAWING_USER, 1, open_menu<user_menu>, nullptr},
-    {DRAWING_MASK, 1, take_mask_color, open_later},
-    {DRAWING_BRUSH, 1, keep_brush_color, open_later},
+    {DRAWING_MASK, 1, take_mask_color, edit_mask_color},
+    {DRAWING_BRUSH, 1, keep_brush_color, edit_brush_color},
     {DRAWING_TIP, 1, open_tips, open_tips},
-    {DRAWING_SPECTRUM, 1, take_spectrum_color, open_later},
+    {DRAWING_SPECTRUM, 1, take_spectrum_color, pick_spectrum_ends},
     {DRAWING_COLOR_FIRST, color_slot_count, take_slot_color, open_later},
     {DRAWING_TOOL_FIRST, choice_slots, activate_tool, edit_tool},
     {DRAWING_INK_FIRST, choice_slots, activate_ink, edit_ink},
@@ -74,14 +92,6 @@ void serve_slot(const ClickRow& row, int slot) {
     const int click = take_click(slot);
     if (click > 0) row.left(slot);
     if (click == click_right && row.right != nullptr) row.right(slot);
-}
-
-/// The drawing menu comes back after a window that took its place.
-template <typename Opens> void in_place_of_menu(Opens open) {
-    GUI_close_window();
-    open();
-    GUI_close_window();
-    build_drawing_menu();
 }
 
 }  // namespace

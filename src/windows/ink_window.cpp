@@ -1,9 +1,9 @@
 #include "windows/ink_window.h"
 
 #include "gui/window.h"
-#include "windows/activity_menus.h"
 #include "windows/choice_window.h"
 #include "windows/drawing_menu.h"
+#include "windows/gradient_nodes.h"
 #include "windows/option_widgets.h"
 
 namespace nubo {
@@ -18,7 +18,7 @@ bool serve_position(int ink) {
     if (!is_gradient(ink) || take_click(option_slot_position) <= 0) return false;
     GUI_close_window();
     build_drawing_menu();
-    say_comes_later();
+    reposition_gradient(ink);
     return true;
 }
 

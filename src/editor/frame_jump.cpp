@@ -1,0 +1,90 @@
+#include "editor/frame_jump.h"
+
+#include "gui/shapes.h"
+#include "gui/window.h"
+#include "state/flow.h"
+#include "state/frames.h"
+#include "state/run.h"
+#include "windows/drawing_menu.h"
+#include "workspace/frame_store.h"
+#include <algorithm>
+#include <allegro.h>
+
+namespace nubo {
+namespace {
+
+constexpr int board_rows = 5, board_columns = 7, board_slots = board_rows * board_columns;
+constexpr int focus_slot = board_slots / 2;  // the middle of the board
+constexpr int board_x = 10, board_y = 12, thumbnail_side = 42, pitch = 43;
+constexpr int hold_ticks = 100;  // of the 500 Hz clock: a shorter press of the key jumps nowhere
+constexpr int no_frame = -1;     // as `color` of a thumbnail
+
+int frame_of_slot(int slot, int focus) { return focus + slot - focus_slot; }
+
+bool is_frame(int frame) { return frame >= 0 && frame < frame_count; }
+
+void clear_elements() {
+    for (int slot = 0; slot < gui_slots; ++slot) GUI_clear_element(slot);
+}
+
+void build_board() {
+    for (int slot = 0; slot < board_slots; ++slot)
+        build_element({.slot = slot,
+                       .type = ELEMENT_THUMBNAIL,
+                       .x = pitch * (slot % board_columns),
+                       .y = pitch * (slot / board_columns),
+                       .w = thumbnail_side,
+                       .h = thumbnail_side,
+                       .left = ACTION_CLICK_ONE},
+                      board_x, board_y);
+}
+
+void show_board(int focus, int marked) {
+    for (int slot = 0; slot < board_slots; ++slot) {
+        const int frame = frame_of_slot(slot, focus);
+        gui::color[at(slot)] = is_frame(frame) ? frame : no_frame;
+        gui::border_style[at(slot)] = slot == marked ? border_ants : 0;
+    }
+}
+
+/// The wheel moves the board by a row, a press brings its thumbnail into the middle.
+int move_focus(int focus, int wheel) {
+    if (wheel != 0) focus = std::clamp(focus + (wheel > 0 ? -board_columns : board_columns), 0, frame_count - 1);
+    for (int slot = 0; slot < board_slots; ++slot)
+        if (take_click(slot) > 0 && is_frame(frame_of_slot(slot, focus))) return frame_of_slot(slot, focus);
+    return focus;
+}
+
+struct Choice {
+    int focus = 0, marked = -1;
+};
+
+Choice choose_while_held() {
+    Choice choice{.focus = frame_index};
+    int wheel = ::mouse_z;
+    while (hotkey_held(HOTKEY_FRAME_JUMP)) {
+        show_board(choice.focus, choice.marked);
+        update_screen(UPDATE_NORMAL);
+        if (hover >= 0 && hover < board_slots) choice.marked = hover;
+        const int turned = ::mouse_z - wheel;
+        wheel += turned;
+        choice.focus = move_focus(choice.focus, turned);
+    }
+    return choice;
+}
+
+}  // namespace
+
+void frame_jump() {
+    const int start = UA_clock_ticks;
+    clear_elements();
+    build_board();
+    const Choice choice = choose_while_held();
+    clear_elements();
+    build_drawing_menu();
+    const int frame = frame_of_slot(choice.marked, choice.focus);
+    const bool meant = choice.marked >= 0 && UA_clock_ticks - start > hold_ticks;
+    if (meant && is_frame(frame) && frame != frame_index) fetch_frame(frame_index, frame);
+}
+
+}  // namespace nubo

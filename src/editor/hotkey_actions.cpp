@@ -1,0 +1,110 @@
+#include "editor/hotkey_actions.h"
+
+#include "editor/view.h"
+#include "gui/window.h"
+#include "state/colors.h"
+#include "state/flow.h"
+#include "state/frames.h"
+#include "state/run.h"
+#include "state/tools.h"
+#include "state/view.h"
+#include "windows/color_window.h"
+#include "windows/drawing_menu.h"
+#include "windows/frame_menu.h"
+#include "windows/screen_pick.h"
+#include "workspace/frame_store.h"
+#include "workspace/notices.h"
+
+namespace nubo {
+namespace {
+
+void wait_for_key_up(Hotkey action) {
+    while (hotkey_held(action)) update_screen(UPDATE_NORMAL);
+}
+
+void pan_view(Shared<int>& pan, int direction) {
+    pan += direction * pan_step[static_cast<std::size_t>(static_cast<int>(zoom))];
+    pan_moved = 1;
+}
+
+void pick_color_into(Color& color) {
+    const int picked = pick_screen_color(true);
+    if (picked != pick_cancelled) color = static_cast<Color>(picked);
+}
+
+void go_to_frame(int slot) {
+    if (slot != frame_index) fetch_frame(frame_index, slot);
+}
+
+}  // namespace
+
+// ---- View ----------------------------------------------------------------------------------------------------------
+
+void pan_up_by_key() { pan_view(pan_y, -1); }
+void pan_down_by_key() { pan_view(pan_y, 1); }
+void pan_left_by_key() { pan_view(pan_x, -1); }
+void pan_right_by_key() { pan_view(pan_x, 1); }
+void zoom_in_by_key() { view_zoom(ZOOM_IN); }
+void zoom_out_by_key() { view_zoom(ZOOM_OUT); }
+
+void measure_by_key() {
+    if (measure_x != -1 || measure_state != 0) return;
+    const int x = pixel_x, y = pixel_y;
+    if (x < 0 || y < 0 || x >= frame_w || y >= frame_h) return;
+    measure_x = x;
+    measure_y = y;
+    measure_state = 1;
+}
+
+// ---- Frames --------------------------------------------------------------------------------------------------------
+
+void next_frame() { go_to_frame((frame_index + 1) % frame_count); }
+void previous_frame() { go_to_frame((frame_index + frame_count - 1) % frame_count); }
+void first_frame() { go_to_frame(0); }
+void last_frame() { go_to_frame(frame_count - 1); }
+
+void clone_frame_by_key() {
+    if (clone_frame()) flash_message(MESSAGE_FRAME_CLONED);
+}
+
+void insert_frame_by_key() {
+    if (insert_blank_frame()) flash_message(MESSAGE_FRAME_CREATED);
+}
+
+void delete_frame_by_key() {
+    wait_for_key_up(HOTKEY_FRAME_DELETE);
+    GUI_close_window();
+    ask_to_delete_frame();
+    build_drawing_menu();
+}
+
+// ---- Windows and colours -------------------------------------------------------------------------------------------
+
+void pick_brush_color() { pick_color_into(brush_color); }
+void pick_mask_color() { pick_color_into(mask_color); }
+
+void color_window_by_key() {
+    GUI_close_window();
+    color_window(EDIT_BRUSH_COLOR);
+    GUI_close_window();
+    build_drawing_menu();
+}
+
+void tool_window_by_key() { open_tool_window(active_tool_slot); }
+void ink_window_by_key() { open_ink_window(active_ink_slot); }
+
+void exit_by_key() {
+    wait_for_key_up(HOTKEY_EXIT);
+    GUI_close_window();
+    if (confirm_box(LABEL_EXIT_QUESTION, LABEL_CHANGES_PERSIST, false, false) != 0)
+        exit_requested = 1;
+    else
+        build_drawing_menu();
+}
+
+void rapid_exit_by_key() {
+    wait_for_key_up(HOTKEY_RAPID_EXIT);
+    exit_requested = 1;
+}
+
+}  // namespace nubo

@@ -1,0 +1,322 @@
+#include "windows/color_window.h"
+
+#include "gui/window.h"
+#include "paint/spectrum.h"
+#include "state/run.h"
+#include "windows/color_elements.h"
+#include "windows/presses.h"
+#include "windows/screen_pick.h"
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace nubo {
+namespace {
+
+// ---- The window as rows ---------------------------------------------------------------------------------------------
+
+constexpr int slider_count = 3, variant_count = 14, variant_steps = 7, swatch_w = 10, swatch_pitch = 11;
+constexpr int row_pitch = 10, slider_stops = 256, vga_stops = 64;
+
+constexpr int space_slot(Colorspace space) { return COLOR_SPACE_FIRST + static_cast<int>(space); }
+
+constexpr ElementRow space_row(Colorspace space, int x, int y, Label label, Action action, Message tooltip) {
+    return {.slot = space_slot(space), .x = x, .y = y, .label = label, .left = action, .tooltip = tooltip};
+}
+
+constexpr ElementRow color_slot_row(int index) {
+    constexpr int left = 104, top = 2, columns = 5;
+    return {.slot = COLOR_SLOT_FIRST + index,
+            .type = ELEMENT_SWATCH,
+            .x = left + swatch_pitch * (index % columns),
+            .y = top + row_pitch * (index / columns),
+            .w = swatch_w,
+            .left = ACTION_CLICK,
+            .right = ACTION_CLICK_RIGHT,
+            .tooltip = MESSAGE_COLOR_SLOT};
+}
+
+constexpr ElementRow spectrum_button_row(int slot, int x, Label label, Action right, Message tooltip) {
+    constexpr int y = 22;
+    return {.slot = slot,
+            .type = ELEMENT_BUTTON_LIT_DARK,
+            .x = x,
+            .y = y,
+            .w = swatch_w,
+            .label = label,
+            .left = ACTION_CLICK,
+            .right = right,
+            .tooltip = tooltip};
+}
+
+constexpr ElementRow name_row(int index) {
+    return {.slot = COLOR_NAME_FIRST + index, .x = 159, .y = 2 + row_pitch * index, .w = 19, .fill = &ui_border};
+}
+
+constexpr ElementRow slider_row(int index) {
+    return {.slot = COLOR_SLIDER_FIRST + index,
+            .type = ELEMENT_BOX,
+            .x = 179,
+            .y = 2 + row_pitch * index,
+            .w = 139,
+            .tooltip = MESSAGE_COLOR_SLIDER,
+            .stops = slider_stops};
+}
+
+constexpr ElementRow caption_row(int slot, int y, Label label) {
+    return {.slot = slot, .x = 2, .y = y, .w = 156, .label = label, .fill = &ui_border};
+}
+
+/// The steps stand in two halves, beside the middle. Their number is the cell's label.
+constexpr ElementRow variant_row(int first, ElementType type, int index, int y) {
+    constexpr int left = 2, right_half = 82, half = variant_count / 2;
+    const int rising = index < half ? index - variant_steps : index - half + 1;
+    return {.slot = first + index,
+            .type = type,
+            .x = index < half ? left + swatch_pitch * index : right_half + swatch_pitch * (index - half),
+            .y = y,
+            .w = swatch_w,
+            .label = static_cast<Label>(type == ELEMENT_VARIANT_HUE ? rising : -rising),
+            .left = ACTION_CLICK_ONE,
+            .tooltip = MESSAGE_COLOR_VARIATION};
+}
+
+using ColorRows = std::array<ElementRow, COLOR_SLOTS - slot_content>;
+
+consteval ColorRows color_rows() {
+    ColorRows rows{};
+    std::size_t next = 0;
+    const auto add = [&](const ElementRow& row) { rows[next++] = row; };
+    add(space_row(SPACE_VGA, 2, 12, LABEL_VGA, ACTION_SPACE_VGA, MESSAGE_SPACE_VGA));
+    add(space_row(SPACE_RGB, 42, 12, LABEL_RGB, ACTION_SPACE_RGB, MESSAGE_SPACE_RGB));
+    add(space_row(SPACE_HLS, 2, 22, LABEL_HLS, ACTION_SPACE_HLS, MESSAGE_SPACE_HLS));
+    add(space_row(SPACE_HSV, 42, 22, LABEL_HSV, ACTION_SPACE_HSV, MESSAGE_SPACE_HSV));
+    add({.slot = COLOR_BRUSH, .type = ELEMENT_BOX, .x = 82, .y = 12, .w = 21});
+    add({.slot = COLOR_MASK, .type = ELEMENT_SWATCH_MASK, .x = 82, .y = 2, .w = 21});
+    for (int i = 0; i < color_slot_count; ++i) add(color_slot_row(i));
+    add(spectrum_button_row(COLOR_FOLD, 82, LABEL_FOLD, ACTION_CLICK_RIGHT, MESSAGE_FOLD_SPECTRUM));
+    add(spectrum_button_row(COLOR_INVERT, 93, LABEL_INVERT, ACTION_CLICK, MESSAGE_INVERT_SPECTRUM));
+    for (int i = 0; i < slider_count; ++i) add(name_row(i));
+    for (int i = 0; i < slider_count; ++i) add(slider_row(i));
+    add({.slot = COLOR_SPECTRUM,
+         .type = ELEMENT_SPECTRUM,
+         .x = 104,
+         .y = 22,
+         .w = 54,
+         .left = ACTION_CLICK,
+         .right = ACTION_CLICK_RIGHT,
+         .tooltip = MESSAGE_SPECTRUM});
+    add(caption_row(COLOR_CAPTION_HUE, 32, LABEL_VARIANCE_HUE));
+    add(caption_row(COLOR_CAPTION_LIGHT, 52, LABEL_VARIANCE_LIGHT));
+    add(caption_row(COLOR_CAPTION_SATURATION, 72, LABEL_VARIANCE_SATURATION));
+    for (int i = 0; i < variant_count; ++i) add(variant_row(COLOR_HUE_FIRST, ELEMENT_VARIANT_HUE, i, 42));
+    for (int i = 0; i < variant_count; ++i) add(variant_row(COLOR_LIGHT_FIRST, ELEMENT_VARIANT_LIGHT, i, 62));
+    for (int i = 0; i < variant_count; ++i) add(variant_row(COLOR_SATURATION_FIRST, ELEMENT_VARIANT_SAT, i, 82));
+    add({.slot = COLOR_MAP,
+         .type = ELEMENT_MAP_RGB,
+         .x = 159,
+         .y = 32,
+         .w = 159,
+         .h = 59,
+         .left = ACTION_CLICK_ONE_INSIDE,
+         .tooltip = MESSAGE_COLOR_MAP});
+    return rows;
+}
+
+constexpr ColorRows rows = color_rows();
+static_assert(rows_in_order(rows, &ElementRow::slot, slot_content));
+
+constexpr WindowRow window{.id = WINDOW_COLOR,
+                           .place = POS_COLOR,
+                           .x = 0,
+                           .y = 147,
+                           .w = 319,
+                           .h = 92,
+                           .child_count = COLOR_SLOTS,
+                           .title = LABEL_COLORSPACE,
+                           .title_w = 79,
+                           .elements = rows};
+
+// ---- The colour in work ---------------------------------------------------------------------------------------------
+
+/// The edited colour, and the one from which the sliders started. As long as they stand where they started, the colour
+/// is that one to the bit: not every colour has a place on the sliders of every space.
+struct Edit {
+    int mode;
+    Color color;
+    Color start_color;
+    std::array<int, slider_count> start_sliders{};
+};
+
+Colorspace space_shown() { return static_cast<Colorspace>(colorspace); }
+
+std::array<int, slider_count> sliders_shown() {
+    std::array<int, slider_count> sliders{};
+    for (int i = 0; i < slider_count; ++i) sliders[at(i)] = gui::slider_value[at(COLOR_SLIDER_FIRST + i)];
+    return sliders;
+}
+
+void move_sliders(const std::array<int, slider_count>& sliders) {
+    for (int i = 0; i < slider_count; ++i) {
+        gui::slider_value[at(COLOR_SLIDER_FIRST + i)] = sliders[at(i)];
+        color_sliders[at(i)] = sliders[at(i)];
+    }
+}
+
+void start_sliders(Edit& edit) {
+    edit.start_color = edit.color;
+    edit.start_sliders = color_to_sliders(space_shown(), edit.color);
+    move_sliders(edit.start_sliders);
+}
+
+/// A colour from a swatch or the screen goes by way of the sliders, so that it is one of the space.
+void take_color(Color color) { move_sliders(color_to_sliders(space_shown(), color)); }
+
+void follow_sliders(Edit& edit) {
+    const auto sliders = sliders_shown();
+    edit.color = sliders == edit.start_sliders ? edit.start_color
+                                               : sliders_to_color(space_shown(), sliders[0], sliders[1], sliders[2]);
+    if (edit.mode == EDIT_BRUSH_COLOR) brush_color = edit.color;
+    if (edit.mode == EDIT_MASK_COLOR) mask_color = edit.color;
+}
+
+Color color_to_edit(int mode, Color given) {
+    if (mode == EDIT_BRUSH_COLOR) return brush_color;
+    return mode == EDIT_MASK_COLOR ? mask_color : given;
+}
+
+// ---- Showing --------------------------------------------------------------------------------------------------------
+
+/// What a space looks like in the window.
+struct SpaceRow {
+    Colorspace space;
+    ElementType map;
+    std::array<Label, slider_count> names;
+    int stops, wheel_step;
+};
+constexpr std::array<SpaceRow, SPACE_COUNT> spaces{{
+    {SPACE_VGA, ELEMENT_MAP_VGA, {LABEL_RED, LABEL_GREEN, LABEL_BLUE}, vga_stops, 3},
+    {SPACE_RGB, ELEMENT_MAP_RGB, {LABEL_RED, LABEL_GREEN, LABEL_BLUE}, slider_stops, 10},
+    {SPACE_HLS, ELEMENT_MAP_HLS, {LABEL_HLS_HUE, LABEL_HLS_LIGHT, LABEL_HLS_SATURATION}, slider_stops, 10},
+    {SPACE_HSV, ELEMENT_MAP_HSV, {LABEL_HSV_HUE, LABEL_HSV_SATURATION, LABEL_HSV_VALUE}, slider_stops, 10},
+}};
+static_assert(rows_in_order(spaces, &SpaceRow::space));
+
+void show_space(const SpaceRow& space) {
+    for (const SpaceRow& each : spaces)
+        gui::type[at(space_slot(each.space))] = each.space == space.space ? ELEMENT_BUTTON_DOWN : ELEMENT_BUTTON;
+    for (int i = 0; i < slider_count; ++i) {
+        gui::label[at(COLOR_NAME_FIRST + i)] = space.names[at(i)];
+        const std::size_t slider = at(COLOR_SLIDER_FIRST + i);
+        gui::slider_max[slider] = space.stops;
+        gui::slider_stops[slider] = static_cast<std::int16_t>(space.stops);
+        gui::wheel_step[slider] = static_cast<std::int16_t>(space.wheel_step);
+        gui::slider_origin[slider] = 0;  // the stops lie elsewhere now
+    }
+    gui::type[at(COLOR_MAP)] = static_cast<std::int16_t>(space.map);
+}
+
+/// The sliders keep the colour, not their numbers, which mean something else in another space.
+void enter_space(Edit& edit, Colorspace space) {
+    colorspace = space;
+    show_space(spaces[at(space)]);
+    start_sliders(edit);
+}
+
+void open_window(Edit& edit) {
+    GUI_close_window();
+    build_window(window);
+    for (int i = 0; i < slider_count; ++i) {
+        GUI_link_slider(COLOR_SLIDER_FIRST + i, &color_sliders[at(i)]);
+        gui::aux[at(COLOR_MAP) * gui::aux_rows * gui::aux_columns + at(i)] =
+            static_cast<std::int16_t>(COLOR_SLIDER_FIRST + i);
+    }
+    gui::row_values[at(COLOR_SPECTRUM)][0] = static_cast<int>(ui_border);
+    colorspace = std::clamp<int>(colorspace, SPACE_VGA, SPACE_COUNT - 1);
+    enter_space(edit, space_shown());
+}
+
+void refresh_swatches(const Edit& edit) {
+    gui::color[at(COLOR_BRUSH)] = static_cast<int>(edit.mode == EDIT_GIVEN_COLOR ? edit.color : brush_color);
+    for (int i = 0; i < color_slot_count; ++i)
+        gui::color[at(COLOR_SLOT_FIRST + i)] = static_cast<int>(color_slots[at(i)]);
+    for (int slot = COLOR_HUE_FIRST; slot < COLOR_MAP; ++slot)
+        gui::row_values[at(slot)][0] = static_cast<int>(edit.color);
+}
+
+// ---- Serving the clicks ---------------------------------------------------------------------------------------------
+
+void serve_spaces(Edit& edit) {
+    for (const SpaceRow& space : spaces)
+        if (take_click(space_slot(space.space)) != 0) enter_space(edit, space.space);
+}
+
+/// The slot waits, visibly, for the user's pick.
+void pick_for_slot(int index) {
+    const std::size_t slot = at(COLOR_SLOT_FIRST + index);
+    gui::type[slot] = ELEMENT_SWATCH_WAIT;
+    const int color = pick_screen_color(false);
+    gui::type[slot] = ELEMENT_SWATCH;
+    if (color != pick_cancelled) color_slots[at(index)] = static_cast<Color>(color);
+}
+
+void serve_color_slots() {
+    for (int i = 0; i < color_slot_count; ++i) {
+        const int click = take_click(COLOR_SLOT_FIRST + i);
+        if (click == click_right) pick_for_slot(i);
+        if (click > 0) take_color(color_slots[at(i)]);
+    }
+}
+
+void serve_spectrum() {
+    constexpr int folds_max = 3;
+    const int fold = take_click(COLOR_FOLD), strip = take_click(COLOR_SPECTRUM);
+    if (fold != 0) spectrum_fold = std::clamp(spectrum_fold + (fold == click_right ? -1 : 1), 0, folds_max);
+    if (take_click(COLOR_INVERT) != 0) std::swap(spectrum_start, spectrum_end);
+    if (strip == click_right) pick_spectrum();
+    if (strip > 0) take_color(pressed_spectrum_color(COLOR_SPECTRUM));
+}
+
+void serve_variants_and_map() {
+    for (int slot = COLOR_HUE_FIRST; slot < COLOR_MAP; ++slot)
+        if (take_click(slot) > 0) take_color(variant_color_of(slot));
+    if (take_click(COLOR_MAP) > 0) map_to_sliders(space_shown(), COLOR_MAP);
+}
+
+void serve_press_on_screen() {
+    if (!pressed_outside(mouse_left)) return;
+    take_color(static_cast<Color>(pick_screen_color(true)));
+    wait_while_down(mouse_left);
+}
+
+bool user_leaves() {
+    if (right_press_outside()) return true;
+    if (!hotkey_held(HOTKEY_COLOR_MENU)) return false;
+    wait_while_held(HOTKEY_COLOR_MENU);
+    return true;
+}
+
+}  // namespace
+
+Color color_window(int mode, Color color) {
+    Edit edit{.mode = mode, .color = color_to_edit(mode, color), .start_color = 0};
+    open_window(edit);
+    wait_while_held(HOTKEY_COLOR_MENU);
+    do {
+        follow_sliders(edit);
+        refresh_swatches(edit);
+        update_screen(UPDATE_NORMAL);
+        check_hotkeys(HOTKEYS_MODAL);
+        serve_spaces(edit);
+        serve_color_slots();
+        serve_spectrum();
+        serve_variants_and_map();
+        serve_press_on_screen();
+    } while (exit_requested == 0 && !user_leaves());
+    follow_sliders(edit);
+    GUI_close_window();
+    menu_id = WINDOW_DRAWING_MENU;
+    return edit.color;
+}
+
+}  // namespace nubo

@@ -1,0 +1,24 @@
+#pragma once
+// What the loops of the windows ask of mouse and keys. The waits show the picture meanwhile. Main flow only.
+#include "state/flow.h"
+#include "state/shared.h"
+
+namespace nubo {
+
+/// Waits while the button (`mouse_left`, `mouse_right`) is down.
+void wait_while_down(const Shared<int>& button);
+
+/// Waits until the action's key is up, so that the key that opened a window doesn't close it, or the other way round.
+void wait_while_held(Hotkey action);
+
+/// True when a button went down with no element under it and is still down. A press that began on an element, such as
+/// the drag of a knob that left its window, doesn't count.
+bool pressed_outside(const Shared<int>& button);
+
+/// True after a right press with no element under it, when the button is up again.
+bool right_press_outside();
+
+/// Forgets all clicks that no window has taken.
+void clear_clicks();
+
+}  // namespace nubo

@@ -1,0 +1,86 @@
+// The status bar, the measured distance and the two hold commands.
+#include "base/bitmap.h"
+#include "editor/quick_pan.h"
+#include "editor/status_bar.h"
+#include "gui/elements.h"
+#include "harness/user.h"
+#include "state/frames.h"
+#include "state/options.h"
+#include "state/run.h"
+#include "state/view.h"
+
+namespace nubo {
+namespace {
+
+constexpr Color white = 0xffffff, bar_on_white = 0x5e5e5e;  // black at 160: 255 * (256 - 161) >> 8 = 94
+
+class AidsTest : public EditorTest {
+protected:
+    AidsTest() { register_quick_pan(); }
+    static Color screen_pixel(int x, int y) { return *pixels_at(screen_buffer, x, y); }
+    /// The first row of the bar on a white screen, -1 for none.
+    static int bar_row_with(int mouse, int window_y) {
+        GUI_clear_element(slot_window);
+        if (window_y >= 0) GUI_add_window(0, window_y, 319, 32, 1);
+        shown.mouse_y = mouse;
+        clear_to_color(screen_buffer, static_cast<int>(white));
+        draw_status_bar();
+        for (int y = 0; y < view_h; ++y)
+            if (screen_pixel(view_w - 1, y) == bar_on_white) return y;
+        return -1;
+    }
+};
+
+TEST_F(AidsTest, TheStatusBarStandsWhereItIsNotInTheWay) {
+    struct Case {
+        int mouse, window_y, row;
+    };
+    for (const Case& at : {Case{100, -1, 0}, Case{3, -1, 233}, Case{100, 207, 0}, Case{3, 207, 200}, Case{3, 100, 233},
+                           Case{100, 0, 233}, Case{3, 0, 233}, Case{235, 0, 33}})
+        EXPECT_EQ(bar_row_with(at.mouse, at.window_y), at.row) << at.mouse << ", " << at.window_y;
+    opt_status_bar = 0;
+    EXPECT_EQ(bar_row_with(100, -1), -1);
+    shown.status_message = status_bar_only;  // asked for whatever the option says
+    EXPECT_EQ(bar_row_with(100, -1), 0);
+}
+
+TEST_F(AidsTest, AMeasureLastsFromPressToPress) {
+    play([](User& user) -> Script {
+        co_await user.move_to(50, 60);
+        co_await user.hold_key(KEY_F12);
+        co_await user.release_key(KEY_F12);
+        EXPECT_EQ(measure_x, 50);
+        EXPECT_EQ(measure_y, 60);
+        co_await user.move_to(90, 30);
+        EXPECT_NE(*pixels_at(overlay, 50, 20), transparent_color);  // the lines run from the anchor
+        EXPECT_NE(*pixels_at(overlay, 200, 60), transparent_color);
+        EXPECT_EQ(measure_x, 50);
+        co_await user.hold_key(KEY_F12);
+        co_await user.release_key(KEY_F12);
+        EXPECT_EQ(measure_x, -1);
+    });
+}
+
+TEST_F(AidsTest, QuickPanGoesToThePlaceUnderTheMouse) {
+    new_frame(600, 436);  // twice the map
+    play([](User& user) -> Script {
+        co_await user.move_to(160, 119);  // the middle of the map, which begins at (10, 10)
+        co_await user.hold_key(KEY_0_PAD);
+        co_await user.release_key(KEY_0_PAD);
+        EXPECT_EQ(pan_x, 2 * 150 - 160);
+        EXPECT_EQ(pan_y, 2 * 109 - 120);
+    });
+}
+
+TEST_F(AidsTest, QuickPanOfASmallFrameOnlySaysSo) {
+    play([](User& user) -> Script {
+        co_await user.hold_key(KEY_0_PAD);
+        EXPECT_EQ(status_message, MESSAGE_QUICK_PAN_TOO_SMALL);
+        co_await user.release_key(KEY_0_PAD);
+        EXPECT_EQ(status_message, status_coordinates);
+        EXPECT_EQ(pan_x, 0);
+    });
+}
+
+}  // namespace
+}  // namespace nubo
