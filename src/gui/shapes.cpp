@@ -3,6 +3,7 @@
 #include "base/color.h"
 #include "base/random.h"
 #include "framework/text.h"
+#include "gui/stripes.h"
 #include "state/resources.h"
 #include "state/run.h"
 #include "state/texts_labels.h"
@@ -20,15 +21,6 @@ Color border_color(Color border) {
     const int gray = darkest + UA_random(brightest - darkest);
     return pack_color(gray, gray, gray);
 }
-
-/// Draws with the moving stripes for as long as it lives.
-class StripesMode {
-public:
-    StripesMode() { drawing_mode(DRAW_MODE_COPY_PATTERN, stripe_pattern, shown.stripe_phase, 0); }
-    ~StripesMode() { solid_mode(); }
-    StripesMode(const StripesMode&) = delete;
-    StripesMode& operator=(const StripesMode&) = delete;
-};
 
 }  // namespace
 

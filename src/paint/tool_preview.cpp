@@ -1,5 +1,6 @@
 // Outlines in the moving stripes, and the previews of the tools that are made of them.
 #include "base/geometry.h"
+#include "gui/stripes.h"
 #include "paint/stroke.h"
 #include "paint/tools.h"
 #include "state/run.h"
@@ -7,18 +8,6 @@
 #include "state/view.h"
 
 namespace nubo {
-namespace {
-
-/// Sets Allegro to draw with the stripes for as long as it lives.
-class StripesMode {
-public:
-    StripesMode() { drawing_mode(DRAW_MODE_COPY_PATTERN, stripe_pattern, shown.stripe_phase, 0); }
-    ~StripesMode() { solid_mode(); }
-    StripesMode(const StripesMode&) = delete;
-    StripesMode& operator=(const StripesMode&) = delete;
-};
-
-}  // namespace
 
 void preview_line(BITMAP* bitmap, int x1, int y1, int x2, int y2) {
     const StripesMode stripes;
