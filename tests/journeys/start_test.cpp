@@ -54,6 +54,7 @@ TEST(Start, StrokeSurvivesTheCloseButton) {
                      "[ END ] : Switching off handlers and locking processes.", "[ END ] : Writing workspace to file.",
                      "[ END ] : Closing log."});
     EXPECT_EQ(journey.log_lines().back(), "[ END ] : Closing log.");
+    EXPECT_EQ(journey.said(), "");  // a sanitizer that met something would have spoken
 
     ASSERT_TRUE(journey.start());
     journey.move_to(250, 120);
