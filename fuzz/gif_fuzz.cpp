@@ -1,0 +1,15 @@
+// Any bytes, read as a GIF.
+#include "base/bitmap.h"
+#include "codecs/gif.h"
+#include "fuzz/start.h"
+#include "harness/memory_packfile.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static const int started = nubo::start_fuzzing();
+    const nubo::Bytes bytes(data, data + size);
+    PACKFILE* const file = nubo::open_for_reading(bytes);
+    PALETTE palette;
+    const nubo::OwnedBitmap picture(nubo::load_gif_pf(file, palette));
+    pack_fclose(file);
+    return started;
+}

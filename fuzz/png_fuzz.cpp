@@ -1,0 +1,15 @@
+// Any bytes, read as a PNG.
+#include "base/bitmap.h"
+#include "codecs/png.h"
+#include "fuzz/start.h"
+#include "harness/memory_packfile.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static const int started = nubo::start_fuzzing();
+    const nubo::Bytes bytes(data, data + size);
+    PACKFILE* const file = nubo::open_for_reading(bytes);
+    PALETTE palette;
+    const nubo::OwnedBitmap picture(nubo::load_png_pf(file, palette));
+    pack_fclose(file);
+    return started;
+}
