@@ -25,7 +25,7 @@ int start() {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static const int started = start();
     std::FILE* const file = std::fopen(picture, "wb");
     if (file == nullptr) std::abort();

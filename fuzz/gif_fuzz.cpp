@@ -4,7 +4,7 @@
 #include "fuzz/start.h"
 #include "harness/memory_packfile.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static const int started = nubo::start_fuzzing();
     const nubo::Bytes bytes(data, data + size);
     PACKFILE* const file = nubo::open_for_reading(bytes);

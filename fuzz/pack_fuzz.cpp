@@ -1,9 +1,10 @@
 // Any bytes, unpacked as a container; and packed, which must come back.
 #include "framework/packer.h"
+#include "fuzz/start.h"
 
 #include <cstdlib>
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::vector<std::uint8_t> bytes(data, data + size);
     nubo::unpack_bytes(bytes);
     const auto packed = nubo::pack_bytes(bytes);

@@ -1,4 +1,6 @@
 // What every fuzzer starts with: Allegro without a display.
+#include "fuzz/start.h"
+
 #include "base/color.h"
 
 #include <allegro.h>

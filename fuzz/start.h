@@ -1,4 +1,7 @@
 #pragma once
+// What the fuzzers share.
+#include <cstddef>
+#include <cstdint>
 
 namespace nubo {
 
@@ -6,3 +9,6 @@ namespace nubo {
 int start_fuzzing();
 
 }  // namespace nubo
+
+/// Called by libFuzzer with each input; each fuzzer defines it.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
