@@ -1,6 +1,7 @@
 // nubo-assets: makes the files that the program reads at its start from the sources of the artwork.
 #include "base/color.h"
 #include "contact_sheet.h"
+#include "first_start.h"
 #include "font_sheet.h"
 #include "framework/resources.h"
 #include "framework/text.h"
@@ -28,7 +29,7 @@ struct Places {
 struct Studio {
     Places places;
     ArtPalette palette{};
-    BITMAP* gui = nullptr;  // in 32 bits; its panel owns it
+    BITMAP *gui = nullptr, *logo = nullptr, *tips = nullptr;  // in 32 bits; their panels own them
     std::vector<ArtScheme> schemes;
     std::vector<ContactPanel> panels;
 };
@@ -49,10 +50,16 @@ bool make_picture(Studio& studio, const char* source_name, const char* place, Ow
     return true;
 }
 
-bool make_logo(Studio& studio) { return make_picture(studio, "logo.txt", "resource/N_HD_1X.RES", draw_logo, 0, 0); }
+bool make_logo(Studio& studio) {
+    if (!make_picture(studio, "logo.txt", "resource/N_HD_1X.RES", draw_logo, 0, 0)) return false;
+    studio.logo = studio.panels.back().picture.get();
+    return true;
+}
 
 bool make_tips(Studio& studio) {
-    return make_picture(studio, "tips.txt", "resource/brushie.PNG", draw_tip_sheet, 17, 15);
+    if (!make_picture(studio, "tips.txt", "resource/brushie.PNG", draw_tip_sheet, 17, 15)) return false;
+    studio.tips = studio.panels.back().picture.get();
+    return true;
 }
 
 /// The display mode of a fresh program folder: a window of 960 by 720.
@@ -129,6 +136,15 @@ bool make_objects(Studio& studio) {
     return text && write_bytes(place_of(studio, "resource/obj_lib.def"), *text);
 }
 
+/// The settings and the Workspace of a newcomer, painted with what was made before.
+bool make_first(Studio& studio) {
+    std::vector<OwnedBitmap> frames;
+    if (!make_first_start({studio.places.sources, studio.tips, studio.logo}, studio.places.program_folder, frames))
+        return false;
+    for (OwnedBitmap& frame : frames) studio.panels.push_back({std::move(frame), 0, 0});
+    return true;
+}
+
 bool make_contact_sheet(Studio& studio) {
     studio.panels.push_back({draw_font_specimen(), 0, 0});
     studio.panels.push_back({draw_scheme_specimen(studio.gui, studio.schemes), 0, 0});
@@ -137,12 +153,13 @@ bool make_contact_sheet(Studio& studio) {
 }
 
 // The palette comes before all that is drawn in it, the contact sheet last.
-constexpr bool (*makers[])(Studio& studio) = {make_config, make_logo,    make_tips,    make_palette,      make_fonts,
-                                              make_gui,    make_schemes, make_objects, make_contact_sheet};
+constexpr bool (*makers[])(Studio& studio) = {make_config, make_logo,         make_tips,    make_palette,
+                                              make_fonts,  make_gui,          make_schemes, make_objects,
+                                              make_first,  make_contact_sheet};
 
 bool make_all(const Places& places) {
     std::error_code error;
-    for (const char* folder : {"resource", "fonts", "SCHEMES"}) {
+    for (const char* folder : {"resource", "fonts", "SCHEMES", "WORKSPACE"}) {
         fs::create_directories(places.program_folder / folder, error);
         if (error) return std::fprintf(stderr, "%s: %s\n", folder, error.message().c_str()), false;
     }

@@ -29,12 +29,15 @@ std::string text_of(const std::string& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// Everything staged but what a developer's own runs left there.
+/// Everything staged but what a developer's own runs left there, and without the first Workspace: a journey begins on a
+/// blank Frame.
 void copy_program_folder(const fs::path& to) {
     const fs::path from = NUBO_FOLDER;
     for (const auto& entry : fs::recursive_directory_iterator(from)) {
         const std::string name = entry.path().filename();
-        if (name.starts_with("current.") || name.starts_with("backup.") || name == "UA_log.txt") continue;
+        if (name.starts_with("current.") || name.starts_with("alternate.") || name.starts_with("backup.") ||
+            name == "UA_log.txt")
+            continue;
         const fs::path target = to / entry.path().lexically_relative(from);
         if (entry.is_directory())
             fs::create_directories(target);

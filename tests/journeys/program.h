@@ -19,7 +19,7 @@ void write_bmp(const std::string& path, int width, int height, std::uint32_t col
 /// A program folder of the test's own, a desktop, and the program on it, run as often as the test likes.
 class Journey {
 public:
-    /// Copies the staged folder without what a run left there, and starts the desktop. `mode` is the byte of
+    /// Copies the staged folder without a Workspace, and starts the desktop. `mode` is the byte of
     /// config.def.
     explicit Journey(char mode = '2', int screen_width = 1400, int screen_height = 1050);
     /// A test that failed leaves a picture of the screen and what the program said in the test's output.

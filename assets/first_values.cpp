@@ -1,0 +1,189 @@
+#include "first_values.h"
+
+#include "base/color.h"
+#include "editor/hotkeys.h"
+#include "paint/inks.h"
+#include "state/options.h"
+#include "state/run.h"
+#include "state/stroke.h"
+#include "state/view.h"
+#include <algorithm>
+#include <cstring>
+
+namespace nubo {
+
+namespace {
+
+// ---- Tools and inks -------------------------------------------------------------------------------------------------
+
+struct ToolRow {
+    BrushTool tool;
+    ToolOption option;
+    int value;
+};
+constexpr ToolRow tool_rows[] = {
+    {TOOL_BOX, OPTION_FILLED, 1},           {TOOL_CIRCLE, OPTION_FILLED, 1},
+    {TOOL_OVAL, OPTION_FILLED, 1},          {TOOL_POLY, OPTION_FILLED, 1},
+    {TOOL_RPOLY, OPTION_FILLED, 1},         {TOOL_FSHAPE, OPTION_FILLED, 1},
+    {TOOL_SSHAPE, OPTION_FILLED, 1},        {TOOL_SPLINE, OPTION_FILLED, 0},
+    {TOOL_SPLINE, OPTION_CLOSED, 0},        {TOOL_SPLINE, OPTION_CURVE, 50},
+    {TOOL_DRIZ, OPTION_DRIZ_RADIUS, 6},     {TOOL_DRIZ, OPTION_DRIZ_TAPER, 24},
+    {TOOL_EDGE, OPTION_TOLERANCE, 5},       {TOOL_FILL, OPTION_TOLERANCE, 5},
+    {TOOL_SEP, OPTION_TOLERANCE, 5},        {TOOL_MOVE, OPTION_USE_BRUSH_COLOR, 0},
+    {TOOL_SPRAY, OPTION_SPRAY_DENSITY, 24}, {TOOL_SPRAY, OPTION_SPRAY_RADIUS, 12},
+    {TOOL_TEXT, OPTION_ANTIALIAS, 1},
+};
+
+struct InkRow {
+    Ink ink;
+    std::array<int, option_slots> options;  // R.GRAD's last one is derived from its nodes
+};
+/// Blends in the middle, effects that pile up below it, tolerances that tell shades of a colour from another.
+constexpr std::array<InkRow, INK_COUNT> ink_rows{{
+    {INK_ADD, {128}},
+    {INK_BRIGHT, {96}},
+    {INK_CLOSE, {16}},
+    {INK_DARK, {96}},
+    {INK_EMBOSS, {96}},
+    {INK_GLASS, {128}},
+    {INK_GLOW, {32, 6}},
+    {INK_GRAIN, {160, 60}},
+    {INK_GRAY, {160}},
+    {INK_HGRAD, {0, 0, 0, 0, view_w - 1}},
+    {INK_HOLLOW, {5}},
+    {INK_JUMBLE, {3}},
+    {INK_LGRAD, {0, 0, 0, 40, 40, 280, 200}},
+    {INK_OPAQUE, {}},
+    {INK_PULL, {160}},
+    {INK_RGRAD, {0, 0, 0, 160, 116, 260, 116}},
+    {INK_SCRAPE, {160}},
+    {INK_SPARK, {96}},
+    {INK_SOFTEN, {160}},
+    {INK_SUB, {128}},
+    {INK_SWEEP, {16}},
+    {INK_TILE, {}},
+    {INK_UNZAG, {100}},
+    {INK_VGRAD, {0, 0, 0, 0, view_h - 1}},
+    {INK_XOR, {}},
+}};
+static_assert(rows_in_order(ink_rows, &InkRow::ink));
+
+void set_options() {
+    for (auto& row : tool_options)
+        for (Shared<int>& value : row) value = 0;
+    for (const ToolRow& row : tool_rows) tool_option(row.tool, row.option) = row.value;
+    for (const InkRow& row : ink_rows)
+        for (std::size_t slot = 0; slot < option_slots; ++slot)
+            ink_options[static_cast<std::size_t>(row.ink)][slot] = row.options[slot];
+    update_gradient_geometry();
+}
+
+// ---- Colours --------------------------------------------------------------------------------------------------------
+
+constexpr std::size_t ramp_length = favorites_row / 2;
+
+int between(int from, int to, double share) { return static_cast<int>(from + (to - from) * share + 0.5); }
+
+/// The colour at `share`, 0 to 1, of a ramp whose anchors stand at equal distances.
+Color ramp_color(const std::vector<Color>& anchors, double share) {
+    const double place = share * static_cast<double>(anchors.size() - 1);
+    const std::size_t first = std::min(static_cast<std::size_t>(place), anchors.size() - 2);
+    const Color a = anchors[first], b = anchors[first + 1];
+    const double rest = place - static_cast<double>(first);
+    return pack_color(between(red_of(a), red_of(b), rest), between(green_of(a), green_of(b), rest),
+                      between(blue_of(a), blue_of(b), rest));
+}
+
+/// The colours behind a row's name; empty if one is none.
+std::vector<Color> colors_of(const Words& row) {
+    std::vector<Color> colors;
+    for (std::size_t i = 1; i < row.size(); ++i) {
+        const auto color = color_from_hex(row[i]);
+        if (!color) return {};
+        colors.push_back(*color);
+    }
+    return colors;
+}
+
+/// Two ramps to the row of the favourites' window; the last one is cut where the favourites end.
+bool set_favorites(const ArtBlock& block) {
+    std::size_t at = 0;
+    for (const Words& row : block.rows) {
+        const auto anchors = colors_of(row);
+        if (anchors.size() < 2) return false;
+        const std::size_t length = std::min(ramp_length, favorite_count - at);
+        for (std::size_t i = 0; i < length; ++i)
+            favorites[at++] = ramp_color(anchors, static_cast<double>(i) / static_cast<double>(length - 1));
+    }
+    return at == favorite_count;
+}
+
+bool set_slots(const ArtBlock& block) {
+    const auto colors = block.rows.size() == 1 ? colors_of(block.rows[0]) : std::vector<Color>();
+    if (colors.size() != color_slot_count) return false;
+    std::ranges::copy(colors, color_slots.begin());
+    return true;
+}
+
+template <std::size_t N> void set_text(std::array<char, N>& buffer, const char* text) {
+    buffer.fill('\0');
+    std::strncpy(buffer.data(), text, N - 1);
+}
+
+}  // namespace
+
+bool set_first_colors(const ArtSource& source) {
+    for (const ArtBlock& block : source.blocks) {
+        if (block.head[0] == "ramps" && !set_favorites(block))
+            return art_fault(source, block, "ramps are names and colors, two or more, and fill 256 favourites");
+        if (block.head[0] == "slots" && !set_slots(block)) return art_fault(source, block, "slots are ten colors");
+    }
+    return true;
+}
+
+void set_first_settings() {
+    default_hotkeys();
+    opt_cel_masking = 1;
+    opt_cel_tolerance = 3;
+    opt_crosshair_color = 1;
+    opt_crosshair_scaling = 1;
+    opt_crosshair_strength = 60;
+    mouse_reversed = 0;
+    opt_cursor_zoom = 0;
+    opt_mouse_speed = 4;
+    opt_status_bar = 1;
+    opt_tooltips = 1;
+    opt_backless = 0;
+    opt_tool_distance = 1;
+    power_saving = POWER_HIGH;
+    opt_gif_reduction = REDUCTION_FAST;
+    opt_quick_pan_strength = 225;
+    opt_zoom_preview = 1;
+    opt_zoom_preview_size = 2;
+    opt_file_preview = PREVIEW_LIMIT;
+    opt_undo_depth = 3;
+    sfx_volume = music_volume = 255;
+    frame_pacing = 1;
+}
+
+void set_first_workspace() {
+    set_options();
+    tool_slots = {TOOL_DRAW, TOOL_LINE, TOOL_BOX, TOOL_CIRCLE, TOOL_FILL, TOOL_SPRAY};
+    ink_slots = {INK_OPAQUE, INK_GLASS, INK_BRIGHT, INK_DARK, INK_TILE, INK_RGRAD};
+    active_tool_slot = active_ink_slot = 0;
+    polygon_values = {.angle = 0, .radius = 40, .sides = 6};
+    spiral_values = {.angle = 0, .scale = 100, .wraps = 6, .spread = 4, .flip = 0};
+    supershape_values = {.angle = 0, .n1 = 50, .n2 = 70, .n3 = 70, .arms = 6, .magnitude = 60};
+    brush_color = 0xffffff;
+    mask_color = 0x000000;
+    spectrum_start = 0x28306c;
+    spectrum_end = 0xffd07c;
+    spectrum_fold = 1;
+    brush_tip = 2;  // three pixels across: seen at once, and fine enough to write with
+    text_tool_size = 28;
+    set_text(text_tool_text, "NUBO");
+    set_text(workspace_title, "WELCOME TO NUBO");
+    set_text(workspace_notes, "THREE FRAMES TO TRY THINGS OUT ON: A BOARD, SPRITES, A LANDSCAPE. NEW CLEARS THEM.");
+}
+
+}  // namespace nubo
