@@ -1,8 +1,8 @@
 #include "first_values.h"
 
 #include "base/color.h"
-#include "editor/hotkeys.h"
 #include "paint/inks.h"
+#include "state/flow.h"
 #include "state/options.h"
 #include "state/run.h"
 #include "state/stroke.h"

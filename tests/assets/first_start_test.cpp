@@ -3,10 +3,10 @@
 
 #include "base/log.h"
 #include "codecs/png.h"
-#include "editor/hotkeys.h"
 #include "paint/inks.h"
 #include "paint/stroke.h"
 #include "state/cel.h"
+#include "state/flow.h"
 #include "state/frames.h"
 #include "state/options.h"
 #include "state/run.h"
