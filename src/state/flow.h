@@ -31,6 +31,10 @@ void view_clamp();
 /// freehand tools on each pass, so that a stroke doesn't lag behind the hand.
 void view_update_pixel();
 
+/// Shows the whole Frame as a map as long as the middle button or the key is held; the place under the mouse becomes
+/// the view.
+void quick_pan();
+
 /// Zoom level 1, with the middle of the Frame in the middle of the screen.
 void center_frame();
 

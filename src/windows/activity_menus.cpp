@@ -77,6 +77,7 @@ void run_activity_menu(const ActivityMenu& menu, int x, int y) {
     do {
         update_screen(UPDATE_NORMAL);
         check_hotkeys(HOTKEYS_MODAL);
+        if (mouse_middle != 0) quick_pan();
     } while (!serve_items(menu));
     close_menu();
     build_drawing_menu();

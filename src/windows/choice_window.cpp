@@ -6,6 +6,7 @@
 #include "windows/choice_slots.h"
 #include "windows/leaving.h"
 #include "windows/option_widgets.h"
+#include "windows/presses.h"
 #include <algorithm>
 
 namespace nubo {
@@ -80,7 +81,7 @@ void serve_list(const ChoiceWindow& kind, int slot) {
     const int choice = gui::slider_value[at(CHOICE_LIST)] + kind.first_choice + row;
     choice_in(kind, slot) = std::clamp(choice, kind.first_choice, kind.first_choice + kind.choice_count - 1);
     edit_slot(kind, slot);
-    wait_for_left_up();
+    wait_while_down(mouse_left);
 }
 
 /// The slot that is edited from now on.
@@ -98,7 +99,7 @@ int serve_buttons(const ChoiceWindow& kind, int slot) {
 void run_choice_window(const ChoiceWindow& kind, int slot) {
     GUI_close_window();
     build(kind, slot);
-    wait_for_hotkey_up(kind.key);
+    wait_while_held(kind.key);
     for (bool open = true; open;) {
         update_screen(UPDATE_NORMAL);
         check_hotkeys(HOTKEYS_MODAL);

@@ -6,6 +6,7 @@
 #include "state/view.h"
 #include "windows/custom_tip.h"
 #include "windows/leaving.h"
+#include "windows/presses.h"
 
 namespace nubo {
 namespace {
@@ -58,7 +59,7 @@ void serve_cells() {
     const int slot = hover;
     if (mouse_left == 0 || slot < TIP_CELL_FIRST || slot >= TIP_SLOTS) return;
     brush_tip = slot - TIP_CELL_FIRST;
-    wait_for_left_up();
+    wait_while_down(mouse_left);
 }
 
 void serve_custom() {
@@ -75,7 +76,7 @@ void serve_custom() {
 void tip_window() {
     GUI_close_window();
     build();
-    wait_for_hotkey_up(HOTKEY_BRUSH_TIP);
+    wait_while_held(HOTKEY_BRUSH_TIP);
     do {
         update_screen(UPDATE_NORMAL);
         check_hotkeys(HOTKEYS_MODAL);

@@ -1,10 +1,12 @@
 #include "windows/workspace_window.h"
 
+#include "gui/text_field.h"
 #include "gui/window.h"
 #include "state/flow.h"
 #include "state/options.h"
 #include "windows/activity_menus.h"
 #include "windows/drawing_menu.h"
+#include "windows/presses.h"
 #include "workspace/frame_store.h"
 #include <array>
 #include <span>
@@ -63,9 +65,7 @@ void read_fields() {
 
 /// A right press with no element under it hides or shows the window, to look at the Frame under it.
 void serve_hiding() {
-    if (mouse_right == 0 || hover != -1) return;
-    while (mouse_right != 0) update_screen(UPDATE_NORMAL);
-    toggle_window();
+    if (right_press_outside()) toggle_window();
 }
 
 void ask_to_clear() {
@@ -89,10 +89,12 @@ void workspace_window() {
     build_window(window);
     GUI_set_field(WORKSPACE_TITLE, field, workspace_title.data());
     GUI_set_field(WORKSPACE_NOTES, field, workspace_notes.data());
+    GUI_set_key_focus(WORKSPACE_TITLE, true);
     do {
         read_fields();
         update_screen(UPDATE_NORMAL);
         check_hotkeys(HOTKEYS_MODAL);
+        if (mouse_middle != 0) quick_pan();
         serve_hiding();
     } while (!serve_buttons());
     GUI_close_window();

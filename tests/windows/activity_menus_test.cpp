@@ -1,0 +1,212 @@
+// The activity menus and the Workspace window: where they open, what their items do, how they end.
+#include "base/log.h"
+#include "harness/harness.h"
+#include "menus_kit.h"
+#include "paint/undo.h"
+#include "state/frames.h"
+#include "windows/pic_commands.h"
+#include "workspace/frame_store.h"
+#include "workspace/workspace.h"
+#include <cstring>
+#include <filesystem>
+
+namespace nubo {
+namespace {
+
+constexpr Color red = 0xff0000, green = 0x00ff00;
+constexpr int okay_slot = 2, cancel_slot = 3;
+
+/// With a program folder and an open Workspace of one Frame.
+class ActivityTest : public MenuTest {
+protected:
+    ActivityTest() {
+        UA_log_open();
+        std::strncpy(program_dir.data(), folder_.path().c_str(), path_size - 1);
+        std::filesystem::create_directory("resource");
+        replace_bitmap(nail_sheet, make_bitmap(nail_tile * nail_columns, nail_tile * nail_columns));
+        if (!open_workspace()) std::abort();
+        handlers_locked = 0;
+    }
+    ~ActivityTest() override { UA_log_close(); }
+
+private:
+    ScratchFolder folder_;
+};
+
+struct MenuCase {
+    int button;
+    Window window;
+    int x;
+    int y_low, y_middle, y_high;  // with the drawing menu's top at 207, 93 and 0: its buttons at 209, 95 and 2
+};
+// A menu of 72 above its button, or 2 above it if that stands in the upper 72 rows; CEL and USER 92, with bounds of 102
+// and 92.
+constexpr MenuCase menu_cases[] = {
+    {DRAWING_FRAME, WINDOW_FRAME_MENU, 72, 137, 23, 0},
+    {DRAWING_PIC, WINDOW_PIC_MENU, 189, 137, 23, 0},
+    {DRAWING_CEL, WINDOW_CEL_MENU, 229, 117, 93, 0},
+    {DRAWING_USER, WINDOW_USER_MENU, 261, 117, 3, 0},
+};
+
+TEST_F(MenuTest, ActivityMenusOpenAtTheirButtonAndStayUntilBack) {
+    play_on(menu_loop, [](User& user) -> Script {
+        for (const int top : {207, 93, 0}) {
+            window_pos[POS_DRAWING_MENU] = {0, top};
+            GUI_close_window();
+            build_drawing_menu();
+            for (const MenuCase& one : menu_cases) {
+                co_await click(user, one.button);
+                EXPECT_EQ(menu_id, one.window);
+                EXPECT_EQ(gui::x[slot_window], one.x) << one.window;
+                EXPECT_EQ(gui::y[slot_window], top == 207 ? one.y_low : top == 93 ? one.y_middle : one.y_high);
+                EXPECT_EQ(menu_shadow.y, top);
+                co_await click_place(user, 20, 60);
+                co_await click_place(user, 20, 60, right_button);
+                EXPECT_EQ(menu_id, one.window);
+                co_await click(user, slot_of(LABEL_BACK));
+                EXPECT_EQ(menu_id, WINDOW_DRAWING_MENU);
+                EXPECT_EQ(menu_shadow.x, -1);
+                EXPECT_EQ(gui::y[slot_window], top);
+            }
+        }
+    });
+}
+
+TEST_F(MenuTest, PicClearsAndRestores) {
+    mask_color = red;
+    replace_bitmap(original_frame, make_bitmap(50, 40, green));
+    play_on(menu_loop, [](User& user) -> Script {
+        co_await click(user, DRAWING_PIC);
+        co_await click(user, slot_of(LABEL_PIC_CLEAR));
+        EXPECT_EQ(menu_id, WINDOW_DRAWING_MENU);
+        EXPECT_EQ(count_pixels(red), view_w * view_h);
+        co_await click(user, DRAWING_UNDO);
+        EXPECT_EQ(count_pixels(red), 0);
+        co_await click(user, DRAWING_PIC);
+        co_await click(user, slot_of(LABEL_PIC_RESTORE));
+        EXPECT_EQ(count_pixels(green), 50 * 40);
+        EXPECT_EQ(frame_w, 50);
+        co_await click(user, DRAWING_UNDO);  // the history has ended
+        EXPECT_EQ(count_pixels(green), 50 * 40);
+    });
+}
+
+TEST_F(MenuTest, TheRestoreKeyCanBeUndoneAtTheSameSize) {
+    replace_bitmap(original_frame, make_bitmap(view_w, view_h, green));
+    restore_frame_by_key();
+    EXPECT_EQ(frame_pixel(0, 0), green);
+    undo_last();
+    EXPECT_EQ(frame_pixel(0, 0), 0U);
+    replace_bitmap(original_frame, make_bitmap(view_w, view_h - 1, green));
+    restore_frame_by_key();
+    undo_last();
+    EXPECT_EQ(frame_h, view_h - 1);
+    EXPECT_EQ(frame_pixel(0, 0), green);
+}
+
+TEST_F(MenuTest, QuitAsks) {
+    play_on(menu_loop, [](User& user) -> Script {
+        co_await click(user, DRAWING_USER);
+        co_await click(user, slot_of(LABEL_QUIT));
+        EXPECT_EQ(menu_shadow.x, -1);
+        co_await click(user, cancel_slot);
+        EXPECT_EQ(exit_requested, 0);
+        EXPECT_EQ(slot_of(LABEL_UNDO), DRAWING_UNDO);
+        co_await click(user, DRAWING_USER);
+        co_await click(user, slot_of(LABEL_QUIT));
+        ::mouse_x = middle_x(okay_slot) * pixel_scale;
+        ::mouse_y = middle_y(okay_slot) * pixel_scale;
+        co_await user.wait(4);
+        ::mouse_b = left_button;
+        co_await user.wait(4);
+        ::mouse_b = 0;
+        co_await user.wait_until([] { return exit_requested != 0; });
+    });
+}
+
+TEST_F(ActivityTest, FramesAreClonedInsertedDeletedAndCentered) {
+    clear_to_color(current_frame, red);
+    play_on(menu_loop, [](User& user) -> Script {
+        co_await click(user, DRAWING_FRAME);
+        co_await click(user, slot_of(LABEL_DELETE));
+        EXPECT_NE(slot_of(LABEL_LAST_FRAME), -1);
+        EXPECT_EQ(slot_of(LABEL_CANCEL), -1);
+        co_await click(user, okay_slot);
+        EXPECT_EQ(frame_count, 1);
+        co_await click(user, DRAWING_FRAME);
+        co_await click(user, slot_of(LABEL_CLONE));
+        co_await click(user, DRAWING_FRAME);
+        co_await click(user, slot_of(LABEL_INSERT));
+        EXPECT_EQ(frame_count, 3);
+        co_await click(user, DRAWING_FRAME);
+        co_await click(user, slot_of(LABEL_DELETE));
+        co_await click(user, cancel_slot);
+        EXPECT_EQ(frame_count, 3);
+        EXPECT_EQ(frame_pixel(3, 3), red);
+        co_await click(user, DRAWING_FRAME);
+        co_await click(user, slot_of(LABEL_DELETE));
+        co_await click(user, okay_slot);
+        EXPECT_EQ(frame_count, 2);
+        EXPECT_EQ(frame_pixel(3, 3), 0U);  // the blank one stood next
+        zoom = 3;
+        co_await click(user, DRAWING_FRAME);
+        co_await click(user, slot_of(LABEL_CENTER));
+        EXPECT_EQ(zoom, 1);
+    });
+    EXPECT_EQ(count_frame_files(), 2);
+}
+
+TEST_F(ActivityTest, TheWorkspaceWindowKeepsItsTextsAndClearsAfterAsking) {
+    clear_to_color(current_frame, red);
+    workspace_title = {"A"};
+    play_on(menu_loop, [](User& user) -> Script {
+        co_await click(user, DRAWING_USER);
+        co_await click(user, slot_of(LABEL_WORKSPACE));
+        EXPECT_EQ(menu_id, WINDOW_WORKSPACE);
+        const int title = 6;
+        co_await click_place(user, gui::x[title] + gui::w[title] - 9, middle_y(title));
+        co_await user.hold_key(KEY_END);
+        co_await user.release_key(KEY_END);
+        co_await user.hold_key(KEY_B);
+        co_await user.release_key(KEY_B);
+        EXPECT_STREQ(workspace_title.data(), "Ab");
+        co_await click_place(user, 20, 20, right_button);
+        EXPECT_EQ(gui::hidden[title], 1);
+        co_await click_place(user, 20, 20, right_button);
+        EXPECT_EQ(gui::hidden[title], 0);
+        co_await click(user, slot_of(LABEL_WORKSPACE_RETURN));
+        EXPECT_EQ(menu_id, WINDOW_DRAWING_MENU);
+        for (const bool sure : {false, true}) {
+            co_await click(user, DRAWING_USER);
+            co_await click(user, slot_of(LABEL_WORKSPACE));
+            co_await click(user, slot_of(LABEL_WORKSPACE_NEW));
+            co_await click(user, sure ? okay_slot : cancel_slot);
+            EXPECT_EQ(menu_id, WINDOW_DRAWING_MENU);
+            EXPECT_EQ(frame_pixel(0, 0), sure ? 0U : red);
+        }
+    });
+}
+
+TEST_F(MenuTest, WhatComesLaterSaysSo) {
+    struct Case {
+        int button;
+        Label item;
+    };
+    static constexpr Case cases[] = {
+        {DRAWING_FRAME, LABEL_RESIZE}, {DRAWING_PIC, LABEL_PIC_SHEET}, {DRAWING_PIC, LABEL_PIC_SAVE},
+        {DRAWING_PIC, LABEL_PIC_LOAD}, {DRAWING_CEL, LABEL_GET},       {DRAWING_CEL, LABEL_CLIP},
+        {DRAWING_CEL, LABEL_PASTE},    {DRAWING_CEL, LABEL_BELOW},     {DRAWING_CEL, LABEL_ONE_COLOR},
+        {DRAWING_CEL, LABEL_TURN},     {DRAWING_CEL, LABEL_STRETCH}};
+    play_on(menu_loop, [](User& user) -> Script {
+        for (const Case& one : cases) {
+            status_message = MESSAGE_NONE;
+            co_await click(user, one.button);
+            co_await click(user, slot_of(one.item));
+            EXPECT_EQ(status_message, MESSAGE_COMES_LATER) << one.item;
+            EXPECT_EQ(menu_id, WINDOW_DRAWING_MENU);
+        }
+    });
+}
+
+}  // namespace
+}  // namespace nubo
