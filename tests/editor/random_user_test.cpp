@@ -1,0 +1,370 @@
+// A user without a plan: he moves, presses, turns the wheel, types and drags at random through the program's own loop,
+// over a Workspace on disk. At each picture the editor's tables must agree with each other; after each sitting he must
+// find out of whatever he has opened, and the Frames on disk must be those of the table.
+//
+//   NUBO_RANDOM_EVENTS  events in all
+//   NUBO_RANDOM_SEED    the first sitting's seed; a failure names it and the event
+#include "base/log.h"
+#include "editor/loop.h"
+#include "editor/present.h"
+#include "editor/quick_pan.h"
+#include "editor/zoom_preview.h"
+#include "framework/resources.h"
+#include "gui/window.h"
+#include "harness/harness.h"
+#include "harness/user.h"
+#include "paint/undo.h"
+#include "platform/system_calls.h"
+#include "state/frames.h"
+#include "state/options.h"
+#include "state/run.h"
+#include "state/stroke.h"
+#include "windows/color_elements.h"
+#include "windows/drawing_menu.h"
+#include "workspace/folders.h"
+#include "workspace/frame_files.h"
+#include "workspace/workspace.h"
+#include <algorithm>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <initializer_list>
+#include <random>
+#include <set>
+#include <sstream>
+#include <string>
+#include <unistd.h>
+#include <vector>
+
+namespace nubo {
+namespace {
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr int events_by_default = 50'000;
+#else
+constexpr int events_by_default = 200'000;
+#endif
+constexpr int events_of_sitting = 2'000, events_between_pictures = 4, event_ms = 5;
+constexpr unsigned seconds_without_picture = 20;
+constexpr int left = 1, right = 2, middle = 4;
+
+int number_from_environment(const char* name, int fallback) {
+    const char* const text = std::getenv(name);
+    return text != nullptr ? std::atoi(text) : fallback;
+}
+
+// ---- What must hold at each picture
+// ----------------------------------------------------------------------------------
+
+bool is_active(int slot) { return gui::active[at(slot)] != 0; }
+
+bool drawing_menu_stands() {
+    return menu_id == WINDOW_DRAWING_MENU && is_active(slot_window) && gui::label[slot_title] == LABEL_COLOR_HOME;
+}
+
+/// Beyond the window's own slots stand only the zoom preview and what lies over a window; the board of the frame jump
+/// has no window.
+bool elements_belong_to_window() {
+    const int count = gui::child_count[slot_window];
+    if (count < 0 || count > gui_slots) return false;
+    for (int slot = count; slot < zoom_preview_slot; ++slot)
+        if (is_active(slot) && gui::type[at(slot)] != ELEMENT_THUMBNAIL) return false;
+    return true;
+}
+
+bool shows_one_active(int first, int active) {
+    for (int i = 0; i < choice_slots; ++i)
+        if (gui::type[at(first + i)] != (i == active ? ELEMENT_BUTTON_DOWN : ELEMENT_BUTTON)) return false;
+    return true;
+}
+
+/// The ages of the states in use are 0, 1, 2 and so on, and each has a picture of the Frame's size.
+bool is_a_chain(const std::array<int, undo_depth_max>& ages, const std::array<BITMAP*, undo_depth_max>& slots) {
+    std::set<int> used;
+    for (std::size_t i = 0; i < ages.size(); ++i) {
+        if (ages[i] == undo_free) continue;
+        const bool fits = slots[i] != nullptr && slots[i]->w == current_frame->w && slots[i]->h == current_frame->h;
+        if (!fits || !used.insert(ages[i]).second) return false;
+    }
+    return used.empty() || (*used.begin() == 0 && *used.rbegin() == static_cast<int>(used.size()) - 1);
+}
+
+bool is_between(int value, int low, int high) { return value >= low && value <= high; }
+
+/// The view's centre stays on the Frame.
+bool view_is_in_limits() {
+    if (!is_between(zoom, zoom_min, zoom_max)) return false;
+    const int half_w = view_w / 2 / zoom_scale[at(zoom)], half_h = (view_h / zoom_scale[at(zoom)] + 1) / 2;
+    return is_between(pan_x, -half_w, frame_w) && is_between(pan_y, -half_h, frame_h);
+}
+
+/// What is wrong, null for nothing.
+const char* broken_invariant() {
+    if (current_frame == nullptr) return "there is no Frame";
+    if (frame_w != current_frame->w || frame_h != current_frame->h) return "the Frame's size is another";
+    if (stroke_mask->w != current_frame->w || stroke_mask->h != current_frame->h) return "the stroke mask's size";
+    if (!is_between(frame_count, 1, frame_slots) || !is_between(frame_index, 0, frame_count - 1)) return "the row";
+    if (!is_a_chain(undo_age, undo_slots)) return "the ages of undo";
+    if (!is_a_chain(redo_age, redo_slots)) return "the ages of redo";
+    if (!is_between(hover, -1, gui_slots - 1)) return "hover";
+    if (!view_is_in_limits()) return "zoom or pan";
+    if (!elements_belong_to_window()) return "an element without a window";
+    if (!drawing_menu_stands()) return nullptr;
+    if (!shows_one_active(DRAWING_TOOL_FIRST, active_tool_slot)) return "the group of tools";
+    return shows_one_active(DRAWING_INK_FIRST, active_ink_slot) ? nullptr : "the group of inks";
+}
+
+// ---- The user
+// --------------------------------------------------------------------------------------------------------
+
+class RandomUser {
+public:
+    /// One picture: a few events, and the time between them.
+    void act();
+    void begin_sitting(unsigned seed);
+    [[noreturn]] void give_up(const char* why) const;
+
+    int events = 0;
+    std::set<int> windows_seen;
+
+private:
+    int below(int n) { return std::uniform_int_distribution(0, n - 1)(random_); }
+    int pick(std::initializer_list<int> choices) { return choices.begin()[below(static_cast<int>(choices.size()))]; }
+    void do_something();
+    void move();
+    void move_to_some_element();
+    void use_key();
+    void release_all();
+    void find_the_way_out();
+    void aim();
+
+    std::mt19937 random_;
+    unsigned seed_ = 0;
+    int events_of_this_sitting_ = 0, pictures_leaving_ = 0, button_out_ = right;
+    std::vector<int> held_;
+};
+
+RandomUser user;
+
+void move_mouse(int x, int y) {
+    ::mouse_x = std::clamp(x, 0, screen_w - 1);
+    ::mouse_y = std::clamp(y, 0, screen_h - 1);
+}
+
+void move_to_element(int slot) {
+    move_mouse((gui::x[at(slot)] + gui::w[at(slot)] / 2) * pixel_scale,
+               (gui::y[at(slot)] + gui::h[at(slot)] / 2) * pixel_scale);
+}
+
+/// Anywhere, to an element, or a little further.
+void RandomUser::move() {
+    constexpr int jitter = 20;
+    const int kind = below(3);
+    if (kind == 0) move_mouse(below(screen_w), below(screen_h));
+    if (kind == 1) move_to_some_element();
+    if (kind == 2) move_mouse(::mouse_x + below(2 * jitter + 1) - jitter, ::mouse_y + below(2 * jitter + 1) - jitter);
+}
+
+void RandomUser::move_to_some_element() {
+    std::vector<int> slots;
+    for (int slot = 0; slot < gui_slots; ++slot)
+        if (is_active(slot)) slots.push_back(slot);
+    if (!slots.empty()) move_to_element(slots[at(below(static_cast<int>(slots.size())))]);
+}
+
+/// Mostly keys that do something here, sometimes any; two of three presses are releases.
+void RandomUser::use_key() {
+    if (!held_.empty() && below(3) != 0) {
+        const auto which = held_.begin() + below(static_cast<int>(held_.size()));
+        ::key[*which] = 0;
+        held_.erase(which);
+        return;
+    }
+    int code = 1 + below(key_code_max);
+    if (below(4) != 0) {
+        const auto& row = hotkeys[at(below(HOTKEY_COUNT))];
+        if (row[KEY_PRIMARY] > 0) code = row[KEY_PRIMARY] & 0xff;
+    } else if (below(2) == 0) {
+        code = pick({KEY_LSHIFT, KEY_RSHIFT, KEY_LCONTROL, KEY_ALT, KEY_LEFT, KEY_RIGHT, KEY_BACKSPACE, KEY_ENTER});
+    }
+    ::key[code] = 1;
+    held_.push_back(code);
+}
+
+void RandomUser::release_all() {
+    ::mouse_b = 0;
+    for (const int code : held_) ::key[code] = 0;
+    held_.clear();
+}
+
+void RandomUser::do_something() {
+    constexpr int percent = 100;
+    const int what = below(percent);
+    if (what < 40)
+        move();
+    else if (what < 70)
+        ::mouse_b = ::mouse_b ^ left;
+    else if (what < 78)
+        ::mouse_b = ::mouse_b ^ right;
+    else if (what < 80)
+        ::mouse_b = ::mouse_b ^ middle;
+    else if (what < 85)
+        ::mouse_z = ::mouse_z + below(7) - 3;
+    else if (what < 97)
+        use_key();
+    else
+        release_all();
+}
+
+bool is_answer(int slot) {
+    const int label = gui::label[at(slot)];
+    return is_active(slot) && gui::hidden[at(slot)] == 0 && gui::left_action[at(slot)] == ACTION_CLICK &&
+           (label == LABEL_CANCEL || label == LABEL_OKAY || label == LABEL_BACK || label == LABEL_WORKSPACE_RETURN ||
+            label == LABEL_EXIT);
+}
+
+bool is_covered(int x, int y) {
+    for (int slot = 0; slot < gui_slots; ++slot)
+        if (is_active(slot) && gui::hidden[at(slot)] == 0 &&
+            is_between(x, gui::x[at(slot)] - 1, gui::x[at(slot)] + gui::w[at(slot)]) &&
+            is_between(y, gui::y[at(slot)] - 1, gui::y[at(slot)] + gui::h[at(slot)]))
+            return true;
+    return false;
+}
+
+/// At a button that ends a window, topmost first; where there is none a right press beside all elements ends it.
+void RandomUser::aim() {
+    constexpr int grid = 5;
+    button_out_ = right;
+    for (int slot = gui_slots - 1; slot >= 0 && gui_enabled != 0; --slot) {
+        if (!is_answer(slot)) continue;
+        move_to_element(slot);
+        button_out_ = mouse_reversed != 0 ? right : left;
+        return;
+    }
+    for (int y = 1; y < view_h; y += grid)
+        for (int x = 1; x < view_w; x += grid)
+            if (!is_covered(x, y)) {
+                move_mouse(x * pixel_scale, y * pixel_scale);
+                return;
+            }
+}
+
+void RandomUser::find_the_way_out() {
+    constexpr int pictures_of_a_press = 6, pictures_to_give_up = 3'000;
+    exit_requested = 1;  // the program loop is left where the windows are
+    release_all();
+    const int step = pictures_leaving_++ % pictures_of_a_press;
+    if (step == 1) aim();
+    if (step == 2 || step == 3) ::mouse_b = button_out_;
+    if (pictures_leaving_ > pictures_to_give_up) give_up("no way out of what is open");
+}
+
+void RandomUser::act() {
+    alarm(seconds_without_picture);
+    const bool leaves = events_of_this_sitting_ >= events_of_sitting;
+    if (leaves) find_the_way_out();
+    for (int i = 0; i < events_between_pictures; ++i) {
+        if (!leaves) do_something();
+        advance_time(event_ms);
+    }
+    if (!leaves) events += events_between_pictures, events_of_this_sitting_ += events_between_pictures;
+    windows_seen.insert(menu_id);
+    if (const char* const broken = broken_invariant()) give_up(broken);
+}
+
+void RandomUser::begin_sitting(unsigned seed) {
+    random_.seed(seed);
+    seed_ = seed;
+    events_of_this_sitting_ = pictures_leaving_ = 0;
+    mouse_reversed = below(2);
+    power_saving = below(POWER_COUNT);
+    opt_tooltips = below(2);
+    opt_tool_distance = below(2);
+    opt_zoom_preview = below(2);
+    opt_undo_depth = 1 + below(undo_depth_max);
+    reset_undo_slots();  // as the window of the options does
+}
+
+void RandomUser::give_up(const char* why) const {
+    save_bmp("given_up.bmp", screen_buffer, nullptr);
+    std::fprintf(stderr,
+                 "[  FAILED  ] the random user: %s; seed %u, event %d (%d in all), window %d, slots %d, hover %d, zoom "
+                 "%d, pan %d %d\n",
+                 why, seed_, events_of_this_sitting_, events, int{menu_id}, int{gui::child_count[slot_window]},
+                 int{hover}, int{zoom}, int{pan_x}, int{pan_y});
+    std::fflush(nullptr);
+    std::_Exit(1);
+}
+
+// ---- The Workspace
+// ---------------------------------------------------------------------------------------------------
+
+class RandomUserTest : public EditorTest {
+protected:
+    void SetUp() override {
+        std::filesystem::copy(NUBO_FOLDER "/resource", "resource", std::filesystem::copy_options::recursive);
+        UA_log_open();
+        std::filesystem::current_path("resource");
+        UA_load_framework_video();
+        go_home();
+        system_calls.fsync = [](int) { return 0; };  // no test pulls the plug, and it takes its time
+        std::strncpy(program_dir.data(), folder_.path().c_str(), path_size - 1);
+        replace_bitmap(nail_sheet, make_bitmap(nail_tile * nail_columns, nail_tile * nail_columns));
+        replace_bitmap(preview_bitmap, make_bitmap(preview_w, preview_h));
+        set_color_drawers();
+        register_zoom_preview();
+        register_quick_pan();
+        hotkeys[HOTKEY_FRAME_CLONE][KEY_PRIMARY] = KEY_1;
+        hotkeys[HOTKEY_FRAME_INSERT][KEY_PRIMARY] = KEY_2;
+        hotkeys[HOTKEY_FRAME_DELETE][KEY_PRIMARY] = KEY_3;
+        hotkeys[HOTKEY_RAPID_EXIT][KEY_PRIMARY] = KEY_F10;
+        ASSERT_TRUE(open_workspace());
+        gui_enabled = 1;
+    }
+    void TearDown() override { set_present_hook(nullptr); }
+    void go_home() { std::filesystem::current_path(folder_.path()); }
+
+    /// The files of the row, by their number alone: the Frame in memory may be newer than its own.
+    static int files_of_row() {
+        int count = 0;
+        while (std::filesystem::exists(std::string("WORKSPACE/") + frame_file_name(STEM_CURRENT, count))) ++count;
+        return count;
+    }
+    /// The lines of the log that tell of a fault.
+    static std::string faults_in_log() {
+        std::string faults;
+        std::istringstream log(log_text());
+        for (std::string line; std::getline(log, line);)
+            if (line.find("[ TRAP ]") != std::string::npos || line.find("[ ERROR ]") != std::string::npos)
+                faults += line + '\n';
+        return faults;
+    }
+
+    ScratchFolder folder_;
+};
+
+TEST_F(RandomUserTest, BreaksNothingAndFindsOutOfEveryWindow) {
+    const int events = number_from_environment("NUBO_RANDOM_EVENTS", events_by_default);
+    unsigned seed = static_cast<unsigned>(number_from_environment("NUBO_RANDOM_SEED", 1));
+    std::signal(SIGALRM, [](int) { user.give_up("no picture for a long time"); });
+    set_present_hook([] { user.act(); });
+    while (user.events < events) {
+        user.begin_sitting(seed);
+        exit_requested = 0;
+        program_loop();
+        go_home();
+        ASSERT_EQ(files_of_row(), frame_count) << "seed " << seed;
+        ASSERT_EQ(faults_in_log(), "") << "seed " << seed;
+        ++seed;
+    }
+    alarm(0);
+    for (const Window window : {WINDOW_DRAWING_MENU, WINDOW_PIC_MENU, WINDOW_CEL_MENU, WINDOW_USER_MENU,
+                                WINDOW_FRAME_MENU, WINDOW_COLOR, WINDOW_TIP, WINDOW_INK, WINDOW_WORKSPACE, WINDOW_BOX})
+        EXPECT_TRUE(user.windows_seen.contains(window)) << "never came to window " << window;
+}
+
+}  // namespace
+}  // namespace nubo
