@@ -218,7 +218,6 @@ void update_screen(int mode) {
     if (aids) {
         draw_tint();
         present();
-        frames_shown += 1;
     }
     refresh_ticks = 0;
     UA_run_jobs();

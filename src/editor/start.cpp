@@ -21,7 +21,9 @@
 #include "state/run.h"
 #include "state/stroke.h"
 #include "state/view.h"
+#include "windows/about_box.h"
 #include "windows/color_elements.h"
+#include "windows/help_window.h"
 #include "workspace/user_settings.h"
 #include "workspace/workspace.h"
 #include <allegro.h>
@@ -167,6 +169,8 @@ int start_program() {
     register_zoom_preview();
     register_quick_pan();
     set_color_drawers();
+    register_help_window();
+    register_about_box();
     fill_glow_distances();
     install_handlers();
     UA_log("[ INIT ] : Interrupts installed");

@@ -2,7 +2,9 @@
 
 #include "gui/window.h"
 #include "state/run.h"
+#include "windows/about_box.h"
 #include "windows/activity_menus.h"
+#include "windows/help_window.h"
 #include "windows/workspace_window.h"
 #include <array>
 
@@ -13,9 +15,9 @@ constexpr std::array<MenuItem, 7> user_items{{
     {LABEL_OPTIONS, MESSAGE_USER_OPTIONS, say_comes_later},
     {LABEL_KEYS, MESSAGE_USER_KEYS, say_comes_later},
     {LABEL_SCHEME, MESSAGE_NONE, say_comes_later},
-    {LABEL_HELP, MESSAGE_USER_HELP, say_comes_later},
+    {LABEL_HELP, MESSAGE_USER_HELP, help_window},
     {LABEL_WORKSPACE, MESSAGE_USER_WORKSPACE, workspace_window},
-    {LABEL_ABOUT, MESSAGE_USER_ABOUT, say_comes_later},
+    {LABEL_ABOUT, MESSAGE_USER_ABOUT, about_box},
     {LABEL_QUIT, MESSAGE_USER_QUIT, [] { ask_to_quit(); }},
 }};
 constexpr ActivityMenu menu{.id = WINDOW_USER_MENU,
