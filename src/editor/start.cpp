@@ -156,7 +156,6 @@ int start_program() {
     if (!start_allegro()) return cannot_start;
     if (const GraphicsResult result = UA_init_graphics(); result != GRAPHICS_UP) return result;
     UA_log("[ INIT ] : Framework initialized");
-    default_hotkeys();  // before the user's own are read
     load_user_settings();
     UA_log("[ INIT ] : User settings loaded from file");
     if (!load_object_library()) return cannot_start;
