@@ -13,6 +13,7 @@
 #include "gui/window.h"
 #include "harness/harness.h"
 #include "harness/user.h"
+#include "paint/surfaces.h"
 #include "paint/undo.h"
 #include "platform/system_calls.h"
 #include "state/frames.h"
@@ -41,11 +42,7 @@
 namespace nubo {
 namespace {
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr int events_by_default = 50'000;
-#else
 constexpr int events_by_default = 200'000;
-#endif
 constexpr int events_of_sitting = 2'000, events_between_pictures = 4, event_ms = 5;
 constexpr unsigned seconds_without_picture = 20;
 constexpr int left = 1, right = 2, middle = 4;
@@ -279,13 +276,16 @@ void RandomUser::begin_sitting(unsigned seed) {
     random_.seed(seed);
     seed_ = seed;
     events_of_this_sitting_ = pictures_leaving_ = 0;
+    for (int& tool : tool_slots) tool = TOOL_BOX + below(TOOL_COUNT - TOOL_BOX);
+    for (int& ink : ink_slots) ink = below(INK_COUNT);
     mouse_reversed = below(2);
     power_saving = below(POWER_COUNT);
     opt_tooltips = below(2);
     opt_tool_distance = below(2);
     opt_zoom_preview = below(2);
     opt_undo_depth = 1 + below(undo_depth_max);
-    reset_undo_slots();  // as the window of the options does
+    adopt_frame(make_bitmap(64 + below(400), 48 + below(300)));
+    reset_undo_slots();
 }
 
 void RandomUser::give_up(const char* why) const {
