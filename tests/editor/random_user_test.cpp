@@ -5,6 +5,7 @@
 //   NUBO_RANDOM_EVENTS  events in all
 //   NUBO_RANDOM_SEED    the first sitting's seed; a failure names it and the event
 #include "base/log.h"
+#include "codecs/png.h"
 #include "editor/loop.h"
 #include "editor/present.h"
 #include "editor/quick_pan.h"
@@ -20,8 +21,10 @@
 #include "state/options.h"
 #include "state/run.h"
 #include "state/stroke.h"
+#include "windows/about_box.h"
 #include "windows/color_elements.h"
 #include "windows/drawing_menu.h"
+#include "windows/help_window.h"
 #include "workspace/folders.h"
 #include "workspace/frame_files.h"
 #include "workspace/workspace.h"
@@ -314,7 +317,10 @@ protected:
         std::strncpy(program_dir.data(), folder_.path().c_str(), path_size - 1);
         replace_bitmap(nail_sheet, make_bitmap(nail_tile * nail_columns, nail_tile * nail_columns));
         replace_bitmap(preview_bitmap, make_bitmap(preview_w, preview_h));
+        replace_bitmap(logo, OwnedBitmap(load_png("resource/N_HD_1X.RES", nullptr)));
         set_color_drawers();
+        register_help_window();
+        register_about_box();
         register_zoom_preview();
         register_quick_pan();
         hotkeys[HOTKEY_FRAME_CLONE][KEY_PRIMARY] = KEY_1;
@@ -361,8 +367,9 @@ TEST_F(RandomUserTest, BreaksNothingAndFindsOutOfEveryWindow) {
         ++seed;
     }
     alarm(0);
-    for (const Window window : {WINDOW_DRAWING_MENU, WINDOW_PIC_MENU, WINDOW_CEL_MENU, WINDOW_USER_MENU,
-                                WINDOW_FRAME_MENU, WINDOW_COLOR, WINDOW_TIP, WINDOW_INK, WINDOW_WORKSPACE, WINDOW_BOX})
+    for (const Window window :
+         {WINDOW_DRAWING_MENU, WINDOW_PIC_MENU, WINDOW_CEL_MENU, WINDOW_USER_MENU, WINDOW_FRAME_MENU, WINDOW_ABOUT,
+          WINDOW_COLOR, WINDOW_TIP, WINDOW_INK, WINDOW_WORKSPACE, WINDOW_BOX})
         EXPECT_TRUE(user.windows_seen.contains(window)) << "never came to window " << window;
 }
 

@@ -65,6 +65,9 @@ TEST_F(MenuTest, EveryElementIsOnTheScreenReadableAndReachable) {
         co_await click(user, DRAWING_TIP);
         check_window("tips");
         co_await right_click_outside(user);
+        co_await click(user, DRAWING_BRUSH, right_button);
+        check_window("colors");
+        co_await right_click_outside(user);
         for (int tool = TOOL_BOX; tool < TOOL_COUNT; ++tool) {
             tool_slots[0] = tool;
             co_await click(user, DRAWING_TOOL_FIRST, right_button);

@@ -14,11 +14,13 @@
 #include "state/run.h"
 #include "state/stroke.h"
 #include "state/texts_labels.h"
+#include "windows/about_box.h"
 #include "windows/activity_menus.h"
 #include "windows/color_elements.h"
 #include "windows/color_window.h"
 #include "windows/drawing_menu.h"
 #include "windows/gradient_nodes.h"
+#include "windows/help_window.h"
 #include "windows/ink_window.h"
 #include "windows/tip_window.h"
 #include "windows/tool_window.h"
@@ -68,6 +70,8 @@ std::vector<Exhibit> exhibits() {
         {"USER", [] { user_menu(menu_button_x, menu_button_y); }},
         {"QUESTION", [] { confirm_box(LABEL_DELETE_FRAME, LABEL_CANNOT_BE_UNDONE, false, false); }},
         {"NODES", lose_nodes},
+        {"HELP", help_window},
+        {"ABOUT", about_box},
         {"NOTICE", [] { confirm_box(LABEL_LAST_FRAME, LABEL_NONE, false, true); }},
     };
     for (int space = SPACE_VGA; space < SPACE_COUNT; ++space)
@@ -200,7 +204,10 @@ public:
         UA_load_framework_video();
         if (const OwnedBitmap tips(load_png("brushie.PNG", nullptr)); tips)
             blit(tips.get(), tip_sheet, 0, 0, 0, 0, tip_sheet_w, tip_image_h);
+        replace_bitmap(logo, OwnedBitmap(load_png("N_HD_1X.RES", nullptr)));
         set_color_drawers();
+        register_help_window();
+        register_about_box();
         set_workspace_defaults();
         brush_color = orange;
         opt_status_bar = opt_crosshair_strength = 0;
