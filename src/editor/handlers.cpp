@@ -34,6 +34,8 @@ void editor_tick() {
     spray_tick = 1;
 }
 
+bool handlers_installed = false;
+
 int GUI_tick_period() { return power_saving == POWER_OFF ? period_120_hz : period_60_hz; }
 
 }  // namespace
@@ -62,10 +64,13 @@ bool install_handlers() {
         return install_int_ex(handler.run, handler.period) == 0;
     });
     if (!installed) UA_log("[ ERROR ] : A timer handler couldn't be installed!");
+    handlers_installed = installed;
     if (frame_pacing == 0) install_int_ex(GUI_tick, period_60_hz);
     return installed;
 }
 
-void reinstall_GUI_tick() { install_int_ex(GUI_tick, GUI_tick_period()); }
+void reinstall_GUI_tick() {
+    if (handlers_installed) install_int_ex(GUI_tick, GUI_tick_period());
+}
 
 }  // namespace nubo

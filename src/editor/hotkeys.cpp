@@ -74,7 +74,7 @@ constexpr std::array<HotkeyRow, HOTKEY_COUNT> rows{{
     {HOTKEY_REDO,             key_shift | KEY_U,0,     HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, redo_last},
     {HOTKEY_ZOOM_IN,          KEY_PLUS_PAD,     0,     HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, zoom_in_by_key},
     {HOTKEY_ZOOM_OUT,         KEY_MINUS_PAD,    0,     HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, zoom_out_by_key},
-    {HOTKEY_FAVORITES,        KEY_P,            0,     HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, say_comes_later},
+    {HOTKEY_FAVORITES,        KEY_P,            0,     HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, open_favorites_window},
     {HOTKEY_EXIT,             KEY_Q,            0,     HOTKEYS_MAIN,  NO_WAIT,    IS_FREE,   exit_by_key},
     {HOTKEY_RAPID_EXIT,       0,                0,     HOTKEYS_MODAL, NO_WAIT,    IS_FREE,   rapid_exit_by_key},
 }};

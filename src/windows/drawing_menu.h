@@ -31,5 +31,6 @@ void serve_drawing_menu();
 void open_tool_window(int slot);
 void open_ink_window(int slot);
 void open_tip_window();
+void open_favorites_window();
 
 }  // namespace nubo

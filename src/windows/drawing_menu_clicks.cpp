@@ -7,6 +7,7 @@
 #include "windows/choice_slots.h"
 #include "windows/color_window.h"
 #include "windows/drawing_menu.h"
+#include "windows/favorites_window.h"
 #include "windows/ink_window.h"
 #include "windows/screen_pick.h"
 #include "windows/tip_window.h"
@@ -52,7 +53,7 @@ void edit_brush_color(int) {
 void pick_spectrum_ends(int) { pick_spectrum(); }
 
 void open_tips(int) { open_tip_window(); }
-void open_later(int) { say_comes_later(); }
+void open_favorites(int) { open_favorites_window(); }
 
 void activate_tool(int slot) {
     active_tool_slot = slot - DRAWING_TOOL_FIRST;
@@ -83,7 +84,7 @@ constexpr ClickRow click_rows[] = {
     {DRAWING_BRUSH, 1, keep_brush_color, edit_brush_color},
     {DRAWING_TIP, 1, open_tips, open_tips},
     {DRAWING_SPECTRUM, 1, take_spectrum_color, pick_spectrum_ends},
-    {DRAWING_COLOR_FIRST, color_slot_count, take_slot_color, open_later},
+    {DRAWING_COLOR_FIRST, color_slot_count, take_slot_color, open_favorites},
     {DRAWING_TOOL_FIRST, choice_slots, activate_tool, edit_tool},
     {DRAWING_INK_FIRST, choice_slots, activate_ink, edit_ink},
 };
@@ -108,6 +109,8 @@ void open_tool_window(int slot) {
 void open_ink_window(int slot) {
     in_place_of_menu([slot] { ink_window(slot); });
 }
+
+void open_favorites_window() { in_place_of_menu(favorites_window); }
 
 void open_tip_window() { in_place_of_menu(tip_window); }
 

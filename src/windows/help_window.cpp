@@ -70,7 +70,7 @@ template <typename Visit> int lay_out(std::string_view text, Visit visit) {
 
 constexpr int backdrop_side = 198, backdrop_x = 9, backdrop_y = 12, backdrop_strength = 38;
 constexpr int emblem_x = 70, emblem_side = 33;  // in the logo
-OwnedBitmap help_backdrop;
+BITMAP* help_backdrop = nullptr;                // lives to the end: Allegro is gone before a static owner would be
 
 Short& line_count_of(int slot) { return gui::aux[at(slot) * gui::aux_rows * gui::aux_columns]; }
 
@@ -91,8 +91,8 @@ void draw_help_text(int slot) {
     constexpr int left = 3, top = 2, column_w = 6, line_h = 7;
     const int x = gui::x[at(slot)], y = gui::y[at(slot)], index = gui::label[at(slot)];
     GUI_box(slot, color_of(slot), ui_border);
-    if (help_backdrop)
-        trans_blit(help_backdrop.get(), screen_buffer, x + backdrop_x, y + backdrop_y, backdrop_strength);
+    if (help_backdrop != nullptr)
+        trans_blit(help_backdrop, screen_buffer, x + backdrop_x, y + backdrop_y, backdrop_strength);
     if (index < 0 || index >= help_slots) return;
     if (line_count_of(slot) < 1) line_count_of(slot) = static_cast<std::int16_t>(help_line_count(index));
     fit_slider(slot, line_count_of(slot));
@@ -165,10 +165,9 @@ int help_line_count(int index) {
 }
 
 void register_help_window() {
-    help_backdrop = make_bitmap(backdrop_side, backdrop_side, transparent_color);
-    if (help_backdrop && logo != nullptr)
-        stretch_blit(logo, help_backdrop.get(), emblem_x, 0, emblem_side, emblem_side, 0, 0, backdrop_side,
-                     backdrop_side);
+    replace_bitmap(help_backdrop, make_bitmap(backdrop_side, backdrop_side, transparent_color));
+    if (help_backdrop != nullptr && logo != nullptr)
+        stretch_blit(logo, help_backdrop, emblem_x, 0, emblem_side, emblem_side, 0, 0, backdrop_side, backdrop_side);
     set_element_drawer(ELEMENT_HELP_TEXT, draw_help_text);
 }
 

@@ -5,6 +5,7 @@
 #include "windows/about_box.h"
 #include "windows/activity_menus.h"
 #include "windows/help_window.h"
+#include "windows/options_window.h"
 #include "windows/workspace_window.h"
 #include <array>
 
@@ -12,7 +13,7 @@ namespace nubo {
 namespace {
 
 constexpr std::array<MenuItem, 7> user_items{{
-    {LABEL_OPTIONS, MESSAGE_USER_OPTIONS, say_comes_later},
+    {LABEL_OPTIONS, MESSAGE_USER_OPTIONS, options_window},
     {LABEL_KEYS, MESSAGE_USER_KEYS, say_comes_later},
     {LABEL_SCHEME, MESSAGE_NONE, say_comes_later},
     {LABEL_HELP, MESSAGE_USER_HELP, help_window},

@@ -1,0 +1,158 @@
+#include "windows/favorites_window.h"
+
+#include "gui/window.h"
+#include "state/flow.h"
+#include "state/view.h"
+#include "windows/activity_menus.h"
+#include "windows/color_window.h"
+#include "windows/presses.h"
+#include <algorithm>
+#include <allegro.h>
+#include <array>
+
+namespace nubo {
+namespace {
+
+constexpr int rows_shown = 4, favorites_shown = rows_shown * favorites_row;
+constexpr int page_last = 10, page_last_by_arrow = 8;  // the wheel reaches further than the arrow
+enum FavoritesSlot : int {
+    FAVORITES_SAVE = slot_content,
+    FAVORITES_LOAD,
+    FAVORITES_NUKE,
+    FAVORITES_UP,
+    FAVORITES_DOWN,
+    FAVORITES_FIXED_SLOTS,
+    FAVORITES_COLOR_FIRST = FAVORITES_FIXED_SLOTS,  // ten
+    FAVORITES_FIRST = FAVORITES_COLOR_FIRST + color_slot_count,
+    FAVORITES_WINDOW_SLOTS = FAVORITES_FIRST + favorites_shown
+};
+
+// clang-format off
+constexpr std::array<ElementRow, FAVORITES_FIXED_SLOTS - slot_content> rows{{
+    // slot          type                  x   y   w   h  label                 left
+    {FAVORITES_SAVE, ELEMENT_BUTTON_LIT,   2, 12, 30,  9, LABEL_WORKSPACE_SAVE, ACTION_CLICK},
+    {FAVORITES_LOAD, ELEMENT_BUTTON_LIT,  33, 12, 30,  9, LABEL_WORKSPACE_LOAD, ACTION_CLICK},
+    {FAVORITES_NUKE, ELEMENT_BUTTON_LIT, 266,  2, 52,  9, LABEL_NUKE,           ACTION_CLICK},
+    {FAVORITES_UP,   ELEMENT_ARROW,      266, 12, 52, 14, LABEL_NONE,           ACTION_CLICK},
+    {FAVORITES_DOWN, ELEMENT_ARROW,      266, 27, 52, 14, LABEL_NONE,           ACTION_CLICK},
+}};
+// clang-format on
+static_assert(rows_in_order(rows, &ElementRow::slot, slot_content));
+
+constexpr WindowRow window{.id = WINDOW_FAVORITES,
+                           .place = POS_FAVORITES,
+                           .x = 0,
+                           .y = 197,
+                           .w = 319,
+                           .h = 42,
+                           .child_count = FAVORITES_WINDOW_SLOTS,
+                           .title = LABEL_FAVORITES,
+                           .title_w = 61,
+                           .elements = rows};
+
+void build_swatch(int slot, int x, int y) {
+    constexpr int swatch_w = 10, swatch_h = 9;
+    build_element({.slot = slot,
+                   .type = ELEMENT_SWATCH,
+                   .x = x,
+                   .y = y,
+                   .w = swatch_w,
+                   .h = swatch_h,
+                   .left = ACTION_CLICK,
+                   .right = ACTION_CLICK_RIGHT,
+                   .tooltip = MESSAGE_COLOR_SLOT},
+                  window_x(), window_y());
+}
+
+void build_favorites() {
+    constexpr int pitch_x = 11, pitch_y = 10, colors_x = 2, colors_y = 22, colors_row = 5, grid_x = 66, grid_y = 2;
+    constexpr std::int16_t arrow_up = 0, arrow_down = 2;
+    build_window(window);
+    gui::row_ids[FAVORITES_UP][0] = arrow_up;
+    gui::row_ids[FAVORITES_DOWN][0] = arrow_down;
+    for (int i = 0; i < color_slot_count; ++i)
+        build_swatch(FAVORITES_COLOR_FIRST + i, colors_x + pitch_x * (i % colors_row),
+                     colors_y + pitch_y * (i / colors_row));
+    for (int i = 0; i < favorites_shown; ++i)
+        build_swatch(FAVORITES_FIRST + i, grid_x + pitch_x * (i % favorites_row),
+                     grid_y + pitch_y * (i / favorites_row));
+}
+
+/// The colour behind a swatch, null beyond the last favourite.
+Color* color_of_swatch(int slot) {
+    if (slot < FAVORITES_FIRST) return &color_slots[at(slot - FAVORITES_COLOR_FIRST)];
+    const int index = favorites_page * favorites_row + slot - FAVORITES_FIRST;
+    return index < favorite_count ? &favorites[at(index)] : nullptr;
+}
+
+void show_colors() {
+    for (int slot = FAVORITES_COLOR_FIRST; slot < FAVORITES_WINDOW_SLOTS; ++slot) {
+        const Color* const color = color_of_swatch(slot);
+        gui::color[at(slot)] = static_cast<int>(color != nullptr ? *color : ui_background);
+    }
+}
+
+void edit_color(Color& color) {
+    const Color edited = color_window(EDIT_GIVEN_COLOR, color);
+    color = edited;
+    build_favorites();
+}
+
+void serve_swatches() {
+    for (int slot = FAVORITES_COLOR_FIRST; slot < FAVORITES_WINDOW_SLOTS; ++slot) {
+        const int click = take_click(slot);
+        Color* const color = color_of_swatch(slot);
+        if (click == 0 || color == nullptr) continue;
+        if (click == click_right)
+            edit_color(*color);
+        else
+            brush_color = *color;
+    }
+}
+
+void nuke() {
+    GUI_close_window();
+    if (confirm_box(LABEL_CLEAR_FAVORITES, LABEL_CANT_BE_UNDONE, false, false) != 0)
+        favorites.fill(color_scheme[SCHEME_BACKGROUND]);
+    GUI_close_window();
+    build_favorites();
+}
+
+/// The arrows and the wheel move by rows.
+void serve_scrolling(int& wheel) {
+    const int turned = ::mouse_z - wheel;
+    wheel += turned;
+    if (take_click(FAVORITES_UP) != 0) favorites_page = std::max(favorites_page - 1, 0);
+    if (take_click(FAVORITES_DOWN) != 0 && favorites_page < page_last_by_arrow) ++favorites_page;
+    if (turned != 0 && hover != -1) favorites_page = std::clamp(favorites_page + (turned > 0 ? -1 : 1), 0, page_last);
+}
+
+bool user_leaves() {
+    if (right_press_outside()) return true;
+    if (!hotkey_held(HOTKEY_FAVORITES)) return false;
+    wait_while_held(HOTKEY_FAVORITES);
+    return true;
+}
+
+}  // namespace
+
+void favorites_window() {
+    favorites_page = std::clamp(favorites_page, 0, page_last);
+    GUI_close_window();
+    build_favorites();
+    wait_while_held(HOTKEY_FAVORITES);
+    int wheel = ::mouse_z;
+    do {
+        show_colors();
+        update_screen(UPDATE_NORMAL);
+        check_hotkeys(HOTKEYS_MODAL);
+        serve_swatches();
+        serve_scrolling(wheel);
+        if (take_click(FAVORITES_SAVE) != 0 || take_click(FAVORITES_LOAD) != 0) say_comes_later();
+        if (take_click(FAVORITES_NUKE) != 0) nuke();
+    } while (!user_leaves());
+    GUI_close_window();
+    menu_id = WINDOW_DRAWING_MENU;
+}
+
+}  // namespace nubo

@@ -1,0 +1,10 @@
+#pragma once
+// The FAVORITES window: the ten colour slots and four rows of the 256 favourites. Main flow only.
+
+namespace nubo {
+
+/// Runs the window in place of the one on screen until the user leaves it. A left press takes a slot's colour as the
+/// brush colour, a right press chooses a new one for the slot. It closes itself; the caller builds what stood before.
+void favorites_window();
+
+}  // namespace nubo

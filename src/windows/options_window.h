@@ -1,0 +1,10 @@
+#pragma once
+// The OPTIONS window: what belongs to the person. Main flow only.
+
+namespace nubo {
+
+/// Runs the window until it is left. The controls work on the live values; CANCEL and a right press outside put back
+/// those of its opening. It closes itself; the caller builds the window that stood before.
+void options_window();
+
+}  // namespace nubo
