@@ -24,6 +24,7 @@
 #include "windows/about_box.h"
 #include "windows/color_elements.h"
 #include "windows/help_window.h"
+#include "windows/scheme.h"
 #include "workspace/user_settings.h"
 #include "workspace/workspace.h"
 #include <allegro.h>
@@ -181,6 +182,9 @@ int start_program() {
     enter_image_dir();
     editor_running = 1;
     fade_in();
+    apply_scheme(SCHEME_TO_INTERFACE);
+    recolor_gui_sheet(color_scheme[SCHEME_BACKGROUND], color_scheme[SCHEME_BORDER], color_scheme[SCHEME_SHADOW],
+                      color_scheme[SCHEME_BACKGROUND]);
     return 0;
 }
 
