@@ -5,6 +5,7 @@
 #include "windows/about_box.h"
 #include "windows/activity_menus.h"
 #include "windows/help_window.h"
+#include "windows/hotkey_window.h"
 #include "windows/options_window.h"
 #include "windows/workspace_window.h"
 #include <array>
@@ -14,7 +15,7 @@ namespace {
 
 constexpr std::array<MenuItem, 7> user_items{{
     {LABEL_OPTIONS, MESSAGE_USER_OPTIONS, options_window},
-    {LABEL_KEYS, MESSAGE_USER_KEYS, say_comes_later},
+    {LABEL_KEYS, MESSAGE_USER_KEYS, hotkey_window},
     {LABEL_SCHEME, MESSAGE_NONE, say_comes_later},
     {LABEL_HELP, MESSAGE_USER_HELP, help_window},
     {LABEL_WORKSPACE, MESSAGE_USER_WORKSPACE, workspace_window},
