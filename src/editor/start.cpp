@@ -46,7 +46,10 @@ int claim_program_folder() {
         return cannot_start;
     }
     if (lock_folder(program_dir.data())) return 0;
-    allegro_message("Nubo is already running on this Workspace. Go back to its window, or close it first.\n");
+    constexpr const char* taken =
+        "Nubo is already running on this Workspace. Go back to its window, or close it first.\n";
+    std::fputs(taken, stderr);
+    if (install_allegro(SYSTEM_AUTODETECT, &errno, std::atexit) == 0) allegro_message("%s", taken);
     return exit_locked;
 }
 
