@@ -7,6 +7,7 @@
 #include "windows/help_window.h"
 #include "windows/hotkey_window.h"
 #include "windows/options_window.h"
+#include "windows/scheme_window.h"
 #include "windows/workspace_window.h"
 #include <array>
 
@@ -16,7 +17,7 @@ namespace {
 constexpr std::array<MenuItem, 7> user_items{{
     {LABEL_OPTIONS, MESSAGE_USER_OPTIONS, options_window},
     {LABEL_KEYS, MESSAGE_USER_KEYS, hotkey_window},
-    {LABEL_SCHEME, MESSAGE_NONE, say_comes_later},
+    {LABEL_SCHEME, MESSAGE_NONE, scheme_window},
     {LABEL_HELP, MESSAGE_USER_HELP, help_window},
     {LABEL_WORKSPACE, MESSAGE_USER_WORKSPACE, workspace_window},
     {LABEL_ABOUT, MESSAGE_USER_ABOUT, about_box},

@@ -1,14 +1,18 @@
 // The ColorScheme on the interface's colours and sprites, and the window that edits it.
-#include "windows/scheme.h"
+#include "windows/scheme_window.h"
 
 #include "base/color.h"
 #include "framework/text.h"
 #include "menus_kit.h"
 #include "state/resources.h"
+#include "windows/color_elements.h"
+#include "windows/color_window.h"
 #include <utility>
 
 namespace nubo {
 namespace {
+
+constexpr int swatch(SchemeColor color) { return scheme_swatch_first + color; }
 
 class SchemeTest : public MenuTest {
 protected:
@@ -92,6 +96,91 @@ TEST_F(SchemeTest, EndPiecesAreDarkerShadow) {
     replace_bitmap(gui_sheet, make_bitmap(50, 50));
     recolor_gui_sheet(1, 2, 3, 4);
     EXPECT_EQ(sheet_pixel(49, 49), 0U) << "a sheet too small is left alone";
+}
+
+// ---- The window -----------------------------------------------------------------------------------------------------
+
+TEST_F(SchemeTest, SwatchesChangeThePreviewAndOkayTheInterface) {
+    color_scheme[SCHEME_BORDER] = 0x00ff00;  // another than the default, as after loading
+    put(60, 111, pack_color(105, 0, 0));
+    put(0, 111, 0x010203);
+    play_on(menu_loop, [](User& user) -> Script {
+        co_await click(user, DRAWING_USER);
+        co_await click(user, slot_of(LABEL_SCHEME));
+        EXPECT_EQ(menu_id, WINDOW_COLOR_SCHEME);
+        EXPECT_EQ(gui::color[swatch(SCHEME_BORDER)], 0x00ff00);
+        co_await click(user, swatch(SCHEME_BORDER), right_button);
+        EXPECT_EQ(color_scheme[SCHEME_BORDER], 0x646464U) << "the default";
+        co_await click(user, swatch(SCHEME_SHADOW));
+        EXPECT_EQ(menu_id, WINDOW_COLOR);
+        EXPECT_EQ(sheet_pixel(0, 111), 0x3a3a3aU);
+        color_slots[3] = 0x80c0e0;
+        co_await click(user, COLOR_SLOT_FIRST + 3);
+        co_await right_click_outside(user);
+        EXPECT_EQ(menu_id, WINDOW_COLOR_SCHEME);
+        EXPECT_EQ(gui::color[swatch(SCHEME_SHADOW)], 0x80c0e0);
+        EXPECT_EQ(gui::color[swatch(SCHEME_BORDER)], 0x646464) << "kept while colours are chosen";
+        EXPECT_EQ(sheet_pixel(0, 111), 0x80c0e0U) << "sprites show the edited scheme";
+        EXPECT_EQ(*pixels_at(screen_buffer, gui::x[SCHEME_PREVIEW_TITLE] + 2, gui::y[SCHEME_PREVIEW_TITLE] + 4),
+                  0x80c0e0U);
+        EXPECT_EQ(ui_shadow, 0x3a3a3aU) << "not before OKAY";
+        co_await click(user, SCHEME_OKAY);
+        EXPECT_EQ(menu_id, WINDOW_DRAWING_MENU);
+    });
+    EXPECT_EQ(ui_shadow, 0x80c0e0U);
+    EXPECT_EQ(color_scheme[SCHEME_SHADOW], 0x80c0e0U);
+}
+
+TEST_F(SchemeTest, CancelAndTheProgramsEndKeepTheOldColors) {
+    play_on(menu_loop, [](User& user) -> Script {
+        color_scheme[SCHEME_TEXT_LIGHT] = 0x123456;
+        for (int turn = 0; turn < 2; ++turn) {
+            co_await click(user, DRAWING_USER);
+            co_await click(user, slot_of(LABEL_SCHEME));
+            co_await right_click_outside(user);
+            EXPECT_EQ(gui::hidden[slot_window], 1);
+            co_await right_click_outside(user);
+            EXPECT_EQ(gui::hidden[slot_window], 0);
+            co_await click(user, swatch(SCHEME_TEXT_LIGHT), right_button);
+            EXPECT_EQ(color_scheme[SCHEME_TEXT_LIGHT], 0xdadadaU);
+            EXPECT_EQ(text_colors[TEXT_PREVIEW_LIGHT][0], 0xdadada);
+            if (turn == 0) {
+                co_await click(user, SCHEME_CANCEL);
+                EXPECT_EQ(color_scheme[SCHEME_TEXT_LIGHT], 0x123456U);
+            } else {
+                exit_requested = 1;
+            }
+        }
+    });
+    EXPECT_EQ(color_scheme[SCHEME_TEXT_LIGHT], 0x123456U);
+}
+
+TEST_F(SchemeTest, SamplesLieApartInTheWindow) {
+    play_on(scheme_window, [](User& user) -> Script {
+        co_await user.wait(4);
+        for (int slot = SCHEME_LABEL_FIRST; slot < SCHEME_SLOTS; ++slot) {
+            EXPECT_LT(gui::x[at(slot)] + gui::w[at(slot)], window_x() + 256) << slot;
+            EXPECT_LT(gui::y[at(slot)] + gui::h[at(slot)], window_y() + 131) << slot;
+            for (int other = slot + 1; other < SCHEME_SLOTS; ++other) {
+                if (slot == SCHEME_PREVIEW_PANEL) continue;  // it holds the samples
+                const bool across = gui::x[at(slot)] + gui::w[at(slot)] <= gui::x[at(other)] ||
+                                    gui::x[at(other)] + gui::w[at(other)] <= gui::x[at(slot)];
+                const bool along = gui::y[at(slot)] + gui::h[at(slot)] <= gui::y[at(other)] ||
+                                   gui::y[at(other)] + gui::h[at(other)] <= gui::y[at(slot)];
+                EXPECT_TRUE(across || along) << slot << " and " << other;
+            }
+        }
+        co_await user.move_to(middle_x(SCHEME_PREVIEW_SLIDER), middle_y(SCHEME_PREVIEW_SLIDER));
+        co_await user.turn_wheel(1);
+        EXPECT_EQ(gui::slider_value[SCHEME_PREVIEW_SLIDER], 10);
+        hotkeys[HOTKEY_RAPID_EXIT][KEY_PRIMARY] = KEY_X;
+        co_await click(user, SCHEME_PREVIEW_FIELD);
+        co_await user.hold_key(KEY_X);
+        co_await user.release_key(KEY_X);
+        EXPECT_EQ(exit_requested, 0) << "a letter for the sample is no hotkey";
+        co_await click(user, SCHEME_CANCEL);
+        EXPECT_EQ(key_focus, -1);
+    });
 }
 
 }  // namespace
