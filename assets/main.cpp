@@ -23,7 +23,7 @@ struct Places {
     fs::path sources, program_folder, contact_sheet;
 };
 
-// ---- The files, one function each -----------------------------------------------------------------------------------
+// ---- The files, one function each ----------------------------------------------------------------------------------
 
 /// What is made on the way: later files are drawn in the palette, and the contact sheet shows everything.
 struct Studio {

@@ -36,7 +36,7 @@ template <typename Paint> bool stroke(Paint paint) {
     return true;
 }
 
-// ---- What strokes are painted with ----------------------------------------------------------------------------------
+// ---- What strokes are painted with ---------------------------------------------------------------------------------
 
 bool take_color(const Command& command) {
     const auto color = command.words.size() == 2 ? color_from_hex(command.words[1]) : std::nullopt;
@@ -77,7 +77,7 @@ bool take_spectrum(const Command& command) {
     return spectrum_fold >= 0 && spectrum_fold <= 3;
 }
 
-// ---- Shapes ---------------------------------------------------------------------------------------------------------
+// ---- Shapes --------------------------------------------------------------------------------------------------------
 
 void take_tool(BrushTool tool, int is_filled) {
     active_tool_slot = 0;
@@ -194,7 +194,7 @@ bool draw_ridge(const Command& c) {
     });
 }
 
-// ---- Pictures and text ----------------------------------------------------------------------------------------------
+// ---- Pictures and text ---------------------------------------------------------------------------------------------
 
 BITMAP* stamp_named(const Command& command) {
     const auto found = command.words.size() > 1 ? command.stamps.find(command.words[1]) : command.stamps.end();
@@ -244,7 +244,7 @@ bool write_text(const Command& command) {
     return true;
 }
 
-// ---- The language ---------------------------------------------------------------------------------------------------
+// ---- The language --------------------------------------------------------------------------------------------------
 
 struct CommandRow {
     const char* word;

@@ -23,7 +23,7 @@ void draw_box(BITMAP* target, int x, int y, int width, int height, Color fill, C
         for (const int corner_y : {y + 1, bottom - 1}) putpixel(target, corner_x, corner_y, color);
 }
 
-// ---- A window, as rows ----------------------------------------------------------------------------------------------
+// ---- A window, as rows ---------------------------------------------------------------------------------------------
 
 constexpr int window_width = 158, window_height = 58, window_gap = 4;
 

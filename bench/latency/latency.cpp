@@ -116,8 +116,7 @@ void print_row(const char* what, std::vector<double> times) {
     std::printf("%-44s %8.1f %8.1f %8.1f\n", what, at(0.5), at(0.9), at(1.0));
 }
 
-// ---- The bare window
-// -------------------------------------------------------------------------------------------------
+// ---- The bare window -----------------------------------------------------------------------------------------------
 
 /// An X client that waits for events and paints a square at each, a line of them after each movement; until the window
 /// manager asks it to close.
@@ -156,8 +155,7 @@ void measure_bare_window(Desktop& desktop) {
     client.join();
 }
 
-// ---- The program
-// -----------------------------------------------------------------------------------------------------
+// ---- The program ---------------------------------------------------------------------------------------------------
 
 /// The cursor covers the one pixel that the smallest tip paints. So the state that a first run leaves is given another:
 /// a disc that shows around it.

@@ -8,7 +8,7 @@ namespace {
 constexpr int clear_code = 256, end_code = 257, first_free_code = 258;  // of a writer with indexes of 8 bits
 constexpr int no_prefix = -1;
 
-// ---- Reading codes --------------------------------------------------------------------------------------------------
+// ---- Reading codes -------------------------------------------------------------------------------------------------
 
 class CodeReader {
 public:
@@ -92,7 +92,7 @@ bool decode_gif_indexes(std::span<const std::uint8_t> data, int minimum_bits, st
     return true;
 }
 
-// ---- Writing --------------------------------------------------------------------------------------------------------
+// ---- Writing -------------------------------------------------------------------------------------------------------
 
 GifEncoder::GifEncoder(PACKFILE* file) : next_code_(first_free_code), code_bits_(9), prefix_(no_prefix), file_(file) {
     put_code(clear_code);

@@ -33,7 +33,7 @@ struct GifFile {
     bool interlaced = false;
 };
 
-// ---- Bytes and blocks -----------------------------------------------------------------------------------------------
+// ---- Bytes and blocks ----------------------------------------------------------------------------------------------
 
 template <std::size_t count> bool read_bytes(PACKFILE* file, std::array<std::uint8_t, count>& bytes) {
     return pack_fread(bytes.data(), static_cast<long>(count), file) == static_cast<long>(count);
@@ -116,7 +116,7 @@ bool read_data(PACKFILE* file, GrowingBytes& data) {
     return true;
 }
 
-// ---- Indexes to bitmap ----------------------------------------------------------------------------------------------
+// ---- Indexes to bitmap ---------------------------------------------------------------------------------------------
 
 struct InterlacePass {
     int first, step;  // rows

@@ -13,7 +13,7 @@ constexpr int largest_side = 65535;  // the format's words
 constexpr int palette_entries = 256;
 constexpr std::uint8_t index_bits = 8;
 
-// ---- To 256 colours -------------------------------------------------------------------------------------------------
+// ---- To 256 colours ------------------------------------------------------------------------------------------------
 
 /// The distance of two colours of 5 bits a channel, by the weights of Allegro's own lookup.
 int color_distance(int red, int green, int blue) {
@@ -51,7 +51,7 @@ OwnedBitmap indexed_copy(BITMAP* bitmap, const RGB* palette) {
     return copy;
 }
 
-// ---- Blocks ---------------------------------------------------------------------------------------------------------
+// ---- Blocks --------------------------------------------------------------------------------------------------------
 
 template <std::size_t count> bool write_bytes(PACKFILE* file, const std::array<std::uint8_t, count>& bytes) {
     return pack_fwrite(bytes.data(), static_cast<long>(count), file) == static_cast<long>(count);

@@ -7,7 +7,7 @@
 namespace nubo {
 namespace {
 
-// ---- Filters --------------------------------------------------------------------------------------------------------
+// ---- Filters -------------------------------------------------------------------------------------------------------
 
 // `step` is the distance to the byte left of a byte, that of the pixel before; `above` is the row before, undone.
 
@@ -67,7 +67,7 @@ bool undo_filters(const PngHeader& header, std::uint8_t* rows) {
     return true;
 }
 
-// ---- Rows to pixels -------------------------------------------------------------------------------------------------
+// ---- Rows to pixels ------------------------------------------------------------------------------------------------
 
 /// The sample at `x` of a row whose samples have 1, 2, 4 or 8 bits, the leftmost in the highest bits.
 int packed_sample(const std::uint8_t* row, int x, int bits) {
@@ -142,7 +142,7 @@ OwnedBitmap build_bitmap(const PngHeader& header, std::uint8_t* rows, std::size_
     return bitmap;
 }
 
-// ---- Adam7 ----------------------------------------------------------------------------------------------------------
+// ---- Adam7 ---------------------------------------------------------------------------------------------------------
 
 struct Adam7Pass {
     int x, y, step_x, step_y;  // the pass holds the pixels at (x + i * step_x, y + j * step_y)

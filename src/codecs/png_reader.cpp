@@ -29,7 +29,7 @@ struct ChunkStart {
     std::uint32_t length, type;
 };
 
-// ---- Numbers and chunks ---------------------------------------------------------------------------------------------
+// ---- Numbers and chunks --------------------------------------------------------------------------------------------
 
 std::optional<std::uint32_t> read_word(PACKFILE* file) {
     std::array<std::uint8_t, 4> bytes{};
@@ -62,7 +62,7 @@ bool read_signature(PACKFILE* file) {
     return bytes == png_signature || png_fail("File signature mismatch!");
 }
 
-// ---- IHDR -----------------------------------------------------------------------------------------------------------
+// ---- IHDR ----------------------------------------------------------------------------------------------------------
 
 struct DepthRow {
     int color_type;
@@ -133,7 +133,7 @@ bool read_header(PngFile& png) {
     return read_size(png) && read_pixel_format(png) && read_methods(png) && skip_crc(png.file);
 }
 
-// ---- Chunks before, of and behind the data --------------------------------------------------------------------------
+// ---- Chunks before, of and behind the data -------------------------------------------------------------------------
 
 bool read_palette(PngFile& png, std::uint32_t length) {
     if (length % 3 != 0) return png_fail("Palette chunk length not divisible by 3!");
@@ -195,7 +195,7 @@ bool read_up_to_end(PACKFILE* file, ChunkStart chunk) {
     return chunk.length == 0 || png_fail("Incorrect IEND length!");
 }
 
-// ---- Data to bitmap -------------------------------------------------------------------------------------------------
+// ---- Data to bitmap ------------------------------------------------------------------------------------------------
 
 OwnedBitmap inflate_image(const PngHeader& header, const GrowingBytes& data) {
     const std::size_t size = png_filtered_size(header);

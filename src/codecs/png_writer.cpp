@@ -34,7 +34,7 @@ PngColorType color_type_of(BITMAP* bitmap) {
     return has_alpha(bitmap) ? PNG_RGB_ALPHA : PNG_RGB;
 }
 
-// ---- Rows -----------------------------------------------------------------------------------------------------------
+// ---- Rows ----------------------------------------------------------------------------------------------------------
 
 void gather_indexes(BITMAP* bitmap, int y, std::uint8_t* row) {
     for (int x = 0; x < bitmap->w; ++x) row[x] = static_cast<std::uint8_t>(getpixel(bitmap, x, y));
@@ -100,7 +100,7 @@ bool filter_colors(BITMAP* bitmap, const PngHeader& header, std::uint8_t* filter
     return true;
 }
 
-// ---- Chunks ---------------------------------------------------------------------------------------------------------
+// ---- Chunks --------------------------------------------------------------------------------------------------------
 
 bool write_bytes(PACKFILE* file, std::span<const std::uint8_t> bytes) {
     const long size = static_cast<long>(bytes.size());

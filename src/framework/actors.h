@@ -4,7 +4,7 @@
 
 namespace nubo {
 
-// ---- The pool -------------------------------------------------------------------------------------------------------
+// ---- The pool ------------------------------------------------------------------------------------------------------
 
 /// Frees all rows and takes row 0 for the protected actor. Once at start.
 void UA_initialize_actors();
@@ -22,7 +22,7 @@ void UA_destroy_actor(int who, const char* tag);
 /// The rows in use, the protected one included.
 int UA_count_actors();
 
-// ---- Behaviours -----------------------------------------------------------------------------------------------------
+// ---- Behaviours ----------------------------------------------------------------------------------------------------
 
 /// The lowest free slot of an actor, -1 if all are taken or there is no such actor.
 int get_free_behavior(int who);
@@ -43,7 +43,7 @@ void UA_check_behaviors(int who, int slot);
 /// The behaviour tick, 140 Hz. Timer handler; does nothing while `handlers_locked` is set.
 void UA_behavior_handler();
 
-// ---- The screen tint ------------------------------------------------------------------------------------------------
+// ---- The screen tint -----------------------------------------------------------------------------------------------
 
 /// Starts a fade of the whole screen in a colour toward the strength `target`, 0 to 254, by `step` on every tick after
 /// `delay` others, or turns the running one there. The screen update draws it from `tint_r` and so on. Main flow.

@@ -16,7 +16,7 @@ constexpr std::size_t match_shortest = 4;  // no shorter copy is ever worth its 
 constexpr std::size_t match_longest = 268435456;
 constexpr unsigned group_bits = 7, group_more = 0x80, group_mask = 0x7f;
 
-// ---- Numbers --------------------------------------------------------------------------------------------------------
+// ---- Numbers -------------------------------------------------------------------------------------------------------
 
 void write_number(Bytes& out, std::size_t number) {
     unsigned shift = 0;
@@ -68,7 +68,7 @@ private:
     std::size_t at_ = 0;
 };
 
-// ---- Packing --------------------------------------------------------------------------------------------------------
+// ---- Packing -------------------------------------------------------------------------------------------------------
 
 /// How many bytes from `a` and `b` on are equal, at most `limit`.
 std::size_t common_length(const std::uint8_t* a, const std::uint8_t* b, std::size_t limit) {
@@ -168,7 +168,7 @@ Bytes pack_chunk(ByteSpan chunk) {
     return out;
 }
 
-// ---- Unpacking ------------------------------------------------------------------------------------------------------
+// ---- Unpacking -----------------------------------------------------------------------------------------------------
 
 /// Appends what one marker stands for. False when it is no marker's sequence or reaches out of the chunk, whose bytes
 /// begin at `start` of `out` and end at `end`.

@@ -99,7 +99,7 @@ bool read_library_object(NumberLines& lines, LibraryObject& object) {
 
 }  // namespace
 
-// ---- Scrambled files ------------------------------------------------------------------------------------------------
+// ---- Scrambled files -----------------------------------------------------------------------------------------------
 
 void UA_convert_resource(const char* source, const char* target) {
     if (is_up_to_date(source, target)) return;
@@ -145,7 +145,7 @@ void UA_sweep_temp_resources() {
     for (const char* const file : temporary_files) remove_file(file);
 }
 
-// ---- The object library ---------------------------------------------------------------------------------------------
+// ---- The object library --------------------------------------------------------------------------------------------
 
 void UA_load_object_library() {
     object_library.fill({});
@@ -166,7 +166,7 @@ void UA_load_object_library() {
     } while (!lines.has_ended());
 }
 
-// ---- Packed files ---------------------------------------------------------------------------------------------------
+// ---- Packed files --------------------------------------------------------------------------------------------------
 
 bool UA_pack_resource(const char* source, const char* target) {
     const auto plain = read_resource(source);

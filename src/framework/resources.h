@@ -9,7 +9,7 @@ namespace nubo {
 /// The palette of the image loaded last, "PALETTE" once the start is through: text tones and effects name its entries.
 inline constinit std::array<RGB, PAL_SIZE> global_palette{};
 
-// ---- Scrambled files ------------------------------------------------------------------------------------------------
+// ---- Scrambled files -----------------------------------------------------------------------------------------------
 
 /// Brings the scrambled file `target` up to date: if the plain file `source` is newer, it is scrambled over `target`
 /// and deleted. Ends the program with a message box and -1 when `source` can't be read or `target` not written.
@@ -30,14 +30,14 @@ void UA_load_framework_video();
 /// Deletes what an interrupted load may have left behind. The process stands in "resource".
 void UA_sweep_temp_resources();
 
-// ---- The object library ---------------------------------------------------------------------------------------------
+// ---- The object library --------------------------------------------------------------------------------------------
 
 /// Reads `obj_lib.def` into `object_library`: a number a line, for each object four and the count of its pairs, then
 /// the pairs. Reading stops, with a line in the log, at a record that the table has no room for. The process stands in
 /// "resource".
 void UA_load_object_library();
 
-// ---- Packed files ---------------------------------------------------------------------------------------------------
+// ---- Packed files --------------------------------------------------------------------------------------------------
 
 /// Packs a file into the container of framework/packer.h, or back. False, after a log line, when the result can't be
 /// written, the source is too long or no sound container. A missing source ends the program with a message box and -1.

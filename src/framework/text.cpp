@@ -20,7 +20,7 @@ constexpr int circle = 256;                                      // angles of th
 constexpr int sine_step = 15;                                    // from one character to the next
 constexpr int sine_delays = 10, sine_fixed = 9;
 
-// ---- Colour codes ---------------------------------------------------------------------------------------------------
+// ---- Colour codes --------------------------------------------------------------------------------------------------
 
 bool is_digit(char c) { return c >= '0' && c <= '9'; }
 
@@ -30,7 +30,7 @@ bool is_color_code(std::string_view text) {
 
 int color_code_row(std::string_view text) { return (text[2] - '0') * 10 + (text[3] - '0'); }
 
-// ---- Movements ------------------------------------------------------------------------------------------------------
+// ---- Movements -----------------------------------------------------------------------------------------------------
 
 int sine_phase() {
     const int delay = text_motion.sine_delay;
@@ -46,7 +46,7 @@ int sine_drop(std::size_t position) {
     return static_cast<int>(std::lround(text_motion.sine_amplitude * std::sin(turn)));
 }
 
-// ---- Glyphs as bitmaps: for texts with more than plain colours ------------------------------------------------------
+// ---- Glyphs as bitmaps: for texts with more than plain colours -----------------------------------------------------
 
 /// A bitmap of that size that stays for the next glyph.
 BITMAP* scratch_bitmap(OwnedBitmap& kept, int w, int h) {
@@ -118,7 +118,7 @@ void draw_decorated(std::span<const Color> pixels, const FontSlot& font, BITMAP*
     if (text_attributes.outline != 0) draw_outline(glyph, target, x, y);
 }
 
-// ---- Plain glyphs, nearly all that is ever drawn --------------------------------------------------------------------
+// ---- Plain glyphs, nearly all that is ever drawn -------------------------------------------------------------------
 
 bool is_plain(const FontSlot& font) {
     return shadow_style(font) == SHADOW_NONE && text_attributes.blend == 0 && text_attributes.outline == 0 &&

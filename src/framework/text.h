@@ -12,7 +12,7 @@
 
 namespace nubo {
 
-// ---- Colours --------------------------------------------------------------------------------------------------------
+// ---- Colours -------------------------------------------------------------------------------------------------------
 
 /// Fills the colour table with the values of the start.
 void UA_init_text_colors();
@@ -24,7 +24,7 @@ inline void set_text_color(TextColor row, Color both) { set_text_color(row, both
 /// The dark form of TEXT LIGHT ALT: the red halved, the green and blue quartered.
 Color dark_text_color(Color color);
 
-// ---- Fonts ----------------------------------------------------------------------------------------------------------
+// ---- Fonts ---------------------------------------------------------------------------------------------------------
 
 /// Loads the font sheets of these names into a slot; the first gives the sizes. Without a file the program ends; false
 /// when one holds no sheet. The process stands in "resource".
@@ -38,7 +38,7 @@ bool UA_load_font(int slot, std::initializer_list<const char*> names);
 /// `advance`; the glyph stands one pixel right and down of the cell's corner. The sheet's last row: the eight tones.
 bool build_font(int slot, std::span<BITMAP* const> sheets);
 
-// ---- Drawing --------------------------------------------------------------------------------------------------------
+// ---- Drawing -------------------------------------------------------------------------------------------------------
 
 /// An argument that leaves its attribute as it is.
 inline constexpr int attribute_kept = -1;
@@ -59,7 +59,7 @@ int UA_text(BITMAP* target, int x, int y, std::string_view text);
 /// The width of a text in the font set. Colour codes in it stay in force, as those of a drawn text do.
 inline int text_width(std::string_view text) { return UA_text(nullptr, text_measure_x, 0, text); }
 
-// ---- Movements ------------------------------------------------------------------------------------------------------
+// ---- Movements -----------------------------------------------------------------------------------------------------
 
 /// Switches the wobble of all text on or off: character n moves down by `amplitude` times the sine of n * 15 and a
 /// phase of `UA_phase`, one of the clock's ("delay" 0 to 8) or a fixed one (9). A slot above 15 or a delay above 9 is

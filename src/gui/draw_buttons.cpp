@@ -26,7 +26,7 @@ void labeled_box(int slot, Color fill, TextColor text) {
 
 void draw_nothing(int) {}
 
-// ---- Text without a box ---------------------------------------------------------------------------------------------
+// ---- Text without a box --------------------------------------------------------------------------------------------
 
 /// The string at `value_text`; `color` is a text colour.
 void draw_value_text(int slot) {
@@ -55,7 +55,7 @@ void draw_number(int slot) {
     GUI_center_text(slot, text.data(), TEXT_SELECTED);
 }
 
-// ---- Boxes with a label ---------------------------------------------------------------------------------------------
+// ---- Boxes with a label --------------------------------------------------------------------------------------------
 
 void draw_title(int slot) { labeled_box(slot, color_of(slot), TEXT_LIGHT_ALT); }
 
@@ -116,7 +116,7 @@ void draw_arrow(int slot) {
                gui::x[at(slot)] + (gui::w[at(slot)] - side) / 2, gui::y[at(slot)] + (gui::h[at(slot)] - side) / 2);
 }
 
-// ---- Descriptions ---------------------------------------------------------------------------------------------------
+// ---- Descriptions --------------------------------------------------------------------------------------------------
 
 /// The ten lines of the tool or ink whose group is `label`.
 void draw_description(int slot) {

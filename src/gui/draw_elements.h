@@ -7,7 +7,7 @@ namespace nubo {
 void draw_nothing(int slot);
 void draw_slider(int slot);  // over any element with `has_slider`
 
-// ---- Captions, titles, buttons: draw_buttons.cpp --------------------------------------------------------------------
+// ---- Captions, titles, buttons: draw_buttons.cpp -------------------------------------------------------------------
 
 void draw_value_text(int slot);
 void draw_caption(int slot);
@@ -25,7 +25,7 @@ void draw_frame_count(int slot);
 void draw_number(int slot);
 void draw_file_name(int slot);
 
-// ---- Boxes, swatches, pictures: draw_pictures.cpp -------------------------------------------------------------------
+// ---- Boxes, swatches, pictures: draw_pictures.cpp ------------------------------------------------------------------
 
 void draw_box(int slot);
 void draw_window(int slot);
@@ -41,12 +41,12 @@ void draw_tip_cell(int slot);
 void draw_custom_tip(int slot);
 void draw_tip_button(int slot);
 
-// ---- Lists and fields: draw_lists.cpp -------------------------------------------------------------------------------
+// ---- Lists and fields: draw_lists.cpp ------------------------------------------------------------------------------
 
 void draw_list(int slot);
 void draw_text_field(int slot);
 
-// ---- The preview of the colour scheme window: draw_scheme.cpp -------------------------------------------------------
+// ---- The preview of the colour scheme window: draw_scheme.cpp ------------------------------------------------------
 
 void draw_scheme_panel(int slot);
 void draw_scheme_shadow(int slot);

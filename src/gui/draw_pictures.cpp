@@ -28,7 +28,7 @@ int tip_part_y(int tip, int dy) {
 
 }  // namespace
 
-// ---- Boxes ----------------------------------------------------------------------------------------------------------
+// ---- Boxes ---------------------------------------------------------------------------------------------------------
 
 void draw_box(int slot) { GUI_box(slot, color_of(slot), ui_border); }
 
@@ -51,7 +51,7 @@ void draw_progress(int slot) {
     GUI_corner_dots(slot, ui_border);
 }
 
-// ---- Swatches -------------------------------------------------------------------------------------------------------
+// ---- Swatches ------------------------------------------------------------------------------------------------------
 
 void draw_swatch(int slot) {
     GUI_box(slot, color_of(slot), color_of(slot) == brush_color ? ui_highlight_fore : ui_border);
@@ -72,7 +72,7 @@ void draw_swatch_mask(int slot) {
         for (const int y : {top, bottom}) putpixel(screen_buffer, x, y, static_cast<int>(fixed_light));
 }
 
-// ---- Pictures -------------------------------------------------------------------------------------------------------
+// ---- Pictures ------------------------------------------------------------------------------------------------------
 
 void draw_preview(int slot) {
     GUI_box(slot, color_of(slot), ui_border);
@@ -104,7 +104,7 @@ void draw_thumbnail(int slot) {
     GUI_corner_dots(slot, border);
 }
 
-// ---- Tips -----------------------------------------------------------------------------------------------------------
+// ---- Tips ----------------------------------------------------------------------------------------------------------
 
 /// `row_ids[0]` is the tip, (`source_x`, `source_y`) its cell.
 void draw_tip_cell(int slot) {

@@ -79,7 +79,7 @@ void activate(int slot) {
 
 }  // namespace
 
-// ---- Slots ----------------------------------------------------------------------------------------------------------
+// ---- Slots ---------------------------------------------------------------------------------------------------------
 
 int GUI_clear_element(int slot) {
     if (!GUI_check_window(slot, "GUI_clear_element")) return slot;
@@ -109,7 +109,7 @@ void GUI_close_window() {
     for (int slot = 0; slot < count; ++slot) GUI_clear_element(slot);
 }
 
-// ---- Builders -------------------------------------------------------------------------------------------------------
+// ---- Builders ------------------------------------------------------------------------------------------------------
 
 void GUI_add_window(int x, int y, int w, int h, int count, int base) {
     if (!GUI_check_window(base, "GUI_add_window")) return;
@@ -178,7 +178,7 @@ void GUI_set_slider_sprites(int slot) {
     }
 }
 
-// ---- More for lists, sliders and fields -----------------------------------------------------------------------------
+// ---- More for lists, sliders and fields ----------------------------------------------------------------------------
 
 void GUI_set_vertical_slider(int slot, int ox, int oy, int stops, int wheel_step) {
     if (!GUI_check_window(slot, "GUI_set_vertical_slider")) return;

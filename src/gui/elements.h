@@ -8,7 +8,7 @@
 
 namespace nubo {
 
-// ---- Slots ----------------------------------------------------------------------------------------------------------
+// ---- Slots ---------------------------------------------------------------------------------------------------------
 
 inline constexpr int slot_window = 0, slot_title = 1, slot_content = 2;
 inline constexpr int zoom_preview_slot = 105;  // to 107
@@ -29,7 +29,7 @@ int GUI_find_free(bool from_top);
 /// Clears the slots of the window on screen, 0 to `child_count[0]` - 1.
 void GUI_close_window();
 
-// ---- Builders -------------------------------------------------------------------------------------------------------
+// ---- Builders ------------------------------------------------------------------------------------------------------
 
 inline constexpr int button_w = 39, button_h = 9;
 
@@ -46,7 +46,7 @@ void GUI_add_slider(int slot, int x, int y, int w, int stops);
 /// The sprites of knob and arrows, by the slider's orientation.
 void GUI_set_slider_sprites(int slot);
 
-// ---- More for lists, sliders and fields -----------------------------------------------------------------------------
+// ---- More for lists, sliders and fields ----------------------------------------------------------------------------
 
 /// Lays a vertical slider over the element: its offset in it, its values 0 to `stops` - 1.
 void GUI_set_vertical_slider(int slot, int ox, int oy, int stops, int wheel_step);

@@ -24,7 +24,7 @@ Color border_color(Color border) {
 
 }  // namespace
 
-// ---- Boxes ----------------------------------------------------------------------------------------------------------
+// ---- Boxes ---------------------------------------------------------------------------------------------------------
 
 void GUI_ants(int x1, int y1, int x2, int y2) {
     const StripesMode stripes;
@@ -65,7 +65,7 @@ void GUI_square_box(int slot, Color fill, Color border) {
     rect(screen_buffer, left, top, right, bottom, static_cast<int>(border));
 }
 
-// ---- Text -----------------------------------------------------------------------------------------------------------
+// ---- Text ----------------------------------------------------------------------------------------------------------
 
 int shown_length(std::string_view text) {
     int length = 0;
@@ -92,7 +92,7 @@ void GUI_center_label(int slot, TextColor color) {
     if (!text.empty()) GUI_center_text(slot, text, color);
 }
 
-// ---- Sprites and state ----------------------------------------------------------------------------------------------
+// ---- Sprites and state ---------------------------------------------------------------------------------------------
 
 void GUI_sprite(int source_x, int source_y, int w, int h, int x, int y) {
     if (gui_sheet != nullptr) masked_blit(gui_sheet, screen_buffer, source_x, source_y, x, y, w, h);

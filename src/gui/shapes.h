@@ -7,7 +7,7 @@
 
 namespace nubo {
 
-// ---- Boxes ----------------------------------------------------------------------------------------------------------
+// ---- Boxes ---------------------------------------------------------------------------------------------------------
 
 /// As a border: a gray that changes with each update, which shows that the element waits for a pick.
 inline constexpr Color border_waiting = 0xffffffff;
@@ -23,7 +23,7 @@ void GUI_corner_dots(int slot, Color color);
 /// A rectangle of marching ants, both corners included.
 void GUI_ants(int x1, int y1, int x2, int y2);
 
-// ---- Text -----------------------------------------------------------------------------------------------------------
+// ---- Text ----------------------------------------------------------------------------------------------------------
 
 /// Characters that a text shows: its colour codes count for nothing.
 int shown_length(std::string_view text);
@@ -33,7 +33,7 @@ void GUI_center_label(int slot, TextColor color);
 /// The text of a label; empty for LABEL_NONE and numbers outside the table.
 std::string_view text_of_label(int label);
 
-// ---- Sprites and state ----------------------------------------------------------------------------------------------
+// ---- Sprites and state ---------------------------------------------------------------------------------------------
 
 /// A sprite of the GUI sheet; nothing without a sheet.
 void GUI_sprite(int source_x, int source_y, int w, int h, int x, int y);

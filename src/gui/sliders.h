@@ -4,7 +4,7 @@
 
 namespace nubo {
 
-// ---- Sliders --------------------------------------------------------------------------------------------------------
+// ---- Sliders -------------------------------------------------------------------------------------------------------
 
 /// The places that follow from a slider's element: its arrows, and the stops of its knob along the track.
 struct SliderPlaces {

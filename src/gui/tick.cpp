@@ -14,7 +14,7 @@
 namespace nubo {
 namespace {
 
-// ---- Counters -------------------------------------------------------------------------------------------------------
+// ---- Counters ------------------------------------------------------------------------------------------------------
 
 void count_frames() {
     constexpr int ticks = 70;
@@ -56,7 +56,7 @@ void step_pulse() {
     }
 }
 
-// ---- Presses --------------------------------------------------------------------------------------------------------
+// ---- Presses -------------------------------------------------------------------------------------------------------
 
 /// A press waits until all buttons have risen, then does what its element says.
 void finish_press(MouseState buttons) {
@@ -93,7 +93,7 @@ void press_row(int slot, MouseState buttons) {
     pending_item = int{gui::hover_row[at(slot)]};
 }
 
-// ---- Slots ----------------------------------------------------------------------------------------------------------
+// ---- Slots ---------------------------------------------------------------------------------------------------------
 
 void serve_slider(int slot, MouseState buttons, int wheel) {
     if (wheel != 0 && press_state == PRESS_IDLE && hover == slot) turn_slider(slot, wheel);

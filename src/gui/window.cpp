@@ -16,7 +16,7 @@ void clear_slots(int first, int count) {
 
 }  // namespace
 
-// ---- Building -------------------------------------------------------------------------------------------------------
+// ---- Building ------------------------------------------------------------------------------------------------------
 
 void build_window(const WindowRow& window, int base) {
     const bool moved = window.place != POS_NONE && window_pos[at(window.place)].x != -1;
@@ -55,7 +55,7 @@ void build_element(const ElementRow& row, int x, int y, int base) {
     gui::right_action[s] = static_cast<std::int16_t>(row.right);
 }
 
-// ---- The window on screen -------------------------------------------------------------------------------------------
+// ---- The window on screen ------------------------------------------------------------------------------------------
 
 void toggle_window() {
     for (int slot = 0; slot < window_slots(); ++slot) gui::hidden[at(slot)] = gui::hidden[at(slot)] == 0 ? 1 : 0;

@@ -9,7 +9,7 @@
 
 namespace nubo {
 
-// ---- Rows -----------------------------------------------------------------------------------------------------------
+// ---- Rows ----------------------------------------------------------------------------------------------------------
 
 /// One element: its place is an offset from the window's corner. `fill` names the colour, read when the window is
 /// built; for the types whose `color` is a text colour (ELEMENT_TEXT, ELEMENT_CAPTION) `text_color` takes its place.
@@ -38,7 +38,7 @@ struct WindowRow {
     std::span<const ElementRow> elements{};  // from slot 2 on
 };
 
-// ---- Building -------------------------------------------------------------------------------------------------------
+// ---- Building ------------------------------------------------------------------------------------------------------
 
 /// Builds the window where it was left, `window_pos[place]`, or else at its default place, with `base` as its first
 /// slot (the elements' slot numbers count from it), and sets `menu_id`. What stood in those slots goes.
@@ -57,7 +57,7 @@ inline int window_y() { return gui::y[slot_window]; }
 /// Reads and clears the click of a slot: 0 none, `click_right` for ACTION_CLICK_RIGHT, else positive.
 inline int take_click(int slot) { return gui::click[at(slot)].take(); }
 
-// ---- The window on screen -------------------------------------------------------------------------------------------
+// ---- The window on screen ------------------------------------------------------------------------------------------
 
 /// Flips or sets `hidden` on the slots of the window on screen.
 void toggle_window();

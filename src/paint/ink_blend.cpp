@@ -7,7 +7,7 @@
 
 namespace nubo {
 
-// ---- Two colours ----------------------------------------------------------------------------------------------------
+// ---- Two colours ---------------------------------------------------------------------------------------------------
 
 bool colors_match(Color a, Color b, int tolerance) {
     return std::abs(red_of(a) - red_of(b)) < tolerance && std::abs(green_of(a) - green_of(b)) < tolerance &&
@@ -27,7 +27,7 @@ void blend_pixel(int x, int y, Color color, int alpha) {
     pixel = blend_fill_pixel(pixel, color, std::min(alpha, 255));
 }
 
-// ---- The inks -------------------------------------------------------------------------------------------------------
+// ---- The inks ------------------------------------------------------------------------------------------------------
 
 // The base is the snapshot, not the frame, so that within a stroke the strongest pass wins and nothing adds up. A
 // coverage of 255 gives the colour itself: the blend's weight is then 256 of 256. One of 0 is above no mask.

@@ -42,7 +42,7 @@ void ink_close_row(const InkRow& row, int tolerance) {
     });
 }
 
-// ---- HOLLOW ---------------------------------------------------------------------------------------------------------
+// ---- HOLLOW --------------------------------------------------------------------------------------------------------
 
 namespace {
 
@@ -97,7 +97,7 @@ void ink_hollow_row(const InkRow& row, int tolerance) {
     });
 }
 
-// ---- JUMBLE, SWEEP, UNZAG -------------------------------------------------------------------------------------------
+// ---- JUMBLE, SWEEP, UNZAG ------------------------------------------------------------------------------------------
 
 // All pixels of the row are scattered, also those outside the tip, and every stamp scatters afresh.
 void ink_jumble_row(const InkRow& row, int reach) {

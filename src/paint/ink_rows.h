@@ -11,7 +11,7 @@
 
 namespace nubo {
 
-// ---- Runs -----------------------------------------------------------------------------------------------------------
+// ---- Runs ----------------------------------------------------------------------------------------------------------
 
 /// A stretch of a row with one tip value inside the tip, and its pixels on the three surfaces. What depends on the tip
 /// value is worked out once a run and stands outside the pixel loops.
@@ -56,7 +56,7 @@ template <typename Visit> void for_each_pixel(const InkRow& row, Visit visit) {
     for (int i = 0; i < row.length; ++i) visit(row.x + i, static_cast<int>(row.tip[i * row.tip_step]));
 }
 
-// ---- Coverage -------------------------------------------------------------------------------------------------------
+// ---- Coverage ------------------------------------------------------------------------------------------------------
 
 /// The coverage of inks that blend: 0 to 255 at a tip value of 0 to 199; truncated.
 constexpr int strength_coverage(int strength, int tip) {
@@ -91,7 +91,7 @@ template <typename Paint> void cover_run_dear(const TipRun& run, int coverage, P
     }
 }
 
-// ---- The inks: one pixel and a colour -------------------------------------------------------------------------------
+// ---- The inks: one pixel and a colour ------------------------------------------------------------------------------
 
 /// BRIGHT, DARK, GLASS: blends toward `target`.
 void ink_toward_row(const InkRow& row, int strength, Color target);
@@ -104,7 +104,7 @@ void ink_xor_row(const InkRow& row, Color color);
 void ink_pull_row(const InkRow& row, int strength);
 void ink_spark_row(const InkRow& row, int strength);
 
-// ---- The inks: neighbours -------------------------------------------------------------------------------------------
+// ---- The inks: neighbours ------------------------------------------------------------------------------------------
 
 void ink_close_row(const InkRow& row, int tolerance);
 void ink_hollow_row(const InkRow& row, int tolerance);
@@ -115,7 +115,7 @@ void ink_emboss_row(const InkRow& row, int strength);
 void ink_soften_row(const InkRow& row, int strength);
 void ink_glow_row(const InkRow& row, int strength, int radius, Color color);
 
-// ---- The inks: gradients and the Cel --------------------------------------------------------------------------------
+// ---- The inks: gradients and the Cel -------------------------------------------------------------------------------
 
 void ink_hgrad_row(const InkRow& row);
 void ink_vgrad_row(const InkRow& row);

@@ -39,7 +39,7 @@ Color pack_unit(const Rgb& color) {
 
 }  // namespace
 
-// ---- Spectrum -------------------------------------------------------------------------------------------------------
+// ---- Spectrum ------------------------------------------------------------------------------------------------------
 
 Color spectrum_color(Color first, Color second, int banding, float t) {
     const float at = std::isnan(t) ? 0 : folded(t);
@@ -55,7 +55,7 @@ Color spectrum_color(Color first, Color second, int banding, float t) {
                       component(blue_of(first), blue_of(second)));
 }
 
-// ---- Colourspaces ---------------------------------------------------------------------------------------------------
+// ---- Colourspaces --------------------------------------------------------------------------------------------------
 
 Hls rgb_to_hls(double r, double g, double b) {
     r /= full, g /= full, b /= full;
@@ -106,7 +106,7 @@ Rgb hsv_to_rgb(double hue, double saturation, double value) {
     return {v, p, q};
 }
 
-// ---- Sliders --------------------------------------------------------------------------------------------------------
+// ---- Sliders -------------------------------------------------------------------------------------------------------
 
 std::array<int, 3> color_to_sliders(Colorspace space, Color color) {
     const int r = red_of(color), g = green_of(color), b = blue_of(color);

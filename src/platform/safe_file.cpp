@@ -48,8 +48,7 @@ bool write_all(int file, const std::uint8_t* bytes, std::size_t size) {
 
 }  // namespace
 
-// ---- Writing
-// ---------------------------------------------------------------------------------------------------------
+// ---- Writing -------------------------------------------------------------------------------------------------------
 
 SafeFile::SafeFile(const std::string& path) : path_(behind_links(path)), unfinished_(path_ + unfinished_suffix) {
     buffer_.reserve(buffer_size);
@@ -112,8 +111,7 @@ bool write_file(const std::string& path, const void* bytes, std::size_t size) {
     return file.commit();
 }
 
-// ---- Renaming and removing
-// -------------------------------------------------------------------------------------------
+// ---- Renaming and removing -----------------------------------------------------------------------------------------
 
 bool rename_file(const std::string& from, const std::string& to) {
     if (system_calls.rename(from.c_str(), to.c_str()) == 0) return true;

@@ -9,7 +9,7 @@ namespace nubo {
 using Color = std::uint32_t;
 inline constexpr Color transparent_color = 0xff00ff;  // nothing, in `overlay`, the Cel, `tip_sheet` and every sprite
 
-// ---- Working colours ------------------------------------------------------------------------------------------------
+// ---- Working colours -----------------------------------------------------------------------------------------------
 
 inline constinit Color brush_color = 0xffffff;  // in which tools paint
 inline constinit Color mask_color = 0x000000;   // the user's transparent colour of cels and erased areas
@@ -18,7 +18,7 @@ inline constinit std::array<Color, color_slot_count> color_slots{};  // the colo
 inline constinit std::array<Color, favorite_count> favorites{};      // `favorites_row` to the row
 inline constinit int favorites_page = 0;                             // first row shown
 
-// ---- Spectrum and colourspace ---------------------------------------------------------------------------------------
+// ---- Spectrum and colourspace --------------------------------------------------------------------------------------
 
 inline constinit Color spectrum_start = 0x000000, spectrum_end = 0xffffff;
 inline constinit int spectrum_fold = 2;  // 0 to 3: how many times the band is folded
@@ -26,7 +26,7 @@ enum Colorspace : int { SPACE_VGA, SPACE_RGB, SPACE_HLS, SPACE_HSV, SPACE_COUNT 
 inline constinit int colorspace = SPACE_RGB;
 inline constinit std::array<Shared<int>, 3> color_sliders{};  // the component sliders of the colour window
 
-// ---- Interface colours ----------------------------------------------------------------------------------------------
+// ---- Interface colours ---------------------------------------------------------------------------------------------
 
 inline constinit Color ui_white = 0xffffff, ui_black = 0x000000, ui_red = 0xff0000;
 inline constinit Color ui_background = 0x9e9e9e, ui_border = 0x646464, ui_shadow = 0x3a3a3a;  // these five follow
@@ -50,7 +50,7 @@ inline constexpr std::array<Color, SCHEME_COUNT> default_scheme{0x9e9e9e, 0x6464
                                                                 0xdadada, 0x000000, 0x404040, 0xfa0c0c, 0x005cbc};
 inline constinit std::array<Color, SCHEME_COUNT> color_scheme = default_scheme;
 
-// ---- Screen tint ----------------------------------------------------------------------------------------------------
+// ---- Screen tint ---------------------------------------------------------------------------------------------------
 
 inline constinit Shared<int> tint_r = -1, tint_g = -1, tint_b = -1;  // 0 to 255, or -1 for no tint
 inline constinit Shared<int> tint_strength = 0;                      // 0 to 254, moved by `BE_palette_control`

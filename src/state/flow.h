@@ -4,7 +4,7 @@
 
 namespace nubo {
 
-// ---- editor/ --------------------------------------------------------------------------------------------------------
+// ---- editor/ -------------------------------------------------------------------------------------------------------
 
 /// Draws the frame, its overlays, the GUI and the status bar, presents the picture and runs the queued jobs. Every loop
 /// that waits on the main flow calls it. Main flow only.

@@ -6,7 +6,7 @@ struct BITMAP;
 
 namespace nubo {
 
-// ---- Fonts ----------------------------------------------------------------------------------------------------------
+// ---- Fonts ---------------------------------------------------------------------------------------------------------
 
 inline constexpr int font_slot_count = 16, character_count = 256;
 /// The slots in use; the rest stay empty.
@@ -25,7 +25,7 @@ struct FontSlot {
 };
 inline constinit std::array<FontSlot, font_slot_count> font_slots{};
 
-// ---- How text is drawn; stays until the next change -----------------------------------------------------------------
+// ---- How text is drawn; stays until the next change ----------------------------------------------------------------
 
 enum TextShadow : int { SHADOW_NONE, SHADOW_SOLID, SHADOW_MIXED, SHADOW_SOFT };
 struct TextAttributes {
@@ -46,7 +46,7 @@ struct TextMotion {
 };
 inline constinit TextMotion text_motion;
 
-// ---- Colours of text ------------------------------------------------------------------------------------------------
+// ---- Colours of text -----------------------------------------------------------------------------------------------
 
 /// Glyphs are drawn in eight tones, the palette's entries 128 to 135; a row names what takes their place.
 inline constexpr int text_tones = 8, first_tone = 128, tone_kept = -1;

@@ -9,7 +9,7 @@
 
 namespace nubo {
 
-// ---- Numbers --------------------------------------------------------------------------------------------------------
+// ---- Numbers -------------------------------------------------------------------------------------------------------
 
 /// What an element is, and so how it is drawn. Any other number draws nothing.
 enum ElementType : int {
@@ -92,7 +92,7 @@ enum Action : int {
 };
 inline constexpr int click_right = -2;
 
-// ---- The table ------------------------------------------------------------------------------------------------------
+// ---- The table -----------------------------------------------------------------------------------------------------
 
 inline constexpr int gui_slots = 128;
 inline constexpr int slider_stop_max = 1024, list_row_max = 64, panel_text_size = 64, field_size = 256;
@@ -167,7 +167,7 @@ inline constinit std::array<Word, gui_slots> field_scroll{};   // first characte
 inline constinit auto field_font = filled<Word, gui_slots>(4);
 }  // namespace gui
 
-// ---- Input, shared by the whole table -------------------------------------------------------------------------------
+// ---- Input, shared by the whole table ------------------------------------------------------------------------------
 
 inline constinit int gui_visible = 1;                      // clear: no element is drawn
 inline constinit Shared<int> hover = -1, hover_slot = -1;  // slot under the mouse, -1 none; set by GUI_tick

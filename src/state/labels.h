@@ -5,7 +5,7 @@
 
 namespace nubo {
 
-// ---- Help topics ----------------------------------------------------------------------------------------------------
+// ---- Help topics ---------------------------------------------------------------------------------------------------
 
 /// The rows of the help window's list; the text of topic t is `help_text[t + 1]`.
 enum HelpTopic : int {
@@ -54,7 +54,7 @@ enum HelpTopic : int {
     HELP_COUNT
 };
 
-// ---- Indexes --------------------------------------------------------------------------------------------------------
+// ---- Indexes -------------------------------------------------------------------------------------------------------
 
 /// Index into `label_text` (state/texts_labels.h). Tools, inks, drives, actions and help topics have their names by
 /// rule, see the functions below.

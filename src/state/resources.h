@@ -8,7 +8,7 @@ namespace nubo {
 
 inline constinit BITMAP* gui_sheet = nullptr;  // UA_GUI: every sprite of the interface, 0xff00ff where nothing is
 
-// ---- The object library: outlines of polygon actors -----------------------------------------------------------------
+// ---- The object library: outlines of polygon actors ----------------------------------------------------------------
 
 inline constexpr int library_objects = 200, library_pairs_max = 253, library_header = 4;
 struct OutlinePair {

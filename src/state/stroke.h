@@ -10,7 +10,7 @@ struct Point {
 };
 inline bool operator==(const Point& a, const Point& b) { return a.x == b.x && a.y == b.y; }
 
-// ---- Tips -----------------------------------------------------------------------------------------------------------
+// ---- Tips ----------------------------------------------------------------------------------------------------------
 
 inline constexpr int tip_w = 17, tip_h = 15, tip_columns = 12;          // a cell of `tip_sheet`; 12 cells a row
 inline constexpr int tip_center_x = 8, tip_center_y = 7;                // the cell's centre
@@ -20,7 +20,7 @@ inline constexpr int custom_tip_y = 45, custom_tip_w = 16, custom_tip_h = 14;  /
 inline constexpr int tip_outside = 200;  // tip value: 0 full, 1 to 199 partial, this and above outside
 inline constinit int brush_tip = 0;      // 0 to 35, or `tip_custom`
 
-// ---- Points ---------------------------------------------------------------------------------------------------------
+// ---- Points --------------------------------------------------------------------------------------------------------
 
 inline constexpr int click_slots = 256;
 inline constinit std::array<Point, click_slots> click_points{};  // of the running tool, frame pixels

@@ -5,7 +5,7 @@
 
 namespace nubo {
 
-// ---- Numbers --------------------------------------------------------------------------------------------------------
+// ---- Numbers -------------------------------------------------------------------------------------------------------
 
 /// Also the index of the tool's name in the label table and of its group of description lines.
 enum BrushTool : int {
@@ -61,7 +61,7 @@ enum Ink : int {
     INK_COUNT
 };
 
-// ---- The six slots of each in the drawing menu ----------------------------------------------------------------------
+// ---- The six slots of each in the drawing menu ---------------------------------------------------------------------
 
 inline constexpr int choice_slots = 6;
 inline constexpr std::array<int, choice_slots> default_tool_slots{TOOL_DRAW, TOOL_CIRCLE, TOOL_BOX,
@@ -76,7 +76,7 @@ inline constinit int active_tool_slot = 0, active_ink_slot = 0;
 inline BrushTool active_tool() { return static_cast<BrushTool>(tool_slots[static_cast<unsigned>(active_tool_slot)]); }
 inline Ink active_ink() { return static_cast<Ink>(ink_slots[static_cast<unsigned>(active_ink_slot)]); }
 
-// ---- Options --------------------------------------------------------------------------------------------------------
+// ---- Options -------------------------------------------------------------------------------------------------------
 
 inline constexpr int option_rows = 50, option_slots = 8;  // rows beyond the last tool and ink are stored and unused
 /// `[tool or ink][slot]`; all 0 until a workspace fills them. The GUI's sliders and toggles write straight into them.
@@ -114,7 +114,7 @@ inline Shared<int>& ink_option(Ink ink, InkOption slot) {
     return ink_options[static_cast<unsigned>(ink)][static_cast<unsigned>(slot)];
 }
 
-// ---- Values that the shape windows remember, stored in the workspace ------------------------------------------------
+// ---- Values that the shape windows remember, stored in the workspace -----------------------------------------------
 
 struct PolygonValues {
     int angle = 0, radius = 0, sides = 0;

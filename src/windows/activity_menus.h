@@ -8,7 +8,7 @@
 
 namespace nubo {
 
-// ---- The menus ------------------------------------------------------------------------------------------------------
+// ---- The menus -----------------------------------------------------------------------------------------------------
 
 /// Opens the menu at the button that called it, whose corner is (x, y), runs the command that the user chooses, and
 /// builds the drawing menu again.
@@ -17,7 +17,7 @@ void pic_menu(int x, int y);
 void cel_menu(int x, int y);
 void user_menu(int x, int y);
 
-// ---- What a menu is made of -----------------------------------------------------------------------------------------
+// ---- What a menu is made of ----------------------------------------------------------------------------------------
 
 /// Whether the menu goes from the screen before its command runs.
 enum MenuDuring : int { MENU_GOES, MENU_STAYS };

@@ -14,7 +14,7 @@ namespace {
 
 constexpr int scale_max = 255, vga_max = 63;
 
-// ---- Spectrum -------------------------------------------------------------------------------------------------------
+// ---- Spectrum ------------------------------------------------------------------------------------------------------
 
 /// Its border is named by `row_values[0]`, since the drawing menu and the colour window draw different ones.
 void draw_spectrum(int slot) {
@@ -27,7 +27,7 @@ void draw_spectrum(int slot) {
     GUI_corner_dots(slot, border);
 }
 
-// ---- Variations -----------------------------------------------------------------------------------------------------
+// ---- Variations ----------------------------------------------------------------------------------------------------
 
 enum HlsSlider : std::size_t { HLS_HUE, HLS_LIGHTNESS, HLS_SATURATION };
 
@@ -41,7 +41,7 @@ void draw_variant(int slot) {
     GUI_box(slot, color, ui_border);
 }
 
-// ---- The colour map -------------------------------------------------------------------------------------------------
+// ---- The colour map ------------------------------------------------------------------------------------------------
 
 /// The sliders that the plane spans; the third one keeps its place.
 struct MapAxes {

@@ -8,8 +8,7 @@ namespace nubo {
 /// Names the drawers of these types to the toolkit. Once, at start.
 void set_color_drawers();
 
-// ---- What they show, and so what a press on them takes
-// ---------------------------------------------------------------
+// ---- What they show, and so what a press on them takes -------------------------------------------------------------
 
 /// The colour of the Spectrum, with the BANDING of the active ink, at a column of a strip `width` pixels wide.
 Color spectrum_strip_color(int column, int width);

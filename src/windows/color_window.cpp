@@ -4,6 +4,7 @@
 #include "paint/spectrum.h"
 #include "state/run.h"
 #include "windows/color_elements.h"
+#include "windows/leaving.h"
 #include "windows/presses.h"
 #include "windows/screen_pick.h"
 #include <algorithm>
@@ -13,7 +14,7 @@
 namespace nubo {
 namespace {
 
-// ---- The window as rows ---------------------------------------------------------------------------------------------
+// ---- The window as rows --------------------------------------------------------------------------------------------
 
 constexpr int slider_count = 3, variant_count = 14, variant_steps = 7, swatch_w = 10, swatch_pitch = 11;
 constexpr int row_pitch = 10, slider_stops = 256, vga_stops = 64;
@@ -137,7 +138,7 @@ constexpr WindowRow window{.id = WINDOW_COLOR,
                            .title_w = 79,
                            .elements = rows};
 
-// ---- The colour in work ---------------------------------------------------------------------------------------------
+// ---- The colour in work --------------------------------------------------------------------------------------------
 
 /// The edited colour, and the one from which the sliders started. As long as they stand where they started, the colour
 /// is that one to the bit: not every colour has a place on the sliders of every space.
@@ -185,7 +186,7 @@ Color color_to_edit(int mode, Color given) {
     return mode == EDIT_MASK_COLOR ? mask_color : given;
 }
 
-// ---- Showing --------------------------------------------------------------------------------------------------------
+// ---- Showing -------------------------------------------------------------------------------------------------------
 
 /// What a space looks like in the window.
 struct SpaceRow {
@@ -244,7 +245,7 @@ void refresh_swatches(const Edit& edit) {
         gui::row_values[at(slot)][0] = static_cast<int>(edit.color);
 }
 
-// ---- Serving the clicks ---------------------------------------------------------------------------------------------
+// ---- Serving the clicks --------------------------------------------------------------------------------------------
 
 void serve_spaces(Edit& edit) {
     for (const SpaceRow& space : spaces)
@@ -289,13 +290,6 @@ void serve_press_on_screen() {
     wait_while_down(mouse_left);
 }
 
-bool user_leaves() {
-    if (right_press_outside()) return true;
-    if (!hotkey_held(HOTKEY_COLOR_MENU)) return false;
-    wait_while_held(HOTKEY_COLOR_MENU);
-    return true;
-}
-
 }  // namespace
 
 Color color_window(int mode, Color color) {
@@ -312,7 +306,7 @@ Color color_window(int mode, Color color) {
         serve_spectrum();
         serve_variants_and_map();
         serve_press_on_screen();
-    } while (exit_requested == 0 && !user_leaves());
+    } while (exit_requested == 0 && !user_leaves_window(HOTKEY_COLOR_MENU));
     follow_sliders(edit);
     GUI_close_window();
     menu_id = WINDOW_DRAWING_MENU;

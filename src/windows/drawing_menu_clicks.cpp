@@ -16,7 +16,7 @@
 namespace nubo {
 namespace {
 
-// ---- What a click does, by the slot that took it --------------------------------------------------------------------
+// ---- What a click does, by the slot that took it -------------------------------------------------------------------
 
 template <void (*menu)(int x, int y)> void open_menu(int slot) { menu(gui::x[at(slot)], gui::y[at(slot)]); }
 
@@ -67,7 +67,7 @@ void activate_ink(int slot) {
 }
 void edit_ink(int slot) { open_ink_window(slot - DRAWING_INK_FIRST); }
 
-// ---- The table, in the order in which clicks are served -------------------------------------------------------------
+// ---- The table, in the order in which clicks are served ------------------------------------------------------------
 
 struct ClickRow {
     int first, count;

@@ -5,6 +5,7 @@
 #include "state/view.h"
 #include "windows/activity_menus.h"
 #include "windows/color_window.h"
+#include "windows/leaving.h"
 #include "windows/presses.h"
 #include <algorithm>
 #include <allegro.h>
@@ -127,13 +128,6 @@ void serve_scrolling(int& wheel) {
     if (turned != 0 && hover != -1) favorites_page = std::clamp(favorites_page + (turned > 0 ? -1 : 1), 0, page_last);
 }
 
-bool user_leaves() {
-    if (right_press_outside()) return true;
-    if (!hotkey_held(HOTKEY_FAVORITES)) return false;
-    wait_while_held(HOTKEY_FAVORITES);
-    return true;
-}
-
 }  // namespace
 
 void favorites_window() {
@@ -150,7 +144,7 @@ void favorites_window() {
         serve_scrolling(wheel);
         if (take_click(FAVORITES_SAVE) != 0 || take_click(FAVORITES_LOAD) != 0) say_comes_later();
         if (take_click(FAVORITES_NUKE) != 0) nuke();
-    } while (!user_leaves());
+    } while (!user_leaves_window(HOTKEY_FAVORITES));
     GUI_close_window();
     menu_id = WINDOW_DRAWING_MENU;
 }

@@ -17,7 +17,7 @@
 namespace nubo {
 namespace {
 
-// ---- The nodes ------------------------------------------------------------------------------------------------------
+// ---- The nodes -----------------------------------------------------------------------------------------------------
 
 enum NodeAxes : int { NODES_ALONG_X, NODES_ALONG_Y, NODES_IN_PLANE };
 enum Node : int { NODE_START, NODE_END, NODE_COUNT, NODE_NONE = -1 };
@@ -59,7 +59,7 @@ void place_node(const Gradient& gradient, Node node, Point place) {
     if (gradient.has_y()) node_y(gradient, node) = std::clamp<int>(place.y, 0, frame_h - 1);
 }
 
-// ---- The hand on the nodes ------------------------------------------------------------------------------------------
+// ---- The hand on the nodes -----------------------------------------------------------------------------------------
 
 bool mouse_is_near(const Gradient& gradient, Node node) {
     constexpr int near = 9;
@@ -79,7 +79,7 @@ Node node_after_press(const Gradient& gradient, Node held) {
     return held;
 }
 
-// ---- Nodes out of view ----------------------------------------------------------------------------------------------
+// ---- Nodes out of view ---------------------------------------------------------------------------------------------
 
 std::size_t zoom_level() { return at(std::clamp<int>(zoom, zoom_min, zoom_max)); }
 
@@ -138,7 +138,7 @@ void serve_offscreen_box(const Gradient& gradient) {
     if (take_click(high_slot + OFFSCREEN_END) > 0) jump_to(gradient, NODE_END);
 }
 
-// ---- The editor -----------------------------------------------------------------------------------------------------
+// ---- The editor ----------------------------------------------------------------------------------------------------
 
 bool user_is_done() {
     if (right_press_outside()) return true;

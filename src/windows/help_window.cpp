@@ -42,8 +42,7 @@ constexpr ListLayout topic_layout{.rows = 21, .row_h = 10, .font = FONT_WIDE, .r
 constexpr int topic_rows = 45, topic_slider_x = 87, topic_stops = 22, text_slider_x = 204, text_stops = 15;
 constexpr int wheel_rows = 2;
 
-// ---- Wrapping
-// --------------------------------------------------------------------------------------------------------
+// ---- Wrapping ------------------------------------------------------------------------------------------------------
 
 constexpr int columns = 33, lines_shown = 31;
 
@@ -65,8 +64,7 @@ template <typename Visit> int lay_out(std::string_view text, Visit visit) {
     return line + 1;
 }
 
-// ---- The text element
-// ------------------------------------------------------------------------------------------------
+// ---- The text element ----------------------------------------------------------------------------------------------
 
 constexpr int backdrop_side = 198, backdrop_x = 9, backdrop_y = 12, backdrop_strength = 38;
 constexpr int emblem_x = 70, emblem_side = 33;  // in the logo
@@ -104,8 +102,7 @@ void draw_help_text(int slot) {
     });
 }
 
-// ---- The loop
-// --------------------------------------------------------------------------------------------------------
+// ---- The loop ------------------------------------------------------------------------------------------------------
 
 void build_help() {
     build_window(window);

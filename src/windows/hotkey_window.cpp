@@ -14,7 +14,7 @@
 namespace nubo {
 namespace {
 
-// ---- The windows as rows --------------------------------------------------------------------------------------------
+// ---- The windows as rows -------------------------------------------------------------------------------------------
 
 constexpr int row_pitch = 10;
 
@@ -96,7 +96,7 @@ constexpr WindowRow prompt_window{.id = WINDOW_BOX,
                                   .title_w = 177,
                                   .elements = prompt_rows};
 
-// ---- The window on screen -------------------------------------------------------------------------------------------
+// ---- The window on screen ------------------------------------------------------------------------------------------
 
 /// What the rows don't say. `first` is the action at the top of the list.
 void finish_window(int first) {
@@ -144,7 +144,7 @@ void serve_keys(int first) {
     });
 }
 
-// ---- Leaving --------------------------------------------------------------------------------------------------------
+// ---- Leaving -------------------------------------------------------------------------------------------------------
 
 using KeyTable = std::array<std::array<Shared<int>, KEY_SIDES>, hotkey_rows>;
 
@@ -166,7 +166,7 @@ bool user_leaves(const KeyTable& before) {
     return true;
 }
 
-// ---- The prompt -----------------------------------------------------------------------------------------------------
+// ---- The prompt ----------------------------------------------------------------------------------------------------
 
 struct Modifier {
     int bit, left_key, right_key;

@@ -8,7 +8,7 @@
 namespace nubo {
 namespace {
 
-// ---- What controls there are ----------------------------------------------------------------------------------------
+// ---- What controls there are ---------------------------------------------------------------------------------------
 
 enum WidgetKind : int { WIDGET_SLIDER, WIDGET_TOGGLE, WIDGET_BUTTON };
 
@@ -39,7 +39,7 @@ constexpr int toggle_y = 52, upper_toggle_y = 34;
 constexpr int left_toggle_x = 77, right_toggle_x = 135, half_w = 57;
 constexpr int byte_stops = 256, percent_stops = 101, driz_stops = 33, radius_stops = 32, jumble_stops = 5;
 
-// ---- Tools ----------------------------------------------------------------------------------------------------------
+// ---- Tools ---------------------------------------------------------------------------------------------------------
 
 constexpr std::array filled_widgets{toggle(LABEL_FILLED, 107, toggle_y, 55, OPTION_FILLED, MESSAGE_FILLED)};
 constexpr std::array driz_widgets{slider(LABEL_TOOL_RADIUS, upper_y, OPTION_DRIZ_RADIUS, MESSAGE_RADIUS, driz_stops),
@@ -84,7 +84,7 @@ constexpr std::array<ToolRow, TOOL_COUNT> tool_rows{{
 }};
 static_assert(rows_in_order(tool_rows, &ToolRow::tool));
 
-// ---- Inks -----------------------------------------------------------------------------------------------------------
+// ---- Inks ----------------------------------------------------------------------------------------------------------
 
 constexpr std::array strength_widgets{slider(LABEL_STRENGTH, single_y, OPTION_STRENGTH, MESSAGE_STRENGTH, byte_stops)};
 constexpr std::array glow_widgets{slider(LABEL_STRENGTH, upper_y, OPTION_STRENGTH, MESSAGE_STRENGTH, byte_stops),
@@ -136,7 +136,7 @@ constexpr std::array<InkRow, INK_COUNT> ink_rows{{
 }};
 static_assert(rows_in_order(ink_rows, &InkRow::ink));
 
-// ---- Building -------------------------------------------------------------------------------------------------------
+// ---- Building ------------------------------------------------------------------------------------------------------
 
 /// The options of one tool or ink, and what its toggles tell `GUI_tick`.
 struct Target {

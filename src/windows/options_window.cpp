@@ -13,7 +13,7 @@
 namespace nubo {
 namespace {
 
-// ---- The options, a row each, in the order of their labels ----------------------------------------------------------
+// ---- The options, a row each, in the order of their labels ---------------------------------------------------------
 
 enum OptionControl : int { CONTROL_NONE, CONTROL_RADIO, CONTROL_SLIDER };  // NONE: a separator
 struct OptionChoice {
@@ -91,8 +91,7 @@ void set_option_defaults() {
         if (option.value != nullptr) *option.value = option.defaults;
 }
 
-// ---- The window
-// ------------------------------------------------------------------------------------------------------
+// ---- The window ----------------------------------------------------------------------------------------------------
 
 constexpr int rows_shown = 9, choices_max = 3;
 enum OptionSlot : int {
@@ -133,8 +132,7 @@ constexpr WindowRow window{.id = WINDOW_OPTIONS,
 constexpr ListLayout list_layout{.rows = rows_shown, .row_h = 10, .font = FONT_WIDE, .row_w = -1, .row_top = 1};
 constexpr int list_slider_x = 306, list_stops = static_cast<int>(options.size()) - rows_shown + 1, list_wheel = 2;
 
-// ---- The controls of the rows in view
-// --------------------------------------------------------------------------------
+// ---- The controls of the rows in view ------------------------------------------------------------------------------
 
 constexpr int control_x = 162, control_y = 14, row_h = 10, slider_w = 141;
 

@@ -10,7 +10,7 @@
 namespace nubo {
 namespace {
 
-// ---- Text colours ---------------------------------------------------------------------------------------------------
+// ---- Text colours --------------------------------------------------------------------------------------------------
 
 struct TextRow {
     SchemeColor source;
@@ -47,7 +47,7 @@ void paint_interface() {
     set_text_color(TEXT_LIGHT_ALT_DARK, dark_text_color(color_scheme[SCHEME_TEXT_LIGHT_ALT]));
 }
 
-// ---- Sprites --------------------------------------------------------------------------------------------------------
+// ---- Sprites -------------------------------------------------------------------------------------------------------
 
 constexpr int lit_by = 75, ground_lit_by = 60, half = 128, end_dimmed_by = 100, knob_dimmed_by = 20;  // of 255
 constexpr int template_left = 60, template_right = 109, template_top = 111, template_bottom = 163;

@@ -15,8 +15,7 @@
 namespace nubo {
 namespace {
 
-// ---- Writing
-// ---------------------------------------------------------------------------------------------------------
+// ---- Writing -------------------------------------------------------------------------------------------------------
 
 constexpr std::uint32_t header_bytes = 54, info_bytes = 40, dots_per_meter = 0xb12;
 
@@ -85,8 +84,7 @@ void pack_row(const Color* from, std::uint8_t* to, int width) {
     }
 }
 
-// ---- Reading plain rows
-// ----------------------------------------------------------------------------------------------
+// ---- Reading plain rows --------------------------------------------------------------------------------------------
 
 /// The component under a mask, as 8 bits: a narrower one is repeated until they are full, so that white stays white.
 std::uint32_t component(std::uint32_t pixel, std::uint32_t mask) {
@@ -154,8 +152,7 @@ bool read_rows(const InputFile& file, const BmpHeader& header, BITMAP* bitmap) {
     return true;
 }
 
-// ---- Reading run lengths
-// ---------------------------------------------------------------------------------------------
+// ---- Reading run lengths -------------------------------------------------------------------------------------------
 
 /// Unpacks the two run length forms. Nothing outside the bitmap is written, nothing behind the bytes is read; bytes
 /// that end early leave the rest as it is.

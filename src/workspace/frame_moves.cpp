@@ -55,8 +55,7 @@ bool advance(const std::string& from, const std::string& to) {
     return !file_exists(from) || file_exists(to) || rename_file(from, to);
 }
 
-// ---- The journal
-// -----------------------------------------------------------------------------------------------------
+// ---- The journal ---------------------------------------------------------------------------------------------------
 
 bool write_journal(const Move& move) {
     const std::string line = std::string(1, move.kind) + " " + std::to_string(move.start) + " " +
@@ -91,8 +90,7 @@ void remove_leftovers() {
     if (file_exists(staged_nail)) remove_file(staged_nail);
 }
 
-// ---- The renames, forth and back
-// -------------------------------------------------------------------------------------
+// ---- The renames, forth and back -----------------------------------------------------------------------------------
 
 bool carry_out(const Move& move) {
     bool done = true;
@@ -138,8 +136,7 @@ bool perform(const Move& move) {
     return false;
 }
 
-// ---- Gaps and maps
-// ---------------------------------------------------------------------------------------------------
+// ---- Gaps and maps -------------------------------------------------------------------------------------------------
 
 SlotMap map_of(const Move& move) {
     SlotMap map = nothing_moved();

@@ -22,8 +22,7 @@
 namespace nubo {
 namespace {
 
-// ---- Start
-// -----------------------------------------------------------------------------------------------------------
+// ---- Start ---------------------------------------------------------------------------------------------------------
 
 /// Without a state file: whatever else lies there is still the user's.
 bool open_without_state() {
@@ -54,8 +53,7 @@ bool restore() {
     return current_frame != nullptr;
 }
 
-// ---- End
-// -------------------------------------------------------------------------------------------------------------
+// ---- End -----------------------------------------------------------------------------------------------------------
 
 /// A new folder of its own under the user's state folder, named by the time; empty if there can be none.
 std::filesystem::path make_rescue_folder() {

@@ -23,8 +23,7 @@ protected:
     ScratchFolder folder_;
 };
 
-// ---- Fonts
-// -----------------------------------------------------------------------------------------------------------
+// ---- Fonts ---------------------------------------------------------------------------------------------------------
 
 struct FontCase {
     Font slot;
@@ -93,8 +92,7 @@ TEST_F(StagedResources, HoldLettersThatTakeTheColoursOfTheirRow) {
         for (int x = 0; x < 6; ++x) EXPECT_EQ(*pixels_at(target.get(), x, y), x == 2 ? expected[y] : 0) << x << y;
 }
 
-// ---- The interface's sprites
-// -----------------------------------------------------------------------------------------
+// ---- The interface's sprites ---------------------------------------------------------------------------------------
 
 struct SpriteCase {
     const char* name;

@@ -14,7 +14,7 @@
 namespace nubo {
 namespace {
 
-// ---- The formulas, as they are stated for whole words: two pixels at 16 and 15 bits, one at 32 ----------------------
+// ---- The formulas, as they are stated for whole words: two pixels at 16 and 15 bits, one at 32 ---------------------
 
 using Word = std::uint32_t;
 struct Masks {
@@ -63,7 +63,7 @@ Pixels stated_row(int bits, const Pixels& target, const Pixels& source, Word fac
     return result;
 }
 
-// ---- Bitmaps of any depth -------------------------------------------------------------------------------------------
+// ---- Bitmaps of any depth ------------------------------------------------------------------------------------------
 
 Word pixel(BITMAP* bitmap, int x, int y) { return static_cast<Word>(getpixel(bitmap, x, y)); }
 
@@ -91,7 +91,7 @@ void expect_blended(BITMAP* before, BITMAP* after, int x, int y, int w, int h, i
     }
 }
 
-// ---- Tests ----------------------------------------------------------------------------------------------------------
+// ---- Tests ---------------------------------------------------------------------------------------------------------
 
 /// All pairs of pixels at the edges: the ends of each channel, and the colour key with one bit turned.
 std::pair<Pixels, Pixels> edge_pairs(int bits) {

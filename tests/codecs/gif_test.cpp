@@ -74,7 +74,7 @@ TEST(GifReader, MakesTransparencyIndexZeroAndLeavesOtherEntriesAlone) {
     EXPECT_EQ(colors[200].b, 3);
 }
 
-// ---- Files made byte by byte, and bent ------------------------------------------------------------------------------
+// ---- Files made byte by byte, and bent -----------------------------------------------------------------------------
 
 OwnedBitmap read(const Bytes& bytes, RGB* colors = nullptr) {
     PACKFILE* const file = open_for_reading(bytes);
@@ -153,7 +153,7 @@ TEST(GifReader, SurvivesCutFilesAndFlippedBits) {
             << size;
 }
 
-// ---- Writing --------------------------------------------------------------------------------------------------------
+// ---- Writing -------------------------------------------------------------------------------------------------------
 
 /// The writer's coding as it is defined, without anything that makes it quick: each pair is searched from the previous
 /// code on, one entry after the other.

@@ -14,7 +14,7 @@
 namespace nubo {
 namespace {
 
-// ---- The patterns of tests/files/png_* ------------------------------------------------------------------------------
+// ---- The patterns of tests/files/png_* -----------------------------------------------------------------------------
 
 constexpr int file_width = 13, file_height = 11;
 
@@ -90,7 +90,7 @@ TEST(PngReader, SkipsChunksItDoesNotKnow) {
     EXPECT_EQ(*pixels_at(bitmap.get(), 12, 10), rgb(12, 10, 8));
 }
 
-// ---- Files made byte by byte ----------------------------------------------------------------------------------------
+// ---- Files made byte by byte ---------------------------------------------------------------------------------------
 
 void put_word(Bytes& bytes, std::uint32_t word) {
     for (int shift = 24; shift >= 0; shift -= 8) bytes.push_back(static_cast<std::uint8_t>(word >> shift));
@@ -307,7 +307,7 @@ TEST(PngPredictor, UndoesRowsTogetherAsOneByOne) {
         }
 }
 
-// ---- Writing --------------------------------------------------------------------------------------------------------
+// ---- Writing -------------------------------------------------------------------------------------------------------
 
 Bytes written(BITMAP* bitmap, const RGB* colors = nullptr) {
     Bytes bytes;

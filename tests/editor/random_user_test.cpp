@@ -55,8 +55,7 @@ int number_from_environment(const char* name, int fallback) {
     return text != nullptr ? std::atoi(text) : fallback;
 }
 
-// ---- What must hold at each picture
-// ----------------------------------------------------------------------------------
+// ---- What must hold at each picture --------------------------------------------------------------------------------
 
 bool is_active(int slot) { return gui::active[at(slot)] != 0; }
 
@@ -116,8 +115,7 @@ const char* broken_invariant() {
     return shows_one_active(DRAWING_INK_FIRST, active_ink_slot) ? nullptr : "the group of inks";
 }
 
-// ---- The user
-// --------------------------------------------------------------------------------------------------------
+// ---- The user ------------------------------------------------------------------------------------------------------
 
 class RandomUser {
 public:
@@ -302,8 +300,7 @@ void RandomUser::give_up(const char* why) const {
     std::_Exit(1);
 }
 
-// ---- The Workspace
-// ---------------------------------------------------------------------------------------------------
+// ---- The Workspace -------------------------------------------------------------------------------------------------
 
 class RandomUserTest : public EditorTest {
 protected:

@@ -40,8 +40,7 @@ std::uint32_t pixel_of(XImage* image, int x, int y) {
 
 }  // namespace
 
-// ---- Coming and going
-// ------------------------------------------------------------------------------------------------
+// ---- Coming and going ----------------------------------------------------------------------------------------------
 
 Desktop::Desktop(const std::string& folder, int width, int height) : width_(width), height_(height) {
     start_server(folder, width, height);
@@ -124,8 +123,7 @@ unsigned long Desktop::property(unsigned long window, const char* name) {
     return word;
 }
 
-// ---- The user's hands
-// ------------------------------------------------------------------------------------------------
+// ---- The user's hands ----------------------------------------------------------------------------------------------
 
 void Desktop::move_to(Spot spot) {
     XTestFakeMotionEvent(display_, 0, spot.x, spot.y, CurrentTime);
@@ -157,8 +155,7 @@ void Desktop::release_key(const std::string& key) {
     XSync(display_, False);
 }
 
-// ---- The user's eyes
-// -------------------------------------------------------------------------------------------------
+// ---- The user's eyes -----------------------------------------------------------------------------------------------
 
 std::uint32_t Desktop::pixel(Spot spot) {
     XImage* const image = XGetImage(display_, DefaultRootWindow(display_), spot.x, spot.y, 1, 1, AllPlanes, ZPixmap);
@@ -190,8 +187,7 @@ void Desktop::save_photo(const std::string& path) {
         file << static_cast<char>(pixel >> 16) << static_cast<char>(pixel >> 8) << static_cast<char>(pixel);
 }
 
-// ---- Windows
-// ---------------------------------------------------------------------------------------------------------
+// ---- Windows -------------------------------------------------------------------------------------------------------
 
 std::optional<Pane> Desktop::find_window(const std::string& title) {
     // The manager lists its windows; the list is short, and a window is on it once it is mapped.

@@ -46,8 +46,7 @@ void copy_program_folder(const fs::path& to) {
     }
 }
 
-// ---- BMP
-// -------------------------------------------------------------------------------------------------------------
+// ---- BMP -----------------------------------------------------------------------------------------------------------
 
 constexpr std::size_t bmp_pixels_at = 10, bmp_width_at = 18, bmp_height_at = 22, bmp_depth_at = 28, bmp_packing_at = 30;
 constexpr std::size_t bmp_header_size = 54;
@@ -98,8 +97,7 @@ void write_bmp(const std::string& path, int width, int height, std::uint32_t col
     std::ofstream(path, std::ios::binary) << bytes;
 }
 
-// ---- The journey
-// -----------------------------------------------------------------------------------------------------
+// ---- The journey ---------------------------------------------------------------------------------------------------
 
 Journey::Journey(char mode, int screen_width, int screen_height) {
     std::string form = fs::temp_directory_path() / "nubo-journey-XXXXXX";

@@ -161,7 +161,7 @@ TEST_F(ColorWindowTest, VariationsMoveOneOfThreeAndStopAtTheEnds) {
     EXPECT_EQ(variant_color(ELEMENT_VARIANT_HUE, red, -7), 0xfe0000U);
 }
 
-// ---- Gradient nodes -------------------------------------------------------------------------------------------------
+// ---- Gradient nodes ------------------------------------------------------------------------------------------------
 
 class NodesTest : public ColorWindowTest {};
 

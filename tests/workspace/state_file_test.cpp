@@ -238,8 +238,7 @@ TEST_F(WorkspaceTest, EachOperationLeavesTheProcessWhereItsCallersExpectIt) {
     EXPECT_EQ(std::string(image_dir.data()), images);
 }
 
-// ---- The user's settings
-// ---------------------------------------------------------------------------------------------
+// ---- The user's settings -------------------------------------------------------------------------------------------
 
 std::vector<Place> settings_places() {
     return {byte_at(1, 1, frame_pacing),
