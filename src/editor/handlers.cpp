@@ -4,6 +4,7 @@
 #include "base/log.h"
 #include "base/timebase.h"
 #include "framework/actors.h"
+#include "framework/bubbles.h"
 #include "gui/tick.h"
 #include "state/flow.h"
 #include "state/run.h"
@@ -16,9 +17,6 @@ namespace {
 
 constexpr int period_500_hz = 2386, period_140_hz = 8522, period_120_hz = 9943, period_100_hz = 11931;
 constexpr int period_60_hz = 19886, period_45_hz = 26515, period_10_hz = 119318, period_5_hz = 238636;
-
-/// The fades of speech bubbles, of which the editor opens none.
-void bubble_tick() {}
 
 /// The step of the script interpreter, for which the editor loads no script.
 void script_tick() {}
@@ -47,7 +45,7 @@ void UA_framework_tick() {
 }
 
 std::array<Handler, 9> timer_handlers() {
-    return {{{bubble_tick, period_45_hz},
+    return {{{UA_bubble_tick, period_45_hz},
              {script_tick, period_100_hz},
              {UA_framework_tick, period_45_hz},
              {UA_behavior_handler, period_140_hz},

@@ -1,6 +1,7 @@
 #include "framework/actors.h"
 
 #include "base/log.h"
+#include "framework/bubbles.h"
 
 namespace nubo {
 namespace {
@@ -68,6 +69,7 @@ void UA_destroy_actor(int who, const char* tag) {
     const char* const refusal = destroy_refusal(who);
     if (refusal == nullptr) {
         reset_actor(row(who));
+        UA_free_bubbles(who);
         return;
     }
     UA_log(refusal);

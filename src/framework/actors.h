@@ -15,8 +15,8 @@ int UA_grab_object();
 /// A new actor of a cel, everything else at its reset value; -1 after a line in the log when none is free.
 int UA_spawn_blank_element(int frame_x, int frame_y);
 
-/// Gives every field its reset value, which frees the row. Rows 0 and 49 and numbers outside are refused with a line in
-/// the log, which names the caller by `tag`.
+/// Gives every field its reset value, which frees the row, and frees the actor's speech bubbles. Rows 0 and 49 and
+/// numbers outside are refused with a line in the log, which names the caller by `tag`.
 void UA_destroy_actor(int who, const char* tag);
 
 /// The rows in use, the protected one included.

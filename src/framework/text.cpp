@@ -15,20 +15,11 @@ namespace {
 
 constexpr int soft_shadow_first_mix = 10, soft_shadow_mix = 30;  // of SHADOW_SOFT
 constexpr int mix_none = 0;                                      // paints a shape in one colour
-constexpr std::size_t color_code_size = 4;                       // of "|c24"
 constexpr int circle = 256;                                      // angles of the wobble are 256ths
 constexpr int sine_step = 15;                                    // from one character to the next
 constexpr int sine_delays = 10, sine_fixed = 9;
 
-// ---- Colour codes --------------------------------------------------------------------------------------------------
-
 bool is_digit(char c) { return c >= '0' && c <= '9'; }
-
-bool is_color_code(std::string_view text) {
-    return text.size() >= color_code_size && text[0] == '|' && text[1] == 'c' && is_digit(text[2]) && is_digit(text[3]);
-}
-
-int color_code_row(std::string_view text) { return (text[2] - '0') * 10 + (text[3] - '0'); }
 
 // ---- Movements -----------------------------------------------------------------------------------------------------
 
@@ -151,6 +142,12 @@ void set_unless_kept(int& attribute, int value) {
 
 }  // namespace
 
+bool is_text_code(std::string_view text, char kind) {
+    return text.size() >= text_code_size && text[0] == '|' && text[1] == kind && is_digit(text[2]) && is_digit(text[3]);
+}
+
+int text_code_value(std::string_view text) { return (text[2] - '0') * 10 + (text[3] - '0'); }
+
 void UA_set_font(int slot, int color_row, int shadow, int shadow_value, int, int outline, int blend, int blend_amount) {
     if (!is_font_slot(slot)) {
         UA_log("[ ERROR ] : Tried to set font attribute for invalid slot. Slot = %d", slot);
@@ -177,10 +174,10 @@ int UA_text(BITMAP* target, int x, int y, std::string_view text) {
     GlyphSet* glyphs = nullptr;  // of the row in force
     int width = 0;
     for (std::size_t at = 0; at < text.size(); ++at) {
-        if (is_color_code(text.substr(at))) {
-            text_attributes.color_row = color_code_row(text.substr(at));
+        if (is_text_code(text.substr(at), 'c')) {
+            text_attributes.color_row = text_code_value(text.substr(at));
             glyphs = nullptr;
-            at += color_code_size - 1;
+            at += text_code_size - 1;
             continue;
         }
         const auto character = static_cast<unsigned char>(text[at]);

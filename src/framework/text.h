@@ -24,6 +24,15 @@ inline void set_text_color(TextColor row, Color both) { set_text_color(row, both
 /// The dark form of TEXT LIGHT ALT: the red halved, the green and blue quartered.
 Color dark_text_color(Color color);
 
+// ---- Codes ---------------------------------------------------------------------------------------------------------
+
+/// The characters of a code: "|", the letter of its kind, two digits.
+inline constexpr std::size_t text_code_size = 4;
+/// True when `text` begins with a code of that kind.
+bool is_text_code(std::string_view text, char kind);
+/// The number, 0 to 99, of the code with which `text` begins.
+int text_code_value(std::string_view text);
+
 // ---- Fonts ---------------------------------------------------------------------------------------------------------
 
 /// Loads the font sheets of these names into a slot; the first gives the sizes. Without a file the program ends; false
