@@ -47,6 +47,10 @@ bool UA_load_font(int slot, std::initializer_list<const char*> names);
 /// `advance`; the glyph stands one pixel right and down of the cell's corner. The sheet's last row: the eight tones.
 bool build_font(int slot, std::span<BITMAP* const> sheets);
 
+/// For the author of a font: writes an empty sheet of cells of that size, at least 3 wide, to "font.pcx" in the current
+/// directory, with 55 characters of that advance, and ends the program. Sizes that a sheet can't hold are only logged.
+void UA_make_font_template(int cell_w, int cell_h, int advance);
+
 // ---- Drawing -------------------------------------------------------------------------------------------------------
 
 /// An argument that leaves its attribute as it is.
