@@ -19,9 +19,13 @@
 #include "windows/color_elements.h"
 #include "windows/color_window.h"
 #include "windows/drawing_menu.h"
+#include "windows/favorites_window.h"
 #include "windows/gradient_nodes.h"
 #include "windows/help_window.h"
+#include "windows/hotkey_window.h"
 #include "windows/ink_window.h"
+#include "windows/options_window.h"
+#include "windows/scheme_window.h"
 #include "windows/tip_window.h"
 #include "windows/tool_window.h"
 #include "windows/workspace_window.h"
@@ -71,6 +75,11 @@ std::vector<Exhibit> exhibits() {
         {"NODES", lose_nodes},
         {"HELP", help_window},
         {"ABOUT", about_box},
+        {"OPTIONS", options_window},
+        {"KEYS", hotkey_window},
+        {"KEY PROMPT", [] { key_prompt(); }},
+        {"SCHEME", scheme_window},
+        {"FAVORITES", favorites_window},
         {"NOTICE", [] { confirm_box(LABEL_LAST_FRAME, LABEL_NONE, false, true); }},
     };
     for (int space = SPACE_VGA; space < SPACE_COUNT; ++space)
