@@ -1,7 +1,6 @@
 #include "platform/input.h"
 
 #include "state/run.h"
-#include <algorithm>
 #include <allegro.h>
 #include <allegro/internal/aintern.h>
 #include <chrono>
@@ -22,7 +21,7 @@ struct Hand {
 using Clock = std::chrono::steady_clock;
 
 /// Puts Allegro's mouse where the pointer really is. Allegro adds up the motions that it sees, and loses those of a
-/// window's first quarter of a second.
+/// window's first quarter of a second and of the time that the pointer spends outside.
 void align_mouse() {
     Window root = 0, child = 0;
     int root_x = 0, root_y = 0, x = 0, y = 0;
@@ -30,21 +29,26 @@ void align_mouse() {
     XLOCK();
     if (XQueryPointer(_xwin.display, _xwin.window, &root, &child, &root_x, &root_y, &x, &y, &buttons) != 0) {
         _xwin_handle_input();  // what came before the answer must not be added to it
-        _mouse_x = std::clamp(x, 0, screen_w - 1);
-        _mouse_y = std::clamp(y, 0, screen_h - 1);
-        _handle_mouse_input();
+        if (x >= 0 && y >= 0 && x < screen_w && y < screen_h) {
+            _mouse_x = x;
+            _mouse_y = y;
+            _handle_mouse_input();
+        }
     }
     XUNLOCK();
 }
 
-/// Aligns the mouse now and then while nothing goes on.
-void align_idle_mouse(Clock::time_point now) {
-    constexpr auto interval = std::chrono::milliseconds(400);
-    static Clock::time_point next = now + interval;
-    if (now < next || ::mouse_b != 0) return;
-    next = now + interval;
+/// Aligns the mouse if the last time is longer ago than `interval`. Not with a button held: a stroke is made of the
+/// motions that Allegro sees, each once.
+void align_mouse_after(std::chrono::milliseconds interval) {
+    static Clock::time_point last = Clock::now();
+    const auto now = Clock::now();
+    if (now - last < interval || ::mouse_b != 0) return;
+    last = now;
     align_mouse();
 }
+
+constexpr std::chrono::milliseconds idle_interval(400), input_interval(20);
 
 }  // namespace
 
@@ -53,15 +57,17 @@ void rest_until_input(int milliseconds) {
         rest(static_cast<unsigned>(milliseconds));
         return;
     }
-    const auto start = Clock::now();
-    align_idle_mouse(start);
-    const auto end = start + std::chrono::milliseconds(milliseconds);
+    align_mouse_after(idle_interval);
+    const auto end = Clock::now() + std::chrono::milliseconds(milliseconds);
     pollfd connection{ConnectionNumber(_xwin.display), POLLIN, 0};
     const Hand before;
     for (;;) {
         const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now()).count();
         if (left <= 0) return;
-        if (poll(&connection, 1, static_cast<int>(left)) > 0) _xwin_handle_input();
+        if (poll(&connection, 1, static_cast<int>(left)) > 0) {
+            _xwin_handle_input();
+            align_mouse_after(input_interval);
+        }
         // Allegro's thread may have taken the event before: then the variables alone tell.
         if (Hand{}.acts_after(before)) return;
     }
