@@ -31,16 +31,5 @@ TEST_F(ArtSources, KeepBlocksRowsAndLines) {
     EXPECT_FALSE(head_number(block, 3, 0, 99));
 }
 
-TEST_F(ArtSources, OfNoBlocksAreRefused) {
-    EXPECT_FALSE(read("..#\n"));
-    EXPECT_FALSE(read(":\n"));
-    EXPECT_FALSE(read_art("missing.txt"));
-}
-
-TEST_F(ArtSources, TakeOnlyWholeColours) {
-    EXPECT_EQ(color_from_hex("0a10Ff"), 0x0a10ffu);
-    for (const char* word : {"", "12345", "1234567", "12345g", "-12345"}) EXPECT_FALSE(color_from_hex(word)) << word;
-}
-
 }  // namespace
 }  // namespace nubo

@@ -17,18 +17,6 @@ std::string text_of(const std::string& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-TEST(StagedLogo, FillsItsPlaceAndHasAnEmblem) {
-    const OwnedBitmap logo(load_png(NUBO_FOLDER "/resource/N_HD_1X.RES", nullptr));
-    ASSERT_NE(logo, nullptr);
-    ASSERT_GE(logo->w, 173);
-    ASSERT_GE(logo->h, 33);
-    // The help window mixes the emblem into its ground as it is: a transparent pixel would be a hole.
-    for (int y = 0; y < 33; ++y)
-        for (int x = 0; x < 173; ++x)
-            ASSERT_NE(static_cast<Color>(getpixel(logo.get(), x, y)), transparent_color) << x << ", " << y;
-    EXPECT_EQ(getpixel(logo.get(), 86, 10), makecol(255, 255, 255));  // the cloud's middle
-}
-
 /// A copy of the companion in a folder of its own, which it takes for the program folder.
 class Configure : public testing::Test {
 protected:

@@ -53,15 +53,6 @@ TEST(Schemes, AreLegible) {
                 << scheme.name << ": color " << pair.text << " on " << pair.ground;
 }
 
-TEST(Schemes, WithAMissingOrMisplacedColourAreRefused) {
-    auto source = read_art(NUBO_ART "/schemes.txt").value();
-    std::swap(source.blocks[1].rows[2], source.blocks[1].rows[3]);
-    EXPECT_FALSE(read_schemes(source));
-    source = read_art(NUBO_ART "/schemes.txt").value();
-    source.blocks[1].rows.pop_back();
-    EXPECT_FALSE(read_schemes(source));
-}
-
 TEST(ObjectLibrary, IsOneNumberALineWithoutAnEmptyOneAtTheEnd) {
     const ArtSource source{"objects",
                            {{{"object", "a"}, {{"0", "100"}, {"85", "90"}, {"171", "80"}}, 1},

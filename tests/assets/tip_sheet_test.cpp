@@ -49,37 +49,5 @@ TEST(StagedTips, AreDifferentCentredAndStartWithASinglePixel) {
     EXPECT_EQ(tips[0][center_y * tip_width + center_x], 0);
 }
 
-TEST(StagedTips, OfTheHardKindsHaveNoSoftPixel) {
-    const auto tips = staged_tips();
-    ASSERT_EQ(tips.size(), 36u);
-    for (const std::size_t tip :
-         {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20, 21, 26, 27, 29, 30, 31, 32, 33})
-        for (const int value : tips[tip]) ASSERT_TRUE(value == 0 || value == 255) << "tip " << tip;
-}
-
-/// 36 tips, of which the first one's first row is `row`.
-ArtSource tips_with_row(const std::string& row) {
-    const std::string clear(tip_width, '.');
-    ArtSource source{"tips", {}};
-    for (int i = 0; i < 36; ++i)
-        source.blocks.push_back({{"tips", "name"}, std::vector<Words>(tip_height, Words{clear}), i});
-    source.blocks[0].rows[0][0] = row;
-    return source;
-}
-
-TEST(TipSheet, TurnsTenthsIntoTipValuesAndRefusesWhatIsNoTip) {
-    const OwnedBitmap sheet = draw_tip_sheet(tips_with_row("#.19............."));
-    ASSERT_NE(sheet, nullptr);
-    // A tenth is a coverage of 20, and a tip value is 200 less the coverage: 200 - 20 and 200 - 180.
-    const int expected[] = {0, 255, 180, 20};
-    for (int x = 0; x < 4; ++x) EXPECT_EQ(getr(getpixel(sheet.get(), x, 0)), expected[x]) << x;
-
-    EXPECT_EQ(draw_tip_sheet(tips_with_row("................")), nullptr);   // 16 columns
-    EXPECT_EQ(draw_tip_sheet(tips_with_row("................0")), nullptr);  // no such cell
-    ArtSource one_less = tips_with_row(std::string(tip_width, '.'));
-    one_less.blocks.pop_back();
-    EXPECT_EQ(draw_tip_sheet(one_less), nullptr);
-}
-
 }  // namespace
 }  // namespace nubo

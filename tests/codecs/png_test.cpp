@@ -83,13 +83,6 @@ TEST(PngReader, ReadsEachTypeAndDepthOfOtherEncodersPlainAndInterlaced) {
         }
 }
 
-TEST(PngReader, SkipsChunksItDoesNotKnow) {
-    const OwnedBitmap bitmap(load_png(file_path("trns_n").c_str(), nullptr));  // with tRNS, gAMA and others
-    ASSERT_TRUE(bitmap) << png_error;
-    EXPECT_EQ(*pixels_at(bitmap.get(), 0, 0), rgb(0, 0, 8));
-    EXPECT_EQ(*pixels_at(bitmap.get(), 12, 10), rgb(12, 10, 8));
-}
-
 // ---- Files made byte by byte ---------------------------------------------------------------------------------------
 
 void put_word(Bytes& bytes, std::uint32_t word) {
@@ -239,58 +232,6 @@ TEST(PngReader, SurvivesFlippedBitsInAnyPlace) {
     }
 }
 
-TEST(PngReader, GivesThePaletteThatGoesWithTheImage) {
-    PALETTE colors, cube;
-    ASSERT_TRUE(read(make_png({.type = 3, .palette_bytes = 6}), colors));
-    EXPECT_EQ(colors[1].b, 63);
-    EXPECT_EQ(colors[2].b, 0);  // behind the file's entries
-    generate_332_palette(cube);
-    ASSERT_TRUE(read(make_png({}), colors));
-    for (int i = 0; i < 256; ++i)
-        ASSERT_TRUE(colors[i].r == cube[i].r && colors[i].g == cube[i].g && colors[i].b == cube[i].b);
-}
-
-TEST(PngReader, ReducesTrueColourForAProgramOfEightBits) {
-    set_color_depth(8);
-    PALETTE colors;
-    const OwnedBitmap bitmap(load_png(file_path("rgb8_n").c_str(), colors));  // 143 pixels: room for every colour
-    ASSERT_TRUE(bitmap) << png_error;
-    ASSERT_EQ(bitmap_color_depth(bitmap.get()), 8);
-    for (int y = 0; y < file_height; ++y)
-        for (int x = 0; x < file_width; ++x) {
-            const RGB entry = colors[getpixel(bitmap.get(), x, y)];
-            const Color wanted = rgb(x, y, 8);
-            ASSERT_EQ(pack_color(entry.r, entry.g, entry.b), wanted >> 2 & 0x3f3f3f) << x << ", " << y;
-        }
-    // 4,096 greys and colours do not fit. Each lands near its own all the same: a leaf of depth 2 spans 64 of 256.
-    Made many{.width = 64, .height = 64, .type = 2, .rows = {}};
-    for (int y = 0; y < 64; ++y) {
-        many.rows.push_back(0);
-        for (int x = 0; x < 64; ++x)
-            many.rows.insert(many.rows.end(),
-                             {static_cast<std::uint8_t>(x * 4), static_cast<std::uint8_t>(y * 4), 128});
-    }
-    const OwnedBitmap reduced = read(make_png(many), colors);
-    ASSERT_TRUE(reduced) << png_error;
-    for (int y = 0; y < 64; ++y)
-        for (int x = 0; x < 64; ++x) {
-            const RGB entry = colors[getpixel(reduced.get(), x, y)];
-            ASSERT_LT(std::abs(entry.r - x), 16);
-            ASSERT_LT(std::abs(entry.g - y), 16);
-            ASSERT_EQ(entry.b, 32);
-        }
-}
-
-TEST(PngPredictor, IsTheNearestOfTheThreeNeighbours) {
-    for (std::int16_t a = 0; a < 256; ++a)
-        for (std::int16_t b = 0; b < 256; ++b)
-            for (std::int16_t c = 0; c < 256; ++c) {
-                const int p = a + b - c, pa = std::abs(p - a), pb = std::abs(p - b), pc = std::abs(p - c);
-                const int nearest = pa <= pb && pa <= pc ? a : pb <= pc ? b : c;
-                if (png_paeth(a, b, c) != nearest) FAIL() << a << ' ' << b << ' ' << c;
-            }
-}
-
 TEST(PngPredictor, UndoesRowsTogetherAsOneByOne) {
     std::uint32_t noise = 1;
     for (const std::size_t step : {3U, 4U, 6U})
@@ -356,22 +297,6 @@ TEST(PngWriter, WritesTheBytesOfTheFormat) {
         for (std::size_t i = 0; i < 4; ++i) expected[checksum_at + i] = static_cast<std::uint8_t>(sum >> (24 - 8 * i));
     }
     EXPECT_EQ(written(bitmap.get()), expected);
-}
-
-TEST(PngWriter, WritesOtherDepthsAndPalettes) {
-    const OwnedBitmap indexed(create_bitmap_ex(8, 3, 1)), high(create_bitmap_ex(16, 3, 1));
-    PALETTE colors{}, read_colors;
-    colors[200] = RGB{63, 32, 1, 0};
-    for (int x = 0; x < 3; ++x) putpixel(indexed.get(), x, 0, 200 * (x % 2));
-    for (int x = 0; x < 3; ++x) putpixel(high.get(), x, 0, makecol16(0xff * (x % 2), 0, 0xff));
-    const OwnedBitmap from_indexed = read(written(indexed.get(), colors), read_colors),
-                      from_high = read(written(high.get()));
-    ASSERT_TRUE(from_indexed && from_high);
-    EXPECT_EQ(*pixels_at(from_indexed.get(), 1, 0), pack_color(255, 130, 4));  // 32 * 255 / 63 = 129.5, rounded
-    EXPECT_EQ(*pixels_at(from_indexed.get(), 2, 0), 0u);
-    EXPECT_EQ(read_colors[200].g, 32);
-    EXPECT_EQ(*pixels_at(from_high.get(), 0, 0), 0x0000ffu);
-    EXPECT_EQ(*pixels_at(from_high.get(), 1, 0), 0xff00ffu);
 }
 
 TEST(PngWriter, ReportsADiskThatIsFull) {

@@ -42,18 +42,5 @@ TEST_F(ThreadTest, AStrokeLandsWhereTheViewShowsIt) {
     });
 }
 
-TEST_F(ThreadTest, APressOutsideTheFrameLeavesNoUndoStep) {
-    play([](User& user) -> Script {
-        co_await user.press_left(10, 10);
-        co_await user.release_left();
-        pan_x = -100;
-        co_await user.press_left(50, 50);
-        co_await user.release_left();
-        co_await user.hold_key(KEY_U);
-        co_await user.release_key(KEY_U);
-        EXPECT_EQ(count_pixels(white), 0);  // the undo took back the stroke before
-    });
-}
-
 }  // namespace
 }  // namespace nubo

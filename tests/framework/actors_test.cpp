@@ -68,14 +68,6 @@ TEST_F(ActorsTest, TheFadeOfTheStartTakes32TicksAndLeavesNoActor) {
     EXPECT_EQ(log_text(), "");
 }
 
-TEST_F(ActorsTest, AWholeNumberOfStepsTakesOneRunMoreAndADelaySkipsTicks) {
-    tint_strength = 0;
-    UA_tint_screen(0, 0, 0, 16, 0, 8);
-    EXPECT_EQ(ticks_until_alone(100), 3);
-    UA_tint_screen(0, 0, 0, 0, 2, 16);  // runs on the 3rd and the 6th tick
-    EXPECT_EQ(ticks_until_alone(100), 6);
-}
-
 TEST_F(ActorsTest, ASecondTintTurnsTheRunningOne) {
     tint_strength = 100;
     UA_tint_screen(0, 0, 0, 0, 0, 10);
@@ -85,31 +77,6 @@ TEST_F(ActorsTest, ASecondTintTurnsTheRunningOne) {
     UA_behavior_handler();
     EXPECT_EQ(tint_strength, 91);
     EXPECT_EQ(tint_r, 255);
-}
-
-TEST_F(ActorsTest, ATintWithoutAStepOnlySetsTheColourAndOneWithoutAnActorIsLogged) {
-    tint_strength = 50;
-    UA_tint_screen(1, 2, 3, 0, 0, 0);
-    EXPECT_EQ(ticks_until_alone(20), 20);
-    EXPECT_EQ(tint_strength, 50);
-    EXPECT_EQ(tint_b, 3);
-    UA_initialize_actors();
-    while (UA_spawn_blank_element(0, 0) != -1) {
-    }
-    UA_tint_screen(0, 0, 0, 0, 0, 8);
-    EXPECT_NE(log_text().find("[ ERROR ] : Couldn't assign object for screen tint\n"), std::string::npos);
-}
-
-TEST_F(ActorsTest, BehaviourSlotsAreFoundFromTheirEnds) {
-    EXPECT_EQ(get_free_behavior(5), 0);
-    for (const std::size_t slot : {1U, 3U}) actor::BEHAVIOR[5][slot] = BEHAVIOR_PALETTE_CONTROL;
-    EXPECT_EQ(check_behavior(5, BEHAVIOR_PALETTE_CONTROL), 3);
-    for (const std::size_t slot : {0U, 2U}) actor::BEHAVIOR[5][slot] = BEHAVIOR_PALETTE_CONTROL;
-    EXPECT_EQ(get_free_behavior(5), -1);
-    actor::Kill_on_end[49][0] = 1;
-    BE_clear_behavior(49, 0);  // the slot goes, the protected actor stays
-    EXPECT_EQ(log_text(), "[ ERROR ] : A process tried to destroy object (MAX-1) -- this object is protected!\n"
-                          "[ REFER ] : BE_clear_behavior\n");
 }
 
 }  // namespace

@@ -118,17 +118,6 @@ TEST_F(BubblesTest, TheTickOpensPrintsHoldsAndCloses) {
     EXPECT_EQ(spawned(""), row);
 }
 
-TEST_F(BubblesTest, AHoldForEverEndsWithItsActor) {
-    const auto who = UA_spawn_blank_element(0, 0);
-    const auto mine = static_cast<std::size_t>(UA_spawn_bubble(who, bubble_forever, ""));
-    const std::size_t other = spawned("", bubble_forever);
-    for (int tick = 0; tick < 1000; ++tick) UA_bubble_tick();
-    EXPECT_EQ(bubble::state[mine], BUBBLE_HOLDS);
-    UA_destroy_actor(who, "a test");
-    EXPECT_EQ(bubble::owner[mine], bubble_free);
-    EXPECT_EQ(bubble::owner[other], 5);
-}
-
 TEST_F(BubblesTest, ThePoolAndEachRowHaveTheirLimits) {
     const std::size_t broken = spawned("`" + std::string(400, '^')), long_one = spawned(std::string(4000, 'A') + "B");
     EXPECT_EQ(bubble::line_count[broken], 255);

@@ -81,15 +81,6 @@ TEST_F(ResourcesTest, ANewerPlainPictureIsScrambledOverTheOldAndIsGone) {
     EXPECT_TRUE(fs::exists("ART.gif"));
 }
 
-TEST_F(ResourcesTest, AFileWithoutAPictureGivesNone) {
-    for (const std::string_view bytes :
-         {std::string_view("\3", 1), std::string_view(), std::string_view("\5GIF89a", 7)}) {
-        write_text("ART", bytes);
-        EXPECT_EQ(UA_load_resource_bitmap("ART"), nullptr);
-        EXPECT_FALSE(fs::exists("prat"));
-    }
-}
-
 TEST_F(ResourcesTest, WhatTheStartNeedsEndsTheProgramWhenItIsMissing) {
     expect_end([] { UA_load_resource_bitmap("ART"); },
                "A critical resource file is missing. Please reinstall the program.");
@@ -134,37 +125,6 @@ TEST_F(ResourcesTest, TheObjectLibraryIsReadLineByLine) {
     EXPECT_EQ(object_library[2].header[1], -1);
     EXPECT_EQ(object_library[2].pairs[0].radius, 7);
     EXPECT_EQ(log_text(), "");
-}
-
-TEST_F(ResourcesTest, AnObjectLibraryBeyondItsTableIsReadAsFarAsItFits) {
-    write_text("obj_lib.def", "1\n2\n3\n4\n0\n1\n2\n3\n4\n254\n");
-    UA_load_object_library();
-    EXPECT_EQ(library_count, 1);
-    std::string many;
-    for (int i = 0; i < 201 * 5; ++i) many += "0\n";
-    write_text("obj_lib.def", many);
-    UA_load_object_library();
-    EXPECT_EQ(library_count, library_objects);
-    fs::remove("obj_lib.def");
-    UA_load_object_library();
-    EXPECT_EQ(library_count, 0);
-    EXPECT_EQ(log_text(), "[ WARNING ] : Object library has more than its table holds! Record = 1\n"
-                          "[ WARNING ] : Object library has more than its table holds! Record = 200\n"
-                          "[ WARNING ] : Couldn't read the object library. File = obj_lib.def\n");
-}
-
-TEST_F(ResourcesTest, FilesArePackedAndUnpacked) {
-    write_text("plain", "to be or not to be, to be or not to be");
-    EXPECT_TRUE(UA_pack_resource("plain", "packed"));
-    EXPECT_TRUE(UA_is_packed("packed"));
-    EXPECT_FALSE(UA_is_packed("plain") || UA_is_packed("none"));
-    EXPECT_LT(fs::file_size("packed"), 40u);  // 38 bytes without the repeat are 19, and a container of 9
-    EXPECT_TRUE(UA_unpack_resource("packed", "again"));
-    EXPECT_EQ(read_text("again"), read_text("plain"));
-    EXPECT_FALSE(UA_unpack_resource("plain", "again"));
-    for (const char* const name : {"prat", "prat.def", "prat_2.def", "prat_3.def"}) write_text(name, "left over");
-    UA_sweep_temp_resources();
-    EXPECT_TRUE(!fs::exists("prat") && !fs::exists("prat_2.def") && fs::exists("prat_3.def"));
 }
 
 }  // namespace

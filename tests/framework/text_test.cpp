@@ -88,19 +88,6 @@ TEST_F(TextTest, MeasuresWhatItDraws) {
     EXPECT_EQ(text_width("A d"), 17);
 }
 
-TEST_F(TextTest, ThePenMovesForCharactersOffTheScreenAndMeasuringDrawsNothing) {
-    draw(-9, 0, "AA");  // the second one's pen is at -3
-    EXPECT_EQ(at(0, 0), tone_color(3));
-    EXPECT_EQ(painted(), 2);
-    draw(317, 100, "A");
-    draw(316, 239, "A");
-    EXPECT_EQ(painted(), 2 + 3 + 1 + 4);
-    draw(text_measure_x, 0, "AAAA");
-    draw(0, -300, "A");
-    draw(321, 0, "A");
-    EXPECT_EQ(painted(), 10);
-}
-
 TEST_F(TextTest, AColourCodeRecoloursTheTonesThatItsRowNamesAndStays) {
     draw(0, 0, "A|c21A");
     EXPECT_EQ(at(0, 0), tone_color(0));
@@ -231,17 +218,6 @@ TEST_F(TextTest, TheWobbleFollowsTheClockAndTheSlantTheRow) {
     UA_set_font_slant(5, 0);
     draw(200, 100, "A");
     EXPECT_EQ(at(200, 100), tone_color(0));
-}
-
-TEST_F(TextTest, TonesAndIndicesAreReplacedInAWholeBitmap) {
-    const OwnedBitmap bitmap = make_bitmap(2, 1, tone_color(0));
-    *pixels_at(bitmap.get(), 1, 0) = tone_color(1);
-    UA_replace_tones(bitmap.get(), 128, 129, 130, 131, static_cast<int>(tone_color(1)), -1, 0, 0);
-    EXPECT_EQ(*pixels_at(bitmap.get(), 0, 0), tone_color(1));  // and not again by what stands for tone 1
-    UA_replace_indices(bitmap.get(), 129, 130, 131, 132, 9, -1, -1, -1);
-    EXPECT_EQ(*pixels_at(bitmap.get(), 1, 0), UA_palette_color(9));
-    EXPECT_EQ(UA_palette_index(tone_color(3)), 131);
-    EXPECT_EQ(UA_palette_index(0xff00ff), 0);
 }
 
 }  // namespace

@@ -36,12 +36,5 @@ TEST_F(TrapsTest, RefuseSlotsInPairsOfLines) {
                           "[ TRAP ] : A process tried to access GUI WINDOW > MAX!\n");
 }
 
-TEST_F(TrapsTest, ValuesStandInOneLineUntilAnUnknownKind) {
-    UA_log_values(3, LOG_STRING, "zoom", LOG_INT, -4, LOG_DOUBLE, 0.5);
-    UA_log_values(2, LOG_INT, 7, 3, 8);
-    UA_log_values(1, LOG_INT, 9);
-    EXPECT_EQ(log_text(), "zoom -4 0.500000 \n7 9 \n");
-}
-
 }  // namespace
 }  // namespace nubo

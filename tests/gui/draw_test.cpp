@@ -79,36 +79,6 @@ TEST_F(DrawTest, EveryTypeDrawsInsideItsElement) {
     }
 }
 
-TEST_F(DrawTest, LaterSlotsLieOverEarlierOnesAndHiddenOnesShowNothing) {
-    add(5, ELEMENT_BOX, 10, 10, 30, 30);
-    add(6, ELEMENT_BOX, 10, 10, 30, 30);
-    gui::color[6] = 0x00ff00;
-    draw_on(paper);
-    EXPECT_EQ(screen_pixel(20, 20), 0x00ff00U);
-    gui::hidden[6] = 1;
-    draw_on(paper);
-    EXPECT_EQ(screen_pixel(20, 20), ui_background);
-}
-
-TEST_F(DrawTest, ElementsShowTheStateOfTheEditor) {
-    add(5, ELEMENT_SWATCH, 10, 10, 10, 9);
-    add(6, ELEMENT_BUTTON_LIT, 30, 10, 39, 9);
-    add(7, ELEMENT_WINDOW, 10, 50, 30, 30);
-    gui::color[5] = 0x00ff00;
-    draw_on(paper);
-    EXPECT_EQ(screen_pixel(10, 14), ui_border);
-    EXPECT_EQ(screen_pixel(32, 12), ui_background);
-    EXPECT_EQ(screen_pixel(40, 60), ui_border);  // x + w
-    brush_color = 0x00ff00;
-    shown.hover = 6;
-    opt_backless = 1;
-    draw_on(paper);
-    EXPECT_EQ(screen_pixel(10, 14), ui_highlight_fore);
-    EXPECT_EQ(screen_pixel(32, 12), ui_highlight_back);
-    EXPECT_EQ(screen_pixel(40, 60), paper);
-    opt_backless = 0;
-}
-
 TEST_F(DrawTest, CenteredTextStandsInTheMiddleWithoutItsColorCodes) {
     load_art();
     const auto first_column = [] {
@@ -132,23 +102,6 @@ TEST_F(DrawTest, CenteredTextStandsInTheMiddleWithoutItsColorCodes) {
     EXPECT_EQ(shown_length("A|B"), 3);
 }
 
-TEST_F(DrawTest, TheRowUnderTheMouseIsLit) {
-    load_art();
-    add(5, ELEMENT_LIST, 10, 10, 72, 65);
-    GUI_set_list(5, {.rows = 9, .row_h = 7, .row_w = 59}, tool_label(TOOL_BOX), 18);
-    gui::hover_row[5] = 2;
-    shown.hover = 5;
-    draw_on(paper);
-    EXPECT_EQ(screen_pixel(12, 25), ui_shadow);  // 10 + 1 + 2 * 7
-    EXPECT_EQ(screen_pixel(69, 31), ui_shadow);
-    EXPECT_EQ(screen_pixel(12, 24), ui_background);
-    EXPECT_EQ(screen_pixel(12, 32), ui_background);
-    EXPECT_EQ(screen_pixel(70, 25), ui_background);
-    shown.hover = -1;
-    draw_on(paper);
-    EXPECT_EQ(screen_pixel(12, 25), ui_background);
-}
-
 TEST_F(DrawTest, TheKnobShowsItsValueOnTheSideWithRoom) {
     load_art();
     GUI_add_slider(5, 100, 50, 115, 31);
@@ -167,16 +120,6 @@ TEST_F(DrawTest, TheKnobShowsItsValueOnTheSideWithRoom) {
     gui::slider_value[5] = 30;
     draw_on(paper);
     EXPECT_EQ(plate_columns().second, 199);  // and now on the last stop, at 200
-}
-
-TEST_F(DrawTest, KeyCombinationsHaveTheirNames) {
-    EXPECT_EQ(key_name(KEY_C | key_ctrl), "CTRL+C");
-    EXPECT_EQ(key_name(KEY_U | key_shift), "SHIFT+U");
-    EXPECT_EQ(key_name(KEY_F1 | key_ctrl | key_alt | key_shift), "CAS+F1");
-    EXPECT_EQ(key_name(0), "UNDEFINED");
-    EXPECT_EQ(key_name(99 | key_shift), "SHIFT+AWAITING INPUT");  // 20 characters and no more
-    EXPECT_EQ(key_name(99 | key_alt | key_ctrl), "C/A+AWAITING INPUT");
-    EXPECT_EQ(key_name(106), "");
 }
 
 }  // namespace

@@ -57,13 +57,6 @@ TEST_F(GuiTest, TheHighestShownSlotTakesThePress) {
     EXPECT_EQ(take_click(9), 9);
 }
 
-TEST_F(GuiTest, WithTheGuiDisabledNothingIsPressed) {
-    add(5, ELEMENT_BUTTON, 100, 50, 39, 9);
-    gui_enabled = 0;
-    click_at(110, 52);
-    EXPECT_EQ(take_click(5), 0);
-}
-
 TEST_F(GuiTest, ButtonsFlipStayInAndReport) {
     add(5, ELEMENT_BUTTON, 100, 50, 39, 9);
     struct Case {
@@ -153,21 +146,6 @@ TEST_F(GuiTest, ATooltipComesAfterARestAndGoesWithTheMouse) {
     EXPECT_EQ(tooltip_element, 6);
     mouse_at(10, 10);
     EXPECT_EQ(tooltip_element, -1);
-}
-
-TEST_F(GuiTest, APressOfTheUserIsSeenByAWaitingLoop) {
-    static int clicks;
-    clicks = 0;
-    add(5, ELEMENT_BUTTON_LIT, 100, 50, 39, 9);
-    play_on(wait_loop, [](User& user) -> Script {
-        for (int i = 0; i < 3; ++i) {
-            co_await user.move_to(110, 52);
-            co_await user.press_left(110, 52);
-            co_await user.release_left();
-            if (take_click(5) == 5) ++clicks;
-        }
-    });
-    EXPECT_EQ(clicks, 3);
 }
 
 }  // namespace

@@ -97,26 +97,6 @@ TEST_F(SliderTest, TheWheelTurnsWhatLiesUnderTheMouse) {
     EXPECT_EQ(zoom, 1);  // over an element the frame doesn't zoom
 }
 
-TEST_F(SliderTest, TheValueGoesToTheWordThatItSets) {
-    static Word option = 7;
-    build(33, 10);
-    GUI_link_slider(level, &option);
-    tick();
-    EXPECT_EQ(gui::slider_value[level], 7);
-    click_at(208, 54);
-    EXPECT_EQ(option, 8);
-    // A range that doesn't begin at 0: the least value at stop 0, one less than the largest at the last stop.
-    gui::slider_min[level] = 1;
-    gui::slider_max[level] = 6;
-    gui::slider_stops[level] = 5;
-    gui::slider_origin[level] = 0;
-    draw_on(0);
-    mouse_at(112, 54, left_button);
-    EXPECT_EQ(option, 1);
-    mouse_at(300, 54, left_button);
-    EXPECT_EQ(option, 5);
-}
-
 TEST_F(SliderTest, TheRowUnderTheMouseIsOneThatHoldsALabel) {
     build(33, 10);
     GUI_set_list(upright, {.rows = 9, .row_h = 7, .row_w = 59}, tool_label(TOOL_BOX), 4);

@@ -17,32 +17,6 @@ constexpr WindowRow window{.id = WINDOW_TOOL,
                            .title_w = 72,
                            .elements = {&row, 1}};
 
-TEST_F(GuiTest, AWindowStandsWhereItWasLeft) {
-    build_window(window);
-    EXPECT_EQ(menu_id, WINDOW_TOOL);
-    EXPECT_EQ(gui::x[2], 50);
-    EXPECT_EQ(gui::y[1], 62);
-    EXPECT_EQ(gui::drag_id[1], POS_TOOL_AND_INK);
-    window_pos[POS_TOOL_AND_INK] = {0, 7};  // 0 is a place, -1 none
-    build_window(window);
-    EXPECT_EQ(gui::x[2], 10);
-    EXPECT_EQ(gui::y[2], 27);
-    GUI_close_window();
-    for (int slot = 0; slot < gui_slots; ++slot) EXPECT_EQ(gui::active[at(slot)], 0) << slot;
-}
-
-TEST_F(GuiTest, FreeSlotsAreFoundFromBothEnds) {
-    EXPECT_EQ(GUI_find_free(false), 1);
-    EXPECT_EQ(GUI_find_free(true), 121);
-    for (int slot = 1; slot < gui_slots; ++slot)
-        if (slot != 40 && slot != 125) gui::reserved[at(slot)] = 1;
-    EXPECT_EQ(GUI_find_free(false), 40);
-    EXPECT_EQ(GUI_find_free(true), 40);
-    gui::active[40] = 1;
-    EXPECT_EQ(GUI_find_free(false), 125);
-    EXPECT_EQ(GUI_find_free(true), -1);  // 125 lies above the search, and slot 0 is no answer
-}
-
 TEST_F(GuiTest, AWindowIsCarriedWithoutAButtonAndStaysOnTheScreen) {
     build_window(window);
     GUI_add_slider(3, 50, 90, 80, 10);
@@ -119,22 +93,6 @@ TEST_F(GuiTest, TheSnapshotHoldsTheWindowAndNothingElse) {
     EXPECT_EQ(menu_shadow.h, 51);
     clear_menu_shadow();
     EXPECT_EQ(menu_shadow.x, -1);
-}
-
-TEST_F(GuiTest, OnlyTheWindowOnScreenIsHidden) {
-    build_window(window);
-    add(20, ELEMENT_BUTTON, 200, 50, 39, 9);
-    toggle_window();
-    EXPECT_EQ(gui::hidden[2], 1);
-    EXPECT_EQ(gui::hidden[20], 0);
-    click_at(55, 84);
-    EXPECT_EQ(take_click(2), 0);
-    toggle_window();
-    click_at(55, 84);
-    EXPECT_EQ(take_click(2), 2);
-    hide_window();
-    hide_window();
-    EXPECT_EQ(gui::hidden[0], 1);
 }
 
 }  // namespace

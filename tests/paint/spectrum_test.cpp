@@ -98,19 +98,5 @@ TEST(Sliders, ReachBlackWhiteAndGraysExactlyInEverySpace) {
     }
 }
 
-TEST(Sliders, FollowTheScaleOfTheirSpace) {
-    EXPECT_EQ(sliders_to_color(SPACE_VGA, 63, 1, 0), 0xfc0400U);
-    EXPECT_EQ(color_to_sliders(SPACE_VGA, 0xfffc03), (std::array{63, 63, 0}));
-    EXPECT_EQ(color_to_sliders(SPACE_HLS, 0x0000ff), (std::array{170, 127, 255}));  // hue, lightness, saturation
-    EXPECT_EQ(color_to_sliders(SPACE_HSV, 0x00ff00), (std::array{85, 255, 255}));   // 85.33
-    EXPECT_EQ(color_to_sliders(SPACE_HSV, 0x663333), (std::array{0, 127, 102}));    // hue, saturation, value
-    // Hue 128 of 256 is half a circle, cyan: (p, q, v) of sextant 3 with f 0, p = 0.
-    EXPECT_EQ(sliders_to_color(SPACE_HSV, 128, 255, 255), 0x00ffffU);
-    // Hue 64 is 1.5 sextants: q = 1 - 0.5, times 255 = 127.5.
-    EXPECT_EQ(sliders_to_color(SPACE_HSV, 64, 255, 255), 0x7fff00U);
-    // Lightness 0.2, saturation 1: q = 0.4 = 102, p = 0; hue 85 is a third.
-    EXPECT_EQ(sliders_to_color(SPACE_HLS, 85, 51, 255), 0x006600U);
-}
-
 }  // namespace
 }  // namespace nubo

@@ -56,51 +56,6 @@ TEST(Texts, MessagesFitTheScreenInTheWideFont) {
     for (const std::string_view text : tooltip_text) EXPECT_LE(visible(text).size(), screen_columns) << text;
 }
 
-TEST(Texts, StandAtTheIndexesThatTheFilesOfAWorkspaceAndTheWindowsCount) {
-    // One from each end of each block: a row lost in a block shifts what stands behind it.
-    EXPECT_EQ(tooltip_text[54], "LEFT CLICK TO REMAP ACTION. RIGHT CLICK TO CLEAR");
-    EXPECT_EQ(tooltip_text[109], "FRAME IS TOO SMALL TO QUICKPAN!");
-    EXPECT_EQ(tooltip_text[121], "|c21BRUSH SETTING: |c32ANTIALIASED");
-    const std::pair<int, std::string_view> labels[] = {{18, "TEXT"},
-                                                       {30, "FRAME"},
-                                                       {99, "BRUSHIE"},
-                                                       {125, "Z:"},
-                                                       {146, "ARM"},
-                                                       {148, "INK OPTIONS"},
-                                                       {199, "TAPER DIST"},
-                                                       {224, "XOR"},
-                                                       {238, "BORDER COLOR"},
-                                                       {248, "CLOSED"},
-                                                       {265, "THIS PROGRAM SUCKS AND I CAN'T FIGURE IT OUT"},
-                                                       {284, "SCHEME"},
-                                                       {303, "|c51REGULAR TEXT"},
-                                                       {319, "<DO YOU REALLY WANT THAT?>"},
-                                                       {347, "UNDO DEPTH"},
-                                                       {375, "<THIS CAN'T BE UNDONE>"},
-                                                       {389, "CENTER"},
-                                                       {443, "RAPID EXIT (NO DIALOG)"},
-                                                       {463, "..."},
-                                                       {480, "ABOUT"},
-                                                       {521, "ZOOM PREVIEW"}};
-    for (const auto& [index, text] : labels) EXPECT_EQ(label_text[static_cast<std::size_t>(index)], text) << index;
-}
-
-TEST(Texts, EveryToolInkAndActionHasAName) {
-    for (int tool = TOOL_BOX; tool < TOOL_COUNT; ++tool) {
-        EXPECT_NE(label_text[static_cast<std::size_t>(tool)], spare_text) << "tool " << tool;
-        EXPECT_NE(description_text[static_cast<std::size_t>(tool * description_lines)], "") << "tool " << tool;
-    }
-    for (int ink = 0; ink < INK_COUNT; ++ink) {
-        EXPECT_NE(label_text[ink_label(static_cast<Ink>(ink))], spare_text) << "ink " << ink;
-        const int group = description_group(static_cast<Ink>(ink));
-        EXPECT_NE(description_text[static_cast<std::size_t>(group * description_lines)], "") << "ink " << ink;
-    }
-    for (int action = 0; action < HOTKEY_COUNT; ++action)
-        EXPECT_NE(label_text[hotkey_label(static_cast<Hotkey>(action))], spare_text) << "action " << action;
-    for (int topic = 0; topic < HELP_COUNT; ++topic)
-        EXPECT_NE(label_text[help_label(static_cast<HelpTopic>(topic))], spare_text) << "topic " << topic;
-}
-
 TEST(Texts, EveryHelpTopicIsToldAtALengthThatOneWindowHolds) {
     constexpr std::size_t columns = 33, shortest = 185, longest = 1061;
     for (int topic = 0; topic < HELP_COUNT; ++topic) {

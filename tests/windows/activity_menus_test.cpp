@@ -91,19 +91,6 @@ TEST_F(MenuTest, PicClearsAndRestores) {
     });
 }
 
-TEST_F(MenuTest, TheRestoreKeyCanBeUndoneAtTheSameSize) {
-    replace_bitmap(original_frame, make_bitmap(view_w, view_h, green));
-    restore_frame_by_key();
-    EXPECT_EQ(frame_pixel(0, 0), green);
-    undo_last();
-    EXPECT_EQ(frame_pixel(0, 0), 0U);
-    replace_bitmap(original_frame, make_bitmap(view_w, view_h - 1, green));
-    restore_frame_by_key();
-    undo_last();
-    EXPECT_EQ(frame_h, view_h - 1);
-    EXPECT_EQ(frame_pixel(0, 0), green);
-}
-
 TEST_F(MenuTest, QuitAsks) {
     play_on(menu_loop, [](User& user) -> Script {
         co_await click(user, DRAWING_USER);
@@ -183,27 +170,6 @@ TEST_F(ActivityTest, TheWorkspaceWindowKeepsItsTextsAndClearsAfterAsking) {
             co_await click(user, sure ? okay_slot : cancel_slot);
             EXPECT_EQ(menu_id, WINDOW_DRAWING_MENU);
             EXPECT_EQ(frame_pixel(0, 0), sure ? 0U : red);
-        }
-    });
-}
-
-TEST_F(MenuTest, WhatComesLaterSaysSo) {
-    struct Case {
-        int button;
-        Label item;
-    };
-    static constexpr Case cases[] = {
-        {DRAWING_FRAME, LABEL_RESIZE}, {DRAWING_PIC, LABEL_PIC_SHEET}, {DRAWING_PIC, LABEL_PIC_SAVE},
-        {DRAWING_PIC, LABEL_PIC_LOAD}, {DRAWING_CEL, LABEL_GET},       {DRAWING_CEL, LABEL_CLIP},
-        {DRAWING_CEL, LABEL_PASTE},    {DRAWING_CEL, LABEL_BELOW},     {DRAWING_CEL, LABEL_ONE_COLOR},
-        {DRAWING_CEL, LABEL_TURN},     {DRAWING_CEL, LABEL_STRETCH}};
-    play_on(menu_loop, [](User& user) -> Script {
-        for (const Case& one : cases) {
-            status_message = MESSAGE_NONE;
-            co_await click(user, one.button);
-            co_await click(user, slot_of(one.item));
-            EXPECT_EQ(status_message, MESSAGE_COMES_LATER) << one.item;
-            EXPECT_EQ(menu_id, WINDOW_DRAWING_MENU);
         }
     });
 }

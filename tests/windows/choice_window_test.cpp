@@ -41,15 +41,6 @@ int control_of(const OptionCase& one, Word& option) {
     return -1;
 }
 
-int controls_on_screen() {
-    int count = 0;
-    for (int slot = first_option_slot; slot < gui_slots; ++slot)
-        if (gui::active[at(slot)] != 0 && (gui::has_slider[at(slot)] != 0 || gui::row_ids[at(slot)][0] != 0 ||
-                                           gui::left_action[at(slot)] == ACTION_TOGGLE_INK))
-            ++count;
-    return count;
-}
-
 /// Where a press sets a slider to its first or last value.
 int slider_end_x(int slot, bool last) {
     const int stop = last ? gui::slider_stops[at(slot)] - 1 : 0;
@@ -95,21 +86,6 @@ TEST_F(MenuTest, EachInksOptionsGoFromEndToEnd) {
             co_await right_click_outside(user);
         }
     });
-}
-
-TEST_F(MenuTest, NoToolOrInkHasMoreControls) {
-    std::array<int, TOOL_COUNT> of_tool{};
-    std::array<int, INK_COUNT> of_ink{};
-    for (const OptionCase& one : tool_cases) ++of_tool[at(one.number)];
-    for (const OptionCase& one : ink_cases) ++of_ink[at(one.number)];
-    for (int tool = 0; tool < TOOL_COUNT; ++tool) {
-        build_tool_options(static_cast<BrushTool>(tool));
-        EXPECT_EQ(controls_on_screen(), of_tool[at(tool)]) << tool;
-    }
-    for (int ink = 0; ink < INK_COUNT; ++ink) {
-        build_ink_options(static_cast<Ink>(ink));
-        EXPECT_EQ(controls_on_screen(), of_ink[at(ink)]) << ink;
-    }
 }
 
 TEST_F(MenuTest, ARowFillsTheSlotAndAnotherButtonTakesTheEditing) {

@@ -133,24 +133,6 @@ TEST_F(ColorWindowTest, FoldInvertAndPickChangeTheSpectrum) {
     EXPECT_EQ(result, teal) << "picking for a slot and for the Spectrum leaves the colour";
 }
 
-TEST_F(ColorWindowTest, ItsKeyOpensAndClosesIt) {
-    hotkeys[HOTKEY_COLOR_MENU][KEY_PRIMARY] = KEY_C;
-    play_on(
-        [] {
-            edit_given();
-            exit_requested = 1;
-        },
-        [](User& user) -> Script {
-            co_await user.hold_key(KEY_C);  // still down from the opening
-            co_await user.wait(10);
-            EXPECT_EQ(menu_id, WINDOW_COLOR);
-            co_await user.release_key(KEY_C);
-            co_await user.hold_key(KEY_C);
-            co_await user.release_key(KEY_C);
-        });
-    EXPECT_EQ(menu_id, WINDOW_DRAWING_MENU);
-}
-
 TEST_F(ColorWindowTest, VariationsMoveOneOfThreeAndStopAtTheEnds) {
     // 0x3f7fbf: hue 149, lightness 127, saturation 128 on scales of 255, by the formulas on paper.
     EXPECT_EQ(color_to_sliders(SPACE_HLS, variant_color(ELEMENT_VARIANT_LIGHT, 0x000000, 7))[1], 70);
@@ -190,24 +172,6 @@ TEST_F(NodesTest, ANodeIsTakenUpMovedAndLetGo) {
     EXPECT_EQ(tool_preview, -1);
     EXPECT_EQ(menu_id, WINDOW_DRAWING_MENU);
     EXPECT_NE(linear_axis.length, 0) << "derived anew from the nodes";
-}
-
-TEST_F(NodesTest, AlongAnAxisOnlyThatDistanceCounts) {
-    ink_options[INK_VGRAD][OPTION_NODE] = 30;
-    ink_options[INK_VGRAD][OPTION_NODE + 1] = 30;  // one upon the other: the start is taken first
-    play_on([] { reposition_gradient(INK_VGRAD); },
-            [](User& user) -> Script {
-                co_await user.wait(8);
-                CLICK_LEFT(10, 33);
-                co_await user.move_to(300, 120);
-                EXPECT_EQ(ink_options[INK_VGRAD][OPTION_NODE], 120);
-                EXPECT_EQ(ink_options[INK_VGRAD][OPTION_NODE + 1], 30);
-                CLICK_LEFT(300, 30);  // let go over the other node, which stays where it is
-                co_await user.move_to(300, 200);
-                EXPECT_EQ(ink_options[INK_VGRAD][OPTION_NODE], 30);
-                EXPECT_EQ(ink_options[INK_VGRAD][OPTION_NODE + 1], 30);
-                CLICK_RIGHT(300, 200);
-            });
 }
 
 TEST_F(NodesTest, NodesOutOfViewAreJumpedTo) {

@@ -45,17 +45,6 @@ TEST_F(MenuTest, OneToolAndOneInkIsPressedDown) {
     });
 }
 
-TEST_F(MenuTest, UndoTakesBackAndItsRightPressBringsAgain) {
-    save_undo(false);
-    clear_to_color(current_frame, red);
-    play_on(menu_loop, [](User& user) -> Script {
-        co_await click(user, DRAWING_UNDO);
-        EXPECT_EQ(frame_pixel(5, 5), 0U);
-        co_await click(user, DRAWING_UNDO, right_button);
-        EXPECT_EQ(frame_pixel(5, 5), red);
-    });
-}
-
 TEST_F(MenuTest, EachWindowOpensByTheMouseAndIsLeftByARightPressOrItsKey) {
     struct Case {
         int slot, button;
@@ -111,18 +100,6 @@ TEST_F(MenuTest, TipsAreChosenAndTheCustomOneIsTakenFromTheFrame) {
     EXPECT_EQ(*pixels_at(tip_sheet, 8, custom_tip_y + 13), 0x444444U);
     EXPECT_EQ(*pixels_at(tip_sheet, 16, custom_tip_y), transparent_color);
     EXPECT_EQ(*pixels_at(tip_sheet, 8, custom_tip_y + 14), transparent_color);
-}
-
-TEST_F(MenuTest, ARightPressKeepsTheCustomTip) {
-    const Color before = *pixels_at(tip_sheet, 8, custom_tip_y);
-    play_on(menu_loop, [](User& user) -> Script {
-        co_await click(user, DRAWING_TIP);
-        co_await click(user, slot_content, right_button);
-        co_await right_click_outside(user);
-        EXPECT_EQ(menu_id, WINDOW_TIP);  // that press ended the picking only
-        co_await right_click_outside(user);
-    });
-    EXPECT_EQ(*pixels_at(tip_sheet, 8, custom_tip_y), before);
 }
 
 }  // namespace

@@ -84,20 +84,6 @@ TEST_F(SchemeTest, EachTemplateGivesItsSpriteItsColor) {
     EXPECT_EQ(text_colors[54][1], 0x00005c);  // 100 - 100 * 20 / 255 = 92.2
 }
 
-TEST_F(SchemeTest, EndPiecesAreDarkerShadow) {
-    for (const auto& [x, y] : {std::pair{39, 142}, {47, 149}, {38, 142}, {48, 149}, {39, 141}, {47, 150}})
-        put(x, y, 0x010203);
-    recolor_gui_sheet(0, 0, 0xff8000, 0);
-    EXPECT_EQ(sheet_pixel(39, 142), 0x9b4d00U);  // 255 - 100; 128 * 155 / 255 = 77.8
-    EXPECT_EQ(sheet_pixel(47, 149), 0x9b4d00U);
-    EXPECT_EQ(sheet_pixel(40, 142), transparent_color);
-    for (const auto& [x, y] : {std::pair{38, 142}, {48, 149}, {39, 141}, {47, 150}})
-        EXPECT_EQ(sheet_pixel(x, y), 0x010203U) << x << ' ' << y;
-    replace_bitmap(gui_sheet, make_bitmap(50, 50));
-    recolor_gui_sheet(1, 2, 3, 4);
-    EXPECT_EQ(sheet_pixel(49, 49), 0U) << "a sheet too small is left alone";
-}
-
 // ---- The window -----------------------------------------------------------------------------------------------------
 
 TEST_F(SchemeTest, SwatchesChangeThePreviewAndOkayTheInterface) {
@@ -153,37 +139,6 @@ TEST_F(SchemeTest, CancelAndTheProgramsEndKeepTheOldColors) {
         }
     });
     EXPECT_EQ(color_scheme[SCHEME_TEXT_LIGHT], 0x123456U);
-}
-
-bool outlived_the_letter = false;
-
-TEST_F(SchemeTest, SamplesLieApartInTheWindow) {
-    play_on(scheme_window, [](User& user) -> Script {
-        co_await user.wait(4);
-        for (int slot = SCHEME_LABEL_FIRST; slot < SCHEME_SLOTS; ++slot) {
-            EXPECT_LT(gui::x[at(slot)] + gui::w[at(slot)], window_x() + 256) << slot;
-            EXPECT_LT(gui::y[at(slot)] + gui::h[at(slot)], window_y() + 131) << slot;
-            for (int other = slot + 1; other < SCHEME_SLOTS; ++other) {
-                if (slot == SCHEME_PREVIEW_PANEL) continue;  // it holds the samples
-                const bool across = gui::x[at(slot)] + gui::w[at(slot)] <= gui::x[at(other)] ||
-                                    gui::x[at(other)] + gui::w[at(other)] <= gui::x[at(slot)];
-                const bool along = gui::y[at(slot)] + gui::h[at(slot)] <= gui::y[at(other)] ||
-                                   gui::y[at(other)] + gui::h[at(other)] <= gui::y[at(slot)];
-                EXPECT_TRUE(across || along) << slot << " and " << other;
-            }
-        }
-        co_await user.move_to(middle_x(SCHEME_PREVIEW_SLIDER), middle_y(SCHEME_PREVIEW_SLIDER));
-        co_await user.turn_wheel(1);
-        EXPECT_EQ(gui::slider_value[SCHEME_PREVIEW_SLIDER], 10);
-        hotkeys[HOTKEY_RAPID_EXIT][KEY_PRIMARY] = KEY_X;
-        co_await click(user, SCHEME_PREVIEW_FIELD);
-        co_await user.hold_key(KEY_X);
-        co_await user.release_key(KEY_X);
-        outlived_the_letter = exit_requested == 0;
-        co_await click(user, SCHEME_CANCEL);
-    });
-    EXPECT_TRUE(outlived_the_letter) << "a letter for the sample is no hotkey";
-    EXPECT_EQ(key_focus, -1);
 }
 
 }  // namespace
