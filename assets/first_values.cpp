@@ -7,6 +7,7 @@
 #include "state/run.h"
 #include "state/stroke.h"
 #include "state/view.h"
+#include "windows/options_window.h"
 #include <algorithm>
 #include <cstring>
 
@@ -143,25 +144,7 @@ bool set_first_colors(const ArtSource& source) {
 
 void set_first_settings() {
     default_hotkeys();
-    opt_cel_masking = 1;
-    opt_cel_tolerance = 3;
-    opt_crosshair_color = 1;
-    opt_crosshair_scaling = 1;
-    opt_crosshair_strength = 60;
-    mouse_reversed = 0;
-    opt_cursor_zoom = 0;
-    opt_mouse_speed = 4;
-    opt_status_bar = 1;
-    opt_tooltips = 1;
-    opt_backless = 0;
-    opt_tool_distance = 1;
-    power_saving = POWER_HIGH;
-    opt_gif_reduction = REDUCTION_FAST;
-    opt_quick_pan_strength = 225;
-    opt_zoom_preview = 1;
-    opt_zoom_preview_size = 2;
-    opt_file_preview = PREVIEW_LIMIT;
-    opt_undo_depth = 3;
+    set_option_defaults();
     sfx_volume = music_volume = 255;
     frame_pacing = 1;
 }

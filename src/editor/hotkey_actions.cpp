@@ -1,6 +1,7 @@
 #include "editor/hotkey_actions.h"
 
 #include "editor/view.h"
+#include "gui/presses.h"
 #include "gui/window.h"
 #include "state/colors.h"
 #include "state/flow.h"
@@ -17,10 +18,6 @@
 
 namespace nubo {
 namespace {
-
-void wait_for_key_up(Hotkey action) {
-    while (hotkey_held(action)) update_screen(UPDATE_NORMAL);
-}
 
 void pan_view(Shared<int>& pan, int direction) {
     pan += direction * pan_step[static_cast<std::size_t>(static_cast<int>(zoom))];
@@ -72,7 +69,7 @@ void insert_frame_by_key() {
 }
 
 void delete_frame_by_key() {
-    wait_for_key_up(HOTKEY_FRAME_DELETE);
+    wait_while_held(HOTKEY_FRAME_DELETE);
     GUI_close_window();
     ask_to_delete_frame();
     build_drawing_menu();
@@ -94,7 +91,7 @@ void tool_window_by_key() { open_tool_window(active_tool_slot); }
 void ink_window_by_key() { open_ink_window(active_ink_slot); }
 
 void exit_by_key() {
-    wait_for_key_up(HOTKEY_EXIT);
+    wait_while_held(HOTKEY_EXIT);
     GUI_close_window();
     if (confirm_box(LABEL_EXIT_QUESTION, LABEL_CHANGES_PERSIST, false, false) != 0)
         exit_requested = 1;
@@ -103,7 +100,7 @@ void exit_by_key() {
 }
 
 void rapid_exit_by_key() {
-    wait_for_key_up(HOTKEY_RAPID_EXIT);
+    wait_while_held(HOTKEY_RAPID_EXIT);
     exit_requested = 1;
 }
 

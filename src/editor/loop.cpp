@@ -1,6 +1,7 @@
 #include "editor/loop.h"
 
 #include "editor/quick_pan.h"
+#include "gui/presses.h"
 #include "gui/snapshot.h"
 #include "gui/window.h"
 #include "paint/tools.h"
@@ -15,10 +16,6 @@
 
 namespace nubo {
 namespace {
-
-void update_while(const Shared<int>& flag) {
-    while (flag != 0) update_screen(UPDATE_NORMAL);
-}
 
 /// What the workspace has to tell, over the drawing menu's shadow.
 void show_waiting_boxes() {
@@ -38,13 +35,13 @@ void serve_left_press() {
     if (mouse_left == 0 || hover != -1) return;
     view_update_pixel();
     run_tool();
-    update_while(mouse_left);
+    wait_while_down(mouse_left);
 }
 
 /// A right press on the frame hides the drawing menu, and shows it again.
 void serve_right_press() {
     if (mouse_right == 0 || hover != -1) return;
-    update_while(mouse_right);
+    wait_while_down(mouse_right);
     toggle_window();
 }
 

@@ -1,5 +1,6 @@
 #include "paint/tools.h"
 
+#include "gui/presses.h"
 #include "paint/stroke.h"
 #include "state/flow.h"
 #include "state/options.h"
@@ -11,10 +12,6 @@ namespace nubo {
 namespace {
 
 Point pixel_under_mouse() { return {pixel_x, pixel_y}; }
-
-void wait_for_release(const Shared<int>& button) {
-    while (button) update_screen(UPDATE_NORMAL);
-}
 
 /// Shows the distance from a point while a tool runs, if the user wants that and does not measure already.
 class ToolDistance {
@@ -42,7 +39,7 @@ void run_two_click_tool(BrushTool tool) {
     bool placed = false;
     {
         const ToolDistance distance(click_points[0]);
-        wait_for_release(mouse_left);
+        wait_while_down(mouse_left);
         tool_preview = tool;
         tool_preview_on = 1;
         placed = wait_for_point(1);
@@ -63,11 +60,11 @@ bool wait_for_point(int slot) {
         if (mouse_left) {
             click_points[static_cast<unsigned>(slot)] = pixel_under_mouse();
             left = true;
-            wait_for_release(mouse_left);
+            wait_while_down(mouse_left);
         }
         if (mouse_right) {
             right = true;
-            wait_for_release(mouse_right);
+            wait_while_down(mouse_right);
         }
         if (left != right) return left;
     }

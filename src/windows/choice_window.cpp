@@ -1,12 +1,12 @@
 #include "windows/choice_window.h"
 
+#include "gui/presses.h"
 #include "gui/window.h"
 #include "state/flow.h"
 #include "state/view.h"
 #include "windows/choice_slots.h"
 #include "windows/leaving.h"
 #include "windows/option_widgets.h"
-#include "windows/presses.h"
 #include <algorithm>
 
 namespace nubo {

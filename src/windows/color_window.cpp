@@ -1,11 +1,11 @@
 #include "windows/color_window.h"
 
+#include "gui/presses.h"
 #include "gui/window.h"
 #include "paint/spectrum.h"
 #include "state/run.h"
 #include "windows/color_elements.h"
 #include "windows/leaving.h"
-#include "windows/presses.h"
 #include "windows/screen_pick.h"
 #include <algorithm>
 #include <array>

@@ -1,12 +1,12 @@
 #include "windows/favorites_window.h"
 
+#include "gui/presses.h"
 #include "gui/window.h"
 #include "state/flow.h"
 #include "state/view.h"
 #include "windows/activity_menus.h"
 #include "windows/color_window.h"
 #include "windows/leaving.h"
-#include "windows/presses.h"
 #include <algorithm>
 #include <allegro.h>
 #include <array>

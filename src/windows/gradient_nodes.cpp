@@ -3,13 +3,13 @@
 #include "base/geometry.h"
 #include "base/log.h"
 #include "framework/text.h"
+#include "gui/presses.h"
 #include "gui/window.h"
 #include "paint/inks.h"
 #include "paint/stroke.h"
 #include "state/frames.h"
 #include "state/run.h"
 #include "state/stroke.h"
-#include "windows/presses.h"
 #include <algorithm>
 #include <array>
 #include <cstdlib>

@@ -4,6 +4,7 @@
 #include "codecs/blend.h"
 #include "framework/text.h"
 #include "gui/draw.h"
+#include "gui/presses.h"
 #include "gui/shapes.h"
 #include "gui/window.h"
 #include "state/flow.h"
@@ -11,7 +12,6 @@
 #include "state/run.h"
 #include "state/texts_help.h"
 #include "windows/drawing_menu.h"
-#include "windows/presses.h"
 #include <array>
 
 namespace nubo {

@@ -1,12 +1,12 @@
 #include "windows/hotkey_window.h"
 
 #include "base/log.h"
+#include "gui/presses.h"
 #include "gui/snapshot.h"
 #include "gui/window.h"
 #include "state/flow.h"
 #include "state/run.h"
 #include "state/texts_keys.h"
-#include "windows/presses.h"
 #include <allegro.h>
 #include <array>
 #include <string>

@@ -1,6 +1,6 @@
 #include "windows/leaving.h"
 
-#include "windows/presses.h"
+#include "gui/presses.h"
 
 namespace nubo {
 

@@ -1,12 +1,12 @@
 #include "windows/options_window.h"
 
+#include "gui/presses.h"
 #include "gui/window.h"
 #include "paint/undo.h"
 #include "state/flow.h"
 #include "state/frames.h"
 #include "state/options.h"
 #include "state/run.h"
-#include "windows/presses.h"
 #include <algorithm>
 #include <array>
 
@@ -84,11 +84,6 @@ OptionValues read_options() {
 void write_options(const OptionValues& values) {
     for (std::size_t i = 0; i < options.size(); ++i)
         if (options[i].value != nullptr) *options[i].value = values[i];
-}
-
-void set_option_defaults() {
-    for (const OptionRow& option : options)
-        if (option.value != nullptr) *option.value = option.defaults;
 }
 
 // ---- The window ----------------------------------------------------------------------------------------------------
@@ -203,6 +198,11 @@ void run_window(const OptionValues& before) {
 }
 
 }  // namespace
+
+void set_option_defaults() {
+    for (const OptionRow& option : options)
+        if (option.value != nullptr) *option.value = option.defaults;
+}
 
 void options_window() {
     const OptionValues before = read_options();

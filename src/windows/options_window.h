@@ -7,4 +7,7 @@ namespace nubo {
 /// those of its opening. It closes itself; the caller builds the window that stood before.
 void options_window();
 
+/// Gives every option of the window the value that its DEFAULTS button sets. Also for the settings of a first start.
+void set_option_defaults();
+
 }  // namespace nubo

@@ -1,12 +1,12 @@
 #include "windows/scheme_window.h"
 
+#include "gui/presses.h"
 #include "gui/window.h"
 #include "state/flow.h"
 #include "state/run.h"
 #include "windows/activity_menus.h"
 #include "windows/color_window.h"
 #include "windows/drawing_menu.h"
-#include "windows/presses.h"
 #include <array>
 
 namespace nubo {

@@ -1,11 +1,11 @@
 #include "windows/screen_pick.h"
 
+#include "gui/presses.h"
 #include "state/colors.h"
 #include "state/gui.h"
 #include "state/messages.h"
 #include "state/run.h"
 #include "state/view.h"
-#include "windows/presses.h"
 #include <allegro.h>
 
 namespace nubo {

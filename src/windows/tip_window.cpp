@@ -1,12 +1,12 @@
 #include "windows/tip_window.h"
 
+#include "gui/presses.h"
 #include "gui/window.h"
 #include "state/flow.h"
 #include "state/stroke.h"
 #include "state/view.h"
 #include "windows/custom_tip.h"
 #include "windows/leaving.h"
-#include "windows/presses.h"
 
 namespace nubo {
 namespace {

@@ -1,12 +1,12 @@
 #include "windows/workspace_window.h"
 
+#include "gui/presses.h"
 #include "gui/text_field.h"
 #include "gui/window.h"
 #include "state/flow.h"
 #include "state/options.h"
 #include "windows/activity_menus.h"
 #include "windows/drawing_menu.h"
-#include "windows/presses.h"
 #include "workspace/frame_store.h"
 #include <array>
 #include <span>

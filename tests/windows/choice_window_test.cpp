@@ -1,6 +1,8 @@
 // The tool and ink windows: choosing what a slot holds, and the options of each tool and ink.
 #include "menus_kit.h"
 #include "windows/option_widgets.h"
+#include <array>
+#include <span>
 
 namespace nubo {
 namespace {
@@ -47,44 +49,32 @@ int slider_end_x(int slot, bool last) {
     return gui::slider_pos[at(slot)][at(stop)] + (last ? 3 : 1);
 }
 
-TEST_F(MenuTest, EachToolsOptionsGoFromEndToEnd) {
-    play_on(menu_loop, [](User& user) -> Script {
-        for (const OptionCase& one : tool_cases) {
-            tool_slots[0] = one.number;
-            Word& option = tool_options[at(one.number)][at(one.option)];
-            co_await click(user, DRAWING_TOOL_FIRST, right_button);
-            const int slot = control_of(one, option);
-            EXPECT_NE(slot, -1) << one.number << ' ' << one.option;
-            if (slot != -1) {
-                EXPECT_EQ(option, one.lowest);
-                co_await click_place(user, one.highest > 1 ? slider_end_x(slot, true) : middle_x(slot), middle_y(slot));
-                EXPECT_EQ(option, one.highest) << one.number << ' ' << one.option;
-                co_await click_place(user, one.highest > 1 ? slider_end_x(slot, false) : middle_x(slot),
-                                     middle_y(slot));
-                EXPECT_EQ(option, one.lowest) << one.number << ' ' << one.option;
-            }
-            co_await right_click_outside(user);
-        }
-    });
-}
+/// The two windows that choose: where each begins in the drawing menu, and what it writes.
+struct ChoiceKind {
+    std::span<const OptionCase> cases;
+    int first_button;
+    std::array<int, choice_slots>& slots;
+    decltype(tool_options)& options;
+};
 
-TEST_F(MenuTest, EachInksOptionsGoFromEndToEnd) {
+TEST_F(MenuTest, EachToolsAndInksOptionsGoFromEndToEnd) {
     play_on(menu_loop, [](User& user) -> Script {
-        for (const OptionCase& one : ink_cases) {
-            ink_slots[0] = one.number;
-            Word& option = ink_options[at(one.number)][at(one.option)];
-            co_await click(user, DRAWING_INK_FIRST, right_button);
-            const int slot = control_of(one, option);
-            EXPECT_NE(slot, -1) << one.number << ' ' << one.option;
-            if (slot != -1) {
-                co_await click_place(user, one.highest > 1 ? slider_end_x(slot, true) : middle_x(slot), middle_y(slot));
-                EXPECT_EQ(option, one.highest) << one.number << ' ' << one.option;
-                co_await click_place(user, one.highest > 1 ? slider_end_x(slot, false) : middle_x(slot),
-                                     middle_y(slot));
-                EXPECT_EQ(option, one.lowest) << one.number << ' ' << one.option;
+        for (const ChoiceKind& kind : {ChoiceKind{tool_cases, DRAWING_TOOL_FIRST, tool_slots, tool_options},
+                                       ChoiceKind{ink_cases, DRAWING_INK_FIRST, ink_slots, ink_options}})
+            for (const OptionCase& one : kind.cases) {
+                kind.slots[0] = one.number;
+                Word& option = kind.options[at(one.number)][at(one.option)];
+                co_await click(user, kind.first_button, right_button);
+                const int slot = control_of(one, option);
+                EXPECT_NE(slot, -1) << one.number << ' ' << one.option;
+                for (const bool last : {true, false}) {
+                    if (slot == -1) continue;
+                    const int x = one.highest > 1 ? slider_end_x(slot, last) : middle_x(slot);
+                    co_await click_place(user, x, middle_y(slot));
+                    EXPECT_EQ(option, last ? one.highest : one.lowest) << one.number << ' ' << one.option;
+                }
+                co_await right_click_outside(user);
             }
-            co_await right_click_outside(user);
-        }
     });
 }
 

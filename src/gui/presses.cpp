@@ -1,4 +1,4 @@
-#include "windows/presses.h"
+#include "gui/presses.h"
 
 #include "state/gui.h"
 #include "state/view.h"
