@@ -39,14 +39,14 @@ void GlyphSet::refresh(int slot, int row) {
     Tones from{}, to = filled<int, text_tones>(tone_kept);
     for (int tone = 0; tone < text_tones; ++tone)
         from[static_cast<std::size_t>(tone)] = static_cast<int>(UA_palette_color(first_tone + tone));
-    if (row != TEXT_OWN_COLORS && row > 0 && row < TEXT_COLOR_ROWS) to = text_colors[static_cast<std::size_t>(row)];
+    if (row > TEXT_OWN_COLORS && row < TEXT_COLOR_ROWS) to = text_colors[static_cast<std::size_t>(row)];
     if (is_of(slot, row) && generation_ == font.generation && from == from_ && to == to_) return;
     slot_ = slot;
     row_ = row;
     generation_ = font.generation;
     from_ = from;
     to_ = to;
-    glyph_size_ = static_cast<std::size_t>(font.cell_w * font.cell_h);
+    glyph_size_ = static_cast<std::size_t>(font.cell_w) * static_cast<std::size_t>(font.cell_h);
     pixels_.resize(character_count * glyph_size_);
     is_ready_.fill(false);
 }

@@ -45,7 +45,8 @@ void fill_disc_lines(GlowDisc& disc, double strength, int radius, Color color) {
         for (const int d : glow_distance[dy]) line.half_width += d <= radius ? 1 : 0;
         for (int dx = -line.half_width; dx <= line.half_width; ++dx) {
             const Light here = light_at(glow_distance[dy][static_cast<std::size_t>(std::abs(dx))]);
-            const auto at = static_cast<std::size_t>(line.half_width + dx);
+            const int column = line.half_width + dx;
+            const auto at = static_cast<std::size_t>(column);
             line.step[at] = here.step;
             line.rest[at] = here.rest;
         }

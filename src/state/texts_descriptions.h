@@ -25,7 +25,7 @@ using DescriptionTable = std::array<std::string_view, description_groups * descr
 template <std::size_t N> consteval DescriptionTable fill_descriptions(const DescriptionRow (&rows)[N]) {
     DescriptionTable table{};
     for (const DescriptionRow& row : rows) {
-        auto* const place = &table.at(static_cast<std::size_t>(row.group * description_lines));
+        auto* const place = &table.at(static_cast<std::size_t>(row.group) * description_lines);
         if (!place->empty()) throw "a group stands twice";
         for (const std::string_view line : row.lines)
             if (line.size() > description_width) throw "a line is too long";
