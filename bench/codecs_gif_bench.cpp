@@ -1,6 +1,6 @@
 // GIF coding against giflib's coder, where that is installed, for the same indexes and from memory to memory.
 #include "codecs/gif_lzw.h"
-#include "harness/memory_packfile.h"
+#include "platform/memory_packfile.h"
 #include <benchmark/benchmark.h>
 #include <cstring>
 #include <vector>

@@ -2,7 +2,7 @@
 #include "base/bitmap.h"
 #include "base/color.h"
 #include "codecs/png.h"
-#include "harness/memory_packfile.h"
+#include "platform/memory_packfile.h"
 #include <benchmark/benchmark.h>
 #include <vector>
 #include <zlib.h>

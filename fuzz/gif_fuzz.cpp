@@ -2,7 +2,7 @@
 #include "base/bitmap.h"
 #include "codecs/gif.h"
 #include "fuzz/start.h"
-#include "harness/memory_packfile.h"
+#include "platform/memory_packfile.h"
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static const int started = nubo::start_fuzzing();

@@ -1,5 +1,6 @@
 #include "base/log.h"
 
+#include "base/regular_file.h"
 #include <array>
 #include <cstdarg>
 #include <cstdio>
@@ -13,7 +14,8 @@ namespace {
 constexpr const char* log_name = "UA_log.txt";
 int log_file = STDERR_FILENO;
 
-int open_log(const char* path) { return open(path, O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0644); }
+/// A link that someone else has put there doesn't lead our lines into another file.
+int open_log(const char* path) { return open_regular_file(path, O_WRONLY | O_CREAT | O_APPEND | O_NOFOLLOW); }
 
 /// The line of a format, its line feed included.
 std::string format_line(const char* format, va_list arguments) {

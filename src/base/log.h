@@ -7,8 +7,8 @@ namespace nubo {
 /// Deletes the log of the run before, if there is one in the current directory.
 void UA_log_reset();
 
-/// Opens `UA_log.txt` for appending in the current directory, or else in `fallback_dir` (null: none). Where neither can
-/// be opened the lines go to standard error.
+/// Opens `UA_log.txt` for appending in the current directory, or else in `fallback_dir` (null: none); a link, a pipe or
+/// a device of that name counts as one that can't be opened. Where neither can be, the lines go to standard error.
 void UA_log_open(const char* fallback_dir = nullptr);
 
 /// Writes one line. In `format`, %s and %S take a string, %d and %D an int, %f and %F a double with six decimals, %%

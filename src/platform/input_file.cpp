@@ -1,5 +1,6 @@
 #include "platform/input_file.h"
 
+#include "base/regular_file.h"
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
@@ -9,13 +10,9 @@
 namespace nubo {
 
 InputFile::InputFile(const std::string& path) {
-    file_ = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);  // a pipe without a writer doesn't hold us
+    file_ = open_regular_file(path.c_str(), O_RDONLY);
     struct stat status;
-    if (file_ >= 0 && (fstat(file_, &status) != 0 || !S_ISREG(status.st_mode))) {
-        close(file_);
-        file_ = -1;
-    }
-    if (file_ >= 0) size_ = static_cast<std::size_t>(status.st_size);
+    if (file_ >= 0 && fstat(file_, &status) == 0) size_ = static_cast<std::size_t>(status.st_size);
 }
 
 InputFile::~InputFile() {

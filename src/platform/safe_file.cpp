@@ -3,13 +3,12 @@
 #include "base/log.h"
 #include "platform/system_calls.h"
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
-#include <climits>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
-#include <memory>
+#include <filesystem>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -20,18 +19,24 @@ namespace {
 constexpr std::size_t buffer_size = 256 * 1024;
 constexpr mode_t new_file_mode = 0666, permission_bits = 0777;
 
-/// The file that a path leads to when it is a link; else the path.
-std::string behind_links(const std::string& path) {
-    struct stat status;
-    if (lstat(path.c_str(), &status) != 0 || !S_ISLNK(status.st_mode)) return path;
-    const std::unique_ptr<char, decltype(&std::free)> real(realpath(path.c_str(), nullptr), &std::free);
-    return real ? real.get() : path;
+/// Ends the name of a file that is being written.
+constexpr const char* unfinished_suffix = ".unfinished";
+
+/// The file that a path leads to, step by step, since the last link may lead to a name that is still free. From a ring
+/// of links one of them comes back.
+std::filesystem::path behind_links(std::filesystem::path path) {
+    constexpr int most_links = 40;
+    for (int i = 0; i < most_links; ++i) {
+        std::error_code no_link;
+        const auto target = std::filesystem::read_symlink(path, no_link);
+        if (no_link) break;
+        path = path.parent_path() / target;  // the target alone where it is absolute
+    }
+    return path;
 }
 
-std::string folder_of(const std::string& path) {
-    const std::size_t slash = path.rfind('/');
-    if (slash == std::string::npos) return ".";
-    return slash == 0 ? "/" : path.substr(0, slash);
+std::string folder_of(const std::filesystem::path& path) {
+    return path.has_parent_path() ? path.parent_path().string() : ".";
 }
 
 /// Writes all bytes, however many pieces the system takes them in.
@@ -50,17 +55,33 @@ bool write_all(int file, const std::uint8_t* bytes, std::size_t size) {
 
 // ---- Writing -------------------------------------------------------------------------------------------------------
 
-SafeFile::SafeFile(const std::string& path) : path_(behind_links(path)), unfinished_(path_ + unfinished_suffix) {
+SafeFile::SafeFile(const std::string& path) : path_(behind_links(path)) {
     buffer_.reserve(buffer_size);
-    // One that a crash left behind is in the way; a new one is made rather than the old one emptied, so that nothing is
-    // written through a link.
-    if (file_exists(unfinished_)) system_calls.unlink(unfinished_.c_str());
-    file_ = system_calls.open(unfinished_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, new_file_mode);
+    open_beside();
+    take_permissions();
+}
+
+/// Never a name that exists, so that nothing is written over or through a link, in whatever folder this is.
+void SafeFile::open_beside() {
+    constexpr std::size_t longest_name = 200;  // bytes; with what is put around it below what file systems take
+    static std::atomic<unsigned> count{0};     // a rescue is written beside the main flow
+    const std::filesystem::path path(path_);
+    const std::string begin = (path.parent_path() / ".").string() + path.filename().string().substr(0, longest_name);
+    do {
+        unfinished_ = begin + "." + std::to_string(getpid()) + "-" + std::to_string(count++) + unfinished_suffix;
+        file_ =
+            system_calls.open(unfinished_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, new_file_mode);
+    } while (file_ < 0 && errno == EEXIST);
     exists_ = file_ >= 0;
+    if (!exists_) fail("opened");
+}
+
+void SafeFile::take_permissions() {
     struct stat old;
-    if (!exists_)
-        fail("opened");
-    else if (stat(path_.c_str(), &old) == 0 && fchmod(file_, old.st_mode & permission_bits) != 0)
+    if (!exists_ || lstat(path_.c_str(), &old) != 0) return;
+    if (!S_ISREG(old.st_mode))
+        errno = EINVAL, fail("replaced, being no regular file");
+    else if (fchmod(file_, old.st_mode & permission_bits) != 0)
         fail("given permissions");
 }
 
@@ -123,6 +144,14 @@ bool remove_file(const std::string& path) {
     if (system_calls.unlink(path.c_str()) == 0 || errno == ENOENT) return true;
     UA_log("[ ERROR ] : %s can't be removed: %s", path.c_str(), std::strerror(errno));
     return false;
+}
+
+void remove_unfinished_files(const std::string& folder) {
+    std::error_code error;
+    std::vector<std::string> paths;
+    for (const auto& entry : std::filesystem::directory_iterator(folder, error))
+        if (entry.path().extension() == unfinished_suffix) paths.push_back(entry.path().string());
+    for (const std::string& path : paths) remove_file(path);
 }
 
 void sync_folder(const std::string& folder) {

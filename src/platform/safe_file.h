@@ -1,6 +1,6 @@
 #pragma once
-// The one way to write a file of the program's own: to a new name in the same folder, flushed and synced, then renamed
-// over the old one. Whatever fails, the old file is as it was. Renaming and removing go by here too.
+// The one way to write a file: to a hidden new name in the same folder, flushed and synced, then renamed over the old
+// one. Whatever fails, the old file is as it was. Renaming and removing go by here too.
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -8,8 +8,8 @@
 
 namespace nubo {
 
-/// Ends the name of a file that is being written. One that a crash left behind may be removed.
-inline constexpr const char* unfinished_suffix = ".unfinished";
+/// Removes what a crash left of files that were being written in a folder of the program's own.
+void remove_unfinished_files(const std::string& folder);
 
 /// Whether a new name in a folder is made to last at once, or with the next file that is put into the same folder.
 enum FolderSync : int { SYNC_FOLDER_NOW, SYNC_FOLDER_WITH_NEXT };
@@ -17,7 +17,8 @@ enum FolderSync : int { SYNC_FOLDER_NOW, SYNC_FOLDER_WITH_NEXT };
 /// A file being written beside its place. Goes without a trace unless `commit` has succeeded.
 class SafeFile {
 public:
-    /// A link at `path` stays a link: what it points to is replaced. An existing file's permissions are kept.
+    /// A link at `path` stays a link: what it points to is replaced, or made. An existing file's permissions are kept;
+    /// what is no regular file, as a folder, a pipe or a device, is left alone.
     explicit SafeFile(const std::string& path);
     ~SafeFile();
     SafeFile(const SafeFile&) = delete;
@@ -30,6 +31,8 @@ public:
     bool commit(FolderSync sync = SYNC_FOLDER_NOW);
 
 private:
+    void open_beside();
+    void take_permissions();
     void flush();
     void fail(const char* step);
 

@@ -12,7 +12,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -191,15 +190,6 @@ void move_tiles(const SlotMap& map) {
     }
 }
 
-/// Files that a kill left half written.
-void remove_unfinished() {
-    std::error_code error;
-    std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(".", error))
-        if (entry.path().extension() == unfinished_suffix) names.push_back(entry.path().filename());
-    for (const std::string& name : names) remove_file(name);
-}
-
 }  // namespace
 
 bool insert_frame_files(int start, int count, BITMAP* picture, BITMAP* nail) {
@@ -230,7 +220,7 @@ bool row_is_whole() { return !stuck || !file_exists(journal_file) || end_frame_m
 
 bool repair_frame_files() {
     repairs = {};
-    remove_unfinished();
+    remove_unfinished_files(".");
     if (const std::optional<Move> move = read_journal()) {
         if (carry_out(*move)) {
             UA_log("[ INFO ] : Finished what the last run began with frame %d", move->start);

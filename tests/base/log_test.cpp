@@ -49,6 +49,14 @@ TEST(Log, FallsBackToTheProgramFolderAndThenToStandardError) {
     text << std::ifstream("program/UA_log.txt").rdbuf();
     EXPECT_EQ(text.str(), "line\n");
 
+    // A link that can't be taken away, as someone else's in a shared folder, isn't followed.
+    std::filesystem::remove_all("UA_log.txt");
+    std::filesystem::create_symlink("not ours", "UA_log.txt");
+    UA_log_open("program");
+    UA_log_close();
+    EXPECT_FALSE(std::filesystem::exists("not ours"));
+    EXPECT_TRUE(std::filesystem::is_symlink("UA_log.txt"));
+
     testing::internal::CaptureStderr();
     UA_log_open("no such folder");
     UA_log("line");

@@ -4,7 +4,7 @@
 #include "base/color.h"
 #include "codecs/gif_lzw.h"
 #include "harness/harness.h"
-#include "harness/memory_packfile.h"
+#include "platform/memory_packfile.h"
 #include <gtest/gtest.h>
 #include <string>
 

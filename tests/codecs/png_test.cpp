@@ -5,7 +5,7 @@
 #include "codecs/png_format.h"
 #include "codecs/png_paeth.h"
 #include "harness/harness.h"
-#include "harness/memory_packfile.h"
+#include "platform/memory_packfile.h"
 #include <gtest/gtest.h>
 #include <set>
 #include <string>

@@ -1,4 +1,4 @@
-#include "memory_packfile.h"
+#include "platform/memory_packfile.h"
 
 #include <algorithm>
 #include <cstring>

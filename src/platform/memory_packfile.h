@@ -1,5 +1,5 @@
 #pragma once
-// Packfiles in memory, for what tests, benchmarks and fuzzers read and write without a disk.
+// Packfiles over bytes in memory: so codecs read what InputFile read, and write what SafeFile puts in its place.
 #include <allegro.h>
 #include <cstdint>
 #include <vector>
@@ -8,7 +8,7 @@ namespace nubo {
 
 using Bytes = std::vector<std::uint8_t>;
 
-/// A packfile that reads `bytes`, which must live as long. Closed by `pack_fclose`.
+/// A packfile that reads `bytes`, which must live as long. Closed by `pack_fclose`. Null without memory.
 PACKFILE* open_for_reading(const Bytes& bytes);
 
 /// A packfile that appends to `bytes` and fails as a full disk does where they would be more than `room`.
