@@ -10,6 +10,7 @@
 #include "editor/zoom_preview.h"
 #include "gui/draw.h"
 #include "gui/mouse.h"
+#include "gui/sliders.h"
 #include "paint/stroke.h"
 #include "paint/tools.h"
 #include "state/frames.h"
@@ -200,6 +201,7 @@ bool create_screen_bitmaps() {
 
 void update_screen(int mode) {
     const bool normal = mode == UPDATE_NORMAL, aids = picking_color == 0;
+    write_sliders();
     take_view_snapshot();
     if (!frame_covers_screen()) draw_background();
     if (normal) prepare_overlay();

@@ -76,7 +76,7 @@ void draw_field_in(int slot, const FieldColors& colors) {
     }
     if (key_focus == slot && cursor_phase < phases_lit) {
         const int cursor_x = x - 1 + (gui::cursor[s] - first) * cell_w;
-        vline(screen_buffer, cursor_x, y - 1, gui::y[s] + gui::h[s] - 2, static_cast<int>(colors.cursor));
+        vline(screen_buffer, cursor_x, y - 1, gui::y[s] + gui::h[s] - 2, text_colors[colors.text][0]);
     }
 }
 
@@ -84,7 +84,7 @@ void draw_list(int slot) { draw_list_in(slot, {color_of(slot), ui_border, ui_sha
 
 void draw_text_field(int slot) {
     const bool refused = gui::invalid[at(slot)] != 0;
-    draw_field_in(slot, {refused ? ui_highlight_fore : color_of(slot), ui_border, ui_shadow, TEXT_LIGHT});
+    draw_field_in(slot, {refused ? ui_highlight_fore : color_of(slot), ui_border, TEXT_LIGHT});
 }
 
 }  // namespace nubo

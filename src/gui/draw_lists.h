@@ -11,8 +11,8 @@ struct ListColors {
 void draw_list_in(int slot, const ListColors& colors);
 
 struct FieldColors {
-    Color fill, border, cursor;
-    TextColor text;
+    Color fill, border;
+    TextColor text;  // and of the cursor
 };
 void draw_field_in(int slot, const FieldColors& colors);
 

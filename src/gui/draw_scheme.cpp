@@ -38,7 +38,7 @@ void draw_scheme_button_dark(int slot) {
 void draw_scheme_field(int slot) {
     const bool refused = gui::invalid[at(slot)] != 0;
     draw_field_in(slot, {color_scheme[refused ? SCHEME_HIGHLIGHT_FORE : SCHEME_BACKGROUND], color_scheme[SCHEME_BORDER],
-                         color_scheme[SCHEME_SHADOW], TEXT_PREVIEW_LIGHT});
+                         TEXT_PREVIEW_LIGHT});
 }
 
 void draw_scheme_list(int slot) {

@@ -20,6 +20,13 @@ constexpr bool is_slot(int slot) { return slot >= 0 && slot < gui_slots; }
 /// As an index of the columns: `gui::x[at(slot)]`.
 constexpr std::size_t at(int slot) { return static_cast<std::size_t>(slot); }
 
+/// True where typed keys may go: a text field, or the sample of one in the scheme window.
+inline bool is_text_field(int slot) {
+    if (!is_slot(slot)) return false;
+    const int type = gui::type[at(slot)];
+    return type == ELEMENT_TEXT_FIELD || type == ELEMENT_SCHEME_FIELD;
+}
+
 /// Writes the default into each field of the slot, and returns the slot. A number outside the table is logged.
 int GUI_clear_element(int slot);
 

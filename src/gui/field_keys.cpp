@@ -114,6 +114,7 @@ bool key_acts(int code) {
 }  // namespace
 
 void run_text_input(int slot) {
+    if (!is_text_field(slot)) return;
     for (int code = 1; code < KEY_MAX; ++code)
         if (key_acts(code)) press_key(slot, code);
 }

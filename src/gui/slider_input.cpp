@@ -80,10 +80,4 @@ void press_slider(int slot) {
     if (drag_slider == slot) drag_knob(slot);
 }
 
-void write_slider(int slot) {
-    const std::size_t s = at(slot);
-    Word* const value = gui::value_write[s];
-    if (gui::value_write_on[s] != 0 && value != nullptr) *value = gui::slider_value[s];
-}
-
 }  // namespace nubo

@@ -12,7 +12,4 @@ void turn_slider(int slot, int wheel);
 /// A press of the primary button: picks up the knob or presses an arrow, or moves the knob that was picked up.
 void press_slider(int slot);
 
-/// Copies the value to the word that the slider sets, if it sets one.
-void write_slider(int slot);
-
 }  // namespace nubo

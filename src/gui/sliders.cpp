@@ -54,4 +54,11 @@ int slider_value_of_stop(int slot, int stop) {
     return gui::slider_min[s] + static_cast<int>(stop_width(s) * stop);
 }
 
+void write_sliders() {
+    for (std::size_t s = 0; s < gui_slots; ++s) {
+        Word* const value = gui::value_write[s];
+        if (gui::active[s] != 0 && gui::value_write_on[s] != 0 && value != nullptr) *value = gui::slider_value[s];
+    }
+}
+
 }  // namespace nubo

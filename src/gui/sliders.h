@@ -21,4 +21,8 @@ int slider_stop(int slot);
 /// The value of a stop; the last one gives the largest value.
 int slider_value_of_stop(int slot, int stop);
 
+/// Copies the value of each slider into the word that it sets. By `update_screen`: on the main flow, which also links
+/// and clears sliders, so that none that is being closed, and no value that was just put back, is written over.
+void write_sliders();
+
 }  // namespace nubo

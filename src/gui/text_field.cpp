@@ -57,7 +57,8 @@ void GUI_set_key_focus(int slot, bool to_end) {
         gui::cursor[s] = length;
         gui::field_scroll[s] = std::max(length - gui::field_visible[s], 0);
     } else {
-        gui::cursor[s] = std::clamp(cursor_under_mouse(slot, font_slots[at(font)].advance['A']), 0, length);
+        const int last_shown = std::min(length, gui::field_scroll[s] + gui::field_visible[s]);
+        gui::cursor[s] = std::clamp(cursor_under_mouse(slot, font_slots[at(font)].advance['A']), 0, last_shown);
     }
 }
 

@@ -21,7 +21,8 @@ void GUI_delete_field(int slot, int position, Forward);
 /// Characters in the field.
 int field_length(int slot);
 
-/// One tick of the keyboard for the field in `key_focus`: each key acts when it goes down, and after 29 ticks every 5.
+/// One tick of the keyboard for the slot in `key_focus`: each key acts when it goes down, and after 29 ticks every 5.
+/// The focus outlives its window: where no text field stands any more, nothing happens.
 void run_text_input(int slot);
 
 }  // namespace nubo

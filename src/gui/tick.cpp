@@ -88,7 +88,7 @@ void press_element(int slot, MouseState buttons) {
 /// The window's loop reads the row; the press only keeps others from beginning until the button is up.
 void press_row(int slot, MouseState buttons) {
     if (press_state != PRESS_IDLE || buttons == MOUSE_IDLE || gui::rows[at(slot)] == 0) return;
-    if (gui::hover_row[at(slot)] == -1) return;
+    if (gui::hover_row[at(slot)] == -1 || drag_slider != 0) return;  // a knob in the hand may leave its track
     begin_press(slot, ACTION_ROW);
     pending_item = int{gui::hover_row[at(slot)]};
 }
@@ -98,7 +98,6 @@ void press_row(int slot, MouseState buttons) {
 void serve_slider(int slot, MouseState buttons, int wheel) {
     if (wheel != 0 && press_state == PRESS_IDLE && hover == slot) turn_slider(slot, wheel);
     if (press_state == PRESS_IDLE && buttons == MOUSE_PRIMARY && gui_enabled != 0) press_slider(slot);
-    write_slider(slot);
 }
 
 void serve_slot(int slot, MouseState buttons, int wheel) {

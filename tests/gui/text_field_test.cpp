@@ -104,7 +104,12 @@ TEST_F(FieldTest, TabEnterAndTheMouseMoveTheKeyboard) {
     EXPECT_EQ(key_focus, next_field);
     EXPECT_EQ(gui::cursor[next_field], 2);  // at the end
     strike({KEY_TAB});
-    EXPECT_EQ(key_focus, field);  // round from the top
+    EXPECT_EQ(key_focus, field);                     // round from the top
+    add(field, ELEMENT_BUTTON_LIT, 100, 60, 60, 9);  // another window's button, in the slot that keeps the focus
+    strike({KEY_ENTER});
+    EXPECT_EQ(take_click(field), 0);
+    add(field, ELEMENT_TEXT_FIELD, 100, 60, 60, 9);
+    set_text("abcdef");
     gui::field_scroll[field] = 0;
     // Characters of 6 pixels from x + 5 on, one more once the distance is positive: (112 - 5 - 100) / 6 + 1.
     click_at(112, 62);
@@ -114,6 +119,17 @@ TEST_F(FieldTest, TabEnterAndTheMouseMoveTheKeyboard) {
     EXPECT_EQ(gui::cursor[field], 5);
     click_at(150, 62);
     EXPECT_EQ(gui::cursor[field], 6);  // no further than the text
+    gui::field_scroll[field] = 0;
+    click_at(150, 62);
+    EXPECT_EQ(gui::cursor[field], 5);  // and no further than what shows
+}
+
+TEST_F(FieldTest, TheCursorIsSeenOnTheFieldsColor) {
+    text_colors[TEXT_LIGHT][0] = 0x123456;
+    gui::color[field] = static_cast<int>(ui_shadow);
+    cursor_phase = 0;
+    draw_on(0);
+    EXPECT_EQ(screen_pixel(100 + 3 - 1, 60 + 4), 0x123456U);
 }
 
 }  // namespace
