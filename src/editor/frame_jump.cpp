@@ -1,10 +1,12 @@
 #include "editor/frame_jump.h"
 
+#include "gui/hit_test.h"
 #include "gui/shapes.h"
 #include "gui/window.h"
 #include "state/flow.h"
 #include "state/frames.h"
 #include "state/run.h"
+#include "state/view.h"
 #include "windows/drawing_menu.h"
 #include "workspace/frame_store.h"
 #include <algorithm>
@@ -28,6 +30,7 @@ void clear_elements() {
 }
 
 void build_board() {
+    menu_id = WINDOW_BOX;  // so that no zoom preview is built over it
     for (int slot = 0; slot < board_slots; ++slot)
         build_element({.slot = slot,
                        .type = ELEMENT_THUMBNAIL,
@@ -59,13 +62,23 @@ struct Choice {
     int focus = 0, marked = -1;
 };
 
+/// The thumbnail of a Frame that the hand has moved the mouse to, or else the one marked before. By the mouse's place:
+/// `hover` may still tell of what stood here before the board.
+int touched_thumbnail(const Choice& choice, int start_x, int start_y) {
+    if (mouse_x == start_x && mouse_y == start_y) return choice.marked;
+    for (int slot = 0; slot < board_slots; ++slot)
+        if (mouse_in_element(slot) && is_frame(frame_of_slot(slot, choice.focus))) return slot;
+    return choice.marked;
+}
+
 Choice choose_while_held() {
     Choice choice{.focus = frame_index};
     int wheel = ::mouse_z;
+    const int start_x = mouse_x, start_y = mouse_y;
     while (hotkey_held(HOTKEY_FRAME_JUMP)) {
         show_board(choice.focus, choice.marked);
         update_screen(UPDATE_NORMAL);
-        if (hover >= 0 && hover < board_slots) choice.marked = hover;
+        choice.marked = touched_thumbnail(choice, start_x, start_y);
         const int turned = ::mouse_z - wheel;
         wheel += turned;
         choice.focus = move_focus(choice.focus, turned);
