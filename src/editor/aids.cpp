@@ -132,9 +132,9 @@ void draw_stroke_cursor() {
 void draw_measure() {
     if (measure_x == -1) return;
     step_measure();
-    if (!anchor_in_frame()) return;
     const bool preview_active = shown.cel_place.mode != -1 || tool_preview != -1 || rectangle_preview.x != -1;
     if (!preview_active) clear_to_color(overlay, static_cast<int>(transparent_color));
+    if (!anchor_in_frame()) return;  // of a larger Frame
     if (measure_state != MEASURE_NONE) draw_measure_lines();
     draw_measured_distance();
 }

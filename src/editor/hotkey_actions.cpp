@@ -14,7 +14,6 @@
 #include "windows/frame_menu.h"
 #include "windows/screen_pick.h"
 #include "workspace/frame_store.h"
-#include "workspace/notices.h"
 
 namespace nubo {
 namespace {
@@ -29,8 +28,11 @@ void pick_color_into(Color& color) {
     if (picked != pick_cancelled) color = static_cast<Color>(picked);
 }
 
-void go_to_frame(int slot) {
+/// One Frame alone: nothing happens, and nothing waits for the key.
+void go_to_frame(int slot, Hotkey key) {
+    if (frame_count < 2) return;
     if (slot != frame_index) fetch_frame(frame_index, slot);
+    wait_while_held(key);
 }
 
 }  // namespace
@@ -55,18 +57,10 @@ void measure_by_key() {
 
 // ---- Frames --------------------------------------------------------------------------------------------------------
 
-void next_frame() { go_to_frame((frame_index + 1) % frame_count); }
-void previous_frame() { go_to_frame((frame_index + frame_count - 1) % frame_count); }
-void first_frame() { go_to_frame(0); }
-void last_frame() { go_to_frame(frame_count - 1); }
-
-void clone_frame_by_key() {
-    if (clone_frame()) flash_message(MESSAGE_FRAME_CLONED);
-}
-
-void insert_frame_by_key() {
-    if (insert_blank_frame()) flash_message(MESSAGE_FRAME_CREATED);
-}
+void next_frame() { go_to_frame((frame_index + 1) % frame_count, HOTKEY_FRAME_NEXT); }
+void previous_frame() { go_to_frame((frame_index + frame_count - 1) % frame_count, HOTKEY_FRAME_PREVIOUS); }
+void first_frame() { go_to_frame(0, HOTKEY_FRAME_FIRST); }
+void last_frame() { go_to_frame(frame_count - 1, HOTKEY_FRAME_LAST); }
 
 void delete_frame_by_key() {
     wait_while_held(HOTKEY_FRAME_DELETE);

@@ -20,8 +20,6 @@ void next_frame();
 void previous_frame();
 void first_frame();
 void last_frame();
-void clone_frame_by_key();
-void insert_frame_by_key();
 void delete_frame_by_key();
 
 // ---- Windows and colours -------------------------------------------------------------------------------------------

@@ -9,6 +9,7 @@
 #include "state/flow.h"
 #include "windows/activity_menus.h"
 #include "windows/drawing_menu.h"
+#include "windows/frame_menu.h"
 #include "windows/pic_commands.h"
 #include <allegro.h>
 
@@ -25,7 +26,7 @@ enum KeyField : int { GIVES_WAY, IS_FREE };
 struct HotkeyRow {
     Hotkey action;
     int primary, alternate;  // default key values, 0 none
-    HotkeyMode mode;         // which scan runs it
+    HotkeyMode mode;         // which scan runs it; QUICK PAN also that of the nodes
     KeyWait wait;
     KeyField field;
     void (*run)();
@@ -43,8 +44,8 @@ constexpr std::array<HotkeyRow, HOTKEY_COUNT> rows{{
     {HOTKEY_PIC_RESTORE,      KEY_R,            0,     HOTKEYS_MAIN,  WAIT_AFTER, IS_FREE,   restore_frame_by_key},
     {HOTKEY_PIC_SAVE,         KEY_F5,           0,     HOTKEYS_MAIN,  NO_WAIT,    IS_FREE,   say_comes_later},
     {HOTKEY_PIC_LOAD,         KEY_F9,           0,     HOTKEYS_MAIN,  NO_WAIT,    IS_FREE,   say_comes_later},
-    {HOTKEY_FRAME_CLONE,      0,                0,     HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, clone_frame_by_key},
-    {HOTKEY_FRAME_INSERT,     0,                0,     HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, insert_frame_by_key},
+    {HOTKEY_FRAME_CLONE,      0,                0,     HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, clone_frame},
+    {HOTKEY_FRAME_INSERT,     0,                0,     HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, insert_blank_frame},
     {HOTKEY_FRAME_RESIZE,     0,                0,     HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, say_comes_later},
     {HOTKEY_FRAME_DELETE,     0,                0,     HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, delete_frame_by_key},
     {HOTKEY_PAN_UP,           KEY_UP,           KEY_W, HOTKEYS_PAN,   NO_WAIT,    GIVES_WAY, pan_up_by_key},
@@ -52,10 +53,10 @@ constexpr std::array<HotkeyRow, HOTKEY_COUNT> rows{{
     {HOTKEY_PAN_LEFT,         KEY_LEFT,         KEY_A, HOTKEYS_PAN,   NO_WAIT,    GIVES_WAY, pan_left_by_key},
     {HOTKEY_PAN_RIGHT,        KEY_RIGHT,        KEY_D, HOTKEYS_PAN,   NO_WAIT,    GIVES_WAY, pan_right_by_key},
     {HOTKEY_QUICK_PAN,        KEY_0_PAD,        0,     HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, quick_pan},
-    {HOTKEY_FRAME_NEXT,       KEY_PGDN,         0,     HOTKEYS_MODAL, WAIT_AFTER, GIVES_WAY, next_frame},
-    {HOTKEY_FRAME_PREVIOUS,   KEY_DEL,          0,     HOTKEYS_MODAL, WAIT_AFTER, GIVES_WAY, previous_frame},
-    {HOTKEY_FRAME_FIRST,      KEY_HOME,         0,     HOTKEYS_MODAL, WAIT_AFTER, GIVES_WAY, first_frame},
-    {HOTKEY_FRAME_LAST,       KEY_END,          0,     HOTKEYS_MODAL, WAIT_AFTER, GIVES_WAY, last_frame},
+    {HOTKEY_FRAME_NEXT,       KEY_PGDN,         0,     HOTKEYS_MODAL, NO_WAIT,    GIVES_WAY, next_frame},
+    {HOTKEY_FRAME_PREVIOUS,   KEY_DEL,          0,     HOTKEYS_MODAL, NO_WAIT,    GIVES_WAY, previous_frame},
+    {HOTKEY_FRAME_FIRST,      KEY_HOME,         0,     HOTKEYS_MODAL, NO_WAIT,    GIVES_WAY, first_frame},
+    {HOTKEY_FRAME_LAST,       KEY_END,          0,     HOTKEYS_MODAL, NO_WAIT,    GIVES_WAY, last_frame},
     {HOTKEY_FRAME_CENTER,     KEY_5_PAD,        0,     HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, center_frame},
     {HOTKEY_BRUSH_EYEDROPPER, KEY_F1,           0,     HOTKEYS_MAIN,  WAIT_AFTER, IS_FREE,   pick_brush_color},
     {HOTKEY_MASK_EYEDROPPER,  KEY_F2,           0,     HOTKEYS_MAIN,  WAIT_AFTER, IS_FREE,   pick_mask_color},
@@ -104,13 +105,11 @@ KeyState key_state(int value, int modifiers) {
     return ::key[code] != 0 && (value & modifier_bits) == modifiers ? KEY_IS_DOWN : KEY_IS_UP;
 }
 
-bool field_has_keyboard() {
-    const int slot = key_focus;
-    return is_slot(slot) && gui::type[at(slot)] == ELEMENT_TEXT_FIELD;
-}
+bool field_has_keyboard() { return is_text_field(key_focus); }
 
 void run_row(const HotkeyRow& row, int mode) {
-    if (row.mode != mode || (row.field == GIVES_WAY && field_has_keyboard())) return;
+    const bool runs = row.mode == mode || (mode == HOTKEYS_NODES && row.action == HOTKEY_QUICK_PAN);
+    if (!runs || (row.field == GIVES_WAY && field_has_keyboard())) return;
     row.run();
     if (row.wait == WAIT_AFTER)
         while (hotkey_held(row.action)) update_screen(UPDATE_NORMAL);

@@ -5,6 +5,7 @@
 #include "codecs/blend.h"
 #include "gui/draw.h"
 #include "gui/elements.h"
+#include "gui/prompt.h"
 #include "gui/shapes.h"
 #include "state/flow.h"
 #include "state/frames.h"
@@ -18,7 +19,7 @@ namespace nubo {
 namespace {
 
 constexpr int map_x = 10, map_y = 10, map_w = 300, map_h = 218;  // the picture; its element is two pixels higher
-OwnedBitmap minimap;
+BITMAP* minimap = nullptr;                                       // while it is shown; `quick_pan` owns it
 
 bool is_held() { return mouse_middle != 0 || hotkey_held(HOTKEY_QUICK_PAN); }
 
@@ -43,8 +44,8 @@ void draw_minimap(int slot) {
     hline(screen_buffer, x, y, x + w - 1, border);
     vline(screen_buffer, x, y, y + h - 1, border);
     hline(screen_buffer, x, y + h - 1, x + w - 1, border);
-    if (!minimap) return;
-    trans_blit(minimap.get(), screen_buffer, x, y + 1, std::clamp<int>(opt_quick_pan_strength, 1, 254));
+    if (minimap == nullptr) return;
+    trans_blit(minimap, screen_buffer, x, y + 1, std::clamp<int>(opt_quick_pan_strength, 1, 254));
     const auto level = static_cast<std::size_t>(shown.zoom);
     const int half_w = static_cast<int>(zoom_view_w[level] * map_w / static_cast<float>(current_frame->w)) / 2;
     const int half_h = static_cast<int>(zoom_view_h[level] * map_h / static_cast<float>(current_frame->h)) / 2;
@@ -67,9 +68,8 @@ void go_to_mouse() {
 }
 
 void say_too_small() {
-    status_message = MESSAGE_QUICK_PAN_TOO_SMALL;
+    const Prompt prompt(MESSAGE_QUICK_PAN_TOO_SMALL);
     update_while_held();
-    status_message = status_coordinates;
 }
 
 }  // namespace
@@ -79,13 +79,13 @@ void quick_pan() {
         say_too_small();
         return;
     }
-    minimap = draw_map();
     const int slot = GUI_find_free(true);
     if (slot < 0) {
         UA_log("[ ERROR ] : Cannot create help system hidden GUI object!");
-        minimap.reset();
         return;
     }
+    const OwnedBitmap map = draw_map();
+    minimap = map.get();
     GUI_clear_element(slot);
     gui::type[at(slot)] = ELEMENT_MINIMAP;
     gui::x[at(slot)] = map_x;
@@ -97,7 +97,7 @@ void quick_pan() {
     update_while_held();
     go_to_mouse();
     GUI_clear_element(slot);
-    minimap.reset();
+    minimap = nullptr;
 }
 
 void register_quick_pan() { set_element_drawer(ELEMENT_MINIMAP, draw_minimap); }

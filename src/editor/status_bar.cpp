@@ -61,6 +61,9 @@ std::string_view text_of_message(int message) {
     return known ? tooltip_text[static_cast<std::size_t>(message)] : std::string_view();
 }
 
+/// True for what the user must see, whatever the option says and also while the window on screen is hidden.
+bool shows_always(int message) { return message == status_bar_only || message == MESSAGE_WINDOW_HIDDEN; }
+
 /// The text of the element whose tooltip shows, empty for none.
 std::string_view text_of_tooltip() {
     const int slot = tooltip_element;
@@ -70,8 +73,8 @@ std::string_view text_of_tooltip() {
 }  // namespace
 
 void draw_status_bar() {
-    const bool menu_hidden = gui::hidden[slot_window] != 0;
-    if ((opt_status_bar == 0 || menu_hidden) && shown.status_message != status_bar_only) return;
+    const bool wanted = opt_status_bar != 0 && gui::hidden[slot_window] == 0;
+    if (!wanted && !shows_always(shown.status_message)) return;
     const int row = bar_row();
     trans_rectfill(screen_buffer, 0, row, view_w, bar_h, fixed_black, std::min<int>(opt_status_strength, 254));
     if (shown.status_message > 0)

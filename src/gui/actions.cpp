@@ -40,12 +40,15 @@ bool names_option(int row, int option, const char* row_line, const char* option_
     return true;
 }
 
+/// What is below 0 counts as off.
+void toggle(Word& option) { option = option > 0 ? 0 : 1; }
+
 void toggle_tool(int slot) {
     const int tool = gui::row_ids[at(slot)][0], option = gui::row_ids[at(slot)][1];
     if (!names_option(tool, option, "[ ERROR ] : Tool slot OOB in case 25. Tool = %d",
                       "[ ERROR ] : Option slot OOB in case 25. Slot = %d"))
         return;
-    tool_options[at(tool)][at(option)] = tool_options[at(tool)][at(option)] == 0 ? 1 : 0;
+    toggle(tool_options[at(tool)][at(option)]);
     if (press_in_element(slot)) flip(slot);
 }
 
@@ -54,7 +57,7 @@ void toggle_ink(int slot) {
     if (!names_option(ink, option, "[ ERROR ] : Ink slot OOB in case 25. Tool = %d",
                       "[ ERROR ] : Ink slot OOB in case 25. Slot = %d"))
         return;
-    ink_options[at(ink)][at(option)] = ink_options[at(ink)][at(option)] == 0 ? 1 : 0;
+    toggle(ink_options[at(ink)][at(option)]);
     if (press_in_element(slot)) flip(slot);
 }
 

@@ -1,6 +1,6 @@
 #include "gui/presses.h"
 
-#include "state/gui.h"
+#include "gui/window.h"
 #include "state/view.h"
 
 namespace nubo {
@@ -19,6 +19,19 @@ bool right_press_outside() {
     if (!pressed_outside(mouse_right)) return false;
     wait_while_down(mouse_right);
     return true;
+}
+
+int pressed_row(int list) {
+    const int state = press_state;
+    const bool slides = drag_slider != 0 || state == PRESS_ARROW_1 || state == PRESS_ARROW_2;
+    return mouse_left != 0 && press_slot == list && hover == list && !slides ? int{gui::hover_row[at(list)]} : -1;
+}
+
+void serve_hiding() {
+    if (!right_press_outside()) return;
+    toggle_window();
+    status_timer = 0;
+    status_message = gui::hidden[slot_window] != 0 ? int{MESSAGE_WINDOW_HIDDEN} : status_coordinates;
 }
 
 void clear_clicks() {

@@ -18,6 +18,15 @@ bool pressed_outside(const Shared<int>& button);
 /// True after a right press with no element under it, when the button is up again.
 bool right_press_outside();
 
+/// The row under the mouse after a press of the left button on the list, as long as it is down; -1 none. A knob in the
+/// hand chooses no row.
+int pressed_row(int list);
+
+/// After a right press with no element under it: hides the window, so that the user sees the Frame under it, or shows
+/// it again. As long as it is hidden the status bar tells the way back. By each window that can be hidden, on each
+/// pass.
+void serve_hiding();
+
 /// Forgets all clicks that no window has taken.
 void clear_clicks();
 

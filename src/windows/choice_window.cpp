@@ -76,8 +76,8 @@ void build(const ChoiceWindow& kind, int slot) {
 
 /// A press on a row puts its choice into the slot being edited.
 void serve_list(const ChoiceWindow& kind, int slot) {
-    const int row = gui::hover_row[at(CHOICE_LIST)];
-    if (mouse_left == 0 || hover != CHOICE_LIST || row == -1) return;
+    const int row = pressed_row(CHOICE_LIST);
+    if (row == -1) return;
     const int choice = gui::slider_value[at(CHOICE_LIST)] + kind.first_choice + row;
     choice_in(kind, slot) = std::clamp(choice, kind.first_choice, kind.first_choice + kind.choice_count - 1);
     edit_slot(kind, slot);

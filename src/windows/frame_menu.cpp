@@ -5,6 +5,7 @@
 #include "state/frames.h"
 #include "windows/activity_menus.h"
 #include "workspace/frame_store.h"
+#include "workspace/notices.h"
 #include "workspace/state_file.h"
 #include "workspace/workspace.h"
 #include <array>
@@ -19,15 +20,15 @@ void keep_state() {
     enter_image_dir();
 }
 
-bool insert_frame(bool blank) {
-    const bool inserted = insert_frames(frame_index, 1, blank);
-    if (inserted) keep_state();
-    return inserted;
+void insert_frame(bool blank, Message message) {
+    if (!insert_frames(frame_index, 1, blank)) return;
+    keep_state();
+    flash_message(message);
 }
 
 constexpr std::array<MenuItem, 5> frame_items{{
-    {LABEL_CLONE, MESSAGE_FRAME_CLONE, [] { clone_frame(); }},
-    {LABEL_INSERT, MESSAGE_FRAME_INSERT, [] { insert_blank_frame(); }},
+    {LABEL_CLONE, MESSAGE_FRAME_CLONE, clone_frame},
+    {LABEL_INSERT, MESSAGE_FRAME_INSERT, insert_blank_frame},
     {LABEL_RESIZE, MESSAGE_FRAME_RESIZE, say_comes_later},
     {LABEL_DELETE, MESSAGE_FRAME_DELETE, ask_to_delete_frame},
     {LABEL_CENTER, MESSAGE_CENTER_VIEW, center_frame},
@@ -36,9 +37,9 @@ constexpr ActivityMenu menu{.id = WINDOW_FRAME_MENU, .title = LABEL_FRAME, .item
 
 }  // namespace
 
-bool clone_frame() { return insert_frame(false); }
+void clone_frame() { insert_frame(false, MESSAGE_FRAME_CLONED); }
 
-bool insert_blank_frame() { return insert_frame(true); }
+void insert_blank_frame() { insert_frame(true, MESSAGE_FRAME_CREATED); }
 
 void ask_to_delete_frame() {
     if (frame_count == 1) {

@@ -3,10 +3,10 @@
 
 namespace nubo {
 
-/// A copy of the Frame in memory, or a blank one, behind the current Frame. False when nothing was inserted; then a
-/// waiting box or a log line tells why.
-bool clone_frame();
-bool insert_blank_frame();
+/// A copy of the Frame in memory, or a blank one, behind the current Frame. The status bar tells; when nothing was
+/// inserted a waiting box or a log line tells why.
+void clone_frame();
+void insert_blank_frame();
 
 /// Asks whether the current Frame may go, and deletes it; the last one can't. The caller has closed the window on
 /// screen and builds the drawing menu afterwards.

@@ -7,6 +7,7 @@
 #include "gui/window.h"
 #include "paint/inks.h"
 #include "paint/stroke.h"
+#include "state/flow.h"
 #include "state/frames.h"
 #include "state/run.h"
 #include "state/stroke.h"
@@ -54,9 +55,16 @@ Point node_place(const Gradient& gradient, Node node) {
             gradient.has_y() ? int{node_y(gradient, node)} : int{view_center_y}};
 }
 
+/// A node may lie outside the Frame.
 void place_node(const Gradient& gradient, Node node, Point place) {
-    if (gradient.has_x()) node_x(gradient, node) = std::clamp<int>(place.x, 0, frame_w - 1);
-    if (gradient.has_y()) node_y(gradient, node) = std::clamp<int>(place.y, 0, frame_h - 1);
+    if (gradient.has_x()) node_x(gradient, node) = place.x;
+    if (gradient.has_y()) node_y(gradient, node) = place.y;
+}
+
+/// The Frame may have become smaller since the node was placed.
+void bring_into_frame(const Gradient& gradient, Node node) {
+    const Point place = node_place(gradient, node);
+    place_node(gradient, node, {std::clamp<int>(place.x, 0, frame_w - 1), std::clamp<int>(place.y, 0, frame_h - 1)});
 }
 
 // ---- The hand on the nodes -----------------------------------------------------------------------------------------
@@ -152,6 +160,7 @@ void move_nodes(const Gradient& gradient) {
     while (exit_requested == 0 && !user_is_done()) {
         update_screen(UPDATE_NORMAL);
         check_hotkeys(HOTKEYS_NODES);
+        if (mouse_middle != 0) quick_pan();
         if (pressed_outside(mouse_left)) {
             held = node_after_press(gradient, held);
             wait_while_down(mouse_left);
@@ -182,7 +191,7 @@ void reposition_gradient(int ink) {
     menu_id = WINDOW_BOX;
     status_message = status_bar_only;
     status_timer = 0;
-    for (const Node node : both_nodes) place_node(*gradient, node, node_place(*gradient, node));
+    for (const Node node : both_nodes) bring_into_frame(*gradient, node);
     clear_to_color(overlay, static_cast<int>(transparent_color));
     tool_preview_on = 1;
     tool_preview = nodes_preview + ink;

@@ -122,8 +122,8 @@ void show_topic(int index) {
 }
 
 void serve_list() {
-    const int row = gui::hover_row[HELP_LIST];
-    if (mouse_left == 0 || hover != HELP_LIST || row < 0) return;
+    const int row = pressed_row(HELP_LIST);
+    if (row == -1) return;
     show_topic(gui::slider_value[HELP_LIST] + 1 + row);
     wait_while_down(mouse_left);
 }
@@ -133,6 +133,7 @@ void serve_list() {
 void help_window() {
     const int status_bar = opt_status_bar;
     opt_status_bar = 0;  // the window fills the screen
+    hotkeys_busy = 1;    // the pan keys are silent too
     GUI_close_window();
     build_help();
     while (take_click(HELP_BUTTON_EXIT) == 0) {
@@ -141,6 +142,7 @@ void help_window() {
     }
     GUI_close_window();
     build_drawing_menu();
+    hotkeys_busy = 0;
     opt_status_bar = status_bar;
 }
 

@@ -2,6 +2,7 @@
 
 #include "base/log.h"
 #include "gui/presses.h"
+#include "gui/prompt.h"
 #include "gui/snapshot.h"
 #include "gui/window.h"
 #include "state/flow.h"
@@ -220,7 +221,7 @@ void hotkey_window() {
     GUI_close_window();
     build_window(window);
     finish_window(0);
-    status_message = MESSAGE_REMAP_KEY;
+    const Prompt prompt(MESSAGE_REMAP_KEY);
     do {
         const int first = gui::slider_value[HOTKEYS_LIST];
         show_keys(first);
@@ -229,7 +230,6 @@ void hotkey_window() {
         serve_keys(first);
         if (take_click(HOTKEYS_DEFAULTS) > 0) default_hotkeys();
     } while (exit_requested == 0 && !user_leaves(before));
-    status_message = status_coordinates;
     GUI_close_window();
     menu_id = WINDOW_DRAWING_MENU;
 }

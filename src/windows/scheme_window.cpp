@@ -169,8 +169,8 @@ void scheme_window() {
     do {
         apply_scheme(SCHEME_FROM_SWATCHES);
         update_screen(UPDATE_NORMAL);
-        if (key_focus != SCHEME_PREVIEW_FIELD) check_hotkeys(HOTKEYS_MODAL);  // its keys would turn the Frames
-        if (right_press_outside()) toggle_window();
+        check_hotkeys(HOTKEYS_MODAL);
+        serve_hiding();
         serve_swatches(kept);
         paint_sheet(color_scheme);
         serve_files();

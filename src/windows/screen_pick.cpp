@@ -1,6 +1,7 @@
 #include "windows/screen_pick.h"
 
 #include "gui/presses.h"
+#include "gui/prompt.h"
 #include "state/colors.h"
 #include "state/gui.h"
 #include "state/messages.h"
@@ -33,11 +34,8 @@ int read_screen() {
 
 /// The prompt stays on the screen until the colour is picked.
 int pick_with_prompt(Message prompt) {
-    status_message = prompt;
-    status_timer = 0;
-    const int color = pick_screen_color(false);
-    status_message = status_coordinates;
-    return color;
+    const Prompt shown_meanwhile(prompt);
+    return pick_screen_color(false);
 }
 
 }  // namespace

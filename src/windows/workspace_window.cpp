@@ -63,11 +63,6 @@ void read_fields() {
     GUI_read_field(WORKSPACE_NOTES, std::span(workspace_notes).first<stored>());
 }
 
-/// A right press with no element under it hides or shows the window, to look at the Frame under it.
-void serve_hiding() {
-    if (right_press_outside()) toggle_window();
-}
-
 void ask_to_clear() {
     GUI_close_window();
     if (confirm_box(LABEL_CLEAR_WORKSPACE, LABEL_CANNOT_BE_UNDONE, false, false) != 0) clear_workspace();

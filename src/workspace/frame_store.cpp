@@ -54,8 +54,9 @@ void insert_tiles(int start, int count, bool blank) {
         blank ? clear_nail_tile(slot) : make_nail_tile(current_frame, slot);
 }
 
-/// A blank Frame takes over the view that its slot last held.
+/// A copy is seen as its original is now; a blank Frame takes over the view that its slot last held.
 void insert_views(int start, int count, bool blank) {
+    if (start == frame_index) view_of(start) = {pan_x, pan_y, zoom};
     for (int slot = frame_count - 1; slot > start; --slot) view_of(slot + count) = view_of(slot);
     for (int slot = start + 1; slot <= start + count && !blank; ++slot) view_of(slot) = view_of(start);
 }

@@ -58,6 +58,12 @@ TEST_F(AidsTest, AMeasureLastsFromPressToPress) {
         co_await user.hold_key(KEY_F12);
         co_await user.release_key(KEY_F12);
         EXPECT_EQ(measure_x, -1);
+        co_await user.hold_key(KEY_F12);
+        co_await user.release_key(KEY_F12);
+        EXPECT_NE(*pixels_at(overlay, 90, 20), transparent_color);
+        new_frame(20, 20);  // without the anchor
+        co_await user.wait(2);
+        EXPECT_EQ(*pixels_at(overlay, 90, 20), transparent_color);
     });
 }
 

@@ -96,6 +96,7 @@ TEST_F(GuiTest, TogglesFlipTheOptionThatTheyName) {
     press(ACTION_TOGGLE_TOOL, TOOL_SPLINE, OPTION_CLOSED);
     EXPECT_EQ(tool_option(TOOL_SPLINE, OPTION_CLOSED), 0);
     EXPECT_EQ(gui::type[5], ELEMENT_BUTTON);
+    ink_option(INK_HGRAD, OPTION_REPEAT) = -1;
     press(ACTION_TOGGLE_INK, INK_HGRAD, OPTION_REPEAT);
     EXPECT_EQ(ink_option(INK_HGRAD, OPTION_REPEAT), 1);
     for (const auto& [action, row, option] : {std::tuple{ACTION_TOGGLE_TOOL, 50, 0},

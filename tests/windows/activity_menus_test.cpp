@@ -120,10 +120,15 @@ TEST_F(ActivityTest, FramesAreClonedInsertedDeletedAndCentered) {
         EXPECT_EQ(slot_of(LABEL_CANCEL), -1);
         co_await click(user, okay_slot);
         EXPECT_EQ(frame_count, 1);
+        zoom = 2;
         co_await click(user, DRAWING_FRAME);
         co_await click(user, slot_of(LABEL_CLONE));
+        EXPECT_EQ(frame_view[1].zoom, 2);  // the copy shows what the user sees
+        EXPECT_EQ(status_message, MESSAGE_FRAME_CLONED);
+        zoom = 1;
         co_await click(user, DRAWING_FRAME);
         co_await click(user, slot_of(LABEL_INSERT));
+        EXPECT_EQ(status_message, MESSAGE_FRAME_CREATED);
         EXPECT_EQ(frame_count, 3);
         co_await click(user, DRAWING_FRAME);
         co_await click(user, slot_of(LABEL_DELETE));
@@ -143,6 +148,25 @@ TEST_F(ActivityTest, FramesAreClonedInsertedDeletedAndCentered) {
     EXPECT_EQ(count_frame_files(), 2);
 }
 
+TEST_F(ActivityTest, FrameJumpGoesToTheFrameThatTheMouseTouchedAlone) {
+    insert_frames(0, 2, true);
+    zoom = 2;
+    play([](User& user) -> Script {
+        constexpr int long_enough = 40;  // 400 ms
+        // The slot of USER, 18, is that of the next Frame on the board; its place is that of an empty cell.
+        for (const bool touches : {false, true}) {
+            co_await user.move_to(middle_x(DRAWING_USER), middle_y(DRAWING_USER));
+            co_await user.hold_key(KEY_BACKSLASH);
+            EXPECT_EQ(gui::active[zoom_preview_slot], 0) << "no preview over the board";
+            if (touches) co_await user.move_to(10 + 4 * 43 + 20, 12 + 2 * 43 + 20);
+            co_await user.move_to(10 + 43 + 20, 12 + 20);  // an empty cell
+            co_await user.wait(long_enough);
+            co_await user.release_key(KEY_BACKSLASH);
+            EXPECT_EQ(frame_index, touches ? 1 : 0);
+        }
+    });
+}
+
 TEST_F(ActivityTest, TheWorkspaceWindowKeepsItsTextsAndClearsAfterAsking) {
     clear_to_color(current_frame, red);
     workspace_title = {"A"};
@@ -159,8 +183,10 @@ TEST_F(ActivityTest, TheWorkspaceWindowKeepsItsTextsAndClearsAfterAsking) {
         EXPECT_STREQ(workspace_title.data(), "Ab");
         co_await click_place(user, 20, 20, right_button);
         EXPECT_EQ(gui::hidden[title], 1);
+        EXPECT_EQ(status_message, MESSAGE_WINDOW_HIDDEN);
         co_await click_place(user, 20, 20, right_button);
         EXPECT_EQ(gui::hidden[title], 0);
+        EXPECT_EQ(status_message, status_coordinates);
         co_await click(user, slot_of(LABEL_WORKSPACE_RETURN));
         EXPECT_EQ(menu_id, WINDOW_DRAWING_MENU);
         for (const bool sure : {false, true}) {

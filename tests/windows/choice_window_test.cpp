@@ -88,6 +88,11 @@ TEST_F(MenuTest, ARowFillsTheSlotAndAnotherButtonTakesTheEditing) {
         EXPECT_EQ(active_tool_slot, 1);
         EXPECT_EQ(gui::label[button_first + 1], TOOL_LINE);
         EXPECT_EQ(gui::label[description_slot], TOOL_LINE);
+        const int knob_x = gui::x[list_slot] + 66, knob_y = gui::slider_pos[list_slot][0] + 2;
+        co_await user.press_left(knob_x, knob_y);
+        co_await user.drag_to(knob_x - 20, knob_y);  // over the first row
+        co_await user.release_left();
+        EXPECT_EQ(tool_slots[1], TOOL_LINE);
         co_await user.move_to(x, y);
         for (int notch = 0; notch < 6; ++notch) co_await user.turn_wheel(-1);  // by 2 a notch, 9 at most
         co_await click_place(user, x, y + 8 * list_row_h);

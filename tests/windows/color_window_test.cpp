@@ -162,6 +162,11 @@ TEST_F(NodesTest, ANodeIsTakenUpMovedAndLetGo) {
                 co_await user.move_to(40, 60);
                 EXPECT_EQ(ink_options[INK_LGRAD][OPTION_NODE + 2], 40);
                 EXPECT_EQ(ink_options[INK_LGRAD][OPTION_NODE + 3], 60);
+                pan_x = -100;
+                co_await user.move_to(50, 60);
+                EXPECT_EQ(ink_options[INK_LGRAD][OPTION_NODE + 2], -50) << "outside the Frame";
+                pan_x = 0;
+                co_await user.move_to(40, 60);
                 CLICK_LEFT(40, 60);
                 co_await user.move_to(200, 100);
                 EXPECT_EQ(ink_options[INK_LGRAD][OPTION_NODE + 2], 40) << "let go";
@@ -187,6 +192,10 @@ TEST_F(NodesTest, NodesOutOfViewAreJumpedTo) {
                 EXPECT_EQ(pan_x, 600 - 160);
                 EXPECT_EQ(pan_y, y_before);
                 EXPECT_EQ(gui::active[high_slot], 0) << "a node is in view again";
+                co_await user.move_to(160, 119);  // the middle of quick pan's map
+                co_await user.hold_key(KEY_0_PAD);
+                co_await user.release_key(KEY_0_PAD);
+                EXPECT_EQ(pan_x, 500 - 160);
                 CLICK_RIGHT(300, 200);
             });
     reposition_gradient(INK_OPAQUE);  // logged, and returns at once

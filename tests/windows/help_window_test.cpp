@@ -41,6 +41,9 @@ TEST_F(HelpWindowTest, ATopicShowsUntilExitAndTheStatusBarComesBack) {
         co_await user.press_right(200, 100);  // neither a right press nor a key leaves
         co_await user.release_right();
         EXPECT_EQ(menu_id, 20);
+        co_await user.hold_key(KEY_RIGHT);
+        co_await user.release_key(KEY_RIGHT);
+        EXPECT_EQ(pan_x, 0) << "the Frame behind it stays";
         co_await user.move_to(40, 2 + 229);
         co_await user.press_left(40, 2 + 229);
         co_await user.release_left();
