@@ -18,7 +18,6 @@
 #include "state/options.h"
 #include "state/run.h"
 #include "state/view.h"
-#include "windows/gradient_nodes.h"
 #include "workspace/rescue.h"
 #include <algorithm>
 #include <allegro.h>
@@ -139,7 +138,6 @@ void prepare_overlay() {
     if (tool_preview != -1) {
         clear_to_color(overlay, static_cast<int>(transparent_color));
         draw_tool_preview();
-        draw_gradient_nodes();
     }
     if (rectangle_preview.x != -1) draw_rectangle_preview();
     draw_measure();

@@ -23,6 +23,7 @@
 #include "state/view.h"
 #include "windows/about_box.h"
 #include "windows/color_elements.h"
+#include "windows/gradient_nodes.h"
 #include "windows/help_window.h"
 #include "windows/scheme.h"
 #include "workspace/user_settings.h"
@@ -174,6 +175,7 @@ int start_program() {
     set_color_drawers();
     register_help_window();
     register_about_box();
+    register_gradient_nodes();
     fill_glow_distances();
     install_handlers();
     UA_log("[ INIT ] : Interrupts installed");

@@ -17,8 +17,6 @@ inline constexpr int free_slot_top = 121;      // the first that `GUI_find_free`
 
 /// True for a number of the table.
 constexpr bool is_slot(int slot) { return slot >= 0 && slot < gui_slots; }
-/// As an index of the columns: `gui::x[at(slot)]`.
-constexpr std::size_t at(int slot) { return static_cast<std::size_t>(slot); }
 
 /// True where typed keys may go: a text field, or the sample of one in the scheme window.
 inline bool is_text_field(int slot) {

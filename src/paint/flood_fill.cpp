@@ -7,6 +7,7 @@
 #include "base/log.h"
 #include "paint/stroke.h"
 #include "paint/surfaces.h"
+#include "paint/tool_cases.h"
 #include "paint/tool_colors.h"
 #include "paint/tools.h"
 #include "state/messages.h"
@@ -106,6 +107,10 @@ void flood_fill(int x, int y, Color color, int tolerance) {
         status_message = MESSAGE_FILL_MEMORY;
         status_timer = flash_ticks;
     }
+}
+
+void commit_fill(const StrokeStart& start) {
+    flood_fill(start.x, start.y, *pixels_at(current_frame, start.x, start.y), tool_option(TOOL_FILL, OPTION_TOLERANCE));
 }
 
 }  // namespace nubo

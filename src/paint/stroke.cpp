@@ -4,7 +4,7 @@
 #include "paint/inks.h"
 #include "paint/surfaces.h"
 #include "paint/tips.h"
-#include "paint/tool_commits.h"
+#include "paint/tool_cases.h"
 #include "paint/tools.h"
 #include "paint/undo.h"
 #include "state/flow.h"
@@ -46,38 +46,13 @@ void stamp_cell(int x, int y, Ink ink, int style) {
                       ink, brush_color);
 }
 
-void run_case(int x, int y, int brush, int ink, int style) {
-    switch (static_cast<BrushTool>(brush)) {
-    case TOOL_BOX: commit_box(ink); return;
-    case TOOL_CIRCLE: commit_circle(); return;
-    case TOOL_LINE: commit_line(); return;
-    case TOOL_DRAW: run_draw(x, y, ink, style); return;
-    case TOOL_DRIZ: run_driz(x, y); return;
-    case TOOL_SPRAY: run_spray(x, y, ink); return;
-    case TOOL_EDGE: commit_edge(x, y, ink); return;
-    case TOOL_SEP: commit_sep(x, y, ink); return;
-    case TOOL_FILL: flood_fill(x, y, *pixels_at(current_frame, x, y), tool_option(TOOL_FILL, OPTION_TOLERANCE)); return;
-    case TOOL_POLY:
-    case TOOL_RPOLY:
-    case TOOL_FSHAPE:
-    case TOOL_SSHAPE:
-    case TOOL_SPIRAL:
-    case TOOL_SPLINE: return;  // these six paint a list of points; without one they leave the Frame as it is
-    case TOOL_NONE:
-    case TOOL_MOVE:  // these three save undo and paint by themselves
-    case TOOL_OVAL:
-    case TOOL_TEXT:
-    case TOOL_COUNT: return;
-    }
-}
-
 }  // namespace
 
 void draw_to_frame(int x, int y, int brush, int ink, int style) {
     if (!stroke_is_valid(x, y, brush, ink, style)) return;
     if (!save_undo(false)) return;
     clear_stroke_mask();
-    run_case(x, y, brush, ink, style);
+    commit_tool(brush, {x, y, ink, style});
 }
 
 void stamp_tip(int x, int y, int brush, int ink, int style) {

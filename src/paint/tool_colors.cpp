@@ -3,7 +3,7 @@
 
 #include "paint/stroke.h"
 #include "paint/surfaces.h"
-#include "paint/tool_commits.h"
+#include "paint/tool_cases.h"
 #include "state/stroke.h"
 
 namespace nubo {
@@ -23,21 +23,21 @@ int count_outer_neighbors(int x, int y, const ColorRange& range) {
 
 }  // namespace
 
-void commit_edge(int x, int y, int ink) {
-    const ColorRange range(*pixels_at(current_frame, x, y), tool_option(TOOL_EDGE, OPTION_TOLERANCE));
+void commit_edge(const StrokeStart& start) {
+    const ColorRange range(*pixels_at(current_frame, start.x, start.y), tool_option(TOOL_EDGE, OPTION_TOLERANCE));
     for (int row = 0; row < current_frame->h; ++row)
         for (int column = 0; column < current_frame->w; ++column) {
             if (!range.holds(*pixels_at(stroke_snapshot(), column, row))) continue;
             // Once for each: inks with random draws take as many.
             for (int outer = count_outer_neighbors(column, row, range); outer > 0; --outer) {
-                stamp_tip(column, row, TOOL_EDGE, ink, tip_single);
+                stamp_tip(column, row, TOOL_EDGE, start.ink, tip_single);
                 refresh_stroke();
             }
         }
 }
 
-void commit_sep(int x, int y, int ink) {
-    const ColorRange range(*pixels_at(current_frame, x, y), tool_option(TOOL_SEP, OPTION_TOLERANCE));
+void commit_sep(const StrokeStart& start) {
+    const ColorRange range(*pixels_at(current_frame, start.x, start.y), tool_option(TOOL_SEP, OPTION_TOLERANCE));
     const int width = current_frame->w;
     for (int row = 0; row < current_frame->h; ++row) {
         const Color* const before = pixels_at(stroke_snapshot(), 0, row);
@@ -45,7 +45,7 @@ void commit_sep(int x, int y, int ink) {
             const int first = column;
             while (column < width && range.holds(before[column])) ++column;
             if (column == first) continue;
-            stamp_row(first, column - 1, row, ink);
+            stamp_row(first, column - 1, row, start.ink);
             refresh_stroke();
         }
     }

@@ -3,7 +3,7 @@
 #include "base/geometry.h"
 #include "base/random.h"
 #include "paint/stroke.h"
-#include "paint/tool_commits.h"
+#include "paint/tool_cases.h"
 #include "state/flow.h"
 #include "state/frames.h"
 #include "state/stroke.h"
@@ -17,8 +17,8 @@ constexpr int no_coordinate = -1;  // in `previous_point`: none yet
 
 /// Calls `pass` with the pixel under the mouse until the button is up, at least once, and shows the paint after each
 /// pass. The first pixel is that of the press: a quick click paints there even if the hand has moved on meanwhile.
-template <typename Pass> void while_held(int x, int y, Pass pass) {
-    Point mouse{x, y};
+template <typename Pass> void while_held(const StrokeStart& start, Pass pass) {
+    Point mouse{start.x, start.y};
     do {
         pass(mouse);
         update_screen(UPDATE_NORMAL);
@@ -55,11 +55,11 @@ void spray_once(int radius, int ink) {
 
 }  // namespace
 
-void run_draw(int x, int y, int ink, int style) {
-    while_held(x, y, [=](Point mouse) {
+void commit_draw(const StrokeStart& start) {
+    while_held(start, [&start](Point mouse) {
         if (mouse == previous_point) return;
         if (follows_previous(mouse))
-            stamp_tip(mouse.x, mouse.y, TOOL_DRAW, ink, style);
+            stamp_tip(mouse.x, mouse.y, TOOL_DRAW, start.ink, start.style);
         else
             do_line(current_frame, previous_point.x, previous_point.y, mouse.x, mouse.y, static_cast<int>(brush_color),
                     stamp_callback);
@@ -67,8 +67,8 @@ void run_draw(int x, int y, int ink, int style) {
     });
 }
 
-void run_driz(int x, int y) {
-    while_held(x, y, [](Point mouse) {
+void commit_driz(const StrokeStart& start) {
+    while_held(start, [](Point mouse) {
         if (mouse == previous_point) return;
         const int radius = driz_radius(mouse);
         if (radius != no_disc) fill_disc(mouse.x, mouse.y, radius);
@@ -76,12 +76,12 @@ void run_driz(int x, int y) {
     });
 }
 
-void run_spray(int x, int y, int ink) {
-    while_held(x, y, [=](Point) {
+void commit_spray(const StrokeStart& start) {
+    while_held(start, [&start](Point) {
         if (!spray_tick.take()) return;
         const int density = tool_option(TOOL_SPRAY, OPTION_SPRAY_DENSITY);
         const int radius = tool_option(TOOL_SPRAY, OPTION_SPRAY_RADIUS);
-        for (int i = 0; i < density; ++i) spray_once(radius, ink);
+        for (int i = 0; i < density; ++i) spray_once(radius, start.ink);
     });
 }
 

@@ -2,63 +2,93 @@
 
 #include "gui/presses.h"
 #include "paint/stroke.h"
+#include "paint/tool_cases.h"
 #include "state/flow.h"
-#include "state/options.h"
-#include "state/run.h"
+#include "state/shared.h"
 #include "state/stroke.h"
 #include "state/view.h"
+#include <cassert>
 
 namespace nubo {
 namespace {
 
-Point pixel_under_mouse() { return {pixel_x, pixel_y}; }
+using ToolCommit = void (*)(const StrokeStart& start);
 
-/// Shows the distance from a point while a tool runs, if the user wants that and does not measure already.
-class ToolDistance {
-public:
-    explicit ToolDistance(Point anchor) : shown_(opt_tool_distance != 0 && measure_state == 0) {
-        if (shown_) set_anchor(anchor);
-    }
-    ~ToolDistance() {
-        if (shown_) set_anchor({-1, -1});
-    }
-    ToolDistance(const ToolDistance&) = delete;
-    ToolDistance& operator=(const ToolDistance&) = delete;
-
-private:
-    static void set_anchor(Point anchor) {
-        measure_x = anchor.x;
-        measure_y = anchor.y;
-    }
-    bool shown_;
+/// Null where a tool has nothing of the kind.
+struct ToolRow {
+    BrushTool tool;
+    ToolRunner run;
+    ToolCommit commit;
+    PreviewDrawer preview;
 };
 
-/// BOX, CIRCLE, LINE: a press for the first point, a click for the second, the shape in stripes between.
-void run_two_click_tool(BrushTool tool) {
-    click_points[0] = pixel_under_mouse();
-    bool placed = false;
-    {
-        const ToolDistance distance(click_points[0]);
-        wait_while_down(mouse_left);
-        tool_preview = tool;
-        tool_preview_on = 1;
-        placed = wait_for_point(1);
-        tool_preview = -1;
-        tool_preview_on = 0;
-    }
-    if (!placed) return;
-    click_points[1] = pixel_under_mouse();
-    draw_to_frame(0, 0, tool, active_ink(), brush_tip);
+/// The runner of a tool that a room above names at start.
+constexpr ToolRunner run_above = nullptr;
+
+constexpr std::array<ToolRow, TOOL_COUNT> tool_rows{{
+    {TOOL_NONE, nullptr, nullptr, nullptr},
+    {TOOL_BOX, run_two_click_tool, commit_box, draw_box_preview},
+    {TOOL_CIRCLE, run_two_click_tool, commit_circle, draw_circle_preview},
+    {TOOL_DRAW, run_press_tool, commit_draw, nullptr},
+    {TOOL_DRIZ, run_press_tool, commit_driz, nullptr},
+    {TOOL_EDGE, run_press_tool, commit_edge, nullptr},
+    {TOOL_FILL, run_press_tool, commit_fill, nullptr},
+    {TOOL_LINE, run_two_click_tool, commit_line, draw_line_preview},
+    {TOOL_MOVE, run_above, nullptr, nullptr},  // MOVE and TEXT save undo and paint by themselves
+    {TOOL_OVAL, nullptr, nullptr, nullptr},
+    {TOOL_POLY, nullptr, nullptr, nullptr},
+    {TOOL_RPOLY, run_above, nullptr, nullptr},
+    {TOOL_SEP, run_press_tool, commit_sep, nullptr},
+    {TOOL_FSHAPE, nullptr, nullptr, nullptr},
+    {TOOL_SSHAPE, run_above, nullptr, nullptr},
+    {TOOL_SPIRAL, run_above, nullptr, nullptr},
+    {TOOL_SPLINE, nullptr, nullptr, nullptr},
+    {TOOL_SPRAY, run_press_tool, commit_spray, nullptr},
+    {TOOL_TEXT, run_above, nullptr, nullptr},
+}};
+static_assert(rows_in_order(tool_rows, &ToolRow::tool));
+
+/// One column of the table, in the first places of a table that the rooms above complete.
+template <std::size_t N, typename Field> consteval std::array<Field, N> column(Field ToolRow::*field) {
+    std::array<Field, N> values{};
+    for (std::size_t i = 0; i < tool_rows.size(); ++i) values[i] = tool_rows[i].*field;
+    return values;
 }
+constinit auto runners = column<TOOL_COUNT>(&ToolRow::run);
+constinit auto preview_drawers = column<nodes_preview + INK_COUNT>(&ToolRow::preview);
 
 }  // namespace
+
+void set_tool_runner(BrushTool tool, ToolRunner run) {
+    assert(tool_rows[at(tool)].run == nullptr);
+    runners[at(tool)] = run;
+}
+
+void set_preview_drawer(int preview, PreviewDrawer draw) { preview_drawers[at(preview)] = draw; }
+
+void run_tool() {
+    click_points.fill({});
+    const BrushTool tool = active_tool();
+    if (runners[at(tool)] != nullptr) runners[at(tool)](tool);
+}
+
+void commit_tool(int brush, const StrokeStart& start) {
+    if (brush >= TOOL_COUNT || tool_rows[at(brush)].commit == nullptr) return;
+    tool_rows[at(brush)].commit(start);
+}
+
+void draw_tool_preview() {
+    if (preview_drawers[at(tool_preview)] != nullptr) preview_drawers[at(tool_preview)]();
+}
+
+void run_press_tool(BrushTool tool) { draw_to_frame(pixel_x, pixel_y, tool, active_ink(), brush_tip); }
 
 bool wait_for_point(int slot) {
     for (;;) {
         update_screen(UPDATE_NORMAL);
         bool left = false, right = false;
         if (mouse_left) {
-            click_points[static_cast<unsigned>(slot)] = pixel_under_mouse();
+            click_points[at(slot)] = {pixel_x, pixel_y};
             left = true;
             wait_while_down(mouse_left);
         }
@@ -67,33 +97,6 @@ bool wait_for_point(int slot) {
             wait_while_down(mouse_right);
         }
         if (left != right) return left;
-    }
-}
-
-void run_tool() {
-    click_points.fill({});
-    const BrushTool tool = active_tool();
-    switch (tool) {
-    case TOOL_BOX:
-    case TOOL_CIRCLE:
-    case TOOL_LINE: run_two_click_tool(tool); return;
-    case TOOL_DRAW:
-    case TOOL_DRIZ:
-    case TOOL_SPRAY:
-    case TOOL_EDGE:
-    case TOOL_SEP:
-    case TOOL_FILL: draw_to_frame(pixel_x, pixel_y, tool, active_ink(), brush_tip); return;
-    case TOOL_MOVE: return;
-    case TOOL_OVAL: return;
-    case TOOL_POLY: return;
-    case TOOL_RPOLY: return;
-    case TOOL_FSHAPE: return;
-    case TOOL_SSHAPE: return;
-    case TOOL_SPIRAL: return;
-    case TOOL_SPLINE: return;
-    case TOOL_TEXT: return;
-    case TOOL_NONE:
-    case TOOL_COUNT: return;
     }
 }
 

@@ -43,6 +43,9 @@ template <typename T, std::size_t N> consteval std::array<T, N> filled(auto valu
     (std::make_index_sequence<N>{});
 }
 
+/// A number of a table as an index of its columns: `gui::x[at(slot)]`.
+constexpr std::size_t at(int number) { return static_cast<std::size_t>(number); }
+
 /// True when row i describes the value `first` + i: none missing, none out of order. For tables beside their
 /// enumeration.
 template <typename Row, std::size_t N, typename Key>

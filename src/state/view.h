@@ -45,7 +45,9 @@ inline constinit std::array<WindowPos, window_rows> window_pos{};  // last posit
 
 // ---- Transient -----------------------------------------------------------------------------------------------------
 
-inline constinit int tool_preview = -1;  // BrushTool whose preview is drawn over the frame; ink + 50 for nodes; -1 none
+inline constinit int tool_preview =
+    -1;  // BrushTool whose preview is drawn over the frame, `nodes_preview` + ink; -1 none
+inline constexpr int nodes_preview = 50;        // the nodes of a gradient ink
 inline constinit int tool_preview_on = 0;       // the overlay is blended over the frame
 inline constinit int picking_color = 0;         // the next update draws no cursor, crosshairs or tint
 inline constinit Shared<int> hotkeys_busy = 0;  // `check_hotkeys` is running

@@ -7,6 +7,7 @@
 #include "gui/window.h"
 #include "paint/inks.h"
 #include "paint/stroke.h"
+#include "paint/tools.h"
 #include "state/flow.h"
 #include "state/frames.h"
 #include "state/run.h"
@@ -178,6 +179,18 @@ void draw_node(Point place, const char* name) {
     UA_text(overlay, place.x - text_width(name) / 2, place.y - name_rise, name);
 }
 
+void draw_nodes() {
+    const Gradient& gradient = *find_gradient(tool_preview - nodes_preview);
+    const auto on_overlay = [&](Node node) {
+        const Point place = node_place(gradient, node);
+        return Point{place.x - shown.pan_x, place.y - shown.pan_y};
+    };
+    const Point start = on_overlay(NODE_START), end = on_overlay(NODE_END);
+    preview_line(overlay, start.x, start.y, end.x, end.y);
+    draw_node(start, "START");
+    draw_node(end, "END");
+}
+
 }  // namespace
 
 void reposition_gradient(int ink) {
@@ -207,17 +220,8 @@ void reposition_gradient(int ink) {
     update_gradient_geometry();
 }
 
-void draw_gradient_nodes() {
-    const Gradient* const gradient = find_gradient(tool_preview - nodes_preview);
-    if (gradient == nullptr) return;
-    const auto on_overlay = [&](Node node) {
-        const Point place = node_place(*gradient, node);
-        return Point{place.x - shown.pan_x, place.y - shown.pan_y};
-    };
-    const Point start = on_overlay(NODE_START), end = on_overlay(NODE_END);
-    preview_line(overlay, start.x, start.y, end.x, end.y);
-    draw_node(start, "START");
-    draw_node(end, "END");
+void register_gradient_nodes() {
+    for (const Gradient& gradient : gradients) set_preview_drawer(nodes_preview + gradient.ink, draw_nodes);
 }
 
 }  // namespace nubo

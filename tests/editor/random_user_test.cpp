@@ -24,6 +24,7 @@
 #include "windows/about_box.h"
 #include "windows/color_elements.h"
 #include "windows/drawing_menu.h"
+#include "windows/gradient_nodes.h"
 #include "windows/help_window.h"
 #include "workspace/folders.h"
 #include "workspace/frame_files.h"
@@ -318,6 +319,7 @@ protected:
         set_color_drawers();
         register_help_window();
         register_about_box();
+        register_gradient_nodes();
         register_zoom_preview();
         register_quick_pan();
         hotkeys[HOTKEY_FRAME_CLONE][KEY_PRIMARY] = KEY_1;

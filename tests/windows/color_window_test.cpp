@@ -25,6 +25,7 @@ protected:
     ColorWindowTest() {
         mouse_reversed = 0;
         set_color_drawers();
+        register_gradient_nodes();
         spectrum_fold = 0;
         ink_option(active_ink(), OPTION_BANDING) = 0;
     }
@@ -170,7 +171,6 @@ TEST_F(NodesTest, ANodeIsTakenUpMovedAndLetGo) {
                 CLICK_LEFT(40, 60);
                 co_await user.move_to(200, 100);
                 EXPECT_EQ(ink_options[INK_LGRAD][OPTION_NODE + 2], 40) << "let go";
-                draw_gradient_nodes();
                 EXPECT_NE(getpixel(overlay, 48, 60), static_cast<int>(transparent_color)) << "the rim of its circle";
                 CLICK_RIGHT(200, 100);
             });

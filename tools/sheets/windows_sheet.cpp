@@ -214,6 +214,7 @@ public:
         set_color_drawers();
         register_help_window();
         register_about_box();
+        register_gradient_nodes();
         set_workspace_defaults();
         brush_color = orange;
         opt_status_bar = opt_crosshair_strength = 0;

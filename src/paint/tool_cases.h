@@ -1,0 +1,44 @@
+#pragma once
+// What each tool does at its three moments, for the one table in tools.cpp: its own loop, what it paints, its preview.
+#include "state/colors.h"
+#include "state/tools.h"
+
+namespace nubo {
+
+/// Where a stroke begins and with what: the arguments of `draw_to_frame`. `style` is the tip.
+struct StrokeStart {
+    int x, y, ink, style;
+};
+
+// ---- Runners: from the press on the Frame to the end ---------------------------------------------------------------
+
+/// The tools that need no more than the press: a stroke at the pixel under the mouse.
+void run_press_tool(BrushTool tool);
+/// BOX, CIRCLE, LINE: a press for the first point, a click for the second, the shape in stripes between.
+void run_two_click_tool(BrushTool tool);
+
+// ---- Commits: the cases of `draw_to_frame`, which has saved undo and cleared the coverage map before ---------------
+
+// Between `click_points` 0 and 1.
+void commit_box(const StrokeStart& start);
+void commit_circle(const StrokeStart& start);
+void commit_line(const StrokeStart& start);
+
+// Freehand: from the first point until `mouse_left` is up.
+void commit_draw(const StrokeStart& start);
+void commit_driz(const StrokeStart& start);
+void commit_spray(const StrokeStart& start);
+
+// By colour: the pixels that are like the one at the start. EDGE outlines them on their inner rim, SEP. paints them all
+// over the Frame, FILL those that are connected.
+void commit_edge(const StrokeStart& start);
+void commit_sep(const StrokeStart& start);
+void commit_fill(const StrokeStart& start);
+
+// ---- Previews: on `overlay`, from the values of `shown` ------------------------------------------------------------
+
+void draw_box_preview();
+void draw_circle_preview();
+void draw_line_preview();
+
+}  // namespace nubo
