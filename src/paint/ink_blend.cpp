@@ -3,9 +3,24 @@
 #include "paint/ink_rows.h"
 
 #include <cstdlib>
+#include <cstring>
 #include <cwchar>
 
 namespace nubo {
+namespace {
+
+/// Copies the run's colours, or fills it with the one.
+void put_run(const TipRun& run, Color color) {
+    const auto length = static_cast<std::size_t>(run.length);
+    static_assert(sizeof(wchar_t) == sizeof(Color));
+    // The one fill of the standard library for units of 32 bits; it stores wider than a loop does.
+    if (run.colors == nullptr)
+        std::wmemset(reinterpret_cast<wchar_t*>(run.frame), static_cast<wchar_t>(color), length);
+    else
+        std::memcpy(run.frame, run.colors, length * sizeof(Color));
+}
+
+}  // namespace
 
 // ---- Two colours ---------------------------------------------------------------------------------------------------
 
@@ -34,24 +49,22 @@ void blend_pixel(int x, int y, Color color, int alpha) {
 void ink_toward_row(const InkRow& row, int strength, Color target) {
     for_each_run(row, [=](const TipRun& run) {
         const int alpha = strength_coverage(strength, run.tip);
-        cover_run(run, alpha,
-                  [=, before = run.before](int i, Color) { return blend_fill_pixel(before[i], target, alpha); });
+        with_colors(run, target, [&](auto target_at) {
+            cover_run(run, alpha, [=, before = run.before](int i, Color) {
+                return blend_fill_pixel(before[i], target_at(i), alpha);
+            });
+        });
     });
 }
 
 // A full pixel replaces whatever the stroke has left there and leaves no trace in the mask; a soft one goes over it.
-static_assert(sizeof(wchar_t) == sizeof(Color));
-
 void ink_opaque_row(const InkRow& row, Color color) {
     for_each_run(row, [=](const TipRun& run) {
-        if (run.tip == 0) {
-            // The one fill of the standard library for units of 32 bits; it stores wider than a loop does.
-            std::wmemset(reinterpret_cast<wchar_t*>(run.frame), static_cast<wchar_t>(color),
-                         static_cast<std::size_t>(run.length));
-            return;
-        }
+        if (run.tip == 0) return put_run(run, color);
         const int alpha = run.tip_coverage();
-        cover_run(run, alpha, [=](int, Color painted) { return blend_fill_pixel(painted, color, alpha); });
+        with_colors(run, color, [&](auto color_at) {
+            cover_run(run, alpha, [=](int i, Color painted) { return blend_fill_pixel(painted, color_at(i), alpha); });
+        });
     });
 }
 
@@ -79,7 +92,8 @@ void ink_grain_row(const InkRow& row, int strength, int frequency, Color color) 
         if (static_cast<int>(covered) >= coverage) return;
         if (tip == 0) alpha = UA_random(strength);
         const Color base = *pixels_at(stroke_snapshot(), x, row.y);
-        *pixels_at(current_frame, x, row.y) = alpha > 0 ? blend_fill_pixel(base, color, alpha) : base;
+        const Color target = row.colors == nullptr ? color : row.colors[x - row.x];
+        *pixels_at(current_frame, x, row.y) = alpha > 0 ? blend_fill_pixel(base, target, alpha) : base;
         covered = static_cast<Color>(coverage);
     });
 }

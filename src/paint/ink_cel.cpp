@@ -1,5 +1,6 @@
 // The inks that take their colour from the Cel, repeated without end: SCRAPE, TILE.
 #include "paint/ink_rows.h"
+#include "paint/near_color.h"
 #include "state/cel.h"
 
 #include <cstdlib>
@@ -20,33 +21,20 @@ template <typename Visit> void for_each_tile(const TipRun& run, Visit visit) {
     const Color* const tile = pixels_at(cel_mask, 0, tile_place(run.y - cel_y, cel_mask->h));
     for (int done = 0; done < run.length;) {
         const int place = tile_place(run.x + done - cel_x, width);
-        TipRun part = run;
-        part.length = std::min(width - place, run.length - done);
-        part.x += done, part.frame += done, part.mask += done, part.before += done;
+        const TipRun part = part_of(run, done, std::min(width - place, run.length - done));
         visit(part, tile + place);
         done += part.length;
     }
 }
 
-/// `colors_match` with the mask colour, without a branch.
-struct HoleTest {
-    int red = red_of(mask_color), green = green_of(mask_color), blue = blue_of(mask_color);
-
-    bool operator()(Color pixel) const {
-        const int r = std::abs(red - red_of(pixel)), g = std::abs(green - green_of(pixel)),
-                  b = std::abs(blue - blue_of(pixel));
-        return std::max(std::max(r, g), b) < hole_tolerance;
-    }
-};
-
 void copy_without_holes(Color* __restrict__ frame, const Color* tile, int length) {
-    const HoleTest is_hole;
+    const NearColor is_hole(mask_color, hole_tolerance);
     for (int i = 0; i < length; ++i) frame[i] = is_hole(tile[i]) ? frame[i] : tile[i];
 }
 
 /// `cover_run` with a coverage of 0, which is above no mask, at the holes.
 void blend_without_holes(const TipRun& run, const Color* tile, int alpha) {
-    const HoleTest is_hole;
+    const NearColor is_hole(mask_color, hole_tolerance);
     Color* __restrict__ const frame = run.frame;
     Color* __restrict__ const mask = run.mask;
     for (int i = 0; i < run.length; ++i) {

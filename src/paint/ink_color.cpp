@@ -2,6 +2,9 @@
 #include "paint/ink_light.h"
 #include "paint/ink_rows.h"
 #include "paint/spectrum.h"
+#include "state/shared.h"
+
+#include <array>
 
 namespace nubo {
 namespace {
@@ -25,6 +28,21 @@ template <typename Recolor> void cover_recolored(const TipRun& run, int coverage
     });
 }
 
+/// ADD and SUB with a colour for each pixel. The table is read for a chunk at a time, so that the pixel loop holds
+/// nothing but sums.
+void add_colors(const TipRun& run, const LightTable& table, Color inversion) {
+    constexpr int chunk = 256;
+    for (int first = 0; first < run.length; first += chunk) {
+        const TipRun part = part_of(run, first, std::min(chunk, run.length - first));
+        std::array<Color, chunk> step, rest;
+        for (int i = 0; i < part.length; ++i) step[at(i)] = table.step_of(part.colors[i]);
+        for (int i = 0; i < part.length; ++i) rest[at(i)] = table.has_rest ? table.rest_of(part.colors[i]) : 0;
+        cover_run(part, part.tip_coverage(), [&, before = part.before](int i, Color) {
+            return lit(before[i] ^ inversion, {step[at(i)], rest[at(i)]}) ^ inversion;
+        });
+    }
+}
+
 }  // namespace
 
 // SUB adds to the inverted pixel and inverts the sum.
@@ -32,6 +50,7 @@ void ink_add_row(const InkRow& row, int strength, Color color, bool darkens) {
     const Color inversion = darkens ? 0xffffff : 0;
     for_each_run(row, [=](const TipRun& run) {
         const double share = strength_factor(strength, run.tip);
+        if (run.colors != nullptr) return add_colors(run, light_table(share, darkens), inversion);
         const Light light = light_of({share * red_of(color), share * green_of(color), share * blue_of(color)}, darkens);
         cover_run(run, run.tip_coverage(),
                   [=, before = run.before](int i, Color) { return lit(before[i] ^ inversion, light) ^ inversion; });
@@ -41,12 +60,14 @@ void ink_add_row(const InkRow& row, int strength, Color color, bool darkens) {
 // The blend takes 255 less the tip value, the coverage 200 less it. At full the blend's weights are 1 and 0.
 void ink_xor_row(const InkRow& row, Color color) {
     for_each_run(row, [=](const TipRun& run) {
-        const Color* const before = run.before;
-        if (run.tip == 0)
-            cover_run(run, run.tip_coverage(), [=](int i, Color) { return before[i] ^ color; });
-        else
-            cover_run_dear(run, run.tip_coverage(),
-                           [=](int i) { return blend_color(before[i], before[i] ^ color, 255 - run.tip); });
+        with_colors(run, color, [&](auto color_at) {
+            const Color* const before = run.before;
+            if (run.tip == 0)
+                cover_run(run, run.tip_coverage(), [=](int i, Color) { return before[i] ^ color_at(i); });
+            else
+                cover_run_dear(run, run.tip_coverage(),
+                               [=](int i) { return blend_color(before[i], before[i] ^ color_at(i), 255 - run.tip); });
+        });
     });
 }
 

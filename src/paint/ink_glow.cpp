@@ -82,13 +82,19 @@ void ink_glow_row(const InkRow& row, int strength, int radius, Color color) {
     for_each_run(row, [=](const TipRun& run) {
         Color* const end = run.mask + run.length;
         if (std::find(run.mask, end, 0U) == end) return;
-        GlowDisc disc;
-        fill_disc_lines(disc, strength_factor(strength, run.tip), radius, color);
-        for (int i = 0; i < run.length; ++i) {
-            if (run.mask[i] != 0) continue;
-            run.mask[i] = 1;
-            light_disc(disc, run.x + i, run.y);
-        }
+        with_colors(run, color, [&](auto color_at) {
+            GlowDisc disc;
+            Color known = 0;
+            bool is_known = false;
+            for (int i = 0; i < run.length; ++i) {
+                if (run.mask[i] != 0) continue;
+                run.mask[i] = 1;
+                if (!is_known || color_at(i) != known)
+                    fill_disc_lines(disc, strength_factor(strength, run.tip), radius, known = color_at(i));
+                is_known = true;
+                light_disc(disc, run.x + i, run.y);
+            }
+        });
     });
 }
 

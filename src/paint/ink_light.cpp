@@ -33,4 +33,21 @@ Light light_of(const std::array<double, 3>& amounts, bool darkens) {
     return {pack_color(red.step, green.step, blue.step), pack_color(red.rest, green.rest, blue.rest)};
 }
 
+const LightTable& light_table(double share, bool darkens) {
+    static LightTable table;
+    if (table.share == share && table.darkens == darkens) return table;
+    table.share = share;
+    table.darkens = darkens;
+    table.has_rest = false;
+    for (std::size_t c = 0; c < 256; ++c) {
+        const auto [step, rest] = component_light(share * static_cast<double>(c), darkens);
+        for (std::size_t place = 0; place < 3; ++place) {
+            table.step[place][c] = static_cast<Color>(step) << (16 - 8 * place);
+            table.rest[place][c] = static_cast<Color>(rest) << (16 - 8 * place);
+        }
+        table.has_rest = table.has_rest || rest != 0;
+    }
+    return table;
+}
+
 }  // namespace nubo

@@ -16,6 +16,26 @@ struct Light {
 /// the hair. If `darkens`, the light is that of c - amount on inverted components: 255 less c, and the result so, too.
 Light light_of(const std::array<double, 3>& amounts, bool darkens = false);
 
+/// The light of every component at one share: that of a colour is put together from it, where each pixel of a row has
+/// its own. Red, green and blue stand in tables of their own, each at its place in the word.
+struct LightTable {
+    double share = -1;
+    bool darkens = false, has_rest = false;  // has_rest false: all rests are 0
+    std::array<std::array<Color, 256>, 3> step{}, rest{};
+
+    Color step_of(Color color) const { return of(step, color); }
+    Color rest_of(Color color) const { return of(rest, color); }
+
+private:
+    static Color of(const std::array<std::array<Color, 256>, 3>& table, Color color) {
+        return table[0][color >> 16 & 0xff] | table[1][color >> 8 & 0xff] | table[2][color & 0xff];
+    }
+};
+
+/// The table of a share, 0 to 1. It is kept from call to call, since a paste asks for the same with each row; the
+/// reference holds until the next call.
+const LightTable& light_table(double share, bool darkens);
+
 /// The pixel with the light added, each component held to 255.
 constexpr Color lit(Color pixel, const Light& light) {
     constexpr Color red_blue = 0xff00ff, green = 0x00ff00, red_blue_over = 0x01000100, green_over = 0x010000;

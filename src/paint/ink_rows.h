@@ -21,6 +21,7 @@ struct TipRun {
     Color* frame;         // what is painted
     Color* mask;          // coverage of the stroke so far
     const Color* before;  // the snapshot
+    const Color* colors;  // a colour for each pixel, or null
 
     /// The coverage of inks that compute a pixel: 200 at full, down to 1.
     int tip_coverage() const { return tip_outside - tip; }
@@ -35,7 +36,16 @@ inline TipRun run_of(const InkRow& row, int first, int length, int tip) {
             tip,
             pixels_at(current_frame, x, row.y),
             pixels_at(stroke_mask, x, row.y),
-            pixels_at(stroke_snapshot(), x, row.y)};
+            pixels_at(stroke_snapshot(), x, row.y),
+            row.colors == nullptr ? nullptr : row.colors + first};
+}
+
+/// The pixels `first` up to `first` + `length` of a run.
+inline TipRun part_of(TipRun run, int first, int length) {
+    run.x += first, run.frame += first, run.mask += first, run.before += first;
+    if (run.colors != nullptr) run.colors += first;
+    run.length = length;
+    return run;
 }
 
 /// Calls `visit(run)` for each run of the row from the left; pixels outside the tip are left out.
@@ -49,6 +59,15 @@ template <typename Visit> void for_each_run(const InkRow& row, Visit visit) {
         for (end = first + 1; end < row.length && row.tip[end] == tip;) ++end;
         if (tip < tip_outside) visit(run_of(row, first, end - first, tip));
     }
+}
+
+/// Calls `paint(color_at)`, where `color_at(i)` is the colour of the run's pixel i: its own, or `color` for all. The
+/// choice is made once, so that the pixel loops of `paint` are compiled for either.
+template <typename Paint> void with_colors(const TipRun& run, Color color, Paint paint) {
+    if (run.colors == nullptr)
+        paint([color](int) { return color; });
+    else
+        paint([colors = run.colors](int i) { return colors[i]; });
 }
 
 /// Calls `visit(x, tip)` for each pixel of the row from the left, those outside the tip too.

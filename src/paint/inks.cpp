@@ -10,14 +10,20 @@ int held_option(Ink ink, InkOption slot, int top) { return std::clamp<int>(ink_o
 
 int strength_of(Ink ink) { return held_option(ink, OPTION_STRENGTH, 255); }
 
+/// The row without colours of its own: for the inks that blend toward a fixed one.
+InkRow plain(InkRow row) {
+    row.colors = nullptr;
+    return row;
+}
+
 }  // namespace
 
 void apply_ink_row(const InkRow& row, Ink ink, Color color) {
     switch (ink) {
     case INK_ADD: return ink_add_row(row, strength_of(ink), color, false);
-    case INK_BRIGHT: return ink_toward_row(row, strength_of(ink), ui_white);
+    case INK_BRIGHT: return ink_toward_row(plain(row), strength_of(ink), ui_white);
     case INK_CLOSE: return ink_close_row(row, strength_of(ink));
-    case INK_DARK: return ink_toward_row(row, strength_of(ink), ui_black);
+    case INK_DARK: return ink_toward_row(plain(row), strength_of(ink), ui_black);
     case INK_EMBOSS: return ink_emboss_row(row, strength_of(ink));
     case INK_GLASS: return ink_toward_row(row, strength_of(ink), color);
     case INK_GLOW: return ink_glow_row(row, strength_of(ink), held_option(ink, OPTION_GLOW_RADIUS, 31), color);

@@ -10,9 +10,10 @@ namespace nubo {
 
 /// A run of pixels of the Frame, with a tip value for each or one for all.
 struct InkRow {
-    int x, y, length;         // frame pixels; all inside the frame, length 1 or more
-    const std::uint8_t* tip;  // 0 full, 1 to 199 partial, `tip_outside` (200) and above outside the tip
-    int tip_step;             // 1: a tip value for each pixel; 0: *tip for all
+    int x, y, length;               // frame pixels; all inside the frame, length 1 or more
+    const std::uint8_t* tip;        // 0 full, 1 to 199 partial, `tip_outside` (200) and above outside the tip
+    int tip_step;                   // 1: a tip value for each pixel; 0: *tip for all
+    const Color* colors = nullptr;  // of a paste: a colour for each pixel in the place of the one for all
 };
 
 /// Applies `ink` with `color` to a row, in order from the left. Reads the snapshot of `save_undo`, writes the Frame and

@@ -52,19 +52,22 @@ constexpr Ink strongest_wins[] = {INK_ADD,   INK_BRIGHT, INK_DARK, INK_EMBOSS, I
 
 TEST_F(InkPropertyTest, RowPaintsWhatItsPixelsPaintOneByOneAndNoOther) {
     constexpr std::uint8_t tips[] = {0, 1, 100, 199, 200, 255};
-    for (int number = 0; number < INK_COUNT * 72; ++number) {
-        const Ink ink = static_cast<Ink>(number / 72);
-        const int strength = std::array{0, 1, 5, 100, 254, 255}[number / 12 % 6], tip_step = number / 6 % 2;
+    for (int number = 0; number < INK_COUNT * 144; ++number) {
+        const Ink ink = static_cast<Ink>(number / 144);
+        const int strength = std::array{0, 1, 5, 100, 254, 255}[number / 24 % 6], tip_step = number / 6 % 2;
+        const bool has_colors = number / 12 % 2 != 0;
         prepare(ink, strength);
         std::array<std::uint8_t, width> tip;
         for (std::uint8_t& value : tip) value = tips[UA_random(6)];
         tip[0] = tips[number % 6];
+        std::array<Color, width> colors;
+        for (Color& color : colors) color = has_colors ? random_color(8) : 0x0a64c8;
         for (int x = 0; x < width; x += 1 + UA_random(80)) mask(x, 2) = static_cast<Color>(UA_random(256));
         const OwnedBitmap covered = copy_bitmap(stroke_mask);
         const int left = UA_random(3), length = width - left - UA_random(3);
 
         random_first.seed(7U);
-        apply_ink_row({left, 2, length, tip.data(), tip_step}, ink, 0x0a64c8);
+        apply_ink_row({left, 2, length, tip.data(), tip_step, has_colors ? colors.data() : nullptr}, ink, 0x0a64c8);
         const auto by_row = pixels_of(current_frame), mask_by_row = pixels_of(stroke_mask);
         for (int i = 0; i < width * height && ink != INK_GLOW; ++i) {
             const int x = i % width, y = i / width;
@@ -75,7 +78,7 @@ TEST_F(InkPropertyTest, RowPaintsWhatItsPixelsPaintOneByOneAndNoOther) {
         begin_again(covered.get());
         random_first.seed(7U);
         for (int i = 0; i < length; ++i)
-            apply_ink(left + i, 2, ink, 0x0a64c8, tip[static_cast<unsigned>(i * tip_step)]);
+            apply_ink(left + i, 2, ink, colors[static_cast<unsigned>(i)], tip[static_cast<unsigned>(i * tip_step)]);
         ASSERT_EQ(by_row, pixels_of(current_frame)) << ink << " at " << strength << ", tip " << +tip[0];
         ASSERT_EQ(mask_by_row, pixels_of(stroke_mask)) << ink << " at " << strength;
     }
