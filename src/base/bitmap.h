@@ -26,6 +26,9 @@ OwnedBitmap copy_bitmap(BITMAP* source);
 /// Puts a new bitmap into a global handle and destroys what it held.
 void replace_bitmap(BITMAP*& handle, OwnedBitmap bitmap);
 
+/// For tests of what is done without memory: the bitmap that is asked for after `bitmaps_before` others can't be had.
+void refuse_bitmap(int bitmaps_before);
+
 /// The pixels of row `y` from column `x` on, of a 32-bit memory bitmap.
 inline Color* pixels_at(BITMAP* bitmap, int x, int y) { return reinterpret_cast<Color*>(bitmap->line[y]) + x; }
 

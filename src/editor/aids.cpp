@@ -2,6 +2,7 @@
 
 #include "codecs/blend.h"
 #include "framework/text.h"
+#include "gui/mouse_text.h"
 #include "paint/stroke.h"
 #include "state/colors.h"
 #include "state/flow.h"
@@ -78,24 +79,10 @@ void draw_measure_lines() {
     preview_line(overlay, x, y, x + view_w, y);
 }
 
-/// A text beside the mouse: after it by `gap`, or before it by `reach` if the anchor lies that way or the end is near.
-int beside_mouse(int mouse, bool anchor_after, int gap, int reach, int size, int end) {
-    const bool fits_before = mouse - reach >= 0, fits_after = mouse + gap + size <= end;
-    return (anchor_after && fits_before) || !fits_after ? mouse - reach : mouse + gap;
-}
-
-/// The distance from the anchor, on the side of the mouse that looks away from it.
 void draw_measured_distance() {
-    constexpr int gap = 7, above = 12, text_h = 5;
     std::array<char, 32> text;
     std::snprintf(text.data(), text.size(), "%d, %d", shown.pixel_x - measure_x, shown.pixel_y - measure_y);
-    set_font(FONT_NARROW, TEXT_YELLOW);
-    const int width = text_width(text.data());
-    const int right = static_cast<int>(zoom_view_w[static_cast<std::size_t>(shown.zoom)]);
-    const int bottom = static_cast<int>(zoom_view_h[static_cast<std::size_t>(shown.zoom)]);
-    const int x = beside_mouse(shown.pixel_x - shown.pan_x, shown.pixel_x < measure_x, gap, gap + width, width, right);
-    const int y = beside_mouse(shown.pixel_y - shown.pan_y, shown.pixel_y < measure_y, gap, above, text_h, bottom);
-    UA_text(overlay, x, y, text.data());
+    draw_mouse_text(text.data(), measure_x, measure_y);
 }
 
 }  // namespace
@@ -132,7 +119,7 @@ void draw_stroke_cursor() {
 void draw_measure() {
     if (measure_x == -1) return;
     step_measure();
-    const bool preview_active = shown.cel_place.mode != -1 || tool_preview != -1 || rectangle_preview.x != -1;
+    const bool preview_active = shown.cel_place.mode != -1 || tool_preview != -1 || rectangle_preview.is_shown != 0;
     if (!preview_active) clear_to_color(overlay, static_cast<int>(transparent_color));
     if (!anchor_in_frame()) return;  // of a larger Frame
     if (measure_state != MEASURE_NONE) draw_measure_lines();

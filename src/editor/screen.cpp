@@ -11,8 +11,10 @@
 #include "gui/draw.h"
 #include "gui/mouse.h"
 #include "gui/sliders.h"
+#include "paint/cel_paste.h"
 #include "paint/stroke.h"
 #include "paint/tools.h"
+#include "state/cel.h"
 #include "state/frames.h"
 #include "state/gui.h"
 #include "state/options.h"
@@ -134,12 +136,18 @@ void draw_rectangle_preview() {
     }
 }
 
+void draw_cel_preview() {
+    clear_to_color(overlay, static_cast<int>(transparent_color));
+    draw_cel(shown.cel_place.mode);
+}
+
 void prepare_overlay() {
+    if (shown.cel_place.mode != -1) draw_cel_preview();
     if (tool_preview != -1) {
         clear_to_color(overlay, static_cast<int>(transparent_color));
         draw_tool_preview();
     }
-    if (rectangle_preview.x != -1) draw_rectangle_preview();
+    if (rectangle_preview.is_shown != 0) draw_rectangle_preview();
     draw_measure();
 }
 
@@ -222,7 +230,7 @@ void update_screen(int mode) {
     refresh_ticks = 0;
     UA_run_jobs();
     // A freehand stroke lasts as long as the button; all other painting shows itself in the stroke's mode.
-    autosave_tick(!normal || mouse_left != 0);
+    autosave_tick(!normal || mouse_left != 0 || area_floats != 0);
 }
 
 }  // namespace nubo

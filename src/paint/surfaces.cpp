@@ -5,11 +5,8 @@
 namespace nubo {
 
 bool adopt_frame(OwnedBitmap frame) {
-    // A mask of the right size is used again: fresh memory costs more than clearing.
-    if (stroke_mask != nullptr && stroke_mask->w == frame->w && stroke_mask->h == frame->h) {
-        clear_stroke_mask();
-    } else {
-        OwnedBitmap mask = make_bitmap(frame->w, frame->h);
+    if (stroke_mask == nullptr || stroke_mask->w != frame->w || stroke_mask->h != frame->h) {
+        OwnedBitmap mask = make_uncleared_bitmap(frame->w, frame->h);
         if (!mask) return false;
         replace_bitmap(stroke_mask, std::move(mask));
     }

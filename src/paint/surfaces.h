@@ -5,8 +5,9 @@
 
 namespace nubo {
 
-/// Makes `frame` the Frame in memory and remakes `stroke_mask` at its size; the old ones are destroyed. This is the one
-/// place that replaces `current_frame`. False, with nothing changed, when the mask's memory can't be had.
+/// Makes `frame` the Frame in memory and `stroke_mask` one of its size, whose content means nothing until a stroke or a
+/// commit clears it; the old ones are destroyed. This is the one place that replaces `current_frame`. False, with
+/// nothing changed, when the mask's memory can't be had.
 bool adopt_frame(OwnedBitmap frame);
 
 /// Sets all of `stroke_mask` to 0: no pixel of the Frame is covered yet.

@@ -58,12 +58,14 @@ inline constinit int measure_state = 0;                             // 0 none, 1
 struct MenuShadow {
     int x = -1, y = -1, w = -1, h = -1;
 };
-inline constinit MenuShadow menu_shadow;  // rectangle of the drawing menu's snapshot under an activity menu
+inline constinit MenuShadow menu_shadow;       // rectangle of the drawing menu's snapshot under an activity menu
+inline constexpr int rectangle_unset = -9000;  // as x: a cross through the mouse instead of a rectangle
+/// The rectangle from a corner that the user has set to the mouse. The corner may lie beyond the Frame.
 struct RectanglePreview {
-    int x = -1, y = -1;
+    int is_shown = 0;
+    int x = rectangle_unset, y = rectangle_unset;  // frame pixels
 };
-inline constexpr int rectangle_unset = -9000;         // as x: a cross through the mouse instead of a rectangle
-inline constinit RectanglePreview rectangle_preview;  // anchor of the rectangle preview, frame pixels, -1 none
+inline constinit RectanglePreview rectangle_preview;
 
 // ---- The picture being drawn ---------------------------------------------------------------------------------------
 

@@ -1,6 +1,7 @@
 #include "workspace/side_files.h"
 
 #include "base/log.h"
+#include "paint/cel_pixels.h"
 #include "platform/safe_file.h"
 #include "state/cel.h"
 #include "state/run.h"
@@ -37,18 +38,9 @@ bool save_tip(const std::string& path) {
     return tip && save_bmp_file(path, tip.get());
 }
 
-/// Both Cel bitmaps of one size and content. The old ones stay if the memory can't be had.
-bool set_cel(OwnedBitmap picture) {
-    OwnedBitmap mask = picture ? copy_bitmap(picture.get()) : nullptr;
-    if (!mask) return false;
-    replace_bitmap(cel, std::move(picture));
-    replace_bitmap(cel_mask, std::move(mask));
-    return true;
-}
-
 void blacken(SideFile kind) {
     switch (kind) {
-    case SIDE_CEL: set_cel(make_bitmap(new_cel_side, new_cel_side)); break;
+    case SIDE_CEL: take_cel(make_bitmap(new_cel_side, new_cel_side)); break;
     case SIDE_NAIL: clear_to_color(nail_sheet, 0); break;
     case SIDE_TIP: blacken_tip(); break;
     case SIDE_COUNT: break;
@@ -57,7 +49,7 @@ void blacken(SideFile kind) {
 
 bool take(SideFile kind, OwnedBitmap picture) {
     switch (kind) {
-    case SIDE_CEL: return set_cel(std::move(picture));
+    case SIDE_CEL: return take_cel(std::move(picture));
     case SIDE_NAIL: blit(picture.get(), nail_sheet, 0, 0, 0, 0, nail_side, nail_side); return true;
     case SIDE_TIP: blit(picture.get(), tip_sheet, 0, 0, 0, custom_tip_y, custom_tip_w, custom_tip_h); return true;
     case SIDE_COUNT: break;

@@ -1,0 +1,259 @@
+#include "paint/cel_paste.h"
+
+#include "base/log.h"
+#include "gui/mouse_text.h"
+#include "paint/cel_pixels.h"
+#include "paint/inks.h"
+#include "paint/near_color.h"
+#include "paint/stroke.h"
+#include "paint/surfaces.h"
+#include "paint/undo.h"
+#include "state/messages.h"
+#include "state/options.h"
+#include "state/run.h"
+#include "state/view.h"
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <vector>
+
+namespace nubo {
+namespace {
+
+// ---- Rows ----------------------------------------------------------------------------------------------------------
+
+/// Paints pixels of one row of the Frame, all inside it.
+void paint_row(const Color* colors, int length, int x, int y) {
+    static constexpr std::uint8_t full_strength = 0;
+    apply_ink_row({.x = x, .y = y, .length = length, .tip = &full_strength, .tip_step = 0, .colors = colors},
+                  active_ink(), brush_color);
+}
+
+/// Calls `visit(first, length)` for each stretch of 0 to `count` - 1 of which `takes(i)` is true, none longer than
+/// `longest`. Nothing is asked ahead of the stretch being visited.
+template <typename Takes, typename Visit> void for_each_stretch(int count, int longest, Takes takes, Visit visit) {
+    for (int first = 0; first < count;) {
+        int end = first;
+        while (end < count && end - first < longest && takes(end)) ++end;
+        if (end == first) {
+            ++first;
+            continue;
+        }
+        visit(first, end - first);
+        first = end;
+    }
+}
+
+/// Paints a row whose pixels of 0xff00ff are left out, from the Frame pixel (x, y) on; cut at the Frame's sides.
+void paste_row(const Color* colors, int length, int x, int y) {
+    const int left_out = std::max(-x, 0), count = std::min(length, current_frame->w - x) - left_out;
+    colors += left_out;
+    x += left_out;
+    for_each_stretch(
+        count, count, [=](int i) { return colors[i] != transparent_color; },
+        [=](int first, int taken) { paint_row(colors + first, taken, x + first, y); });
+}
+
+/// The rows of something with its top at `y` and `height` rows that lie in the Frame: from the first up to the second,
+/// counted from its top.
+struct Rows {
+    int first, end;
+};
+Rows rows_in_frame(int y, int height) { return {std::max(-y, 0), std::min(height, current_frame->h - y)}; }
+
+// ---- Turned --------------------------------------------------------------------------------------------------------
+
+/// Allegro's 16.16 numbers reach no further, nor does its turned sprite.
+constexpr int sprite_reach = 32767;
+
+/// How far the turned Cel reaches from its pivot.
+int turned_reach() { return static_cast<int>(std::hypot(cel->w, cel->h) / 2) + 2; }
+
+/// Draws the Cel turned about its middle, which comes to (x, y).
+void draw_turned(BITMAP* target, int x, int y) {
+    const int reach = turned_reach();
+    if (x + reach < 0 || y + reach < 0 || x - reach >= target->w || y - reach >= target->h) return;
+    if (std::max({std::abs(x), std::abs(y), reach}) > sprite_reach) return;
+    pivot_scaled_sprite(target, cel, x, y, cel->w / 2, cel->h / 2, itofix(cel_place.x2), itofix(1));
+}
+
+/// The Frame's part that the turned Cel can reach; none if it lies beyond the Frame.
+std::optional<Area> turned_part() {
+    const int reach = turned_reach();
+    const Area part{std::max(cel_place.x - reach, 0), std::max(cel_place.y - reach, 0),
+                    std::min(cel_place.x + reach, current_frame->w - 1),
+                    std::min(cel_place.y + reach, current_frame->h - 1)};
+    if (part.width() < 1 || part.height() < 1) return std::nullopt;
+    return part;
+}
+
+// ---- Stretched -----------------------------------------------------------------------------------------------------
+
+/// One axis of the stretched Cel: from the fixed corner to the moving one.
+struct Span {
+    int from, to;
+    int start() const { return std::min(from, to); }
+    int size() const { return std::abs(to - from); }
+    bool is_flipped() const { return to < from; }
+};
+
+/// Which of `source` pixels shows at each of the `count` pixels from `first` on of a span: as Allegro's own stretching
+/// chooses them, by stretching a line of numbers. Empty without memory.
+std::vector<int> stretched_places(const Span& span, int source, int first, int count) {
+    const OwnedBitmap numbers = make_uncleared_bitmap(source, 1), places = make_uncleared_bitmap(count, 1);
+    if (!numbers || !places) return {};
+    Color* const number = pixels_at(numbers.get(), 0, 0);
+    for (int i = 0; i < source; ++i) number[i] = static_cast<Color>(span.is_flipped() ? source - 1 - i : i);
+    stretch_blit(numbers.get(), places.get(), 0, 0, source, 1, -first, 0, span.size(), 1);
+    const Color* const place = pixels_at(places.get(), 0, 0);
+    return {place, place + count};
+}
+
+/// Calls `visit(colors, length, x, y)` for each row of the stretched Cel that lies in a rectangle of `width` by
+/// `height` pixels; (x, y) is where the row starts in it. Only those pixels are worked out, however large the rest.
+template <typename Visit> void for_each_stretched_row(Span across, Span down, int width, int height, Visit visit) {
+    const int x = std::max(across.start(), 0), y = std::max(down.start(), 0);
+    const int columns = std::min(across.start() + across.size(), width) - x;
+    const int rows = std::min(down.start() + down.size(), height) - y;
+    if (columns < 1 || rows < 1) return;
+    const std::vector<int> places = stretched_places(across, cel->w, x - across.start(), columns);
+    const std::vector<int> lines = stretched_places(down, cel->h, y - down.start(), rows);
+    if (places.empty() || lines.empty()) return;
+    std::vector<Color> colors(places.size());
+    for (int row = 0; row < rows; ++row) {
+        const Color* const source = pixels_at(cel, 0, lines[at(row)]);
+        std::ranges::transform(places, colors.begin(), [=](int place) { return source[place]; });
+        visit(colors.data(), columns, x, y + row);
+    }
+}
+
+void paste_stretched() {
+    for_each_stretched_row({cel_place.x, cel_place.x2}, {cel_place.y, cel_place.y2}, current_frame->w, current_frame->h,
+                           [](const Color* colors, int length, int x, int y) {
+                               paste_row(colors, length, x, y);
+                               refresh_stroke();
+                           });
+}
+
+// ---- Previews ------------------------------------------------------------------------------------------------------
+
+void draw_outline(const Area& area) {
+    if (cel_place.selected != 0) preview_rect(overlay, area.left, area.top, area.right, area.bottom);
+}
+
+void draw_pasted_preview(int x, int y) {
+    draw_sprite(overlay, cel, x, y);
+    draw_outline({x, y, x + cel->w - 1, y + cel->h - 1});
+}
+
+void draw_turned_preview(int x, int y) {
+    draw_turned(overlay, x, y);
+    const std::optional<Area> area = content_area(overlay, transparent_color, opt_cel_tolerance);
+    cel_place.left = cel_place.top = cel_place.right = cel_place.bottom = -1;
+    if (!area) return;
+    cel_place.left = area->left, cel_place.top = area->top;
+    cel_place.right = area->right, cel_place.bottom = area->bottom;
+    draw_outline(*area);
+}
+
+void draw_stretched_preview(int x, int y) {
+    const Span across{x, cel_place.x2 - shown.pan_x}, down{y, cel_place.y2 - shown.pan_y};
+    for_each_stretched_row(across, down, view_w, view_h, [](const Color* colors, int length, int at_x, int at_y) {
+        std::copy_n(colors, length, pixels_at(overlay, at_x, at_y));
+    });
+    cel_place.left = across.start(), cel_place.top = down.start();
+    cel_place.right = across.size(), cel_place.bottom = down.size();
+    draw_outline({across.start(), down.start(), across.start() + across.size() - 1, down.start() + down.size() - 1});
+    std::array<char, 32> text;
+    const auto percent = [](int size, int of) { return static_cast<int>(100LL * size / of); };
+    std::snprintf(text.data(), text.size(), "%d%%, %d%%", percent(across.size(), cel->w), percent(down.size(), cel->h));
+    draw_mouse_text(text.data(), cel_place.x, cel_place.y);
+}
+
+bool overlaps_view(int x, int y) {
+    const auto level = at(shown.zoom);
+    return x + cel->w > 0 && y + cel->h > 0 && static_cast<float>(x) < zoom_view_w[level] &&
+           static_cast<float>(y) < zoom_view_h[level];
+}
+
+// ---- Commits -------------------------------------------------------------------------------------------------------
+
+/// A Frame brought in since the snapshot has taken all undo states with it.
+bool snapshot_is_of_frame() { return stroke_snapshot() != nullptr && undo_age[at(newest_undo)] != undo_free; }
+
+bool save_undo_if_needed(UndoSave save) {
+    return (save == UNDO_IS_SAVED && snapshot_is_of_frame()) || save_undo(false);
+}
+
+bool begin_commit(UndoSave save) {
+    if (!save_undo_if_needed(save)) return false;
+    clear_stroke_mask();
+    cel_place.selected = 0;
+    return true;
+}
+
+bool commit_turned(UndoSave save) {
+    const std::optional<Area> part = turned_part();
+    OwnedBitmap scratch = part ? make_bitmap(part->width(), part->height(), transparent_color) : nullptr;
+    if (part && !scratch) {
+        UA_log("[ ERROR ] : No memory to turn a cel of %d x %d pixels. Nothing was changed.", cel->w, cel->h);
+        status_message = MESSAGE_NO_MEMORY;
+        status_timer = flash_ticks;
+        return false;
+    }
+    if (!begin_commit(save)) return false;
+    if (!part) return true;
+    draw_turned(scratch.get(), cel_place.x - part->left, cel_place.y - part->top);
+    paste_through_ink(scratch.get(), part->left, part->top);
+    return true;
+}
+
+}  // namespace
+
+void draw_cel(int mode) {
+    const int x = cel_place.x - shown.pan_x, y = cel_place.y - shown.pan_y;
+    if (mode == CEL_PASTE) draw_pasted_preview(x, y);
+    if (mode == CEL_TURN) draw_turned_preview(x, y);
+    if (mode == CEL_STRETCH) draw_stretched_preview(x, y);
+    cel_visible = overlaps_view(x, y) ? 1 : 0;
+}
+
+bool commit_cel(CelMode mode, UndoSave save) {
+    if (mode == CEL_TURN) return commit_turned(save);
+    if (!begin_commit(save)) return false;
+    if (mode == CEL_PASTE) paste_through_ink(cel, cel_place.x, cel_place.y);
+    if (mode == CEL_BELOW) paste_under_frame(cel_mask, current_frame, mask_color, cel_place.x, cel_place.y, true);
+    if (mode == CEL_STRETCH) paste_stretched();
+    return true;
+}
+
+void paste_through_ink(BITMAP* bitmap, int x, int y) {
+    const Rows rows = rows_in_frame(y, bitmap->h);
+    for (int row = rows.first; row < rows.end; ++row) {
+        paste_row(pixels_at(bitmap, 0, row), bitmap->w, x, y + row);
+        refresh_stroke();
+    }
+}
+
+// GLOW changes the pixels ahead of it, of which the test then has to tell anew: for it each stretch is one pixel.
+void paste_under_frame(BITMAP* source, BITMAP* target, Color color, int x, int y, bool through_ink) {
+    constexpr int tolerance = 5;  // 4, and what differs by it counts
+    const NearColor is_free(color, tolerance);
+    const int left_out = std::max(-x, 0), count = std::min(source->w, target->w - x) - left_out;
+    const int longest = through_ink && active_ink() == INK_GLOW ? 1 : count;
+    for (int row = std::max(-y, 0); row < std::min(source->h, target->h - y); ++row) {
+        const Color* const from = pixels_at(source, left_out, row);
+        Color* const to = count > 0 ? pixels_at(target, x + left_out, y + row) : nullptr;
+        for_each_stretch(
+            count, longest, [=](int i) { return is_free(to[i]); },
+            [=](int first, int length) {
+                if (through_ink)
+                    paint_row(from + first, length, x + left_out + first, y + row);
+                else
+                    std::copy_n(from + first, length, to + first);
+            });
+        if (through_ink) refresh_stroke();
+    }
+}
+
+}  // namespace nubo

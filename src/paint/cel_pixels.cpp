@@ -1,0 +1,99 @@
+#include "paint/cel_pixels.h"
+
+#include "paint/near_color.h"
+#include "state/cel.h"
+#include "state/frames.h"
+#include "state/options.h"
+#include <utility>
+
+namespace nubo {
+namespace {
+
+constexpr int chunk = 64;  // pixels of which one test tells whether all match
+
+/// True if a pixel of the stretch doesn't match. Without an early end, so that it runs four pixels a step.
+bool has_content(const Color* pixels, int count, NearColor matches) {
+    int content = 0;
+    for (int i = 0; i < count; ++i) content |= matches(pixels[i]) ? 0 : 1;
+    return content != 0;
+}
+
+/// The first of `count` pixels that doesn't match, or `count`.
+int first_content(const Color* pixels, int count, NearColor matches) {
+    int i = 0;
+    while (i + chunk <= count && !has_content(pixels + i, chunk, matches)) i += chunk;
+    while (i < count && matches(pixels[i])) ++i;
+    return i;
+}
+
+/// The last of `count` pixels that doesn't match, or -1.
+int last_content(const Color* pixels, int count, NearColor matches) {
+    int end = count;
+    while (end >= chunk && !has_content(pixels + end - chunk, chunk, matches)) end -= chunk;
+    while (end > 0 && matches(pixels[end - 1])) --end;
+    return end - 1;
+}
+
+template <typename Change> void for_each_row(BITMAP* bitmap, Change change) {
+    for (int y = 0; y < bitmap->h; ++y) change(pixels_at(bitmap, 0, y), bitmap->w);
+}
+
+}  // namespace
+
+Area area_between(int x1, int y1, int x2, int y2) {
+    return {std::min(x1, x2), std::min(y1, y2), std::max(x1, x2), std::max(y1, y2)};
+}
+
+bool take_cel(OwnedBitmap picture) {
+    OwnedBitmap mask = picture ? copy_bitmap(picture.get()) : nullptr;
+    if (!mask) return false;
+    replace_bitmap(cel, std::move(picture));
+    replace_bitmap(cel_mask, std::move(mask));
+    return true;
+}
+
+OwnedBitmap copy_of_area(const Area& area) {
+    OwnedBitmap copy = make_bitmap(area.width(), area.height(), transparent_color);
+    if (copy) blit(current_frame, copy.get(), area.left, area.top, 0, 0, area.width(), area.height());
+    return copy;
+}
+
+void prepare_cel() {
+    blit(cel_mask, cel, 0, 0, 0, 0, cel_mask->w, cel_mask->h);
+    if (opt_cel_masking != 0) mask_cel(cel, mask_color);
+}
+
+void mask_cel(BITMAP* bitmap, Color color) {
+    const NearColor is_near(color, opt_cel_tolerance);
+    for_each_row(bitmap, [=](Color* pixels, int width) {
+        for (int i = 0; i < width; ++i) pixels[i] = is_near(pixels[i]) ? transparent_color : pixels[i];
+    });
+}
+
+// Each row is read from both its ends only as far as it can widen the area, so no pixel is read twice.
+std::optional<Area> content_area(BITMAP* bitmap, Color background, int tolerance) {
+    const NearColor matches(background, tolerance);
+    Area area{bitmap->w, bitmap->h, -1, -1};
+    for (int y = 0; y < bitmap->h; ++y) {
+        const Color* const row = pixels_at(bitmap, 0, y);
+        const int unknown = area.right < 0 ? bitmap->w : area.left;
+        const int left = first_content(row, unknown, matches);
+        const int from = area.right < 0 ? left : area.right + 1;
+        const int right = from + last_content(row + from, bitmap->w - from, matches);
+        const bool between = area.right >= 0 && left == unknown && right < from &&
+                             first_content(row + area.left, area.width(), matches) < area.width();
+        if (left == unknown && right < from && !between) continue;
+        area = {std::min(area.left, left), std::min(area.top, y), std::max(area.right, right), y};
+    }
+    if (area.right < 0) return std::nullopt;
+    return area;
+}
+
+void one_color_cel(Color background) {
+    const NearColor stays(background, opt_cel_tolerance + 1);
+    for_each_row(cel_mask, [stays, color = brush_color](Color* pixels, int width) {
+        for (int i = 0; i < width; ++i) pixels[i] = stays(pixels[i]) ? pixels[i] : color;
+    });
+}
+
+}  // namespace nubo

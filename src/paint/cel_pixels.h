@@ -1,0 +1,42 @@
+#pragma once
+// The Cel's two bitmaps, `cel_mask` with all its pixels and `cel` to be placed: how they are taken, masked and reduced
+// to one colour.
+#include "base/bitmap.h"
+#include <optional>
+
+namespace nubo {
+
+/// A rectangle of pixels, all four sides included.
+struct Area {
+    int left = 0, top = 0, right = 0, bottom = 0;
+    int width() const { return right + 1 - left; }
+    int height() const { return bottom + 1 - top; }
+};
+
+/// The rectangle with two opposite corners.
+Area area_between(int x1, int y1, int x2, int y2);
+
+/// Makes `picture` the Cel, both its bitmaps. False, with the old Cel untouched, if it is null or there is no memory
+/// for the second.
+bool take_cel(OwnedBitmap picture);
+
+/// The pixels of an area of the Frame; 0xff00ff where it reaches beyond the Frame. Null without memory.
+OwnedBitmap copy_of_area(const Area& area);
+
+/// Makes a new `cel` of `cel_mask`, with what is near `mask_color` masked out if CEL - MASKING is on. Before a
+/// placement.
+void prepare_cel();
+
+/// Turns the pixels of the bitmap whose components each differ from `color`'s by less than CEL - TOLERANCE into
+/// 0xff00ff.
+void mask_cel(BITMAP* bitmap, Color color);
+
+/// The smallest area of the bitmap that holds all its pixels that don't match `background` within `tolerance` (see
+/// `colors_match`); none if all match.
+std::optional<Area> content_area(BITMAP* bitmap, Color background, int tolerance);
+
+/// Gives the pixels of `cel_mask` that differ from `background` by more than CEL - TOLERANCE in a component the brush
+/// colour.
+void one_color_cel(Color background);
+
+}  // namespace nubo
