@@ -75,7 +75,7 @@ Choice choose_while_held() {
     Choice choice{.focus = frame_index};
     int wheel = ::mouse_z;
     const int start_x = mouse_x, start_y = mouse_y;
-    while (hotkey_held(HOTKEY_FRAME_JUMP)) {
+    while (hotkey_held(HOTKEY_FRAME_JUMP) && exit_requested == 0) {
         show_board(choice.focus, choice.marked);
         update_screen(UPDATE_NORMAL);
         choice.marked = touched_thumbnail(choice, start_x, start_y);

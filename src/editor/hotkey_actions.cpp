@@ -2,7 +2,6 @@
 
 #include "editor/view.h"
 #include "gui/presses.h"
-#include "gui/window.h"
 #include "state/colors.h"
 #include "state/flow.h"
 #include "state/frames.h"
@@ -10,9 +9,11 @@
 #include "state/tools.h"
 #include "state/view.h"
 #include "windows/color_window.h"
-#include "windows/drawing_menu.h"
 #include "windows/frame_menu.h"
+#include "windows/ink_window.h"
 #include "windows/screen_pick.h"
+#include "windows/tool_window.h"
+#include "windows/user_menu.h"
 #include "workspace/frame_store.h"
 
 namespace nubo {
@@ -64,9 +65,7 @@ void last_frame() { go_to_frame(frame_count - 1, HOTKEY_FRAME_LAST); }
 
 void delete_frame_by_key() {
     wait_while_held(HOTKEY_FRAME_DELETE);
-    GUI_close_window();
     ask_to_delete_frame();
-    build_drawing_menu();
 }
 
 // ---- Windows and colours -------------------------------------------------------------------------------------------
@@ -74,23 +73,13 @@ void delete_frame_by_key() {
 void pick_brush_color() { pick_color_into(brush_color); }
 void pick_mask_color() { pick_color_into(mask_color); }
 
-void color_window_by_key() {
-    GUI_close_window();
-    color_window(EDIT_BRUSH_COLOR);
-    GUI_close_window();
-    build_drawing_menu();
-}
-
-void tool_window_by_key() { open_tool_window(active_tool_slot); }
-void ink_window_by_key() { open_ink_window(active_ink_slot); }
+void color_window_by_key() { color_window(EDIT_BRUSH_COLOR); }
+void tool_window_by_key() { tool_window(active_tool_slot); }
+void ink_window_by_key() { ink_window(active_ink_slot); }
 
 void exit_by_key() {
     wait_while_held(HOTKEY_EXIT);
-    GUI_close_window();
-    if (confirm_box(LABEL_EXIT_QUESTION, LABEL_CHANGES_PERSIST, false, false) != 0)
-        exit_requested = 1;
-    else
-        build_drawing_menu();
+    ask_to_quit();
 }
 
 void rapid_exit_by_key() {

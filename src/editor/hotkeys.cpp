@@ -8,9 +8,10 @@
 #include "paint/undo.h"
 #include "state/flow.h"
 #include "windows/activity_menus.h"
-#include "windows/drawing_menu.h"
+#include "windows/favorites_window.h"
 #include "windows/frame_menu.h"
 #include "windows/pic_commands.h"
+#include "windows/tip_window.h"
 #include <allegro.h>
 
 namespace nubo {
@@ -61,7 +62,7 @@ constexpr std::array<HotkeyRow, HOTKEY_COUNT> rows{{
     {HOTKEY_BRUSH_EYEDROPPER, KEY_F1,           0,     HOTKEYS_MAIN,  WAIT_AFTER, IS_FREE,   pick_brush_color},
     {HOTKEY_MASK_EYEDROPPER,  KEY_F2,           0,     HOTKEYS_MAIN,  WAIT_AFTER, IS_FREE,   pick_mask_color},
     {HOTKEY_COLOR_MENU,       KEY_C,            0,     HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, color_window_by_key},
-    {HOTKEY_BRUSH_TIP,        KEY_B,            0,     HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, open_tip_window},
+    {HOTKEY_BRUSH_TIP,        KEY_B,            0,     HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, tip_window},
     {HOTKEY_BRUSH_TOOL,       KEY_7_PAD,        0,     HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, tool_window_by_key},
     {HOTKEY_INK,              KEY_9_PAD,        0,     HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, ink_window_by_key},
     {HOTKEY_TOGGLE_MENU,      KEY_BACKSPACE,    0,     HOTKEYS_MAIN,  WAIT_AFTER, IS_FREE,   toggle_window},
@@ -75,7 +76,7 @@ constexpr std::array<HotkeyRow, HOTKEY_COUNT> rows{{
     {HOTKEY_REDO,             key_shift | KEY_U,0,     HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, redo_last},
     {HOTKEY_ZOOM_IN,          KEY_PLUS_PAD,     0,     HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, zoom_in_by_key},
     {HOTKEY_ZOOM_OUT,         KEY_MINUS_PAD,    0,     HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, zoom_out_by_key},
-    {HOTKEY_FAVORITES,        KEY_P,            0,     HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, open_favorites_window},
+    {HOTKEY_FAVORITES,        KEY_P,            0,     HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, favorites_window},
     {HOTKEY_EXIT,             KEY_Q,            0,     HOTKEYS_MAIN,  NO_WAIT,    IS_FREE,   exit_by_key},
     {HOTKEY_RAPID_EXIT,       0,                0,     HOTKEYS_MODAL, NO_WAIT,    IS_FREE,   rapid_exit_by_key},
 }};

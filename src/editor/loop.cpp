@@ -11,6 +11,7 @@
 #include "state/run.h"
 #include "state/stroke.h"
 #include "state/view.h"
+#include "windows/confirm_box.h"
 #include "windows/drawing_menu.h"
 #include "workspace/notices.h"
 
@@ -23,7 +24,6 @@ void show_waiting_boxes() {
         take_menu_snapshot(menu_snapshot);
         hide_window();
         confirm_box(box->first, box->second, true, true);
-        clear_high_slots();
         clear_menu_shadow();
         toggle_window();
     }

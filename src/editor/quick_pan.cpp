@@ -23,8 +23,11 @@ BITMAP* minimap = nullptr;                                       // while it is 
 
 bool is_held() { return mouse_middle != 0 || hotkey_held(HOTKEY_QUICK_PAN); }
 
-void update_while_held() {
-    while (is_held()) update_screen(UPDATE_NORMAL);
+void update_while_held(const Prompt& prompt, int message) {
+    while (is_held() && exit_requested == 0) {
+        prompt.keep(message);
+        update_screen(UPDATE_NORMAL);
+    }
 }
 
 /// The Frame at the map's size: by the mean of its pixels, or enlarged where it is smaller than the map.
@@ -67,16 +70,12 @@ void go_to_mouse() {
     view_clamp();
 }
 
-void say_too_small() {
-    const Prompt prompt(MESSAGE_QUICK_PAN_TOO_SMALL);
-    update_while_held();
-}
-
 }  // namespace
 
 void quick_pan() {
+    const Prompt prompt;
     if (current_frame->w <= view_w && current_frame->h <= view_h) {
-        say_too_small();
+        update_while_held(prompt, MESSAGE_QUICK_PAN_TOO_SMALL);
         return;
     }
     const int slot = GUI_find_free(true);
@@ -94,7 +93,7 @@ void quick_pan() {
     gui::h[at(slot)] = map_h + 2;
     gui::hot[at(slot)] = 0;
     gui::active[at(slot)] = 1;
-    update_while_held();
+    update_while_held(prompt, MESSAGE_NONE);
     go_to_mouse();
     GUI_clear_element(slot);
     minimap = nullptr;

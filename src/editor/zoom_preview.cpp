@@ -39,8 +39,8 @@ void build_preview() {
                   .child_count = preview_slots,
                   .title = LABEL_PREVIEW,
                   .title_w = step + 45,
-                  .elements = picture},
-                 zoom_preview_slot);
+                  .elements = picture,
+                  .base = zoom_preview_slot});
 }
 
 /// Where the part shown begins: around the pixel, inside the frame; before it where the frame is smaller than the part.

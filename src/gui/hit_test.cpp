@@ -15,7 +15,7 @@ bool is_shown(int slot) { return gui::active[at(slot)] != 0 && gui::hidden[at(sl
 /// The element under the mouse that lies over all others: the highest slot. An arrow of a slider ends the search.
 int topmost_under_mouse() {
     int found = -1;
-    for (int slot = 0; slot < gui_slots; ++slot) {
+    for (int slot = first_live_slot; slot < gui_slots; ++slot) {
         if (!is_shown(slot)) continue;
         if (gui::has_slider[at(slot)] != 0 && arrow_under_mouse(slot) != 0) return slot;
         if (gui::hot[at(slot)] != 0 && mouse_in_element(slot)) found = slot;

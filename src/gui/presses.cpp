@@ -1,16 +1,17 @@
 #include "gui/presses.h"
 
-#include "gui/window.h"
+#include "gui/elements.h"
+#include "state/run.h"
 #include "state/view.h"
 
 namespace nubo {
 
 void wait_while_down(const Shared<int>& button) {
-    while (button != 0) update_screen(UPDATE_NORMAL);
+    while (button != 0 && exit_requested == 0) update_screen(UPDATE_NORMAL);
 }
 
 void wait_while_held(Hotkey action) {
-    while (hotkey_held(action)) update_screen(UPDATE_NORMAL);
+    while (hotkey_held(action) && exit_requested == 0) update_screen(UPDATE_NORMAL);
 }
 
 bool pressed_outside(const Shared<int>& button) { return button != 0 && hover == -1 && press_slot == -1; }
@@ -25,13 +26,6 @@ int pressed_row(int list) {
     const int state = press_state;
     const bool slides = drag_slider != 0 || state == PRESS_ARROW_1 || state == PRESS_ARROW_2;
     return mouse_left != 0 && press_slot == list && hover == list && !slides ? int{gui::hover_row[at(list)]} : -1;
-}
-
-void serve_hiding() {
-    if (!right_press_outside()) return;
-    toggle_window();
-    status_timer = 0;
-    status_message = gui::hidden[slot_window] != 0 ? int{MESSAGE_WINDOW_HIDDEN} : status_coordinates;
 }
 
 void clear_clicks() {

@@ -1,5 +1,6 @@
 #pragma once
-// What the loops of the windows ask of mouse and keys. The waits show the picture meanwhile. Main flow only.
+// What the loops of windows and tools ask of mouse and keys. The waits show the picture meanwhile; the end of the
+// program ends them. Main flow only.
 #include "state/flow.h"
 #include "state/shared.h"
 
@@ -21,11 +22,6 @@ bool right_press_outside();
 /// The row under the mouse after a press of the left button on the list, as long as it is down; -1 none. A knob in the
 /// hand chooses no row.
 int pressed_row(int list);
-
-/// After a right press with no element under it: hides the window, so that the user sees the Frame under it, or shows
-/// it again. As long as it is hidden the status bar tells the way back. By each window that can be hidden, on each
-/// pass.
-void serve_hiding();
 
 /// Forgets all clicks that no window has taken.
 void clear_clicks();

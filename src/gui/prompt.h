@@ -5,22 +5,23 @@
 
 namespace nubo {
 
-/// Sets the message, without the timer of a flash that may be running. At its end the coordinates come back, or the
-/// prompt that stood before.
+/// As long as it lives the status bar may be its own. A flash shows over it and then it comes back; at its end what
+/// stood before comes back.
 class Prompt {
 public:
-    explicit Prompt(Message message) : before_(status_timer > 0 ? status_coordinates : int{status_message}) {
-        show(message);
+    explicit Prompt(int message = MESSAGE_NONE) : before_(status_timer > 0 ? status_coordinates : int{status_message}) {
+        keep(message);
     }
-    ~Prompt() { show(before_); }
+    ~Prompt() { keep(MESSAGE_NONE); }
     Prompt(const Prompt&) = delete;
     Prompt& operator=(const Prompt&) = delete;
 
-private:
-    static void show(int message) {
-        status_timer = 0;
-        status_message = message;
+    /// Shows the message, a Message or `status_bar_only`; MESSAGE_NONE: what stood before. On each pass of what waits.
+    void keep(int message) const {
+        if (status_timer <= 0) status_message = message != MESSAGE_NONE ? message : before_;
     }
+
+private:
     int before_;
 };
 

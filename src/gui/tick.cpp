@@ -110,7 +110,7 @@ void serve_slot(int slot, MouseState buttons, int wheel) {
 /// From the top, so that of elements over one another the one on top takes the press.
 void serve_slots(MouseState buttons, int wheel) {
     const int focus = key_focus;
-    for (int slot = gui_slots - 1; slot >= 0; --slot) {
+    for (int slot = gui_slots - 1; slot >= first_live_slot; --slot) {
         if (gui::active[at(slot)] == 0 || gui::hidden[at(slot)] != 0) continue;
         if (slot == focus) run_text_input(slot);
         serve_slot(slot, buttons, wheel);

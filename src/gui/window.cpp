@@ -18,16 +18,17 @@ void clear_slots(int first, int count) {
 
 // ---- Building ------------------------------------------------------------------------------------------------------
 
-void build_window(const WindowRow& window, int base) {
+void build_window(const WindowRow& window) {
     const bool moved = window.place != POS_NONE && window_pos[at(window.place)].x != -1;
     if (moved)
-        build_window_at(window, window_pos[at(window.place)].x, window_pos[at(window.place)].y, base);
+        build_window_at(window, window_pos[at(window.place)].x, window_pos[at(window.place)].y);
     else
-        build_window_at(window, window.x, window.y, base);
+        build_window_at(window, window.x, window.y);
 }
 
-void build_window_at(const WindowRow& window, int x, int y, int base) {
+void build_window_at(const WindowRow& window, int x, int y) {
     constexpr int title_offset = 2;
+    const int base = window.base;
     clear_slots(base, window.child_count);
     GUI_add_window(x, y, window.w, window.h, window.child_count, base);
     GUI_add_title(x + title_offset, y + title_offset, window.title_w, window.title, base);

@@ -1,8 +1,8 @@
 #pragma once
-// A window as data: a row for the window, a row for each element, and one builder for all windows. The loop of a window
-// calls `update_screen(UPDATE_NORMAL)` and `check_hotkeys(HOTKEYS_MODAL)` on each pass and takes its clicks by
-// `take_click`. Main flow only.
+// A window as data: a row for the window, a row for each element, and one builder for all windows. What it does while
+// it is open stands in windows/run_window.h. Main flow only.
 #include "gui/elements.h"
+#include "state/hotkeys.h"
 #include "state/view.h"
 #include "state/windows.h"
 #include <span>
@@ -27,6 +27,12 @@ struct ElementRow {
     int stops = 0;
 };
 
+/// A right press with no element under it: does nothing, cancels the window, or hides it and shows it again.
+enum OutsidePress : int { OUTSIDE_NOTHING, OUTSIDE_CANCELS, OUTSIDE_HIDES };
+/// The keys that act while the window is open: those of all windows, ESC alone, or none, since all are the window's
+/// own.
+enum WindowKeys : int { KEYS_MODAL, KEYS_ESCAPE, KEYS_OWN };
+
 struct WindowRow {
     Window id = WINDOW_BOX;         // becomes `menu_id`, unless WINDOW_KEPT
     WindowPosRow place = POS_NONE;  // where it was left; a drag is stored there
@@ -36,16 +42,26 @@ struct WindowRow {
     Label title = LABEL_NONE;
     int title_w = 0;
     std::span<const ElementRow> elements{};  // from slot 2 on
+    int base = slot_window;                  // its first slot; the slots above count from it
+    // How it ends and what works meanwhile, for `run_window`.
+    int okay = 0, cancel = 0;   // elements whose click ends it, 0 none
+    Hotkey key = HOTKEY_COUNT;  // opens it, and cancels it; HOTKEY_COUNT none
+    OutsidePress outside = OUTSIDE_NOTHING;
+    WindowKeys keys = KEYS_MODAL;
+    int focus = 0;                  // text field that has the keyboard at first, 0 none
+    Message prompt = MESSAGE_NONE;  // in the status bar as long as it is open
+    bool shadows = false;           // what stood before stays dimly visible behind it
+    bool pans = false;              // the middle button pans the Frame behind it
 };
 
 // ---- Building ------------------------------------------------------------------------------------------------------
 
-/// Builds the window where it was left, `window_pos[place]`, or else at its default place, with `base` as its first
-/// slot (the elements' slot numbers count from it), and sets `menu_id`. What stood in those slots goes.
-void build_window(const WindowRow& window, int base = slot_window);
+/// Builds the window where it was left, `window_pos[place]`, or else at its default place, and sets `menu_id`. What
+/// stood in those slots goes.
+void build_window(const WindowRow& window);
 
-/// The same at (x, y): for windows whose place is computed, and for a rebuild where the window stood.
-void build_window_at(const WindowRow& window, int x, int y, int base = slot_window);
+/// The same at (x, y): for a rebuild where the window stood.
+void build_window_at(const WindowRow& window, int x, int y);
 
 /// Fills one slot from a row, at the offset from (x, y). For elements that a window rebuilds while it is open.
 void build_element(const ElementRow& row, int x, int y, int base = slot_window);
@@ -62,11 +78,6 @@ inline int take_click(int slot) { return gui::click[at(slot)].take(); }
 /// Flips or sets `hidden` on the slots of the window on screen.
 void toggle_window();
 void hide_window();
-
-/// Asks the user and waits: 1 for OKAY, 0 for CANCEL. `second` LABEL_NONE for a question of one line; `one_button` has
-/// no CANCEL. It closes no window and leaves its own slots standing, 0 to 5, or with `high` 120 to 125 over a window
-/// that stays: the caller closes what stood, and clears or rebuilds after it.
-int confirm_box(Label text, Label second, bool high, bool one_button);
 
 /// Clears the high slots, 120 to 127.
 void clear_high_slots();

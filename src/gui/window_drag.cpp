@@ -59,13 +59,13 @@ bool is_button_down() { return mouse_left != 0 || mouse_right != 0 || mouse_midd
 void carry_window(int window, const Offset& grip) {
     const SlotRange slots = slots_of(window);
     const Offsets offsets = offsets_of(slots);
-    while (!is_button_down()) {
+    while (!is_button_down() && exit_requested == 0) {
         const Offset place = held_place(window, grip);
         place_slots(slots, offsets, place.x, place.y);
         update_screen(UPDATE_NORMAL);
         forget_stops(slots);
     }
-    while (is_button_down()) update_screen(UPDATE_NORMAL);
+    while (is_button_down() && exit_requested == 0) update_screen(UPDATE_NORMAL);
 }
 
 void drag_window(int job_slot) {

@@ -6,6 +6,7 @@
 #include "paint/tool_cases.h"
 #include "state/flow.h"
 #include "state/frames.h"
+#include "state/run.h"
 #include "state/stroke.h"
 #include "state/view.h"
 #include <cstdlib>
@@ -24,7 +25,7 @@ template <typename Pass> void while_held(const StrokeStart& start, Pass pass) {
         update_screen(UPDATE_NORMAL);
         view_update_pixel();
         mouse = {pixel_x, pixel_y};
-    } while (mouse_left);
+    } while (mouse_left && exit_requested == 0);
 }
 
 /// True if the stroke goes on at `point` without a gap, or begins there.

@@ -1,9 +1,8 @@
 #include "paint/tools.h"
 
-#include "gui/presses.h"
+#include "gui/waiting.h"
 #include "paint/stroke.h"
 #include "paint/tool_cases.h"
-#include "state/flow.h"
 #include "state/shared.h"
 #include "state/stroke.h"
 #include "state/view.h"
@@ -84,20 +83,10 @@ void draw_tool_preview() {
 void run_press_tool(BrushTool tool) { draw_to_frame(pixel_x, pixel_y, tool, active_ink(), brush_tip); }
 
 bool wait_for_point(int slot) {
-    for (;;) {
-        update_screen(UPDATE_NORMAL);
-        bool left = false, right = false;
-        if (mouse_left) {
-            click_points[at(slot)] = {pixel_x, pixel_y};
-            left = true;
-            wait_while_down(mouse_left);
-        }
-        if (mouse_right) {
-            right = true;
-            wait_while_down(mouse_right);
-        }
-        if (left != right) return left;
-    }
+    Waiting wait;
+    const bool clicked = wait.for_click();
+    if (clicked) click_points[at(slot)] = wait.point();
+    return clicked;
 }
 
 }  // namespace nubo

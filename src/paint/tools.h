@@ -35,7 +35,8 @@ void set_preview_drawer(int preview, PreviewDrawer draw);
 // ---- For the tools
 // ---------------------------------------------------------------------------------------------------
 
-/// The second click of a two-click tool, into `click_points[slot]`. False when a right press cancelled.
+/// The second click of a two-click tool, into `click_points[slot]`. False after a right press, ESC or the end of the
+/// program.
 bool wait_for_point(int slot);
 
 /// Fills the connected area of `color` around (x, y) with the active ink.

@@ -2,10 +2,9 @@
 
 #include "framework/text.h"
 #include "gui/draw.h"
-#include "gui/window.h"
 #include "paint/inks.h"
-#include "state/flow.h"
 #include "state/run.h"
+#include "windows/run_window.h"
 #include <array>
 
 namespace nubo {
@@ -31,7 +30,9 @@ constexpr WindowRow window{.id = WINDOW_ABOUT,
                            .child_count = ABOUT_SLOTS,
                            .title = LABEL_ABOUT_TITLE,
                            .title_w = 177,
-                           .elements = rows};
+                           .elements = rows,
+                           .okay = ABOUT_OKAY,
+                           .keys = KEYS_ESCAPE};
 
 struct AboutLine {
     int y;
@@ -58,12 +59,7 @@ void draw_about(int slot) {
 
 }  // namespace
 
-void about_box() {
-    build_window(window);
-    while (take_click(ABOUT_OKAY) == 0) update_screen(UPDATE_NORMAL);
-    GUI_close_window();
-    menu_id = WINDOW_USER_MENU;
-}
+void about_box() { run_window(window); }
 
 void register_about_box() { set_element_drawer(ELEMENT_ABOUT, draw_about); }
 

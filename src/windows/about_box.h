@@ -3,7 +3,7 @@
 
 namespace nubo {
 
-/// Shows the box until its OKAY is pressed. The caller has closed the window on screen and builds another one after it.
+/// Shows the box until its OKAY is pressed.
 void about_box();
 
 /// Tells the toolkit how to draw its panel. Once, at start.

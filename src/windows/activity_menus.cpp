@@ -1,11 +1,6 @@
 #include "windows/activity_menus.h"
 
-#include "gui/snapshot.h"
-#include "gui/window.h"
-#include "state/flow.h"
-#include "state/run.h"
-#include "state/view.h"
-#include "windows/drawing_menu.h"
+#include "windows/run_window.h"
 #include "workspace/notices.h"
 
 namespace nubo {
@@ -31,56 +26,52 @@ ElementRow row_of(int slot, int y, Label label, Message tooltip) {
             .tooltip = tooltip};
 }
 
-void build_menu(const ActivityMenu& menu, int button_x, int button_y) {
-    const int x = button_x - menu.left_of_button;
-    const int y = button_y + (button_y < menu.downward_below ? down_from_button : -menu.above_button);
-    build_window_at({.id = menu.id,
-                     .w = menu_w,
-                     .h = back_y(menu) + row_step,
-                     .child_count = item_count(menu) + slots_beside_items,
-                     .title = menu.title,
-                     .title_w = row_w},
-                    x, y);
+/// BACK is the last of the window's slots and cancels it.
+WindowRow window_of(const ActivityMenu& menu, int button_x, int button_y) {
+    return {.id = menu.id,
+            .x = button_x - menu.left_of_button,
+            .y = button_y + (button_y < menu.downward_below ? down_from_button : -menu.above_button),
+            .w = menu_w,
+            .h = back_y(menu) + row_step,
+            .child_count = item_count(menu) + slots_beside_items,
+            .title = menu.title,
+            .title_w = row_w,
+            .cancel = back_slot(menu),
+            .shadows = true,
+            .pans = true};
+}
+
+void build_items(const ActivityMenu& menu) {
     int slot = slot_content, row_y = first_row_y;
     for (const MenuItem& item : menu.items) {
-        build_element(row_of(slot++, row_y, item.label, item.tooltip), x, y);
+        build_element(row_of(slot++, row_y, item.label, item.tooltip), window_x(), window_y());
         row_y += row_step;
     }
     ElementRow back = row_of(back_slot(menu), back_y(menu), LABEL_BACK, MESSAGE_CLOSE_MENU);
     back.type = ELEMENT_BUTTON_LIT_DARK;
-    build_element(back, x, y);
+    build_element(back, window_x(), window_y());
 }
 
-void close_menu() {
-    GUI_close_window();
-    clear_menu_shadow();
-}
-
-/// True when an item has been pressed, and its command has run.
-bool serve_items(const ActivityMenu& menu) {
+/// The item that has been pressed, null for none.
+const MenuItem* pressed_item(const ActivityMenu& menu) {
     int slot = slot_content;
-    for (const MenuItem& item : menu.items) {
-        if (take_click(slot++) <= 0) continue;
-        if (item.during == MENU_GOES) close_menu();
-        item.run();
-        return true;
-    }
-    return take_click(back_slot(menu)) > 0;
+    for (const MenuItem& item : menu.items)
+        if (take_click(slot++) > 0) return &item;
+    return nullptr;
 }
 
 }  // namespace
 
 void run_activity_menu(const ActivityMenu& menu, int x, int y) {
-    take_menu_snapshot(menu_snapshot);
-    GUI_close_window();
-    build_menu(menu, x, y);
-    do {
-        update_screen(UPDATE_NORMAL);
-        check_hotkeys(HOTKEYS_MODAL);
-        if (mouse_middle != 0) quick_pan();
-    } while (!serve_items(menu));
-    close_menu();
-    build_drawing_menu();
+    const MenuItem* chosen = nullptr;
+    const auto serve = [&] {
+        chosen = pressed_item(menu);
+        return chosen != nullptr ? WINDOW_DONE : WINDOW_STAYS;
+    };
+    run_window(window_of(menu, x, y), {.built = [&] { build_items(menu); }, .serve = serve});
+    if (chosen == nullptr) return;
+    const ClearedScreen cleared;
+    chosen->run();
 }
 
 void say_comes_later() { flash_message(MESSAGE_COMES_LATER); }

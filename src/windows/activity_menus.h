@@ -10,8 +10,8 @@ namespace nubo {
 
 // ---- The menus -----------------------------------------------------------------------------------------------------
 
-/// Opens the menu at the button that called it, whose corner is (x, y), runs the command that the user chooses, and
-/// builds the drawing menu again.
+/// Opens the menu at the button that called it, whose corner is (x, y), and runs the command that the user chooses, on
+/// a cleared screen; then the drawing menu comes back.
 void frame_menu(int x, int y);
 void pic_menu(int x, int y);
 void cel_menu(int x, int y);
@@ -19,14 +19,10 @@ void user_menu(int x, int y);
 
 // ---- What a menu is made of ----------------------------------------------------------------------------------------
 
-/// Whether the menu goes from the screen before its command runs.
-enum MenuDuring : int { MENU_GOES, MENU_STAYS };
-
 struct MenuItem {
     Label label = LABEL_NONE;
     Message tooltip = MESSAGE_NONE;
     void (*run)() = nullptr;
-    MenuDuring during = MENU_GOES;
 };
 
 /// A column of buttons with BACK at its foot. A menu whose button stands high on the screen opens downward from it.

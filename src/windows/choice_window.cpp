@@ -1,12 +1,10 @@
 #include "windows/choice_window.h"
 
 #include "gui/presses.h"
-#include "gui/window.h"
-#include "state/flow.h"
 #include "state/view.h"
 #include "windows/choice_slots.h"
-#include "windows/leaving.h"
 #include "windows/option_widgets.h"
+#include "windows/run_window.h"
 #include <algorithm>
 
 namespace nubo {
@@ -54,16 +52,21 @@ void edit_slot(const ChoiceWindow& kind, int slot) {
     kind.build_options(choice_in(kind, slot));
 }
 
-void build(const ChoiceWindow& kind, int slot) {
-    build_window({.id = kind.id,
-                  .place = POS_TOOL_AND_INK,
-                  .y = 161,
-                  .w = 319,
-                  .h = 78,
-                  .child_count = 30,  // room for the options
-                  .title = kind.title,
-                  .title_w = 72,
-                  .elements = rows});
+WindowRow window_of(const ChoiceWindow& kind) {
+    return {.id = kind.id,
+            .place = POS_TOOL_AND_INK,
+            .y = 161,
+            .w = 319,
+            .h = 78,
+            .child_count = 30,  // room for the options
+            .title = kind.title,
+            .title_w = 72,
+            .elements = rows,
+            .key = kind.key,
+            .outside = OUTSIDE_CANCELS};
+}
+
+void finish_window(const ChoiceWindow& kind, int slot) {
     gui::label[at(CHOICE_OPTIONS_CAPTION)] = kind.options_caption;
     gui::label[at(CHOICE_DESCRIPTION_CAPTION)] = kind.description_caption;
     GUI_set_list(CHOICE_LIST, list_layout, static_cast<Label>(kind.label_of_zero + kind.first_choice),
@@ -97,18 +100,13 @@ int serve_buttons(const ChoiceWindow& kind, int slot) {
 }  // namespace
 
 void run_choice_window(const ChoiceWindow& kind, int slot) {
-    GUI_close_window();
-    build(kind, slot);
-    wait_while_held(kind.key);
-    for (bool open = true; open;) {
-        update_screen(UPDATE_NORMAL);
-        check_hotkeys(HOTKEYS_MODAL);
+    const auto serve = [&] {
         serve_list(kind, slot);
         slot = serve_buttons(kind, slot);
-        open = !kind.serve_options(choice_in(kind, slot)) && !user_leaves_window(kind.key);
-    }
-    GUI_close_window();
-    menu_id = WINDOW_DRAWING_MENU;
+        return kind.serve_options(choice_in(kind, slot)) ? WINDOW_DONE : WINDOW_STAYS;
+    };
+    if (run_window(window_of(kind), {.built = [&] { finish_window(kind, slot); }, .serve = serve}) == WINDOW_DONE)
+        kind.run_option(choice_in(kind, slot));
 }
 
 }  // namespace nubo

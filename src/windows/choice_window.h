@@ -20,11 +20,11 @@ struct ChoiceWindow {
     std::array<int, choice_slots>* slots;
     int* active;
     void (*build_options)(int choice);  // fills the slots from `first_option_slot` on
-    bool (*serve_options)(int choice);  // true: an option has ended the window, which is closed then
+    bool (*serve_options)(int choice);  // true: an option ends the window
+    void (*run_option)(int choice);     // what that option does then
 };
 
-/// Runs the window with `slot`, 0 to 5, as the one being edited; closes what stands and leaves nothing behind, with
-/// `menu_id` 0. The caller builds the drawing menu. Main flow only.
+/// Runs the window with `slot`, 0 to 5, as the one being edited. Main flow only.
 void run_choice_window(const ChoiceWindow& kind, int slot);
 
 }  // namespace nubo

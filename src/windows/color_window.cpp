@@ -1,11 +1,9 @@
 #include "windows/color_window.h"
 
 #include "gui/presses.h"
-#include "gui/window.h"
 #include "paint/spectrum.h"
-#include "state/run.h"
 #include "windows/color_elements.h"
-#include "windows/leaving.h"
+#include "windows/run_window.h"
 #include "windows/screen_pick.h"
 #include <algorithm>
 #include <array>
@@ -136,15 +134,16 @@ constexpr WindowRow window{.id = WINDOW_COLOR,
                            .child_count = COLOR_SLOTS,
                            .title = LABEL_COLORSPACE,
                            .title_w = 79,
-                           .elements = rows};
+                           .elements = rows,
+                           .key = HOTKEY_COLOR_MENU,
+                           .outside = OUTSIDE_CANCELS};
 
 // ---- The colour in work --------------------------------------------------------------------------------------------
 
-/// The edited colour, and the one from which the sliders started. As long as they stand where they started, the colour
-/// is that one to the bit: not every colour has a place on the sliders of every space.
+/// The edited colour stands where it belongs, and the sliders are a view of it. As long as they stand where they
+/// started, the colour is the one of the start to the bit: not every colour has a place on the sliders of every space.
 struct Edit {
-    int mode;
-    Color color;
+    Color& color;
     Color start_color;
     std::array<int, slider_count> start_sliders{};
 };
@@ -158,10 +157,7 @@ std::array<int, slider_count> sliders_shown() {
 }
 
 void move_sliders(const std::array<int, slider_count>& sliders) {
-    for (int i = 0; i < slider_count; ++i) {
-        gui::slider_value[at(COLOR_SLIDER_FIRST + i)] = sliders[at(i)];
-        color_sliders[at(i)] = sliders[at(i)];
-    }
+    for (int i = 0; i < slider_count; ++i) gui::slider_value[at(COLOR_SLIDER_FIRST + i)] = sliders[at(i)];
 }
 
 void start_sliders(Edit& edit) {
@@ -177,11 +173,9 @@ void follow_sliders(Edit& edit) {
     const auto sliders = sliders_shown();
     edit.color = sliders == edit.start_sliders ? edit.start_color
                                                : sliders_to_color(space_shown(), sliders[0], sliders[1], sliders[2]);
-    if (edit.mode == EDIT_BRUSH_COLOR) brush_color = edit.color;
-    if (edit.mode == EDIT_MASK_COLOR) mask_color = edit.color;
 }
 
-Color color_to_edit(int mode, Color given) {
+Color& color_to_edit(int mode, Color& given) {
     if (mode == EDIT_BRUSH_COLOR) return brush_color;
     return mode == EDIT_MASK_COLOR ? mask_color : given;
 }
@@ -224,21 +218,18 @@ void enter_space(Edit& edit, Colorspace space) {
     start_sliders(edit);
 }
 
-void open_window(Edit& edit) {
-    GUI_close_window();
-    build_window(window);
-    for (int i = 0; i < slider_count; ++i) {
-        GUI_link_slider(COLOR_SLIDER_FIRST + i, &color_sliders[at(i)]);
+void finish_window(Edit& edit) {
+    for (int i = 0; i < slider_count; ++i)
         gui::aux[at(COLOR_MAP) * gui::aux_rows * gui::aux_columns + at(i)] =
             static_cast<std::int16_t>(COLOR_SLIDER_FIRST + i);
-    }
     gui::row_values[at(COLOR_SPECTRUM)][0] = static_cast<int>(ui_border);
     colorspace = std::clamp<int>(colorspace, SPACE_VGA, SPACE_COUNT - 1);
     enter_space(edit, space_shown());
 }
 
+/// The field of the brush colour shows a colour handed in, in its place.
 void refresh_swatches(const Edit& edit) {
-    gui::color[at(COLOR_BRUSH)] = static_cast<int>(edit.mode == EDIT_GIVEN_COLOR ? edit.color : brush_color);
+    gui::color[at(COLOR_BRUSH)] = static_cast<int>(&edit.color == &mask_color ? brush_color : edit.color);
     for (int i = 0; i < color_slot_count; ++i)
         gui::color[at(COLOR_SLOT_FIRST + i)] = static_cast<int>(color_slots[at(i)]);
     for (int slot = COLOR_HUE_FIRST; slot < COLOR_MAP; ++slot)
@@ -293,23 +284,21 @@ void serve_press_on_screen() {
 }  // namespace
 
 Color color_window(int mode, Color color) {
-    Edit edit{.mode = mode, .color = color_to_edit(mode, color), .start_color = 0};
-    open_window(edit);
-    wait_while_held(HOTKEY_COLOR_MENU);
-    do {
+    Edit edit{.color = color_to_edit(mode, color), .start_color = 0};
+    const auto show = [&] {
         follow_sliders(edit);
         refresh_swatches(edit);
-        update_screen(UPDATE_NORMAL);
-        check_hotkeys(HOTKEYS_MODAL);
+    };
+    const auto serve = [&] {
         serve_spaces(edit);
         serve_color_slots();
         serve_spectrum();
         serve_variants_and_map();
         serve_press_on_screen();
-    } while (exit_requested == 0 && !user_leaves_window(HOTKEY_COLOR_MENU));
-    follow_sliders(edit);
-    GUI_close_window();
-    menu_id = WINDOW_DRAWING_MENU;
+        follow_sliders(edit);
+        return WINDOW_STAYS;
+    };
+    run_window(window, {.built = [&] { finish_window(edit); }, .show = show, .serve = serve});
     return edit.color;
 }
 

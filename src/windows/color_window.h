@@ -27,9 +27,8 @@ enum ColorWindowSlot : int {
     COLOR_SLOTS
 };
 
-/// Runs the window in place of the one on screen until the user leaves it, and returns the colour chosen. `mode` is a
-/// ColorTarget: the brush and the mask colour follow while the window is open, `color` is read for EDIT_GIVEN_COLOR
-/// only. The caller builds the window that stood before.
+/// Runs the window until the user leaves it, and returns the colour chosen. `mode` is a ColorTarget: the brush and the
+/// mask colour follow while the window is open, `color` is read for EDIT_GIVEN_COLOR only.
 Color color_window(int mode, Color color = 0);
 
 }  // namespace nubo

@@ -2,9 +2,9 @@
 
 #include "base/bitmap.h"
 #include "base/color.h"
+#include "gui/waiting.h"
 #include "paint/stroke.h"
 #include "paint/tips.h"
-#include "state/flow.h"
 #include "state/frames.h"
 #include "state/run.h"
 #include "state/stroke.h"
@@ -38,21 +38,18 @@ void take_area(int left, int top) {
     }
 }
 
-void wait_for_buttons_up() {
-    while (mouse_left != 0 || mouse_right != 0) update_screen(UPDATE_NORMAL);
-}
-
 }  // namespace
 
 void set_custom_tip() {
     tool_preview_on = 1;
-    while (mouse_left == 0 && mouse_right == 0) {
+    Waiting wait;
+    HandStep hand = HAND_RESTS;
+    while (hand == HAND_RESTS) {
         draw_outline();
-        update_screen(UPDATE_NORMAL);
+        hand = wait.pass();
     }
-    if (mouse_right == 0) take_area(pixel_x - area_left, pixel_y - area_top);
+    if (hand == HAND_LEFT) take_area(wait.point().x - area_left, wait.point().y - area_top);
     tool_preview_on = 0;
-    wait_for_buttons_up();
 }
 
 }  // namespace nubo

@@ -20,17 +20,11 @@ enum DrawingMenuSlot : int {
     DRAWING_SLOTS = 33
 };
 
-/// Fills the slots of the drawing menu, where it was left. Whoever closed it calls this when done; `menu_id` becomes 0.
+/// Fills the slots of the drawing menu, where it was left; `menu_id` becomes 0. It comes back behind all that
+/// `run_window` runs.
 void build_drawing_menu();
 
 /// Reads and clears the clicks on the drawing menu, and runs what they ask for. By `program_loop` in each pass.
 void serve_drawing_menu();
-
-/// What the drawing menu's buttons and the hotkeys open: each closes the drawing menu, runs the window and builds the
-/// drawing menu again. `slot` is the tool or ink slot to be edited, 0 to 5.
-void open_tool_window(int slot);
-void open_ink_window(int slot);
-void open_tip_window();
-void open_favorites_window();
 
 }  // namespace nubo

@@ -36,36 +36,24 @@ void take_spectrum_color(int) {
     brush_color = static_cast<Color>(getpixel(screen_buffer, mouse_x, mouse_y) & color_bits);
 }
 
-/// The drawing menu comes back after a window that took its place.
-template <typename Opens> void in_place_of_menu(Opens open) {
-    GUI_close_window();
-    open();
-    GUI_close_window();
-    build_drawing_menu();
-}
-
-void edit_mask_color(int) {
-    in_place_of_menu([] { color_window(EDIT_MASK_COLOR); });
-}
-void edit_brush_color(int) {
-    in_place_of_menu([] { color_window(EDIT_BRUSH_COLOR); });
-}
+void edit_mask_color(int) { color_window(EDIT_MASK_COLOR); }
+void edit_brush_color(int) { color_window(EDIT_BRUSH_COLOR); }
 void pick_spectrum_ends(int) { pick_spectrum(); }
 
-void open_tips(int) { open_tip_window(); }
-void open_favorites(int) { open_favorites_window(); }
+void open_tips(int) { tip_window(); }
+void open_favorites(int) { favorites_window(); }
 
 void activate_tool(int slot) {
     active_tool_slot = slot - DRAWING_TOOL_FIRST;
     show_choice_slots(DRAWING_TOOL_FIRST, LABEL_TOOL_FIRST, tool_slots, active_tool_slot);
 }
-void edit_tool(int slot) { open_tool_window(slot - DRAWING_TOOL_FIRST); }
+void edit_tool(int slot) { tool_window(slot - DRAWING_TOOL_FIRST); }
 
 void activate_ink(int slot) {
     active_ink_slot = slot - DRAWING_INK_FIRST;
     show_choice_slots(DRAWING_INK_FIRST, LABEL_INK_FIRST, ink_slots, active_ink_slot);
 }
-void edit_ink(int slot) { open_ink_window(slot - DRAWING_INK_FIRST); }
+void edit_ink(int slot) { ink_window(slot - DRAWING_INK_FIRST); }
 
 // ---- The table, in the order in which clicks are served ------------------------------------------------------------
 
@@ -101,17 +89,5 @@ void serve_drawing_menu() {
     for (const ClickRow& row : click_rows)
         for (int slot = row.first; slot < row.first + row.count; ++slot) serve_slot(row, slot);
 }
-
-void open_tool_window(int slot) {
-    in_place_of_menu([slot] { tool_window(slot); });
-}
-
-void open_ink_window(int slot) {
-    in_place_of_menu([slot] { ink_window(slot); });
-}
-
-void open_favorites_window() { in_place_of_menu(favorites_window); }
-
-void open_tip_window() { in_place_of_menu(tip_window); }
 
 }  // namespace nubo

@@ -1,12 +1,10 @@
 #include "windows/favorites_window.h"
 
-#include "gui/presses.h"
-#include "gui/window.h"
-#include "state/flow.h"
 #include "state/view.h"
 #include "windows/activity_menus.h"
 #include "windows/color_window.h"
-#include "windows/leaving.h"
+#include "windows/confirm_box.h"
+#include "windows/run_window.h"
 #include <algorithm>
 #include <allegro.h>
 #include <array>
@@ -49,7 +47,9 @@ constexpr WindowRow window{.id = WINDOW_FAVORITES,
                            .child_count = FAVORITES_WINDOW_SLOTS,
                            .title = LABEL_FAVORITES,
                            .title_w = 61,
-                           .elements = rows};
+                           .elements = rows,
+                           .key = HOTKEY_FAVORITES,
+                           .outside = OUTSIDE_CANCELS};
 
 void build_swatch(int slot, int x, int y) {
     constexpr int swatch_w = 10, swatch_h = 9;
@@ -65,10 +65,9 @@ void build_swatch(int slot, int x, int y) {
                   window_x(), window_y());
 }
 
-void build_favorites() {
+void finish_window() {
     constexpr int pitch_x = 11, pitch_y = 10, colors_x = 2, colors_y = 22, colors_row = 5, grid_x = 66, grid_y = 2;
     constexpr std::int16_t arrow_up = 0, arrow_down = 2;
-    build_window(window);
     gui::row_ids[FAVORITES_UP][0] = arrow_up;
     gui::row_ids[FAVORITES_DOWN][0] = arrow_down;
     for (int i = 0; i < color_slot_count; ++i)
@@ -93,30 +92,20 @@ void show_colors() {
     }
 }
 
-void edit_color(Color& color) {
-    const Color edited = color_window(EDIT_GIVEN_COLOR, color);
-    color = edited;
-    build_favorites();
-}
-
 void serve_swatches() {
     for (int slot = FAVORITES_COLOR_FIRST; slot < FAVORITES_WINDOW_SLOTS; ++slot) {
         const int click = take_click(slot);
         Color* const color = color_of_swatch(slot);
         if (click == 0 || color == nullptr) continue;
         if (click == click_right)
-            edit_color(*color);
+            *color = color_window(EDIT_GIVEN_COLOR, *color);
         else
             brush_color = *color;
     }
 }
 
 void nuke() {
-    GUI_close_window();
-    if (confirm_box(LABEL_CLEAR_FAVORITES, LABEL_CANT_BE_UNDONE, false, false) != 0)
-        favorites.fill(color_scheme[SCHEME_BACKGROUND]);
-    GUI_close_window();
-    build_favorites();
+    if (confirm(LABEL_CLEAR_FAVORITES, LABEL_CANT_BE_UNDONE)) favorites.fill(color_scheme[SCHEME_BACKGROUND]);
 }
 
 /// The arrows and the wheel move by rows.
@@ -132,21 +121,15 @@ void serve_scrolling(int& wheel) {
 
 void favorites_window() {
     favorites_page = std::clamp(favorites_page, 0, page_last);
-    GUI_close_window();
-    build_favorites();
-    wait_while_held(HOTKEY_FAVORITES);
     int wheel = ::mouse_z;
-    do {
-        show_colors();
-        update_screen(UPDATE_NORMAL);
-        check_hotkeys(HOTKEYS_MODAL);
+    const auto serve = [&] {
         serve_swatches();
         serve_scrolling(wheel);
         if (take_click(FAVORITES_SAVE) != 0 || take_click(FAVORITES_LOAD) != 0) say_comes_later();
         if (take_click(FAVORITES_NUKE) != 0) nuke();
-    } while (!user_leaves_window(HOTKEY_FAVORITES));
-    GUI_close_window();
-    menu_id = WINDOW_DRAWING_MENU;
+        return WINDOW_STAYS;
+    };
+    run_window(window, {.built = finish_window, .show = show_colors, .serve = serve});
 }
 
 }  // namespace nubo

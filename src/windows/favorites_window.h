@@ -3,8 +3,8 @@
 
 namespace nubo {
 
-/// Runs the window in place of the one on screen until the user leaves it. A left press takes a slot's colour as the
-/// brush colour, a right press chooses a new one for the slot. It closes itself; the caller builds what stood before.
+/// Runs the window until the user leaves it. A left press takes a slot's colour as the brush colour, a right press
+/// chooses a new one for the slot.
 void favorites_window();
 
 }  // namespace nubo

@@ -1,9 +1,9 @@
 #include "windows/frame_menu.h"
 
-#include "gui/window.h"
 #include "state/flow.h"
 #include "state/frames.h"
 #include "windows/activity_menus.h"
+#include "windows/confirm_box.h"
 #include "workspace/frame_store.h"
 #include "workspace/notices.h"
 #include "workspace/state_file.h"
@@ -46,7 +46,7 @@ void ask_to_delete_frame() {
         confirm_box(LABEL_LAST_FRAME, LABEL_NONE, false, true);
         return;
     }
-    if (confirm_box(LABEL_DELETE_FRAME, LABEL_CANNOT_BE_UNDONE, false, false) == 0) return;
+    if (!confirm(LABEL_DELETE_FRAME, LABEL_CANNOT_BE_UNDONE)) return;
     if (delete_frames(frame_index, 1)) keep_state();
 }
 

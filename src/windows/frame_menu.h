@@ -8,8 +8,7 @@ namespace nubo {
 void clone_frame();
 void insert_blank_frame();
 
-/// Asks whether the current Frame may go, and deletes it; the last one can't. The caller has closed the window on
-/// screen and builds the drawing menu afterwards.
+/// Asks whether the current Frame may go, and deletes it; the last one can't.
 void ask_to_delete_frame();
 
 }  // namespace nubo

@@ -4,7 +4,7 @@
 #include "base/log.h"
 #include "framework/text.h"
 #include "gui/presses.h"
-#include "gui/window.h"
+#include "gui/waiting.h"
 #include "paint/inks.h"
 #include "paint/stroke.h"
 #include "paint/tools.h"
@@ -12,6 +12,7 @@
 #include "state/frames.h"
 #include "state/run.h"
 #include "state/stroke.h"
+#include "windows/run_window.h"
 #include <algorithm>
 #include <array>
 #include <cstdlib>
@@ -126,7 +127,8 @@ constexpr WindowRow offscreen_window{.id = WINDOW_BOX,
                                      .child_count = OFFSCREEN_SLOTS,
                                      .title = LABEL_NODES_OFFSCREEN,
                                      .title_w = jump_w,
-                                     .elements = offscreen_rows};
+                                     .elements = offscreen_rows,
+                                     .base = high_slot};
 
 /// Pans until the node stands in the middle of the view, as far as the limits let it.
 void jump_to(const Gradient& gradient, Node node) {
@@ -136,12 +138,12 @@ void jump_to(const Gradient& gradient, Node node) {
     view_clamp();
 }
 
-/// The box with the way back, as long as neither node can be seen. It stands over the hidden drawing menu.
+/// The box with the way back, as long as neither node can be seen.
 void serve_offscreen_box(const Gradient& gradient) {
     const bool stands = gui::active[at(high_slot)] != 0;
     const bool seen = std::ranges::any_of(both_nodes, [&](Node node) { return is_on_screen(gradient, node); });
     if (stands && seen) clear_high_slots();
-    if (!stands && !seen) build_window(offscreen_window, high_slot);
+    if (!stands && !seen) build_window(offscreen_window);
     if (!stands || seen) return;
     if (take_click(high_slot + OFFSCREEN_START) > 0) jump_to(gradient, NODE_START);
     if (take_click(high_slot + OFFSCREEN_END) > 0) jump_to(gradient, NODE_END);
@@ -149,23 +151,20 @@ void serve_offscreen_box(const Gradient& gradient) {
 
 // ---- The editor ----------------------------------------------------------------------------------------------------
 
-bool user_is_done() {
-    if (right_press_outside()) return true;
-    if (!hotkey_held(HOTKEY_INK_OPTION)) return false;
+bool key_is_pressed() {
+    const bool pressed = hotkey_held(HOTKEY_INK_OPTION);
     wait_while_held(HOTKEY_INK_OPTION);
-    return true;
+    return pressed;
 }
 
 void move_nodes(const Gradient& gradient) {
+    Waiting wait({.prompt = status_bar_only, .hotkeys = HOTKEYS_NODES, .first_live_slot = high_slot});
     Node held = NODE_NONE;
-    while (exit_requested == 0 && !user_is_done()) {
-        update_screen(UPDATE_NORMAL);
-        check_hotkeys(HOTKEYS_NODES);
+    for (;;) {
+        const HandStep hand = wait.pass();
+        if (hand == HAND_RIGHT || hand == HAND_ESCAPES || key_is_pressed()) return;
         if (mouse_middle != 0) quick_pan();
-        if (pressed_outside(mouse_left)) {
-            held = node_after_press(gradient, held);
-            wait_while_down(mouse_left);
-        }
+        if (hand == HAND_LEFT) held = node_after_press(gradient, held);
         if (held != NODE_NONE) place_node(gradient, held, {pixel_x, pixel_y});
         serve_offscreen_box(gradient);
     }
@@ -199,11 +198,8 @@ void reposition_gradient(int ink) {
         UA_log("[ ERROR ] : Unknown type passed to reposition_gradient! Type = %d", ink);
         return;
     }
-    const bool menu_was_hidden = gui::hidden[at(slot_window)] != 0;
-    hide_window();
+    const ClearedScreen cleared;
     menu_id = WINDOW_BOX;
-    status_message = status_bar_only;
-    status_timer = 0;
     for (const Node node : both_nodes) bring_into_frame(*gradient, node);
     clear_to_color(overlay, static_cast<int>(transparent_color));
     tool_preview_on = 1;
@@ -211,12 +207,9 @@ void reposition_gradient(int ink) {
     wait_while_held(HOTKEY_INK_OPTION);
     move_nodes(*gradient);
     clear_high_slots();
-    if (!menu_was_hidden) toggle_window();
     tool_preview = -1;
     tool_preview_on = 0;
     clear_to_color(overlay, static_cast<int>(transparent_color));
-    status_message = status_coordinates;
-    menu_id = WINDOW_DRAWING_MENU;
     update_gradient_geometry();
 }
 

@@ -6,12 +6,10 @@
 #include "gui/draw.h"
 #include "gui/presses.h"
 #include "gui/shapes.h"
-#include "gui/window.h"
-#include "state/flow.h"
 #include "state/options.h"
 #include "state/run.h"
 #include "state/texts_help.h"
-#include "windows/drawing_menu.h"
+#include "windows/run_window.h"
 #include <array>
 
 namespace nubo {
@@ -37,7 +35,9 @@ constexpr WindowRow window{.id = WINDOW_BOX,
                            .child_count = HELP_SLOTS,
                            .title = LABEL_HELP_TITLE,
                            .title_w = 312,
-                           .elements = rows};
+                           .elements = rows,
+                           .cancel = HELP_BUTTON_EXIT,
+                           .keys = KEYS_ESCAPE};
 constexpr ListLayout topic_layout{.rows = 21, .row_h = 10, .font = FONT_WIDE, .row_w = 84, .row_top = 1};
 constexpr int topic_rows = 45, topic_slider_x = 87, topic_stops = 22, text_slider_x = 204, text_stops = 15;
 constexpr int wheel_rows = 2;
@@ -104,8 +104,7 @@ void draw_help_text(int slot) {
 
 // ---- The loop ------------------------------------------------------------------------------------------------------
 
-void build_help() {
-    build_window(window);
+void finish_window() {
     GUI_set_list(HELP_LIST, topic_layout, LABEL_HELP_FIRST, topic_rows);
     GUI_set_vertical_slider(HELP_LIST, topic_slider_x, 0, topic_stops, wheel_rows);
     GUI_set_vertical_slider(HELP_TEXT, text_slider_x, 0, text_stops, wheel_rows);
@@ -133,16 +132,11 @@ void serve_list() {
 void help_window() {
     const int status_bar = opt_status_bar;
     opt_status_bar = 0;  // the window fills the screen
-    hotkeys_busy = 1;    // the pan keys are silent too
-    GUI_close_window();
-    build_help();
-    while (take_click(HELP_BUTTON_EXIT) == 0) {
-        update_screen(UPDATE_NORMAL);
+    const auto serve = [] {
         serve_list();
-    }
-    GUI_close_window();
-    build_drawing_menu();
-    hotkeys_busy = 0;
+        return WINDOW_STAYS;
+    };
+    run_window(window, {.built = finish_window, .serve = serve});
     opt_status_bar = status_bar;
 }
 

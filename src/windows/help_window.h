@@ -4,7 +4,7 @@
 
 namespace nubo {
 
-/// Runs the window until EXIT is pressed, and builds the drawing menu again. No key and no right press works in it.
+/// Runs the window until EXIT is pressed. No key but ESC and no right press works in it.
 void help_window();
 
 /// Columns that a word of a help text takes: its characters, colour codes not counted; -1 for "||", which breaks the

@@ -1,13 +1,10 @@
 #include "windows/hotkey_window.h"
 
 #include "base/log.h"
-#include "gui/presses.h"
-#include "gui/prompt.h"
-#include "gui/snapshot.h"
-#include "gui/window.h"
 #include "state/flow.h"
-#include "state/run.h"
 #include "state/texts_keys.h"
+#include "windows/confirm_box.h"
+#include "windows/run_window.h"
 #include <allegro.h>
 #include <array>
 #include <string>
@@ -73,7 +70,10 @@ constexpr WindowRow window{.id = WINDOW_HOTKEYS,
                            .child_count = HOTKEYS_SLOTS,
                            .title = LABEL_HOTKEYS,
                            .title_w = 51,
-                           .elements = rows};
+                           .elements = rows,
+                           .cancel = HOTKEYS_CANCEL,
+                           .outside = OUTSIDE_CANCELS,
+                           .prompt = MESSAGE_REMAP_KEY};
 
 constexpr ListLayout list_layout{
     .rows = key_rows_shown, .row_h = row_pitch, .font = FONT_WIDE, .row_w = -1, .row_top = 1};
@@ -95,7 +95,11 @@ constexpr WindowRow prompt_window{.id = WINDOW_BOX,
                                   .child_count = PROMPT_SLOTS,
                                   .title = LABEL_PRESS_KEY,
                                   .title_w = 177,
-                                  .elements = prompt_rows};
+                                  .elements = prompt_rows,
+                                  .okay = PROMPT_OKAY,
+                                  .cancel = PROMPT_CANCEL,
+                                  .keys = KEYS_OWN,
+                                  .shadows = true};
 
 // ---- The window on screen ------------------------------------------------------------------------------------------
 
@@ -107,18 +111,6 @@ void finish_window(int first) {
     // The list stays `hover` under the keys, so that the wheel turns it there too.
     for (int slot = key_slot(0, KEY_PRIMARY); slot < key_slot(key_rows_shown, KEY_PRIMARY); ++slot)
         gui::hot[at(slot)] = 0;
-}
-
-/// Puts a question in the window's place, which stays dimly visible, and builds the window again where it stood.
-int ask_in_place(int (*ask)()) {
-    const int x = window_x(), y = window_y(), first = gui::slider_value[HOTKEYS_LIST];
-    take_menu_snapshot(menu_snapshot);
-    GUI_close_window();
-    const int answer = ask();
-    clear_menu_shadow();
-    build_window_at(window, x, y);
-    finish_window(first);
-    return answer;
 }
 
 /// Calls `visit` with the slot, the row of the table and the side of each key shown. The rows shown are read once: a
@@ -140,7 +132,7 @@ void serve_keys(int first) {
         const int click = take_click(slot);
         if (click == click_right) key_value = key_unmapped;
         if (click <= 0) return;
-        const int chosen = ask_in_place(key_prompt);
+        const int chosen = key_prompt();
         if (chosen != no_key_chosen) key_value = chosen;
     });
 }
@@ -155,16 +147,8 @@ bool has_duplicates() {
     return false;
 }
 
-bool user_keeps_duplicates() {
-    const auto ask = [] { return confirm_box(LABEL_DUPLICATE_KEYS, LABEL_DUPLICATE_QUESTION, false, false); };
-    return ask_in_place(ask) != 0;
-}
-
-bool user_leaves(const KeyTable& before) {
-    if (take_click(HOTKEYS_OKAY) > 0) return !has_duplicates() || user_keeps_duplicates();
-    if (take_click(HOTKEYS_CANCEL) <= 0 && !right_press_outside()) return false;
-    hotkeys = before;
-    return true;
+bool user_keeps_keys() {
+    return !has_duplicates() || confirm(LABEL_DUPLICATE_KEYS, LABEL_DUPLICATE_QUESTION, /*shadows=*/true);
 }
 
 // ---- The prompt ----------------------------------------------------------------------------------------------------
@@ -200,38 +184,30 @@ void read_keys(int& chosen, std::string& text) {
 }  // namespace
 
 int key_prompt() {
-    build_window(prompt_window);
     int chosen = no_key_chosen;
     std::string text(key_names[key_awaiting_input]);
-    bool cancelled = false;
-    do {
+    const auto show = [&] {
         read_keys(chosen, text);
         gui::value_text[PROMPT_TEXT] = text.c_str();
-        update_screen(UPDATE_NORMAL);
-        cancelled = exit_requested != 0 || take_click(PROMPT_CANCEL) > 0;
-    } while (!cancelled && take_click(PROMPT_OKAY) <= 0);
-    GUI_close_window();
-    menu_id = WINDOW_HOTKEYS;
-    return cancelled ? no_key_chosen : chosen;
+    };
+    return run_window(prompt_window, {.show = show}) == WINDOW_DONE ? chosen : no_key_chosen;
 }
 
 void hotkey_window() {
     KeyTable before;
     before = hotkeys;
-    GUI_close_window();
-    build_window(window);
-    finish_window(0);
-    const Prompt prompt(MESSAGE_REMAP_KEY);
-    do {
-        const int first = gui::slider_value[HOTKEYS_LIST];
+    int first = 0;  // the action at the top of the list
+    const auto show = [&] {
+        first = gui::slider_value[HOTKEYS_LIST];
         show_keys(first);
-        update_screen(UPDATE_NORMAL);
-        check_hotkeys(HOTKEYS_MODAL);
+    };
+    const auto serve = [&] {
         serve_keys(first);
         if (take_click(HOTKEYS_DEFAULTS) > 0) default_hotkeys();
-    } while (exit_requested == 0 && !user_leaves(before));
-    GUI_close_window();
-    menu_id = WINDOW_DRAWING_MENU;
+        return take_click(HOTKEYS_OKAY) > 0 && user_keeps_keys() ? WINDOW_DONE : WINDOW_STAYS;
+    };
+    const auto built = [&] { finish_window(first); };
+    if (run_window(window, {.built = built, .show = show, .serve = serve}) == WINDOW_CANCELLED) hotkeys = before;
 }
 
 bool dupe_hotkey_check(int major, int minor) {

@@ -22,15 +22,13 @@ static_assert(HOTKEYS_OKAY == 25);
 
 enum KeyPromptSlot : int { PROMPT_OKAY = slot_content, PROMPT_CANCEL, PROMPT_TEXT, PROMPT_SLOTS = 6 };
 
-/// Closes what stands and lets the user remap, clear and restore keys until OKAY or CANCEL. A change acts at once;
-/// CANCEL, or a right press with no element under it, takes all of them back. The caller builds the window that stood
-/// before.
+/// Lets the user remap, clear and restore keys until OKAY or CANCEL. A change acts at once; CANCEL takes all of them
+/// back.
 void hotkey_window();
 
 inline constexpr int no_key_chosen = -1;
 
-/// Asks for one key combination in a window of its own: its value, or `no_key_chosen`. Called by the hotkey window,
-/// which has closed and is built again after it.
+/// Asks for one key combination in a window of its own: its value, or `no_key_chosen`.
 int key_prompt();
 
 /// True if the key of row `major`, side `minor`, stands on any other row too. An unmapped key never does, and the other

@@ -2,7 +2,6 @@
 
 #include "gui/window.h"
 #include "windows/choice_window.h"
-#include "windows/drawing_menu.h"
 #include "windows/gradient_nodes.h"
 #include "windows/option_widgets.h"
 
@@ -13,14 +12,8 @@ constexpr int description_of_ink_zero = 30;
 
 bool is_gradient(int ink) { return ink == INK_HGRAD || ink == INK_LGRAD || ink == INK_RGRAD || ink == INK_VGRAD; }
 
-/// The nodes of a gradient are placed on the Frame, with the drawing menu in its place.
-bool serve_position(int ink) {
-    if (!is_gradient(ink) || take_click(option_slot_position) <= 0) return false;
-    GUI_close_window();
-    build_drawing_menu();
-    reposition_gradient(ink);
-    return true;
-}
+/// The nodes of a gradient are placed on the Frame.
+bool serve_position(int ink) { return is_gradient(ink) && take_click(option_slot_position) > 0; }
 
 constexpr ChoiceWindow inks{.id = WINDOW_INK,
                             .title = LABEL_INK,
@@ -34,7 +27,8 @@ constexpr ChoiceWindow inks{.id = WINDOW_INK,
                             .slots = &ink_slots,
                             .active = &active_ink_slot,
                             .build_options = [](int ink) { build_ink_options(static_cast<Ink>(ink)); },
-                            .serve_options = serve_position};
+                            .serve_options = serve_position,
+                            .run_option = reposition_gradient};
 
 }  // namespace
 

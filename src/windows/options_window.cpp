@@ -1,12 +1,11 @@
 #include "windows/options_window.h"
 
-#include "gui/presses.h"
-#include "gui/window.h"
 #include "paint/undo.h"
 #include "state/flow.h"
 #include "state/frames.h"
 #include "state/options.h"
 #include "state/run.h"
+#include "windows/run_window.h"
 #include <algorithm>
 #include <array>
 
@@ -123,7 +122,10 @@ constexpr WindowRow window{.id = WINDOW_OPTIONS,
                            .child_count = OPTION_WINDOW_SLOTS,
                            .title = LABEL_OPTIONS,
                            .title_w = 51,
-                           .elements = rows};
+                           .elements = rows,
+                           .okay = OPTION_OKAY,
+                           .cancel = OPTION_CANCEL,
+                           .outside = OUTSIDE_CANCELS};
 constexpr ListLayout list_layout{.rows = rows_shown, .row_h = 10, .font = FONT_WIDE, .row_w = -1, .row_top = 1};
 constexpr int list_slider_x = 306, list_stops = static_cast<int>(options.size()) - rows_shown + 1, list_wheel = 2;
 
@@ -179,22 +181,9 @@ void build_controls(int first) {
     }
 }
 
-void run_window(const OptionValues& before) {
-    constexpr int none_built = -1;
-    for (int built = none_built;;) {
-        if (const int first = gui::slider_value[OPTION_LIST]; first != built) build_controls(built = first);
-        update_screen(UPDATE_NORMAL);
-        check_hotkeys(HOTKEYS_MODAL);
-        if (take_click(OPTION_DEFAULTS) != 0) {
-            set_option_defaults();
-            built = none_built;
-        }
-        if (take_click(OPTION_OKAY) != 0) return;
-        if (take_click(OPTION_CANCEL) != 0 || right_press_outside()) {
-            write_options(before);
-            return;
-        }
-    }
+void finish_window() {
+    GUI_set_list(OPTION_LIST, list_layout, LABEL_OPTION_CEL_MASKING, static_cast<int>(options.size()));
+    GUI_set_vertical_slider(OPTION_LIST, list_slider_x, 0, list_stops, list_wheel);
 }
 
 }  // namespace
@@ -207,15 +196,22 @@ void set_option_defaults() {
 void options_window() {
     const OptionValues before = read_options();
     const int depth = opt_undo_depth;
-    GUI_close_window();
-    build_window(window);
-    GUI_set_list(OPTION_LIST, list_layout, LABEL_OPTION_CEL_MASKING, static_cast<int>(options.size()));
-    GUI_set_vertical_slider(OPTION_LIST, list_slider_x, 0, list_stops, list_wheel);
-    run_window(before);
+    constexpr int none_built = -1;
+    int built = none_built;
+    const auto show = [&] {
+        if (const int first = gui::slider_value[OPTION_LIST]; first != built) build_controls(built = first);
+    };
+    const auto serve = [&] {
+        if (take_click(OPTION_DEFAULTS) > 0) {
+            set_option_defaults();
+            built = none_built;
+        }
+        return WINDOW_STAYS;
+    };
+    const WindowPass end = run_window(window, {.built = finish_window, .show = show, .serve = serve});
+    if (end == WINDOW_CANCELLED) write_options(before);
     if (opt_undo_depth != depth) reset_undo_slots();
     reinstall_GUI_tick();
-    GUI_close_window();
-    menu_id = WINDOW_DRAWING_MENU;
 }
 
 }  // namespace nubo

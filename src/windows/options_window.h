@@ -3,8 +3,7 @@
 
 namespace nubo {
 
-/// Runs the window until it is left. The controls work on the live values; CANCEL and a right press outside put back
-/// those of its opening. It closes itself; the caller builds the window that stood before.
+/// Runs the window until it is left. The controls work on the live values; CANCEL puts back those of its opening.
 void options_window();
 
 /// Gives every option of the window the value that its DEFAULTS button sets. Also for the settings of a first start.

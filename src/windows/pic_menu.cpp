@@ -6,8 +6,8 @@ namespace nubo {
 namespace {
 
 constexpr std::array<MenuItem, 5> pic_items{{
-    {LABEL_PIC_CLEAR, MESSAGE_PIC_CLEAR, clear_frame, MENU_STAYS},
-    {LABEL_PIC_RESTORE, MESSAGE_PIC_RESTORE, restore_frame, MENU_STAYS},
+    {LABEL_PIC_CLEAR, MESSAGE_PIC_CLEAR, clear_frame},
+    {LABEL_PIC_RESTORE, MESSAGE_PIC_RESTORE, restore_frame},
     {LABEL_PIC_SHEET, MESSAGE_PIC_SHEET, say_comes_later},
     {LABEL_PIC_SAVE, MESSAGE_PIC_SAVE, say_comes_later},
     {LABEL_PIC_LOAD, MESSAGE_PIC_LOAD, say_comes_later},

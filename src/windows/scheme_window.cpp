@@ -1,12 +1,9 @@
 #include "windows/scheme_window.h"
 
-#include "gui/presses.h"
-#include "gui/window.h"
-#include "state/flow.h"
-#include "state/run.h"
 #include "windows/activity_menus.h"
 #include "windows/color_window.h"
 #include "windows/drawing_menu.h"
+#include "windows/run_window.h"
 #include <array>
 
 namespace nubo {
@@ -103,14 +100,15 @@ constexpr WindowRow window{.id = WINDOW_COLOR_SCHEME,
                            .child_count = SCHEME_SLOTS,
                            .title = LABEL_COLOR_SCHEME,
                            .title_w = 253,
-                           .elements = rows};
+                           .elements = rows,
+                           .okay = SCHEME_OKAY,
+                           .cancel = SCHEME_CANCEL,
+                           .outside = OUTSIDE_HIDES};
 
-/// Builds the window with its swatches as `color_scheme` has them.
-void open_window() {
+/// The sample's texts, and the swatches as `color_scheme` has them.
+void finish_window() {
     constexpr ListLayout list{.rows = 4, .row_h = 10};
     constexpr FieldLayout field{.visible = 20, .max = 20};
-    GUI_close_window();
-    build_window(window);
     GUI_set_list(SCHEME_PREVIEW_LIST, list, LABEL_PREVIEW_SELECTED, 3);
     gui::row_ids[at(SCHEME_PREVIEW_LIST)][3] = LABEL_PREVIEW_REGULAR;
     GUI_set_field(SCHEME_PREVIEW_FIELD, field, "TEXT INPUT WINDOW");
@@ -126,10 +124,9 @@ void paint_sheet(const Scheme& scheme) {
 
 /// The colour window shows itself in the interface's own colours, sprites included.
 void choose_color(int index, const Scheme& kept) {
-    hide_window();
     paint_sheet(kept);
     color_scheme[at(index)] = color_window(EDIT_GIVEN_COLOR, color_scheme[at(index)]);
-    open_window();
+    apply_scheme(SCHEME_TO_SWATCHES);
 }
 
 void serve_swatches(const Scheme& kept) {
@@ -145,40 +142,22 @@ void serve_files() {
     if (saves || loads) say_comes_later();
 }
 
-void take_over() {
-    apply_scheme(SCHEME_FROM_SWATCHES);
-    apply_scheme(SCHEME_TO_INTERFACE);
-    paint_sheet(color_scheme);
-}
-
-/// True when the user leaves. The end of the program keeps the old colours, as CANCEL does.
-bool serve_leaving(const Scheme& kept) {
-    const bool okay = take_click(SCHEME_OKAY) > 0, cancel = take_click(SCHEME_CANCEL) > 0;
-    if (okay)
-        take_over();
-    else if (cancel || exit_requested != 0)
-        color_scheme = kept;
-    return okay || cancel || exit_requested != 0;
-}
-
 }  // namespace
 
 void scheme_window() {
     const Scheme kept = color_scheme;
-    open_window();
-    do {
-        apply_scheme(SCHEME_FROM_SWATCHES);
-        update_screen(UPDATE_NORMAL);
-        check_hotkeys(HOTKEYS_MODAL);
-        serve_hiding();
+    const auto serve = [&] {
         serve_swatches(kept);
         paint_sheet(color_scheme);
         serve_files();
-    } while (!serve_leaving(kept));
-    key_focus = -1;  // which the sample of a text field may have
-    GUI_close_window();
-    build_drawing_menu();
-    menu_id = WINDOW_DRAWING_MENU;
+        return WINDOW_STAYS;
+    };
+    const auto take_swatches = [] { apply_scheme(SCHEME_FROM_SWATCHES); };
+    const WindowPass end = run_window(window, {.built = finish_window, .show = take_swatches, .serve = serve});
+    if (end == WINDOW_CANCELLED) color_scheme = kept;
+    apply_scheme(SCHEME_TO_INTERFACE);
+    paint_sheet(color_scheme);
+    build_drawing_menu();  // in the new colours
 }
 
 }  // namespace nubo

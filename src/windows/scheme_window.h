@@ -24,8 +24,7 @@ enum SchemeSlot : int {
     SCHEME_SLOTS
 };
 
-/// Closes the menu on screen and runs the window until it is left. Then the interface has the new colours, or with
-/// CANCEL the old ones, and the drawing menu stands again.
+/// Runs the window until it is left. Then the interface has the new colours, or with CANCEL the old ones.
 void scheme_window();
 
 }  // namespace nubo

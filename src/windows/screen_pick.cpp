@@ -1,9 +1,8 @@
 #include "windows/screen_pick.h"
 
-#include "gui/presses.h"
-#include "gui/prompt.h"
+#include "gui/waiting.h"
 #include "state/colors.h"
-#include "state/gui.h"
+#include "state/flow.h"
 #include "state/messages.h"
 #include "state/run.h"
 #include "state/view.h"
@@ -11,18 +10,6 @@
 
 namespace nubo {
 namespace {
-
-/// As long as it lives the GUI accepts no press, and none is left over when it goes.
-class PressesIgnored {
-public:
-    PressesIgnored() { gui_enabled = 0; }
-    ~PressesIgnored() {
-        clear_clicks();
-        gui_enabled = 1;
-    }
-    PressesIgnored(const PressesIgnored&) = delete;
-    PressesIgnored& operator=(const PressesIgnored&) = delete;
-};
 
 int read_screen() {
     constexpr int color_bits = 0xffffff;
@@ -32,33 +19,22 @@ int read_screen() {
     return getpixel(screen_buffer, shown.mouse_x, shown.mouse_y) & color_bits;
 }
 
-/// The prompt stays on the screen until the colour is picked.
-int pick_with_prompt(Message prompt) {
-    const Prompt shown_meanwhile(prompt);
-    return pick_screen_color(false);
+/// Reads when the button goes down: what the user points at may change under it.
+int pick(int prompt) {
+    Waiting wait({.prompt = prompt, .hotkeys = HOTKEYS_MODAL});
+    HandStep hand = HAND_RESTS;
+    while (hand == HAND_RESTS) hand = wait.pass();
+    return hand == HAND_LEFT ? read_screen() : pick_cancelled;
 }
 
 }  // namespace
 
-int pick_screen_color(bool at_once) {
-    if (at_once) return read_screen();
-    const PressesIgnored ignored;
-    int color = pick_cancelled;
-    while (exit_requested == 0) {
-        update_screen(UPDATE_NORMAL);
-        check_hotkeys(HOTKEYS_MODAL);
-        if (mouse_left != 0) color = read_screen();
-        if (mouse_left != 0 || mouse_right != 0) break;
-    }
-    wait_while_down(mouse_left);
-    wait_while_down(mouse_right);
-    return color;
-}
+int pick_screen_color(bool at_once) { return at_once ? read_screen() : pick(MESSAGE_NONE); }
 
 void pick_spectrum() {
-    const int first = pick_with_prompt(MESSAGE_SPECTRUM_START);
+    const int first = pick(MESSAGE_SPECTRUM_START);
     if (first == pick_cancelled) return;
-    const int second = pick_with_prompt(MESSAGE_SPECTRUM_END);
+    const int second = pick(MESSAGE_SPECTRUM_END);
     if (second == pick_cancelled) return;
     spectrum_start = static_cast<Color>(first);
     spectrum_end = static_cast<Color>(second);

@@ -1,12 +1,10 @@
 #include "windows/tip_window.h"
 
 #include "gui/presses.h"
-#include "gui/window.h"
-#include "state/flow.h"
 #include "state/stroke.h"
 #include "state/view.h"
 #include "windows/custom_tip.h"
-#include "windows/leaving.h"
+#include "windows/run_window.h"
 
 namespace nubo {
 namespace {
@@ -41,22 +39,25 @@ void build_cell(int tip) {
     gui::source_y[slot] = static_cast<std::int16_t>(tip_h * row);
 }
 
-void build() {
-    build_window({.id = WINDOW_TIP,
-                  .place = POS_TIP,
-                  .y = 177,
-                  .w = 319,
-                  .h = 62,
-                  .child_count = TIP_SLOTS,
-                  .title = LABEL_BRUSHIE,
-                  .title_w = 52,
-                  .elements = {&custom_row, 1}});
+constexpr WindowRow window{.id = WINDOW_TIP,
+                           .place = POS_TIP,
+                           .y = 177,
+                           .w = 319,
+                           .h = 62,
+                           .child_count = TIP_SLOTS,
+                           .title = LABEL_BRUSHIE,
+                           .title_w = 52,
+                           .elements = {&custom_row, 1},
+                           .key = HOTKEY_BRUSH_TIP,
+                           .outside = OUTSIDE_CANCELS};
+
+void build_cells() {
     for (int tip = 0; tip < tip_count; ++tip) build_cell(tip);
 }
 
 /// A cell answers the press itself.
 void serve_cells() {
-    const int slot = hover;
+    const int slot = press_slot;
     if (mouse_left == 0 || slot < TIP_CELL_FIRST || slot >= TIP_SLOTS) return;
     brush_tip = slot - TIP_CELL_FIRST;
     wait_while_down(mouse_left);
@@ -74,17 +75,12 @@ void serve_custom() {
 }  // namespace
 
 void tip_window() {
-    GUI_close_window();
-    build();
-    wait_while_held(HOTKEY_BRUSH_TIP);
-    do {
-        update_screen(UPDATE_NORMAL);
-        check_hotkeys(HOTKEYS_MODAL);
+    const auto serve = [] {
         serve_cells();
         serve_custom();
-    } while (!user_leaves_window(HOTKEY_BRUSH_TIP));
-    GUI_close_window();
-    menu_id = WINDOW_DRAWING_MENU;
+        return WINDOW_STAYS;
+    };
+    run_window(window, {.built = build_cells, .serve = serve});
 }
 
 }  // namespace nubo

@@ -18,7 +18,8 @@ constexpr ChoiceWindow tools{.id = WINDOW_TOOL,
                              .slots = &tool_slots,
                              .active = &active_tool_slot,
                              .build_options = [](int tool) { build_tool_options(static_cast<BrushTool>(tool)); },
-                             .serve_options = [](int) { return false; }};
+                             .serve_options = [](int) { return false; },
+                             .run_option = nullptr};
 
 }  // namespace
 

@@ -3,7 +3,7 @@
 namespace nubo {
 
 /// The window in which the user picks what a tool slot of the drawing menu holds, 0 to 5, and sets the tool's options.
-/// Closes what stands; the caller builds the drawing menu afterwards. Main flow only.
+/// Main flow only.
 void tool_window(int slot);
 
 }  // namespace nubo

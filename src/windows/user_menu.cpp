@@ -1,9 +1,9 @@
 #include "windows/user_menu.h"
 
-#include "gui/window.h"
 #include "state/run.h"
 #include "windows/about_box.h"
 #include "windows/activity_menus.h"
+#include "windows/confirm_box.h"
 #include "windows/help_window.h"
 #include "windows/hotkey_window.h"
 #include "windows/options_window.h"
@@ -21,7 +21,7 @@ constexpr std::array<MenuItem, 7> user_items{{
     {LABEL_HELP, MESSAGE_USER_HELP, help_window},
     {LABEL_WORKSPACE, MESSAGE_USER_WORKSPACE, workspace_window},
     {LABEL_ABOUT, MESSAGE_USER_ABOUT, about_box},
-    {LABEL_QUIT, MESSAGE_USER_QUIT, [] { ask_to_quit(); }},
+    {LABEL_QUIT, MESSAGE_USER_QUIT, ask_to_quit},
 }};
 constexpr ActivityMenu menu{.id = WINDOW_USER_MENU,
                             .title = LABEL_USER,
@@ -32,10 +32,8 @@ constexpr ActivityMenu menu{.id = WINDOW_USER_MENU,
 
 }  // namespace
 
-bool ask_to_quit() {
-    const bool quits = confirm_box(LABEL_EXIT_QUESTION, LABEL_CHANGES_PERSIST, false, false) != 0;
-    if (quits) exit_requested = 1;
-    return quits;
+void ask_to_quit() {
+    if (confirm(LABEL_EXIT_QUESTION, LABEL_CHANGES_PERSIST)) exit_requested = 1;
 }
 
 void user_menu(int x, int y) { run_activity_menu(menu, x, y); }

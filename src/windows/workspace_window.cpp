@@ -1,12 +1,9 @@
 #include "windows/workspace_window.h"
 
-#include "gui/presses.h"
-#include "gui/text_field.h"
-#include "gui/window.h"
-#include "state/flow.h"
 #include "state/options.h"
 #include "windows/activity_menus.h"
-#include "windows/drawing_menu.h"
+#include "windows/confirm_box.h"
+#include "windows/run_window.h"
 #include "workspace/frame_store.h"
 #include <array>
 #include <span>
@@ -54,7 +51,11 @@ constexpr WindowRow window{.id = WINDOW_WORKSPACE,
                            .child_count = WORKSPACE_SLOTS,
                            .title = LABEL_WORKSPACE_TITLE,
                            .title_w = 197,
-                           .elements = rows};
+                           .elements = rows,
+                           .cancel = WORKSPACE_RETURN,
+                           .outside = OUTSIDE_HIDES,
+                           .focus = WORKSPACE_TITLE,
+                           .pans = true};
 constexpr FieldLayout field{.visible = 24, .max = 120, .font = FONT_WIDE};
 
 void read_fields() {
@@ -63,37 +64,23 @@ void read_fields() {
     GUI_read_field(WORKSPACE_NOTES, std::span(workspace_notes).first<stored>());
 }
 
-void ask_to_clear() {
-    GUI_close_window();
-    if (confirm_box(LABEL_CLEAR_WORKSPACE, LABEL_CANNOT_BE_UNDONE, false, false) != 0) clear_workspace();
-}
-
-/// True when a button has been pressed, and its command has run.
-bool serve_buttons() {
-    const bool saves = take_click(WORKSPACE_SAVE) > 0, loads = take_click(WORKSPACE_LOAD) > 0;
-    const bool clears = take_click(WORKSPACE_NEW) > 0, returns = take_click(WORKSPACE_RETURN) > 0;
-    if (saves || loads) say_comes_later();
-    if (clears) ask_to_clear();
-    return saves || loads || clears || returns;
+void set_fields() {
+    GUI_set_field(WORKSPACE_TITLE, field, workspace_title.data());
+    GUI_set_field(WORKSPACE_NOTES, field, workspace_notes.data());
 }
 
 }  // namespace
 
 void workspace_window() {
-    GUI_close_window();
-    build_window(window);
-    GUI_set_field(WORKSPACE_TITLE, field, workspace_title.data());
-    GUI_set_field(WORKSPACE_NOTES, field, workspace_notes.data());
-    GUI_set_key_focus(WORKSPACE_TITLE, true);
-    do {
-        read_fields();
-        update_screen(UPDATE_NORMAL);
-        check_hotkeys(HOTKEYS_MODAL);
-        if (mouse_middle != 0) quick_pan();
-        serve_hiding();
-    } while (!serve_buttons());
-    GUI_close_window();
-    build_drawing_menu();
+    bool files = false, clears = false;
+    const auto serve = [&] {
+        files = take_click(WORKSPACE_SAVE) > 0 || take_click(WORKSPACE_LOAD) > 0;
+        clears = take_click(WORKSPACE_NEW) > 0;
+        return files || clears ? WINDOW_DONE : WINDOW_STAYS;
+    };
+    run_window(window, {.built = set_fields, .show = read_fields, .serve = serve});
+    if (files) say_comes_later();
+    if (clears && confirm(LABEL_CLEAR_WORKSPACE, LABEL_CANNOT_BE_UNDONE)) clear_workspace();
 }
 
 }  // namespace nubo

@@ -2,8 +2,7 @@
 
 namespace nubo {
 
-/// The window of the Workspace's title and notes, from which it is saved, loaded and cleared. Closes what stands, and
-/// leaves the drawing menu. Main flow only.
+/// The window of the Workspace's title and notes, from which it is saved, loaded and cleared. Main flow only.
 void workspace_window();
 
 }  // namespace nubo

@@ -56,8 +56,8 @@ TEST_F(ColorWindowTest, SpacesKeepTheColorAndSlidersFollowIt) {
         CLICK_LEFT(20, 163);  // VGA
         EXPECT_EQ(colorspace, SPACE_VGA);
         EXPECT_EQ(brush_color, teal);
-        EXPECT_EQ(color_sliders[0], 0x0a >> 2);
-        EXPECT_EQ(color_sliders[2], 0x7b >> 2);
+        EXPECT_EQ(gui::slider_value[COLOR_SLIDER_FIRST], 0x0a >> 2);
+        EXPECT_EQ(gui::slider_value[COLOR_SLIDER_FIRST + 2], 0x7b >> 2);
         EXPECT_EQ(gui::slider_max[COLOR_SLIDER_FIRST], 64);
         CLICK_LEFT(20, 173);  // HLS
         EXPECT_EQ(brush_color, teal);

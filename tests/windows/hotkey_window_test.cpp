@@ -69,7 +69,7 @@ TEST_F(HotkeyWindowTest, AKeyOfAScrolledRowIsRemappedAndCleared) {
     EXPECT_EQ(hotkeys[3][KEY_PRIMARY], 0x1407);
     EXPECT_EQ(menu_id, WINDOW_DRAWING_MENU);
     EXPECT_EQ(status_message, status_coordinates);
-    EXPECT_EQ(gui::active[HOTKEYS_LIST], 0);
+    EXPECT_EQ(slot_of(LABEL_UNDO), DRAWING_UNDO);
 }
 
 TEST_F(HotkeyWindowTest, DuplicatesAreRedAndOkayAsksForThem) {

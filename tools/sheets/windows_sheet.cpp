@@ -18,6 +18,7 @@
 #include "windows/activity_menus.h"
 #include "windows/color_elements.h"
 #include "windows/color_window.h"
+#include "windows/confirm_box.h"
 #include "windows/drawing_menu.h"
 #include "windows/favorites_window.h"
 #include "windows/gradient_nodes.h"

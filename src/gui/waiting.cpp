@@ -1,0 +1,75 @@
+#include "gui/waiting.h"
+
+#include "gui/presses.h"
+#include "state/flow.h"
+#include "state/hotkeys.h"
+#include "state/run.h"
+#include <algorithm>
+#include <allegro.h>
+
+namespace nubo {
+namespace {
+
+/// The key belongs to GET at the start, which no window and no tool hears.
+bool escape_is_mapped() {
+    const auto has_escape = [](const auto& keys) {
+        return std::any_of(keys.begin(), keys.end(), [](const Shared<int>& key) { return key == KEY_ESC; });
+    };
+    for (int row = 0; row < hotkey_rows; ++row)
+        if (row != HOTKEY_CEL_GET && has_escape(hotkeys[static_cast<std::size_t>(row)])) return true;
+    return false;
+}
+
+bool escape_is_down() { return ::key[KEY_ESC] != 0; }
+
+void wait_for_release() {
+    wait_while_down(mouse_left);
+    wait_while_down(mouse_right);
+}
+
+}  // namespace
+
+bool Escape::asked() {
+    if (exit_requested != 0) return true;
+    if (!escape_is_down() || escape_is_mapped()) {
+        armed_ = true;
+        return false;
+    }
+    if (!armed_) return false;
+    while (escape_is_down() && exit_requested == 0) update_screen(UPDATE_NORMAL);
+    return true;
+}
+
+Waiting::Waiting(const WaitRow& row) : row_(row), live_before_(first_live_slot), prompt_(row.prompt) {
+    first_live_slot = row.first_live_slot;
+}
+
+Waiting::~Waiting() {
+    wait_for_release();
+    clear_clicks();
+    first_live_slot = live_before_;
+}
+
+HandStep Waiting::pass() {
+    wait_for_release();
+    prompt_.keep(row_.prompt);
+    update_screen(UPDATE_NORMAL);
+    if (row_.hotkeys != no_hotkeys) check_hotkeys(row_.hotkeys);
+    if (escape_.asked()) return HAND_ESCAPES;
+    const bool left = pressed_outside(mouse_left), right = pressed_outside(mouse_right);
+    if (left == right) return HAND_RESTS;
+    if (right) return HAND_RIGHT;
+    point_ = {pixel_x, pixel_y};
+    return HAND_LEFT;
+}
+
+bool Waiting::for_click() {
+    for (;;) {
+        const HandStep hand = pass();
+        if (hand == HAND_RESTS) continue;
+        wait_for_release();
+        return hand == HAND_LEFT && exit_requested == 0;
+    }
+}
+
+}  // namespace nubo
