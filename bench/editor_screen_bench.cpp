@@ -6,8 +6,10 @@
 #include "editor/screen.h"
 #include "framework/resources.h"
 #include "gui/draw.h"
+#include "gui/tick.h"
 #include "gui/window.h"
 #include "paint/surfaces.h"
+#include "platform/input_queue.h"
 #include "state/cel.h"
 #include "state/run.h"
 #include "state/stroke.h"
@@ -66,11 +68,11 @@ void draw_open_window(benchmark::State& state, void (*window)()) {
             for (auto _ : *timed) GUI_draw_all();
         timed = nullptr;
         // A right press outside ends the window.
-        ::mouse_b = ::mouse_b == 0 ? 2 : 0;
+        note_mouse(0, 0, mouse_right == 0 ? 2 : 0);
+        GUI_tick();
     });
     window();
     set_present_hook([] {});
-    ::mouse_b = 0;
 }
 void draw_favorites_window(benchmark::State& state) { draw_open_window(state, favorites_window); }
 BENCHMARK(draw_favorites_window)->Unit(benchmark::kMicrosecond);

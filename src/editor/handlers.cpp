@@ -44,7 +44,7 @@ void UA_framework_tick() {
     count_job_delays();
 }
 
-std::array<Handler, 9> timer_handlers() {
+std::array<Handler, 8> timer_handlers() {
     return {{{UA_bubble_tick, period_45_hz},
              {script_tick, period_100_hz},
              {UA_framework_tick, period_45_hz},
@@ -52,7 +52,6 @@ std::array<Handler, 9> timer_handlers() {
              {GUI_tick, GUI_tick_period()},
              {cursor_tick, period_10_hz},
              {sound_tick, period_5_hz},
-             {mouse_tick, period_500_hz},
              {UA_timebase_tick, period_500_hz}}};
 }
 

@@ -11,7 +11,7 @@ struct Handler {
 };
 
 /// All handlers in the order of installing, `GUI_tick` at the rate that `power_saving` asks.
-std::array<Handler, 9> timer_handlers();
+std::array<Handler, 8> timer_handlers();
 
 /// Installs them all. Once, late in the start. False if Allegro has no room for one, after a log line.
 bool install_handlers();

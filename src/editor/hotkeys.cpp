@@ -33,11 +33,12 @@ struct HotkeyRow {
     void (*run)();
 };
 
+// PASTE and JUMP have alternates for keyboards without a key of its own for ` or \: Italian, Swedish, Turkish.
 // clang-format off
 constexpr std::array<HotkeyRow, HOTKEY_COUNT> rows{{
     {HOTKEY_CEL_GET,          KEY_ESC,          0,     HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, say_comes_later},
     {HOTKEY_CEL_CLIP,         KEY_TAB,          0,     HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, say_comes_later},
-    {HOTKEY_CEL_PASTE,        KEY_TILDE,        0,     HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, say_comes_later},
+    {HOTKEY_CEL_PASTE,        KEY_TILDE,        KEY_F4, HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, say_comes_later},
     {HOTKEY_CEL_BELOW,        0,                0,     HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, say_comes_later},
     {HOTKEY_CEL_ONE_COLOR,    0,                0,     HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, say_comes_later},
     {HOTKEY_CEL_TURN,         0,                0,     HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, say_comes_later},
@@ -67,7 +68,7 @@ constexpr std::array<HotkeyRow, HOTKEY_COUNT> rows{{
     {HOTKEY_INK,              KEY_9_PAD,        0,     HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, ink_window_by_key},
     {HOTKEY_TOGGLE_MENU,      KEY_BACKSPACE,    0,     HOTKEYS_MAIN,  WAIT_AFTER, IS_FREE,   toggle_window},
     {HOTKEY_MEASURE,          KEY_F12,          0,     HOTKEYS_MAIN,  NO_WAIT,    IS_FREE,   measure_by_key},
-    {HOTKEY_FRAME_JUMP,       KEY_BACKSLASH,    0,     HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, frame_jump},
+    {HOTKEY_FRAME_JUMP,       KEY_BACKSLASH,    KEY_BACKSLASH2, HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, frame_jump},
     {HOTKEY_TOOL_OPTION,      KEY_INSERT,       0,     HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, say_comes_later},
     {HOTKEY_INK_OPTION,       KEY_PGUP,         0,     HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, say_comes_later},
     {HOTKEY_COPY,             key_ctrl | KEY_C, 0,     HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, say_comes_later},
@@ -88,7 +89,7 @@ static_assert(rows_in_order(rows, &HotkeyRow::action));
 constexpr int modifier_bits = key_ctrl | key_alt | key_shift;
 
 int modifiers_down() {
-    const auto either = [](int a, int b) { return ::key[a] != 0 || ::key[b] != 0; };
+    const auto either = [](std::size_t a, std::size_t b) { return key_down[a] != 0 || key_down[b] != 0; };
     return (either(KEY_LCONTROL, KEY_RCONTROL) ? key_ctrl : 0) | (either(KEY_ALT, KEY_ALTGR) ? key_alt : 0) |
            (either(KEY_LSHIFT, KEY_RSHIFT) ? key_shift : 0);
 }
@@ -103,17 +104,33 @@ KeyState key_state(int value, int modifiers) {
         UA_log("[ ERROR ] : Key value OOB in hotkey check. Key = %d", code);
         return KEY_IS_BAD;
     }
-    return ::key[code] != 0 && (value & modifier_bits) == modifiers ? KEY_IS_DOWN : KEY_IS_UP;
+    return key_down[at(code)] != 0 && (value & modifier_bits) == modifiers ? KEY_IS_DOWN : KEY_IS_UP;
 }
 
 bool field_has_keyboard() { return is_text_field(key_focus); }
 
+// Rows that have acted and whose key is still down. Main flow only: no row that waits is of the other flow.
+std::array<bool, HOTKEY_COUNT> acted{};
+
+/// A press of the mouse ends the wait, or a click with the key still down would be lost; the row rests all the same.
+void wait_after(Hotkey action) {
+    acted[static_cast<std::size_t>(action)] = true;
+    while (hotkey_held(action) && mouse_left == 0 && mouse_right == 0) update_screen(UPDATE_NORMAL);
+}
+
+void forget_acted_rows() {
+    for (const HotkeyRow& row : rows) {
+        bool& rests = acted[static_cast<std::size_t>(row.action)];
+        if (rests && !hotkey_held(row.action)) rests = false;
+    }
+}
+
 void run_row(const HotkeyRow& row, int mode) {
     const bool runs = row.mode == mode || (mode == HOTKEYS_NODES && row.action == HOTKEY_QUICK_PAN);
     if (!runs || (row.field == GIVES_WAY && field_has_keyboard())) return;
+    if (row.wait == WAIT_AFTER && acted[static_cast<std::size_t>(row.action)]) return;
     row.run();
-    if (row.wait == WAIT_AFTER)
-        while (hotkey_held(row.action)) update_screen(UPDATE_NORMAL);
+    if (row.wait == WAIT_AFTER) wait_after(row.action);
 }
 
 /// False when a bad key value ends the scan.
@@ -130,6 +147,7 @@ bool scan_row(std::size_t index, int modifiers, int mode) {
 
 void check_hotkeys(int mode) {
     hotkeys_busy = 1;
+    if (mode != HOTKEYS_PAN) forget_acted_rows();
     const int modifiers = modifiers_down();
     for (std::size_t index = 0; index < hotkeys.size(); ++index)
         if (!scan_row(index, modifiers, mode)) break;

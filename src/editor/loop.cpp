@@ -32,7 +32,7 @@ void show_waiting_boxes() {
 
 /// A left press on the frame is a stroke; one that ends with the button still down doesn't start a second.
 void serve_left_press() {
-    if (mouse_left == 0 || hover != -1) return;
+    if (!pressed_outside(mouse_left)) return;
     view_update_pixel();
     run_tool();
     wait_while_down(mouse_left);
@@ -40,9 +40,7 @@ void serve_left_press() {
 
 /// A right press on the frame hides the drawing menu, and shows it again.
 void serve_right_press() {
-    if (mouse_right == 0 || hover != -1) return;
-    wait_while_down(mouse_right);
-    toggle_window();
+    if (right_press_outside()) toggle_window();
 }
 
 void run_pass() {

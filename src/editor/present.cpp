@@ -2,7 +2,6 @@
 
 #include "base/bitmap.h"
 #include "gui/mouse.h"
-#include "gui/tick.h"
 #include "platform/input.h"
 #include "state/gui.h"
 #include "state/run.h"
@@ -55,6 +54,7 @@ void show_picture() {
     enlarge_rows(rows, scale);
     // One blit of all changed rows: each drawing call on the screen is a message to the X server.
     blit(enlarged, screen, 0, top, 0, top, screen_w, height);
+    send_drawing();
     if (!presented)
         replace_bitmap(presented, copy_bitmap(screen_buffer));
     else
@@ -70,10 +70,8 @@ void rest_after_picture() {
         rest(1);
         vsync();
     } else {
-        rest_until_input(power_saving == POWER_LOW ? low_ms : high_ms);
+        rest_until_input(power_saving == POWER_LOW ? low_ms : high_ms, input_waits);
     }
-    mouse_tick();
-    GUI_mouse_state();
 }
 
 }  // namespace
@@ -83,10 +81,10 @@ void present() {
     if (frame_pacing != 0) frame_presented = 1;
     if (present_hook != nullptr) {
         present_hook();
-        return;
+    } else {
+        show_picture();
+        rest_after_picture();
     }
-    show_picture();
-    rest_after_picture();
 }
 
 void set_present_hook(void (*hook)()) { present_hook = hook; }

@@ -3,8 +3,8 @@
 
 namespace nubo {
 
-/// Puts `screen_buffer` into the window, enlarged, if it differs from the picture presented last, then rests. Main flow
-/// only.
+/// Puts `screen_buffer` into the window, enlarged, if it differs from the picture presented last, then rests. Main
+/// flow only.
 void present();
 
 /// Takes the place of the window and the rest: for tests, whose scripted user acts here. Null goes back to the window.

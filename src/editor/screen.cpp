@@ -215,10 +215,7 @@ void update_screen(int mode) {
     if (normal && aids && opt_crosshair_strength != 0) draw_crosshairs();
     if (normal && aids) draw_cursor_below_gui();
     draw_menu_shadow();
-    if (gui_visible != 0) {
-        GUI_mouse_state();
-        GUI_draw_all();
-    }
+    if (gui_visible != 0) GUI_draw_all();
     keep_zoom_preview();
     if (normal && aids) draw_cursor_over_gui();
     if (!normal && aids) draw_stroke_cursor();
@@ -226,6 +223,7 @@ void update_screen(int mode) {
     if (aids) {
         draw_tint();
         present();
+        if (normal) renew_input();  // while a stroke paints nobody asks for the keys: what is struck then waits
     }
     refresh_ticks = 0;
     UA_run_jobs();

@@ -12,6 +12,7 @@
 #include "framework/resources.h"
 #include "paint/inks.h"
 #include "platform/folder_lock.h"
+#include "platform/input.h"
 #include "platform/program_folder.h"
 #include "platform/signals.h"
 #include "state/cel.h"
@@ -76,6 +77,7 @@ bool start_allegro() {
         return false;
     }
     UA_log("[ INIT ] : Initialized Allegro");
+    install_input();
     set_window_title(window_title);
     set_close_button_callback(request_exit_by_close_button);
     request_exit_on_signals();

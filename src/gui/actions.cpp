@@ -61,15 +61,6 @@ void toggle_ink(int slot) {
     if (press_in_element(slot)) flip(slot);
 }
 
-/// The window stands in the slot before its title. The main flow moves it.
-void pick_up_window(int title) {
-    const int window = title - slot_title;
-    if (!is_slot(window)) return;
-    const int drag_row = gui::drag_id[at(title)];
-    push_to_job(JOB_WINDOW_DRAG, drag_row != 0 ? drag_row : static_cast<int>(menu_id), press_x - gui::x[at(window)],
-                press_y - gui::y[at(window)], window, 0, 0, 0, -1, 0);
-}
-
 /// `row_values` holds the slots of the group's other buttons.
 void light_radio(int slot) {
     constexpr int others = 3;
@@ -83,6 +74,14 @@ void light_radio(int slot) {
 }
 
 }  // namespace
+
+void pick_up_window(int title, WindowHold hold) {
+    const int window = title - slot_title;  // it stands in the slot before its title
+    if (!is_slot(window)) return;
+    const int drag_row = gui::drag_id[at(title)];
+    push_to_job(JOB_WINDOW_DRAG, drag_row != 0 ? drag_row : static_cast<int>(menu_id), press_x - gui::x[at(window)],
+                press_y - gui::y[at(window)], window, hold, 0, 0, -1, 0);
+}
 
 void run_action(int action, int slot) {
     const bool inside = press_in_element(slot);
@@ -110,7 +109,7 @@ void run_action(int action, int slot) {
         if (inside) flip(slot);
         return;
     case ACTION_DRAG:
-        if (inside) pick_up_window(slot);
+        if (inside) pick_up_window(slot, HELD_BY_MOUSE);
         return;
     case ACTION_FLIP_CLICK:
         if (!inside) return;

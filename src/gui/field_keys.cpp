@@ -1,6 +1,7 @@
 // The keys of a text field, by the physical keys of a US keyboard.
 #include "gui/elements.h"
 #include "gui/text_field.h"
+#include "state/hotkeys.h"
 #include "state/view.h"
 #include <algorithm>
 #include <allegro.h>
@@ -23,7 +24,7 @@ constexpr std::array<CharacterKey, 21> character_keys{{
     {KEY_SPACE, ' ', ' '},
 }};
 
-bool is_shift_down() { return key[KEY_LSHIFT] != 0 || key[KEY_RSHIFT] != 0; }
+bool is_shift_down() { return key_down[KEY_LSHIFT] != 0 || key_down[KEY_RSHIFT] != 0; }
 
 /// The character of a key, '\0' for a key without one.
 char character_of(int code) {
@@ -100,7 +101,7 @@ void press_key(int slot, int code) {
 bool key_acts(int code) {
     constexpr int first_repeat = 29, repeat_again = 24;
     Shared<int>& ticks = key_repeat[at(code)];
-    if (::key[code] == 0) {
+    if (key_down[at(code)] == 0) {
         ticks = 0;
         return false;
     }

@@ -12,12 +12,18 @@ bool is_inside(int x, int y, int left, int top, int w, int h) {
 
 bool is_shown(int slot) { return gui::active[at(slot)] != 0 && gui::hidden[at(slot)] == 0; }
 
+/// In the slot's rectangle, less its last column and row.
+bool takes_press_at(int slot, int x, int y) {
+    const std::size_t s = at(slot);
+    return is_inside(x, y, gui::x[s], gui::y[s], gui::w[s] - 1, gui::h[s] - 1);
+}
+
 /// The element under the mouse that lies over all others: the highest slot. An arrow of a slider ends the search.
 int topmost_under_mouse() {
     int found = -1;
     for (int slot = first_live_slot; slot < gui_slots; ++slot) {
         if (!is_shown(slot)) continue;
-        if (gui::has_slider[at(slot)] != 0 && arrow_under_mouse(slot) != 0) return slot;
+        if (gui::has_slider[at(slot)] != 0 && arrow_at(slot, mouse_x, mouse_y) != 0) return slot;
         if (gui::hot[at(slot)] != 0 && mouse_in_element(slot)) found = slot;
     }
     return found;
@@ -32,8 +38,9 @@ bool mouse_in_row(std::size_t s, int row) {
     return mouse_x >= left && mouse_x <= right && mouse_y >= top && mouse_y <= top + gui::row_h[s] + 1;
 }
 
-/// The last row whose rectangle holds the mouse, for those of neighbours overlap; -1 none.
-int row_under_mouse(std::size_t s) {
+/// The last row whose rectangle holds the mouse, for those of neighbours overlap; -1 none, as in all that is no list.
+int row_under_mouse(int list) {
+    const std::size_t s = at(list);
     int found = -1;
     for (int row = 0; row < gui::rows[s]; ++row) {
         const int entry = row + gui::slider_value[s];
@@ -45,37 +52,30 @@ int row_under_mouse(std::size_t s) {
 
 }  // namespace
 
-bool mouse_in_element(int slot) {
-    const std::size_t s = at(slot);
-    return is_inside(mouse_x, mouse_y, gui::x[s], gui::y[s], gui::w[s] - 1, gui::h[s] - 1);
-}
+bool mouse_in_element(int slot) { return takes_press_at(slot, mouse_x, mouse_y); }
+
+bool press_began_in_element(int slot) { return takes_press_at(slot, press_start_x, press_start_y); }
 
 bool press_in_element(int slot) {
     const std::size_t s = at(slot);
     return is_inside(press_x, press_y, gui::x[s], gui::y[s], gui::w[s], gui::h[s]);
 }
 
-int arrow_under_mouse(int slot) {
+int arrow_at(int slot, int x, int y) {
     constexpr int area_w = 14, area_h = 12;
     const ArrowPos& arrows = gui::arrow_pos[at(slot)];
-    if (is_inside(mouse_x, mouse_y, arrows.x1, arrows.y1, area_w, area_h)) return 1;
-    return is_inside(mouse_x, mouse_y, arrows.x2, arrows.y2, area_w, area_h) ? 2 : 0;
+    if (is_inside(x, y, arrows.x1, arrows.y1, area_w, area_h)) return 1;
+    return is_inside(x, y, arrows.x2, arrows.y2, area_w, area_h) ? 2 : 0;
 }
 
 void find_hover() {
-    // Found first and written once: the main flow must not meet a -1 in between, which would be a press on the frame.
+    // Found first and written once: the other flow must not meet a -1 in between.
     const int found = topmost_under_mouse();
     for (int slot = 0; slot < gui_slots; ++slot)
         if (slot != found) gui::hover_row[at(slot)] = -1;
+    if (found != -1) gui::hover_row[at(found)] = static_cast<std::int16_t>(row_under_mouse(found));
     hover = found;
     hover_slot = found;
-}
-
-void find_hover_row() {
-    const int list = hover;
-    if (list == -1) return;
-    const std::size_t s = at(list);
-    gui::hover_row[s] = static_cast<std::int16_t>(gui::rows[s] > 0 ? row_under_mouse(s) : -1);
 }
 
 }  // namespace nubo

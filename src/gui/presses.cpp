@@ -14,7 +14,7 @@ void wait_while_held(Hotkey action) {
     while (hotkey_held(action) && exit_requested == 0) update_screen(UPDATE_NORMAL);
 }
 
-bool pressed_outside(const Shared<int>& button) { return button != 0 && hover == -1 && press_slot == -1; }
+bool pressed_outside(const Shared<int>& button) { return button != 0 && press_slot == -1; }
 
 bool right_press_outside() {
     if (!pressed_outside(mouse_right)) return false;

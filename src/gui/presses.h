@@ -12,8 +12,8 @@ void wait_while_down(const Shared<int>& button);
 /// Waits until the action's key is up, so that the key that opened a window doesn't close it, or the other way round.
 void wait_while_held(Hotkey action);
 
-/// True when a button went down with no element under it and is still down. A press that began on an element, such as
-/// the drag of a knob that left its window, doesn't count.
+/// True when a button went down with no element under it and is still down. A press belongs to where it began: the drag
+/// of a knob that left its window doesn't count, and a stroke stays one over an element.
 bool pressed_outside(const Shared<int>& button);
 
 /// True after a right press with no element under it, when the button is up again.

@@ -28,9 +28,9 @@ void press_arrow(int slot, PressState state) {
 int last_stop(std::size_t s) { return std::clamp<int>(gui::slider_stops[s], 1, slider_stop_max) - 1; }
 
 /// From the first stop to the end of the knob on the last one.
-bool mouse_on_track(std::size_t s) {
+bool press_began_on_track(std::size_t s) {
     const bool level = gui::slider_horizontal[s] != 0;
-    const int along = level ? mouse_x : mouse_y, across = level ? mouse_y : mouse_x;
+    const int along = level ? press_start_x : press_start_y, across = level ? press_start_y : press_start_x;
     const int length = level ? gui::knob_rect[s].w : gui::knob_rect[s].h;
     const int breadth = level ? gui::knob_rect[s].h : gui::knob_rect[s].w;
     return along >= gui::slider_pos[s][0] && along < gui::slider_pos[s][at(last_stop(s))] + length &&
@@ -71,9 +71,9 @@ void turn_slider(int slot, int wheel) {
 
 void press_slider(int slot) {
     if (drag_slider == 0) {
-        if (mouse_on_track(at(slot))) {
+        if (press_began_on_track(at(slot))) {
             drag_slider = slot;
-        } else if (const int arrow = arrow_under_mouse(slot); arrow != 0) {
+        } else if (const int arrow = arrow_at(slot, press_start_x, press_start_y); arrow != 0) {
             press_arrow(slot, arrow == 1 ? PRESS_ARROW_1 : PRESS_ARROW_2);
         }
     }

@@ -9,7 +9,9 @@
 #include "state/flow.h"
 #include "state/run.h"
 #include "state/view.h"
+#include <algorithm>
 #include <allegro.h>
+#include <cstdlib>
 
 namespace nubo {
 namespace {
@@ -63,9 +65,17 @@ void finish_press(MouseState buttons) {
     if (editor_running == 0 || press_state == PRESS_IDLE || buttons != MOUSE_IDLE) return;
     const int action = pending_action, slot = pending_element;
     press_state = PRESS_IDLE;
-    mouse_down = 0;
     pending_action = pending_element = pending_item = 0;
     run_action(action, slot);
+}
+
+/// A title that is dragged takes its window along at once, until the button rises.
+void lift_dragged_window(MouseState buttons) {
+    constexpr int drag_distance = 3;  // logical pixels; a hand that means a click may tremble
+    if (press_state != PRESS_WAITING || pending_action != ACTION_DRAG || buttons == MOUSE_IDLE) return;
+    if (std::max(std::abs(mouse_x - press_x), std::abs(mouse_y - press_y)) < drag_distance) return;
+    pick_up_window(pending_element, HELD_BY_BUTTON);
+    pending_action = ACTION_NONE;
 }
 
 void begin_press(int slot, int action) {
@@ -81,14 +91,15 @@ int action_of(int slot, MouseState buttons) {
 }
 
 void press_element(int slot, MouseState buttons) {
-    if (press_state != PRESS_IDLE || gui_enabled == 0 || !mouse_in_element(slot)) return;
+    if (press_state != PRESS_IDLE || gui_enabled == 0 || !press_began_in_element(slot)) return;
     if (const int action = action_of(slot, buttons); action != ACTION_NONE) begin_press(slot, action);
 }
 
 /// The window's loop reads the row; the press only keeps others from beginning until the button is up.
 void press_row(int slot, MouseState buttons) {
     if (press_state != PRESS_IDLE || buttons == MOUSE_IDLE || gui::rows[at(slot)] == 0) return;
-    if (gui::hover_row[at(slot)] == -1 || drag_slider != 0) return;  // a knob in the hand may leave its track
+    if (gui::hover_row[at(slot)] == -1 || press_slot != slot) return;
+    if (drag_slider != 0) return;  // a knob in the hand may leave its track
     begin_press(slot, ACTION_ROW);
     pending_item = int{gui::hover_row[at(slot)]};
 }
@@ -122,23 +133,19 @@ void serve_slots(MouseState buttons, int wheel) {
 void GUI_tick() {
     // Without power saving the GUI steps once a picture, however fast the pictures come.
     if (frame_pacing != 0 && power_saving == POWER_OFF && frame_presented.take() == 0) return;
+    const int look = look_number();
     if (editor_running != 0) view_tick();
     count_frames();
-    find_hover();
     time_tooltip();
     step_pulse();
     const MouseState buttons = GUI_mouse_state();
     finish_press(buttons);
-    find_hover_row();
+    lift_dragged_window(buttons);
     repeat_arrow(buttons != MOUSE_IDLE);
     const int wheel_now = ::mouse_z;
     serve_slots(buttons, wheel_now - last_wheel);
     last_wheel = wheel_now;
-}
-
-void mouse_tick() {
-    mouse_x = ::mouse_x / pixel_scale;
-    mouse_y = ::mouse_y / pixel_scale;
+    look_is_ticked(look);
 }
 
 void cursor_tick() {

@@ -1,6 +1,7 @@
 #include "gui/window_drag.h"
 
 #include "base/jobs.h"
+#include "gui/actions.h"
 #include "gui/elements.h"
 #include "gui/shapes.h"
 #include "state/flow.h"
@@ -55,16 +56,18 @@ Offset held_place(int window, const Offset& grip) {
 
 bool is_button_down() { return mouse_left != 0 || mouse_right != 0 || mouse_middle != 0; }
 
-/// The mouse carries the window with no button held; the next click puts it down.
-void carry_window(int window, const Offset& grip) {
+/// The mouse carries the window until the button that holds it rises or, with none held, the next click.
+void carry_window(int window, const Offset& grip, WindowHold hold) {
     const SlotRange slots = slots_of(window);
     const Offsets offsets = offsets_of(slots);
-    while (!is_button_down() && exit_requested == 0) {
+    const auto is_held = [=] { return exit_requested == 0 && is_button_down() == (hold == HELD_BY_BUTTON); };
+    const auto carry = [&] {
         const Offset place = held_place(window, grip);
         place_slots(slots, offsets, place.x, place.y);
-        update_screen(UPDATE_NORMAL);
         forget_stops(slots);
-    }
+    };
+    for (; is_held(); update_screen(UPDATE_NORMAL)) carry();
+    carry();  // to where the button rose or the click came
     while (is_button_down() && exit_requested == 0) update_screen(UPDATE_NORMAL);
 }
 
@@ -72,11 +75,12 @@ void drag_window(int job_slot) {
     const auto& argument = job::arg[at(job_slot)];
     const int row = argument[0], window = argument[3];
     const Offset grip{argument[1], argument[2]};
+    const auto hold = static_cast<WindowHold>(int{argument[4]});
     UA_clear_job(job_slot);
     if (!is_slot(window) || gui::active[at(window)] == 0) return;
     gui_enabled = 0;
     gui::border_style[at(window)] = border_ants;
-    carry_window(window, grip);
+    carry_window(window, grip, hold);
     if (row >= 0 && row < window_rows) window_pos[at(row)] = {gui::x[at(window)], gui::y[at(window)]};
     gui::border_style[at(window)] = 0;
     gui_enabled = 1;

@@ -1,27 +1,57 @@
 #include "platform/input.h"
 
+#include "platform/input_queue.h"
+#include "platform/keyboard.h"
 #include "state/run.h"
+#include "state/shared.h"
+#include <algorithm>
 #include <allegro.h>
 #include <allegro/internal/aintern.h>
 #include <chrono>
 #include <poll.h>
+#include <pthread.h>
 #include <xalleg.h>
 
 namespace nubo {
 namespace {
 
-struct Hand {
-    int buttons = ::mouse_b, x = ::mouse_x, y = ::mouse_y;
-    /// True if this hand asks for a picture that the one before didn't.
-    bool acts_after(const Hand& before) const {
-        return buttons != before.buttons || (buttons != 0 && (x != before.x || y != before.y));
-    }
-};
-
 using Clock = std::chrono::steady_clock;
+using std::chrono::milliseconds;
 
-/// Puts Allegro's mouse where the pointer really is. Allegro adds up the motions that it sees, and loses those of a
-/// window's first quarter of a second and of the time that the pointer spends outside.
+// ---- Events --------------------------------------------------------------------------------------------------------
+
+pthread_t main_flow;
+Shared<bool> main_flow_listens = false;
+
+/// Takes the place of Allegro's reading of the connection, which waits for an answer of the X server each time, whether
+/// there is something to read or not. Called under the lock of the connection, by Allegro's thread and the main flow.
+void read_events() {
+    // An event that Allegro's thread takes wakes nobody: while the main flow sleeps on the connection all are its own.
+    if (main_flow_listens && pthread_equal(pthread_self(), main_flow) == 0) return;
+    if (_xwin.display == nullptr) return;
+    _xwin.mouse_warped = 0;  // Allegro is deaf to motions for a while after it has placed its mouse
+    for (int mode = QueuedAfterFlush; XEventsQueued(_xwin.display, mode) > 0; mode = QueuedAlready) {
+        part_key_strokes();
+        _xwin_private_handle_input();
+    }
+}
+
+void hear_mouse(int /*flags*/) { note_mouse(::mouse_x, ::mouse_y, ::mouse_b); }
+
+/// The first key struck on another keyboard comes together with the news of it, after which Allegro has made codes of
+/// its own. This is called before Allegro looks the code up.
+void prepare_key(int /*down*/, int /*x_key*/) { keep_keyboard_map(); }
+
+/// Allegro marks a release by the bit above its key codes.
+void hear_key(int code) {
+    constexpr int released = 0x80;
+    note_key(code & ~released, (code & released) == 0);
+}
+
+// ---- The place of the mouse ----------------------------------------------------------------------------------------
+
+/// Puts Allegro's mouse where the pointer really is: of a pointer that comes to lie on the window without a motion, as
+/// when a window before it closes, Allegro knows nothing.
 void align_mouse() {
     Window root = 0, child = 0;
     int root_x = 0, root_y = 0, x = 0, y = 0;
@@ -40,7 +70,7 @@ void align_mouse() {
 
 /// Aligns the mouse if the last time is longer ago than `interval`. Not with a button held: a stroke is made of the
 /// motions that Allegro sees, each once.
-void align_mouse_after(std::chrono::milliseconds interval) {
+void align_mouse_after(milliseconds interval) {
     static Clock::time_point last = Clock::now();
     const auto now = Clock::now();
     if (now - last < interval || ::mouse_b != 0) return;
@@ -48,29 +78,60 @@ void align_mouse_after(std::chrono::milliseconds interval) {
     align_mouse();
 }
 
-constexpr std::chrono::milliseconds idle_interval(400), input_interval(20);
+constexpr milliseconds idle_interval(400), input_interval(20);
+
+// ---- Resting -------------------------------------------------------------------------------------------------------
+
+/// A change that isn't wanted yet waits for the other flow, which doesn't wake this one.
+constexpr milliseconds look_again(2);
+
+milliseconds time_left(Clock::time_point end) {
+    const auto left = std::chrono::ceil<milliseconds>(end - Clock::now());
+    return first_change() != nullptr ? std::min(left, look_again) : left;
+}
+
+void listen_until(Clock::time_point end, bool (*wanted)()) {
+    pollfd connection{ConnectionNumber(_xwin.display), POLLIN, 0};
+    for (bool heard = false;;) {
+        _xwin_handle_input();  // first: what Xlib holds already wakes no sleeper
+        if (wanted()) return;
+        if (heard) align_mouse_after(input_interval);
+        const milliseconds left = time_left(end);
+        if (left <= milliseconds::zero()) return;
+        heard = poll(&connection, 1, static_cast<int>(left.count())) > 0;
+    }
+}
 
 }  // namespace
 
-void rest_until_input(int milliseconds) {
+void install_input() {
+    main_flow = pthread_self();
+    XLOCK();
+    map_keyboard();
+    note_mouse(::mouse_x, ::mouse_y, ::mouse_b);
+    mouse_callback = hear_mouse;
+    keyboard_lowlevel_callback = hear_key;
+    _xwin_keyboard_callback = prepare_key;
+    _xwin_input_handler = read_events;
+    XUNLOCK();
+}
+
+void rest_until_input(int time_ms, bool (*wanted)()) {
     if (_xwin.display == nullptr) {
-        rest(static_cast<unsigned>(milliseconds));
+        rest(static_cast<unsigned>(time_ms));
         return;
     }
     align_mouse_after(idle_interval);
-    const auto end = Clock::now() + std::chrono::milliseconds(milliseconds);
-    pollfd connection{ConnectionNumber(_xwin.display), POLLIN, 0};
-    const Hand before;
-    for (;;) {
-        const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now()).count();
-        if (left <= 0) return;
-        if (poll(&connection, 1, static_cast<int>(left)) > 0) {
-            _xwin_handle_input();
-            align_mouse_after(input_interval);
-        }
-        // Allegro's thread may have taken the event before: then the variables alone tell.
-        if (Hand{}.acts_after(before)) return;
-    }
+    main_flow_listens = true;
+    listen_until(Clock::now() + milliseconds(time_ms), wanted);
+    main_flow_listens = false;
+}
+
+void send_drawing() {
+    if (_xwin.display == nullptr) return;
+    XLOCK();
+    XFlush(_xwin.display);
+    XUNLOCK();
 }
 
 }  // namespace nubo

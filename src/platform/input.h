@@ -1,11 +1,18 @@
 #pragma once
-// Waiting for the user. Allegro's own thread looks at the X connection about 100 times a second; here the main flow
-// sleeps on the connection itself, so that a press or a drag is seen when it comes.
+// Hearing the user. Allegro's own thread looks at the X connection about 100 times a second; here the main flow sleeps
+// on the connection itself, so that a press or a drag is seen when it comes.
 
 namespace nubo {
 
-/// Sleeps for `milliseconds`, or shorter if a mouse button changes or the mouse moves with a button held. Without a
-/// window it sleeps the whole time. Main flow only.
-void rest_until_input(int milliseconds);
+/// Has every press, release, key stroke and place of the mouse noted in the input queue, from now on. Once, when
+/// Allegro's mouse and keyboard are installed.
+void install_input();
+
+/// Sleeps for `milliseconds`, or until `wanted` says so, which is asked whenever something came from the X server.
+/// Without a window it sleeps the whole time. Main flow only.
+void rest_until_input(int milliseconds, bool (*wanted)());
+
+/// Hands over to the X server what was drawn, which would else wait in the connection's buffer. Main flow only.
+void send_drawing();
 
 }  // namespace nubo

@@ -170,12 +170,13 @@ inline constinit auto field_font = filled<Word, gui_slots>(4);
 // ---- Input, shared by the whole table ------------------------------------------------------------------------------
 
 inline constinit int gui_visible = 1;                      // clear: no element is drawn
-inline constinit Shared<int> hover = -1, hover_slot = -1;  // slot under the mouse, -1 none; set by GUI_tick
+inline constinit Shared<int> hover = -1, hover_slot = -1;  // slot under the mouse, -1 none; renewed with the mouse
 inline constinit Shared<int> first_live_slot = 0;  // elements below it take no press: `gui_slots` while a tool waits
 inline constinit Shared<int> key_focus = -1;       // slot with the keyboard, -1 none
 inline constinit Shared<int> mouse_down = 0;       // a press on the GUI is latched
-inline constinit Shared<int> press_x = 0, press_y = 0;  // mouse at the press
-inline constinit Shared<int> press_slot = -1;           // slot under the mouse at the press, -1 with no press
+inline constinit Shared<int> press_x = 0, press_y = 0;  // mouse at the press; follows it while right is down
+inline constinit Shared<int> press_start_x = 0, press_start_y = 0;  // mouse when the first button went down
+inline constinit Shared<int> press_slot = -1;  // slot under the mouse when the first button went down, -1 with no press
 enum PressState : int { PRESS_IDLE, PRESS_WAITING, PRESS_ARROW_1, PRESS_ARROW_2 };
 inline constinit Shared<int> press_state = PRESS_IDLE;
 inline constinit Shared<int> pending_action = 0, pending_element = 0, pending_item = 0;  // to run on release

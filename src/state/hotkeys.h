@@ -58,5 +58,7 @@ enum KeySide : int { KEY_PRIMARY, KEY_ALTERNATE, KEY_SIDES };
 inline constexpr int key_ctrl = 0x400, key_alt = 0x800, key_shift = 0x1000;  // modifier bits of a key value
 inline constexpr int key_code_max = 105;  // Allegro's key codes 1 to 105; 0: unmapped
 inline constinit std::array<std::array<Shared<int>, KEY_SIDES>, hotkey_rows> hotkeys{};
+inline constexpr int key_codes = 128;                             // one more than the highest, with the modifiers'
+inline constinit std::array<Shared<char>, key_codes> key_down{};  // by Allegro's key code; renewed with the mouse
 
 }  // namespace nubo

@@ -169,12 +169,12 @@ void read_keys(int& chosen, std::string& text) {
     int bits = 0;
     std::string prefix;
     for (const Modifier& modifier : modifiers) {
-        if (::key[modifier.left_key] == 0 && ::key[modifier.right_key] == 0) continue;
+        if (key_down[at(modifier.left_key)] == 0 && key_down[at(modifier.right_key)] == 0) continue;
         bits |= modifier.bit;
         prefix += modifier.name;
     }
     for (int code = 1; code <= key_code_max; ++code) {
-        if (::key[code] == 0) continue;
+        if (key_down[at(code)] == 0) continue;
         chosen = code | bits;
         text = prefix;
         text += key_names[at(code)];

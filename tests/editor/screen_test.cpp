@@ -2,6 +2,7 @@
 
 #include "base/bitmap.h"
 #include "base/color.h"
+#include "gui/mouse.h"
 #include "harness/user.h"
 #include "state/frames.h"
 #include "state/options.h"
@@ -27,7 +28,8 @@ protected:
     static void point_at(int x, int y) {
         ::mouse_x = x * pixel_scale;
         ::mouse_y = y * pixel_scale;
-        advance_time(20);  // a mouse tick and a view tick
+        note_hand();
+        renew_input();
     }
     static bool is_checker(Color color) { return color == pack_color(84, 98, 143) || color == pack_color(84, 94, 128); }
 };

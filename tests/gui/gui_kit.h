@@ -3,9 +3,11 @@
 #include "base/bitmap.h"
 #include "gui/draw.h"
 #include "gui/elements.h"
+#include "gui/mouse.h"
 #include "gui/tick.h"
 #include "gui/window.h"
 #include "harness/user.h"
+#include "platform/input_queue.h"
 #include "state/flow.h"
 #include "state/options.h"
 #include "state/run.h"
@@ -24,12 +26,17 @@ protected:
                       x, y);
         return slot;
     }
+    /// The hand is noted and looked at, and the handler acts.
     static void tick(int count = 1) {
-        for (int i = 0; i < count; ++i) GUI_tick();
+        for (int i = 0; i < count; ++i) {
+            note_hand();
+            renew_input();
+            GUI_tick();
+        }
     }
     static void mouse_at(int x, int y, int buttons = 0) {
-        mouse_x = x;
-        mouse_y = y;
+        ::mouse_x = x * pixel_scale;
+        ::mouse_y = y * pixel_scale;
         ::mouse_b = buttons;
         tick();
     }

@@ -45,14 +45,23 @@ TEST_F(FieldTest, KeysTypeTheirCharacters) {
     EXPECT_EQ(text(), "a7 \\");
     set_text("");
     ::key[KEY_RSHIFT] = 1;
+    tick();
     strike({KEY_Z, KEY_7, KEY_SLASH, KEY_BACKSLASH, KEY_QUOTE});
     ::key[KEY_RSHIFT] = 0;
+    tick();
     EXPECT_EQ(text(), "Z&?|\"");
     set_text("");
     ::key_shifts = KB_CAPSLOCK_FLAG;
     strike({KEY_Q, KEY_1, KEY_F5, KEY_ESC});  // caps lock is for letters; other keys are no characters
     ::key_shifts = 0;
     EXPECT_EQ(text(), "Q1");
+}
+
+TEST_F(FieldTest, KeysStruckBetweenTwoTicksTypeInTheirOrder) {
+    for (const int code : {KEY_N, KEY_U, KEY_B, KEY_O, KEY_O})
+        for (const bool down : {true, false}) note_key(code, down);
+    tick(20);
+    EXPECT_EQ(text(), "nuboo");
 }
 
 TEST_F(FieldTest, EditingKeysMoveAndDelete) {

@@ -47,6 +47,28 @@ TEST_F(GuiTest, AWindowIsCarriedWithoutAButtonAndStaysOnTheScreen) {
     EXPECT_EQ(window_pos[WINDOW_TOOL].x, -1);
 }
 
+TEST_F(GuiTest, AWindowDraggedByItsTitleIsPutDownWhenTheButtonRises) {
+    build_window(window);
+    play_on(wait_loop, [](User& user) -> Script {
+        co_await user.press_left(50, 65);
+        co_await user.drag_to(52, 64);  // a hand that trembles
+        EXPECT_EQ(gui::border_style[0], 0);
+        co_await user.drag_to(90, 100);
+        EXPECT_EQ(gui::x[0], 80);
+        EXPECT_EQ(gui::border_style[0], 2);
+        // A last motion, the release and the next motion in one instant.
+        user.drag_to(100, 110), note_hand();
+        user.release_left(), note_hand();
+        co_await user.move_to(10, 10);
+        EXPECT_EQ(gui::x[0], 90);
+        EXPECT_EQ(gui::y[0], 105);
+        co_await user.wait(10);
+    });
+    EXPECT_EQ(gui::border_style[0], 0);
+    EXPECT_EQ(gui_enabled, 1);
+    EXPECT_EQ(window_pos[POS_TOOL_AND_INK].x, 90);
+}
+
 TEST_F(GuiTest, TheConfirmBoxAnswersAndGivesTheWindowBack) {
     static int answer;
     struct Case {

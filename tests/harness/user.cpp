@@ -9,6 +9,7 @@
 #include "paint/inks.h"
 #include "paint/surfaces.h"
 #include "paint/undo.h"
+#include "platform/input_queue.h"
 #include "state/cel.h"
 #include "state/flow.h"
 #include "state/frames.h"
@@ -118,6 +119,23 @@ void User::step() {
     if (ready && script_) script_.resume();
 }
 
+void note_hand() {
+    note_mouse(::mouse_x, ::mouse_y, ::mouse_b);
+    for (int code = 1; code < input_keys; ++code) note_key(code, ::key[code] != 0);
+}
+
+User::Pause User::tap_left(int x, int y) {
+    press_left(x, y);
+    note_hand();
+    return release_left();
+}
+
+User::Pause User::tap_key(int code) {
+    hold_key(code);
+    note_hand();
+    return release_key(code);
+}
+
 void play(Script (*script)(User&)) { play_on(program_loop, script); }
 
 void play_on(void (*loop)(), Script (*script)(User&)) {
@@ -135,6 +153,7 @@ void play_on(void (*loop)(), Script (*script)(User&)) {
             playing->step();
         else if (++updates_after > updates_to_give_up)
             give_up();  // the script has left a tool or a window open
+        note_hand();
         if (whole.done()) exit_requested = 1;
     });
     exit_requested = 0;
@@ -145,6 +164,7 @@ void play_on(void (*loop)(), Script (*script)(User&)) {
 
 void advance_time(int milliseconds) {
     static std::array<double, std::tuple_size_v<decltype(timer_handlers())>> due{};
+    note_hand();
     const auto handlers = timer_handlers();
     for (int step = 0; step < milliseconds; ++step)  // in small steps, so that the handlers mix as on their thread
         for (std::size_t i = 0; i < handlers.size(); ++i) {

@@ -45,6 +45,9 @@ public:
     Pause drag_to(int x, int y) { return move_to(x, y); }
     Pause release_left();
     Pause release_right();
+    /// Presses and releases at once, before the program can look.
+    Pause tap_left(int x, int y);
+    Pause tap_key(int code);
     Pause turn_wheel(int notches);
     Pause hold_key(int code);
     Pause release_key(int code);
@@ -68,6 +71,10 @@ void play(Script (*script)(User&));
 
 /// The same on another loop than the program's own; it ends by itself or when `exit_requested` is set.
 void play_on(void (*loop)(), Script (*script)(User&));
+
+/// Has the input queue note what Allegro's variables of the mouse and the keys tell, which stand for the user's hands
+/// here.
+void note_hand();
 
 /// Takes the place of the user and the time in a test that drives the loops itself: each present calls the handlers
 /// due.

@@ -19,8 +19,8 @@ namespace fs = std::filesystem;
 constexpr const char* window_title = "Nubo v1.3";
 constexpr const char* ready_line = "[ INIT ] : All preparations complete. Entering program loop";
 
-/// Allegro takes no notice of the mouse in the first 0.26 s of a window's life, and stays off by what it missed.
-constexpr Milliseconds window_deafness(350);
+/// How long a window manager goes on moving a window about that it has just mapped.
+constexpr Milliseconds window_settling(350);
 
 constexpr Milliseconds answer_limit(1'000);
 
@@ -148,8 +148,8 @@ bool Journey::start() {
         ADD_FAILURE() << "The program doesn't come up";
         return false;
     }
-    std::this_thread::sleep_until(mapped + window_deafness);
-    window_ = desktop_->find_window(window_title).value_or(*found);  // the manager may have moved it since
+    std::this_thread::sleep_until(mapped + window_settling);
+    window_ = desktop_->find_window(window_title).value_or(*found);
     return true;
 }
 
