@@ -6,6 +6,8 @@
 #include "state/options.h"
 #include "state/run.h"
 #include "state/view.h"
+#include <algorithm>
+#include <cstring>
 #include <utility>
 
 namespace nubo {
@@ -46,14 +48,29 @@ bool fits_frame(const BITMAP* bitmap) {
     return bitmap != nullptr && bitmap->w == current_frame->w && bitmap->h == current_frame->h;
 }
 
-/// A bitmap of either chain that holds no state any more, taken out of its slot; null if there is none. So the two
-/// chains together hold as many bitmaps as there are states, and not twice the depth.
-OwnedBitmap take_idle() {
+/// The place of a bitmap of either chain that holds no state any more; null if there is none.
+BITMAP** find_idle() {
     for (const Chain& chain : {undo_chain, redo_chain})
         for (unsigned i = 0; i < undo_depth_max; ++i)
-            if (chain.age[i] == undo_free && fits_frame(chain.slots[i]))
-                return OwnedBitmap(std::exchange(chain.slots[i], nullptr));
+            if (chain.age[i] == undo_free && fits_frame(chain.slots[i])) return &chain.slots[i];
     return nullptr;
+}
+
+/// Memory for the next state, made ready by `prepare_undo_memory`; its first `spare_rows` rows have been touched.
+BITMAP* spare = nullptr;
+int spare_rows = 0;
+
+/// An idle bitmap or the spare one, taken from its place; null if there is neither. So the two chains together hold as
+/// many bitmaps as there are states, and not twice the depth.
+OwnedBitmap take_idle() {
+    if (BITMAP** const idle = find_idle()) return OwnedBitmap(std::exchange(*idle, nullptr));
+    return OwnedBitmap(fits_frame(spare) ? std::exchange(spare, nullptr) : nullptr);
+}
+
+/// Whether the next state of a chain will need memory that neither chain has.
+bool wants_memory(const Chain& chain) {
+    const int slot = slot_for_next(chain);
+    return slot >= 0 && !fits_frame(chain.slots[static_cast<unsigned>(slot)]) && find_idle() == nullptr;
 }
 
 /// Copies the Frame into a slot, whose bitmap is made if there is none of the Frame's size. False if it can't be had.
@@ -128,6 +145,23 @@ void reset_undo_slots() {
         for (BITMAP*& slot : chain.slots) replace_bitmap(slot, nullptr);
         chain.age.fill(undo_free);
     }
+}
+
+bool prepare_undo_memory() {
+    constexpr int bytes_at_once = 1 << 20, bytes_max = 1 << 28;  // the latter: 8192 x 8192 pixels
+    if (current_frame == nullptr || !(wants_memory(undo_chain) || wants_memory(redo_chain))) return false;
+    const auto row_bytes = static_cast<std::size_t>(current_frame->w) * sizeof(Color);
+    if (row_bytes * static_cast<std::size_t>(current_frame->h) > bytes_max) return false;
+    if (!fits_frame(spare)) {
+        replace_bitmap(spare, make_uncleared_bitmap(current_frame->w, current_frame->h));
+        spare_rows = 0;
+        return spare != nullptr;
+    }
+    const int rows = 1 + bytes_at_once / static_cast<int>(row_bytes);
+    const int end = std::min(spare_rows + rows, spare->h);
+    const bool is_more = spare_rows < end;
+    for (; spare_rows < end; ++spare_rows) std::memset(spare->line[spare_rows], 0, row_bytes);
+    return is_more;
 }
 
 void set_undo_source(OwnedBitmap (*copy)(BITMAP* source)) { copy_of = copy != nullptr ? copy : copy_bitmap; }
