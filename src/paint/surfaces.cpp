@@ -1,5 +1,6 @@
 #include "paint/surfaces.h"
 
+#include "paint/inks.h"
 #include <utility>
 
 namespace nubo {
@@ -16,6 +17,9 @@ bool adopt_frame(OwnedBitmap frame) {
     return true;
 }
 
-void clear_stroke_mask() { clear_to_color(stroke_mask, 0); }
+void clear_stroke_mask() {
+    clear_to_color(stroke_mask, 0);
+    update_gradient_geometry();
+}
 
 }  // namespace nubo

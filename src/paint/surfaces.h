@@ -10,7 +10,8 @@ namespace nubo {
 /// nothing changed, when the mask's memory can't be had.
 bool adopt_frame(OwnedBitmap frame);
 
-/// Sets all of `stroke_mask` to 0: no pixel of the Frame is covered yet.
+/// What every stroke starts with: all of `stroke_mask` becomes 0, so that no pixel is covered yet, and the geometry of
+/// the gradients follows their nodes.
 void clear_stroke_mask();
 
 /// The snapshot of the running stroke: the undo slot last saved. Null before the first save.

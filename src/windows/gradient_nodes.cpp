@@ -5,7 +5,6 @@
 #include "framework/text.h"
 #include "gui/presses.h"
 #include "gui/window.h"
-#include "paint/inks.h"
 #include "paint/stroke.h"
 #include "paint/tools.h"
 #include "state/flow.h"
@@ -217,7 +216,6 @@ void reposition_gradient(int ink) {
     clear_to_color(overlay, static_cast<int>(transparent_color));
     status_message = status_coordinates;
     menu_id = WINDOW_DRAWING_MENU;
-    update_gradient_geometry();
 }
 
 void register_gradient_nodes() {
