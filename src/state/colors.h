@@ -24,7 +24,6 @@ inline constinit Color spectrum_start = 0x000000, spectrum_end = 0xffffff;
 inline constinit int spectrum_fold = 2;  // 0 to 3: how many times the band is folded
 enum Colorspace : int { SPACE_VGA, SPACE_RGB, SPACE_HLS, SPACE_HSV, SPACE_COUNT };
 inline constinit int colorspace = SPACE_RGB;
-inline constinit std::array<Shared<int>, 3> color_sliders{};  // the component sliders of the colour window
 
 // ---- Interface colours ---------------------------------------------------------------------------------------------
 

@@ -131,7 +131,6 @@ void map_to_sliders(Colorspace space, int map_slot) {
     const std::size_t s = at(map_slot);
     const auto set_slider = [&](std::size_t index, int value) {
         gui::slider_value[at(slider_slot(map_slot, index))] = value;
-        color_sliders[index] = value;
     };
     set_slider(axes_of(space).across, map_value(space, press_x - gui::x[s] - 1, gui::w[s]));
     set_slider(axes_of(space).down, map_value(space, press_y - gui::y[s] - 1, gui::h[s]));

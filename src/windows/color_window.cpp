@@ -158,10 +158,7 @@ std::array<int, slider_count> sliders_shown() {
 }
 
 void move_sliders(const std::array<int, slider_count>& sliders) {
-    for (int i = 0; i < slider_count; ++i) {
-        gui::slider_value[at(COLOR_SLIDER_FIRST + i)] = sliders[at(i)];
-        color_sliders[at(i)] = sliders[at(i)];
-    }
+    for (int i = 0; i < slider_count; ++i) gui::slider_value[at(COLOR_SLIDER_FIRST + i)] = sliders[at(i)];
 }
 
 void start_sliders(Edit& edit) {
@@ -228,7 +225,6 @@ void open_window(Edit& edit) {
     GUI_close_window();
     build_window(window);
     for (int i = 0; i < slider_count; ++i) {
-        GUI_link_slider(COLOR_SLIDER_FIRST + i, &color_sliders[at(i)]);
         gui::aux[at(COLOR_MAP) * gui::aux_rows * gui::aux_columns + at(i)] =
             static_cast<std::int16_t>(COLOR_SLIDER_FIRST + i);
     }
