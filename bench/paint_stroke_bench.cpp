@@ -105,7 +105,7 @@ void begin_first_stroke_4096_rested(benchmark::State& state) {
     for (auto _ : state) {
         state.PauseTiming();
         reset_undo_slots();
-        while (prepare_undo_memory()) {
+        while (prepare_stroke_mask() || prepare_undo_memory()) {
         }
         state.ResumeTiming();
         save_undo(false);

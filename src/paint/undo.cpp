@@ -1,13 +1,12 @@
 #include "paint/undo.h"
 
 #include "base/log.h"
+#include "paint/surfaces.h"
 #include "state/frames.h"
 #include "state/messages.h"
 #include "state/options.h"
 #include "state/run.h"
 #include "state/view.h"
-#include <algorithm>
-#include <cstring>
 #include <utility>
 
 namespace nubo {
@@ -148,20 +147,15 @@ void reset_undo_slots() {
 }
 
 bool prepare_undo_memory() {
-    constexpr int bytes_at_once = 1 << 20, bytes_max = 1 << 28;  // the latter: 8192 x 8192 pixels
+    constexpr std::size_t bytes_max = std::size_t{1} << 28;  // 8192 x 8192 pixels
     if (current_frame == nullptr || !(wants_memory(undo_chain) || wants_memory(redo_chain))) return false;
-    const auto row_bytes = static_cast<std::size_t>(current_frame->w) * sizeof(Color);
-    if (row_bytes * static_cast<std::size_t>(current_frame->h) > bytes_max) return false;
+    const auto side = [](int pixels) { return static_cast<std::size_t>(pixels); };
+    if (side(current_frame->w) * side(current_frame->h) * sizeof(Color) > bytes_max) return false;
     if (!fits_frame(spare)) {
         replace_bitmap(spare, make_uncleared_bitmap(current_frame->w, current_frame->h));
         spare_rows = 0;
-        return spare != nullptr;
     }
-    const int rows = 1 + bytes_at_once / static_cast<int>(row_bytes);
-    const int end = std::min(spare_rows + rows, spare->h);
-    const bool is_more = spare_rows < end;
-    for (; spare_rows < end; ++spare_rows) std::memset(spare->line[spare_rows], 0, row_bytes);
-    return is_more;
+    return spare != nullptr && clear_some_rows(spare, spare_rows);
 }
 
 void set_undo_source(OwnedBitmap (*copy)(BITMAP* source)) { copy_of = copy != nullptr ? copy : copy_bitmap; }

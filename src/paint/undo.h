@@ -20,9 +20,8 @@ void redo_last();
 /// elsewhere calls it.
 void reset_undo_slots();
 
-/// One step toward having the memory of the next state ready, about a millisecond's work; false when it is. For when
-/// the program rests: the system hands new memory over page by page, which the first strokes on a large Frame would
-/// wait for. A Frame above 256 MiB is left to its strokes.
+/// One step (`clear_some_rows`) toward having the memory of the next state ready; false when it is. For when the
+/// program rests. A Frame above 256 MiB is left to its strokes.
 bool prepare_undo_memory();
 
 /// Takes the bitmaps of new states from `copy`, which gives a copy of its argument or null; null goes back to
