@@ -1,7 +1,6 @@
 #include "first_start.h"
 
 #include "first_values.h"
-#include "paint/inks.h"
 #include "state/cel.h"
 #include "state/frames.h"
 #include "state/options.h"
@@ -30,7 +29,6 @@ bool make_work_bitmaps(BITMAP* tips) {
     replace_bitmap(nail_sheet, make_bitmap(nail_side, nail_side));
     if (tip_sheet == nullptr || nail_sheet == nullptr) return false;
     blit(tips, tip_sheet, 0, 0, 0, 0, tip_sheet_w, tip_image_h);
-    fill_glow_distances();
     return true;
 }
 

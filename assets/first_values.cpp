@@ -1,7 +1,6 @@
 #include "first_values.h"
 
 #include "base/color.h"
-#include "paint/inks.h"
 #include "state/flow.h"
 #include "state/options.h"
 #include "state/run.h"
@@ -76,7 +75,6 @@ void set_options() {
     for (const InkRow& row : ink_rows)
         for (std::size_t slot = 0; slot < option_slots; ++slot)
             ink_options[static_cast<std::size_t>(row.ink)][slot] = row.options[slot];
-    update_gradient_geometry();
 }
 
 // ---- Colours -------------------------------------------------------------------------------------------------------

@@ -3,7 +3,6 @@
 #include "base/color.h"
 #include "base/random.h"
 #include "framework/text.h"
-#include "paint/inks.h"
 #include "paint/stroke.h"
 #include "paint/surfaces.h"
 #include "paint/undo.h"
@@ -58,7 +57,6 @@ bool take_ink(const Command& command) {
     ink_slots[0] = ink;
     for (std::size_t slot = 0; slot < command.numbers.size(); ++slot)
         ink_options[static_cast<unsigned>(ink)][slot] = command.numbers[slot];
-    update_gradient_geometry();
     return true;
 }
 

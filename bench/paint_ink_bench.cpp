@@ -25,7 +25,6 @@ void make_surfaces() {
         OwnedBitmap picture = make_bitmap(side, side);
         if (!picture || !adopt_frame(std::move(picture))) std::abort();
         replace_bitmap(cel_mask, make_bitmap(40, 30, 0x336699));
-        fill_glow_distances();
         return true;
     }();
     benchmark::DoNotOptimize(made);
@@ -38,10 +37,9 @@ void begin_stroke(Ink ink, int strength, bool is_flat) {
         for (int x = 0; x < side; ++x)
             *pixels_at(current_frame, x, y) = is_flat ? 0x406080 : random_first.next() & 0xffffff;
     replace_bitmap(undo_slots[static_cast<unsigned>(newest_undo)], copy_bitmap(current_frame));
-    clear_stroke_mask();
     ink_options[static_cast<unsigned>(ink)] = {strength, 31, 0, 100, 200, 1500, 1700, 0};
+    clear_stroke_mask();
     brush_color = 0x3080c0;
-    update_gradient_geometry();
 }
 
 void count_pixels(benchmark::State& state) {

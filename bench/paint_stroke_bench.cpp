@@ -98,6 +98,23 @@ void begin_first_stroke_4096(benchmark::State& state) {
 }
 BENCHMARK(begin_first_stroke_4096)->Unit(benchmark::kMillisecond);
 
+/// The same after a rest, in which the slot's memory was made ready.
+void begin_first_stroke_4096_rested(benchmark::State& state) {
+    begin_stroke(INK_OPAQUE, 0);
+    adopt_frame(make_bitmap(2 * side, 2 * side, 0x202020));
+    for (auto _ : state) {
+        state.PauseTiming();
+        reset_undo_slots();
+        while (prepare_stroke_mask() || prepare_undo_memory()) {
+        }
+        state.ResumeTiming();
+        save_undo(false);
+        clear_stroke_mask();
+    }
+    count_pixels(state, 4.0 * side * side);
+}
+BENCHMARK(begin_first_stroke_4096_rested)->Unit(benchmark::kMillisecond);
+
 void filled_box_rows(benchmark::State& state) {
     begin_stroke(INK_OPAQUE, 0);
     for (auto _ : state)

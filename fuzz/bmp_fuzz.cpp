@@ -12,22 +12,24 @@
 
 namespace {
 
-constexpr const char* picture = "picture.bmp";
-
-/// Works in a folder of its own, where the log, a line for each refusal, leads nowhere.
-int start() {
+/// A folder of its own, where the log, a line for each refusal, leads nowhere. The process stays where it was started:
+/// its arguments may be relative folders.
+std::string make_folder() {
     std::string folder = std::filesystem::temp_directory_path() / "nubo-fuzz-XXXXXX";
-    if (mkdtemp(folder.data()) == nullptr || chdir(folder.c_str()) != 0) std::abort();
-    if (symlink("/dev/null", "UA_log.txt") != 0) std::abort();
+    if (mkdtemp(folder.data()) == nullptr || symlink("/dev/null", (folder + "/UA_log.txt").c_str()) != 0) std::abort();
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder);
     nubo::UA_log_open();
-    return nubo::start_fuzzing();
+    std::filesystem::current_path(before);
+    return folder;
 }
 
 }  // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    static const int started = start();
-    std::FILE* const file = std::fopen(picture, "wb");
+    static const int started = nubo::start_fuzzing();
+    static const std::string picture = make_folder() + "/picture.bmp";
+    std::FILE* const file = std::fopen(picture.c_str(), "wb");
     if (file == nullptr) std::abort();
     std::fwrite(data, 1, size, file);
     std::fclose(file);

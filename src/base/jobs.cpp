@@ -1,12 +1,29 @@
 #include "base/jobs.h"
 
 #include "base/log.h"
+#include "base/timebase.h"
+#include "state/flow.h"
 
 namespace nubo {
 namespace {
 
-constexpr int job_types = 64;
-std::array<JobHandler, job_types> job_handlers{};
+/// Of the jobs whose sounds, scripts and game effects the editor has not.
+void drop_job(int slot) { UA_clear_job(slot); }
+
+void wait_as_told(int slot) {
+    const int ticks = job::arg[static_cast<std::size_t>(slot)][0];
+    UA_clear_job(slot);
+    UA_wait_with(ticks, [] { update_screen(UPDATE_NORMAL); });
+}
+
+constexpr std::size_t job_types = 64;
+constexpr std::array<JobHandler, job_types> handlers_of_the_start() {
+    std::array<JobHandler, job_types> handlers{};
+    for (const JobType type : {JOB_SOUND, JOB_NOTHING, JOB_FOG, JOB_SCRIPT_WAIT, JOB_DUST}) handlers[type] = drop_job;
+    handlers[JOB_WAIT] = wait_as_told;
+    return handlers;
+}
+constinit std::array<JobHandler, job_types> job_handlers = handlers_of_the_start();
 
 constexpr int being_filled = -1;  // the type of a slot that is taken but not yet whole; no job to anyone else
 
@@ -57,7 +74,7 @@ void set_job_handler(JobType type, JobHandler handler) { job_handlers[static_cas
 void UA_run_jobs() {
     for (std::size_t slot = 0; slot < job_slots; ++slot) {
         const int type = job::type[slot].acquire();
-        if (type <= JOB_NONE || type >= job_types || job::delay[slot] > 0) continue;
+        if (type <= JOB_NONE || type >= static_cast<int>(job_types) || job::delay[slot] > 0) continue;
         if (const JobHandler handler = job_handlers[static_cast<std::size_t>(type)]; handler != nullptr)
             handler(static_cast<int>(slot));
     }

@@ -21,8 +21,8 @@ void UA_clear_job(int slot);
 /// push a job.
 using JobHandler = void (*)(int slot);
 
-/// Names the action of a type, 0 to 63. Called at start by the rooms that own the actions; a type without one keeps its
-/// slot.
+/// Names the action of a type, 0 to 63. Called at start by the rooms that own the actions. Those that no room owns are
+/// known here: waiting, and dropping what the editor has no use for. A type that no one knows keeps its slot.
 void set_job_handler(JobType type, JobHandler handler);
 
 /// Runs each job without a delay left, in ascending order. At the end of every screen update.

@@ -56,7 +56,7 @@ void copy_stretch(std::uint8_t* to, const std::uint8_t* from, std::size_t length
 
 bool decode_gif_indexes(std::span<const std::uint8_t> data, int minimum_bits, std::size_t pixels,
                         GrowingBytes& indexes) {
-    if (minimum_bits < 1 || minimum_bits > 8) return false;
+    if (minimum_bits < 1 || minimum_bits >= gif_code_bits_limit) return false;
     const int clear = 1 << minimum_bits, end = clear + 1;
     std::array<Stretch, gif_code_limit> table;  // from end + 1 on; filled up to `next` before it is read
     CodeReader reader(data);

@@ -11,8 +11,9 @@ inline constexpr int gif_code_bits_limit = 12, gif_code_limit = 1 << gif_code_bi
 inline constexpr std::size_t gif_block_bytes = 255;  // in a data sub-block, at most
 
 /// Decodes up to `pixels` indexes into `indexes`, which starts empty. `minimum_bits` is that of the file; the codes
-/// below 1 << minimum_bits are the indexes themselves. Ends at the end code, or when all pixels have come. False when
-/// the data ends before either, a code can't be, `minimum_bits` isn't 1 to 8, or the memory can't be had.
+/// below 1 << minimum_bits are the indexes themselves, of which the lower 8 bits count. Ends at the end code, or when
+/// all pixels have come. False when the data ends before either, a code can't be, `minimum_bits` isn't 1 to 11, or the
+/// memory can't be had.
 bool decode_gif_indexes(std::span<const std::uint8_t> data, int minimum_bits, std::size_t pixels,
                         GrowingBytes& indexes);
 

@@ -30,6 +30,7 @@ struct GifFile {
     int screen_width = 0, screen_height = 0;
     int transparent = no_transparency;  // index
     int width = 0, height = 0;          // of the image
+    int shown_w = 0, shown_h = 0;       // of its part on the screen, which becomes the bitmap
     bool interlaced = false;
 };
 
@@ -90,6 +91,11 @@ bool find_image(GifFile& gif) {
     return true;
 }
 
+/// How much of an image's side lies on the screen. A screen without a size cuts nothing off.
+int side_on_screen(int side, int start, int screen_side) {
+    return screen_side == 0 ? side : std::min(side, screen_side - start);
+}
+
 bool read_descriptor(GifFile& gif) {
     std::array<std::uint8_t, 9> bytes{};  // left, top, width, height, flags
     if (!read_bytes(gif.file, bytes)) return false;
@@ -97,8 +103,9 @@ bool read_descriptor(GifFile& gif) {
     gif.height = word_at(bytes, 6);
     gif.interlaced = (bytes[8] & is_interlaced) != 0;
     if (gif.width == 0 || gif.height == 0) return false;
-    if (word_at(bytes, 0) + gif.width > gif.screen_width || word_at(bytes, 2) + gif.height > gif.screen_height)
-        return false;
+    gif.shown_w = side_on_screen(gif.width, word_at(bytes, 0), gif.screen_width);
+    gif.shown_h = side_on_screen(gif.height, word_at(bytes, 2), gif.screen_height);
+    if (gif.shown_w < 1 || gif.shown_h < 1) return false;
     // Allegro works out the bytes of a bitmap in an int.
     if (static_cast<std::size_t>(gif.width) * static_cast<std::size_t>(gif.height) > INT_MAX / sizeof(Color))
         return false;
@@ -125,13 +132,13 @@ constexpr std::array<InterlacePass, 4> interlace_passes{{{0, 8}, {4, 8}, {2, 4},
 constexpr std::array<InterlacePass, 1> plain_pass{{{0, 1}}};
 
 OwnedBitmap spread_rows(const GifFile& gif, const std::uint8_t* indexes) {
-    OwnedBitmap bitmap(create_bitmap_ex(8, gif.width, gif.height));
+    OwnedBitmap bitmap(create_bitmap_ex(8, gif.shown_w, gif.shown_h));
     if (!bitmap) return nullptr;
     const std::span<const InterlacePass> passes =
         gif.interlaced ? std::span<const InterlacePass>(interlace_passes) : std::span<const InterlacePass>(plain_pass);
     for (const InterlacePass& pass : passes)
         for (int y = pass.first; y < gif.height; y += pass.step, indexes += gif.width)
-            std::memcpy(bitmap->line[y], indexes, static_cast<std::size_t>(gif.width));
+            if (y < gif.shown_h) std::memcpy(bitmap->line[y], indexes, static_cast<std::size_t>(gif.shown_w));
     return bitmap;
 }
 
@@ -163,14 +170,14 @@ void move_transparency_to_zero(GifFile& gif, BITMAP* bitmap) {
 OwnedBitmap convert_bitmap(GifFile& gif, OwnedBitmap indexed) {
     const int depth = _color_load_depth(8, 0);
     if (depth == 8) return indexed;
-    OwnedBitmap bitmap(create_bitmap_ex(depth, gif.width, gif.height));
+    OwnedBitmap bitmap(create_bitmap_ex(depth, gif.shown_w, gif.shown_h));
     if (!bitmap) return nullptr;
     select_palette(gif.palette.data());
     if (gif.transparent != no_transparency) {
         clear_to_color(bitmap.get(), makecol_depth(depth, 255, 0, 255));
         draw_sprite(bitmap.get(), indexed.get(), 0, 0);
     } else {
-        blit(indexed.get(), bitmap.get(), 0, 0, 0, 0, gif.width, gif.height);
+        blit(indexed.get(), bitmap.get(), 0, 0, 0, 0, gif.shown_w, gif.shown_h);
     }
     unselect_palette();
     return bitmap;

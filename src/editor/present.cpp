@@ -2,6 +2,8 @@
 
 #include "base/bitmap.h"
 #include "gui/mouse.h"
+#include "paint/surfaces.h"
+#include "paint/undo.h"
 #include "platform/input.h"
 #include "state/gui.h"
 #include "state/run.h"
@@ -64,6 +66,7 @@ void show_picture() {
 /// The picture is out before the rest, and input ends the rest: from the hand to the pixel no pause is waited for.
 void rest_after_picture() {
     constexpr int low_ms = 5, high_ms = 10;
+    if (!prepare_stroke_mask()) prepare_undo_memory();
     if (power_saving == POWER_OFF) {
         vsync();
     } else if (pan_moved.take() != 0) {

@@ -10,7 +10,6 @@
 #include "editor/zoom_preview.h"
 #include "framework/actors.h"
 #include "framework/resources.h"
-#include "paint/inks.h"
 #include "platform/folder_lock.h"
 #include "platform/input.h"
 #include "platform/program_folder.h"
@@ -178,7 +177,6 @@ int start_program() {
     register_help_window();
     register_about_box();
     register_gradient_nodes();
-    fill_glow_distances();
     install_handlers();
     UA_log("[ INIT ] : Interrupts installed");
     if (!open_workspace()) return cannot_start;

@@ -39,13 +39,14 @@ int sine_drop(std::size_t position) {
 
 // ---- Glyphs as bitmaps: for texts with more than plain colours -----------------------------------------------------
 
-/// A bitmap of that size that stays for the next glyph.
-BITMAP* scratch_bitmap(OwnedBitmap& kept, int w, int h) {
-    if (!kept || kept->w != w || kept->h != h) kept = make_bitmap(w, h);
-    return kept.get();
-}
+// Both live for the run. No owner destroys them at the end: by then Allegro is gone.
+BITMAP *glyph_scratch = nullptr, *shadow_scratch = nullptr;
 
-OwnedBitmap glyph_scratch, shadow_scratch;
+/// A bitmap of that size that stays for the next glyph.
+BITMAP* scratch_bitmap(BITMAP*& kept, int w, int h) {
+    if (kept == nullptr || kept->w != w || kept->h != h) replace_bitmap(kept, make_bitmap(w, h));
+    return kept;
+}
 
 /// The glyph, slanted if slants are on; null when the memory can't be had.
 BITMAP* glyph_bitmap(std::span<const Color> glyph, const FontSlot& font) {

@@ -3,7 +3,6 @@
 #include "paint/ink_rows.h"
 
 #include <array>
-#include <cmath>
 #include <cstdlib>
 
 namespace nubo {
@@ -70,12 +69,6 @@ void light_disc(const GlowDisc& disc, int x, int y) {
 }
 
 }  // namespace
-
-void fill_glow_distances() {
-    for (std::size_t i = 0; i < glow_distance.size(); ++i)
-        for (std::size_t j = 0; j < glow_distance.size(); ++j)
-            glow_distance[i][j] = static_cast<int>(std::sqrt(static_cast<double>(i * i + j * j)));
-}
 
 // The mask is a flag here: a pixel of the stroke glows once, whatever its tip value.
 void ink_glow_row(const InkRow& row, int strength, int radius, Color color) {

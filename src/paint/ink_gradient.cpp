@@ -62,9 +62,8 @@ float linear_position(int d, float length, bool repeats) {
     return static_cast<float>(d % period) / length;
 }
 
-/// R.GRAD: the position for the distance `d` from the centre. A radius that was never derived has no band.
+/// R.GRAD: the position for the distance `d` from the centre.
 float radial_position(int d, int radius, bool repeats) {
-    if (radius < 1) return 0;
     return static_cast<float>(repeats ? d % radius : d) / static_cast<float>(radius);
 }
 

@@ -38,14 +38,18 @@ Color tile_pixel(int x, int y);
 /// The mean of the neighbours that lie in the bitmap, by integer division; the pixel itself if it has none.
 Color mean_neighbor(BITMAP* bitmap, int x, int y);
 
-/// Derives `linear_axis` and R.GRAD's radius from the nodes in `ink_options`. When a workspace was read, and when the
-/// nodes were moved.
+/// Derives `linear_axis` and R.GRAD's radius from the nodes in `ink_options`. At the start of a stroke.
 void update_gradient_geometry();
 
 /// Distances from a pixel by |dx| and |dy|, truncated, up to GLOW's greatest radius.
-inline constinit std::array<std::array<int, 32>, 32> glow_distance{};
-
-/// Fills `glow_distance`. Once, at start.
-void fill_glow_distances();
+inline constexpr auto glow_distance = [] {
+    std::array<std::array<int, 32>, 32> distance{};
+    for (int i = 0; i < 32; ++i)
+        for (int j = 0; j < 32; ++j) {
+            int& d = distance[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)];
+            while ((d + 1) * (d + 1) <= i * i + j * j) ++d;
+        }
+    return distance;
+}();
 
 }  // namespace nubo

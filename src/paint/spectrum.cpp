@@ -49,7 +49,8 @@ Color spectrum_color(Color first, Color second, int banding, float t) {
     const auto component = [&](int from, int to) {
         const float difference = static_cast<float>(to - from);
         const float way = banding > 1 ? share * difference / (steps - at) : difference * at;
-        return static_cast<int>(static_cast<float>(from) + way);
+        // In the last hundredth of a step the division goes beyond the band.
+        return std::clamp(static_cast<int>(static_cast<float>(from) + way), std::min(from, to), std::max(from, to));
     };
     return pack_color(component(red_of(first), red_of(second)), component(green_of(first), green_of(second)),
                       component(blue_of(first), blue_of(second)));

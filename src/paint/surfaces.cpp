@@ -1,14 +1,24 @@
 #include "paint/surfaces.h"
 
+#include "paint/inks.h"
+#include <algorithm>
+#include <cstring>
 #include <utility>
 
 namespace nubo {
+
+namespace {
+
+int mask_rows = 0;  // of `stroke_mask`, whose memory has been touched
+
+}  // namespace
 
 bool adopt_frame(OwnedBitmap frame) {
     if (stroke_mask == nullptr || stroke_mask->w != frame->w || stroke_mask->h != frame->h) {
         OwnedBitmap mask = make_uncleared_bitmap(frame->w, frame->h);
         if (!mask) return false;
         replace_bitmap(stroke_mask, std::move(mask));
+        mask_rows = 0;
     }
     replace_bitmap(current_frame, std::move(frame));
     frame_w = current_frame->w;
@@ -16,6 +26,21 @@ bool adopt_frame(OwnedBitmap frame) {
     return true;
 }
 
-void clear_stroke_mask() { clear_to_color(stroke_mask, 0); }
+void clear_stroke_mask() {
+    clear_to_color(stroke_mask, 0);
+    mask_rows = stroke_mask->h;
+    update_gradient_geometry();
+}
+
+bool clear_some_rows(BITMAP* bitmap, int& rows) {
+    constexpr int bytes_at_once = 1 << 20;
+    const auto row_bytes = static_cast<std::size_t>(bitmap->w) * sizeof(Color);
+    const int end = std::min(rows + 1 + bytes_at_once / static_cast<int>(row_bytes), bitmap->h);
+    const bool is_more = rows < end;
+    for (; rows < end; ++rows) std::memset(bitmap->line[rows], 0, row_bytes);
+    return is_more;
+}
+
+bool prepare_stroke_mask() { return stroke_mask != nullptr && clear_some_rows(stroke_mask, mask_rows); }
 
 }  // namespace nubo

@@ -10,8 +10,16 @@ namespace nubo {
 /// nothing changed, when the mask's memory can't be had.
 bool adopt_frame(OwnedBitmap frame);
 
-/// Sets all of `stroke_mask` to 0: no pixel of the Frame is covered yet.
+/// What every stroke starts with: all of `stroke_mask` becomes 0, so that no pixel is covered yet, and the geometry of
+/// the gradients follows their nodes.
 void clear_stroke_mask();
+
+/// Zeroes the next rows of a bitmap whose first `rows` rows are done, about a millisecond's work; false when all are.
+/// The system hands new memory over page by page: so it is there before a stroke has to wait for it.
+bool clear_some_rows(BITMAP* bitmap, int& rows);
+
+/// Such a step toward a coverage map that is new; false when it is ready or in use.
+bool prepare_stroke_mask();
 
 /// The snapshot of the running stroke: the undo slot last saved. Null before the first save.
 inline BITMAP* stroke_snapshot() { return undo_slots[static_cast<std::size_t>(newest_undo)]; }

@@ -1,6 +1,7 @@
 #include "paint/undo.h"
 
 #include "base/log.h"
+#include "paint/surfaces.h"
 #include "state/frames.h"
 #include "state/messages.h"
 #include "state/options.h"
@@ -46,14 +47,29 @@ bool fits_frame(const BITMAP* bitmap) {
     return bitmap != nullptr && bitmap->w == current_frame->w && bitmap->h == current_frame->h;
 }
 
-/// A bitmap of either chain that holds no state any more, taken out of its slot; null if there is none. So the two
-/// chains together hold as many bitmaps as there are states, and not twice the depth.
-OwnedBitmap take_idle() {
+/// The place of a bitmap of either chain that holds no state any more; null if there is none.
+BITMAP** find_idle() {
     for (const Chain& chain : {undo_chain, redo_chain})
         for (unsigned i = 0; i < undo_depth_max; ++i)
-            if (chain.age[i] == undo_free && fits_frame(chain.slots[i]))
-                return OwnedBitmap(std::exchange(chain.slots[i], nullptr));
+            if (chain.age[i] == undo_free && fits_frame(chain.slots[i])) return &chain.slots[i];
     return nullptr;
+}
+
+/// Memory for the next state, made ready by `prepare_undo_memory`; its first `spare_rows` rows have been touched.
+BITMAP* spare = nullptr;
+int spare_rows = 0;
+
+/// An idle bitmap or the spare one, taken from its place; null if there is neither. So the two chains together hold as
+/// many bitmaps as there are states, and not twice the depth.
+OwnedBitmap take_idle() {
+    if (BITMAP** const idle = find_idle()) return OwnedBitmap(std::exchange(*idle, nullptr));
+    return OwnedBitmap(fits_frame(spare) ? std::exchange(spare, nullptr) : nullptr);
+}
+
+/// Whether the next state of a chain will need memory that neither chain has.
+bool wants_memory(const Chain& chain) {
+    const int slot = slot_for_next(chain);
+    return slot >= 0 && !fits_frame(chain.slots[static_cast<unsigned>(slot)]) && find_idle() == nullptr;
 }
 
 /// Copies the Frame into a slot, whose bitmap is made if there is none of the Frame's size. False if it can't be had.
@@ -128,6 +144,18 @@ void reset_undo_slots() {
         for (BITMAP*& slot : chain.slots) replace_bitmap(slot, nullptr);
         chain.age.fill(undo_free);
     }
+}
+
+bool prepare_undo_memory() {
+    constexpr std::size_t bytes_max = std::size_t{1} << 28;  // 8192 x 8192 pixels
+    if (current_frame == nullptr || !(wants_memory(undo_chain) || wants_memory(redo_chain))) return false;
+    const auto side = [](int pixels) { return static_cast<std::size_t>(pixels); };
+    if (side(current_frame->w) * side(current_frame->h) * sizeof(Color) > bytes_max) return false;
+    if (!fits_frame(spare)) {
+        replace_bitmap(spare, make_uncleared_bitmap(current_frame->w, current_frame->h));
+        spare_rows = 0;
+    }
+    return spare != nullptr && clear_some_rows(spare, spare_rows);
 }
 
 void set_undo_source(OwnedBitmap (*copy)(BITMAP* source)) { copy_of = copy != nullptr ? copy : copy_bitmap; }

@@ -20,6 +20,10 @@ void redo_last();
 /// elsewhere calls it.
 void reset_undo_slots();
 
+/// One step (`clear_some_rows`) toward having the memory of the next state ready; false when it is. For when the
+/// program rests. A Frame above 256 MiB is left to its strokes.
+bool prepare_undo_memory();
+
 /// Takes the bitmaps of new states from `copy`, which gives a copy of its argument or null; null goes back to
 /// `copy_bitmap`. For tests that tell beforehand what memory can be had.
 void set_undo_source(OwnedBitmap (*copy)(BITMAP* source));

@@ -25,7 +25,7 @@ inline constinit CelPlace cel_place;
 /// A part of the Frame is nowhere but in the placement: it was cut out of it and waits to be anchored. Until then the
 /// Frame in memory mustn't be written for a crash.
 inline constinit int area_floats = 0;
-/// The axis of L.GRAD, derived from its nodes by `update_gradient_geometry`.
+/// The axis of L.GRAD, derived from its nodes at the start of a stroke.
 struct LinearAxis {
     float angle = 0, length = 0, sin = 0, cos = 0;
 };

@@ -27,8 +27,6 @@ struct FrameView {
     int pan_x = 0, pan_y = 0, zoom = 1;
 };                                                                 // frame pixels; zoom 1 to 6
 inline constinit std::array<FrameView, frame_slots> frame_view{};  // kept for each frame across switches
-inline constexpr int palette_bytes = 1024;                         // a PALETTE of Allegro
-inline constinit std::array<std::array<std::uint8_t, palette_bytes>, frame_slots> frame_palette{};
 inline constexpr int nail_tile = 40, nail_columns = 10;  // tile s of `nail_sheet` stands at (s % 10, s / 10) x 40
 
 // ---- Undo ----------------------------------------------------------------------------------------------------------

@@ -5,7 +5,6 @@
 #include "framework/text.h"
 #include "gui/presses.h"
 #include "gui/waiting.h"
-#include "paint/inks.h"
 #include "paint/stroke.h"
 #include "paint/tools.h"
 #include "state/flow.h"
@@ -210,7 +209,6 @@ void reposition_gradient(int ink) {
     tool_preview = -1;
     tool_preview_on = 0;
     clear_to_color(overlay, static_cast<int>(transparent_color));
-    update_gradient_geometry();
 }
 
 void register_gradient_nodes() {

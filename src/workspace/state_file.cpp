@@ -1,7 +1,6 @@
 #include "workspace/state_file.h"
 
 #include "base/log.h"
-#include "paint/inks.h"
 #include "platform/input_file.h"
 #include "platform/safe_file.h"
 #include "state/frames.h"
@@ -139,7 +138,6 @@ bool load_workspace_state(const char* name) {
         if (!load_side_file(kind, stem)) repair_workspace(kind);
     follow_with_tiles();
     remove_alternate_files();
-    update_gradient_geometry();
     return true;
 }
 

@@ -3,7 +3,6 @@
 
 #include "base/log.h"
 #include "codecs/png.h"
-#include "paint/inks.h"
 #include "paint/stroke.h"
 #include "state/cel.h"
 #include "state/flow.h"
@@ -55,7 +54,6 @@ protected:
         replace_bitmap(cel, make_bitmap(2, 2));
         replace_bitmap(cel_mask, make_bitmap(2, 2));
         replace_bitmap(original_frame, make_bitmap(2, 2));
-        fill_glow_distances();
     }
 
     ScratchFolder folder_;

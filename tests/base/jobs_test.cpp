@@ -1,6 +1,7 @@
 #include "base/jobs.h"
 
 #include "base/log.h"
+#include "gui/window_drag.h"
 #include "harness/harness.h"
 
 #include <gtest/gtest.h>
@@ -61,6 +62,14 @@ TEST(Jobs, RunInOrderWhenTheirDelayIsUpAndMayPushIntoTheirOwnSlot) {
     UA_run_jobs();
     EXPECT_EQ(ran, (std::vector{1, 3, 100, 2}));
     EXPECT_EQ(UA_find_job(foreign_type), 0);  // unknown to all, it keeps its slot
+}
+
+TEST(Jobs, EachTypeToldLeavesItsSlot) {
+    for (const JobType type : {JOB_SOUND, JOB_NOTHING, JOB_FOG, JOB_SCRIPT_WAIT, JOB_DUST, JOB_WAIT, JOB_WINDOW_DRAG})
+        push(type);
+    install_window_drag();
+    UA_run_jobs();
+    EXPECT_EQ(UA_find_job(-1), -1);
 }
 
 TEST(Jobs, TwoFlowsFillAllSlotsAndTheNextIsRefused) {

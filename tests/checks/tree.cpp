@@ -36,6 +36,15 @@ std::string_view own_include(std::string_view line) {
     return line.substr(open + 1, line.find('"', open + 1) - open - 1);
 }
 
+/// Whether a line defines a bitmap's owner that lives to the end: at a line's start, where namespaces have theirs, or
+/// `static`. A function's name is followed by a bracket.
+bool has_static_owner(std::string_view line) {
+    if (line.empty() || (line[0] == ' ' && !has_word(line, "static"))) return false;
+    const std::size_t end = line.find_first_of(";={");
+    return end != std::string_view::npos && has_word(line.substr(0, end), "OwnedBitmap") &&
+           line.substr(0, end).find('(') == std::string_view::npos && !has_word(line, "using");
+}
+
 std::string fault_of_line(std::string_view path, std::string_view line) {
     const std::string_view included = own_include(line);
     if (!included.empty() && path.starts_with("src/")) {
@@ -45,6 +54,7 @@ std::string fault_of_line(std::string_view path, std::string_view line) {
     }
     if (path.ends_with(".cpp") && has_word(line, "extern")) return "extern in a .cpp";
     if (has_word(line, "volatile") && !has_word(line, "sig_atomic_t")) return "volatile";
+    if (has_static_owner(line)) return "a static owner of a bitmap";
     return {};
 }
 

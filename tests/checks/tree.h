@@ -16,8 +16,8 @@ inline constexpr std::array<std::string_view, 10> storeys{"state", "base",  "pla
 std::string code_only(std::string_view text);
 
 /// What the file at `path` (from the tree's root, as "src/paint/undo.cpp") breaks, one line each with the line's
-/// number: an include of a higher storey or of no storey, `extern` in a .cpp, `volatile` but for sig_atomic_t, 800
-/// lines or more.
+/// number: an include of a higher storey or of no storey, `extern` in a .cpp, `volatile` but for sig_atomic_t, a
+/// static owner of a bitmap, 800 lines or more.
 std::vector<std::string> faults_of(std::string_view path, std::string_view text);
 
 }  // namespace nubo

@@ -51,6 +51,13 @@ TEST(Tree, EachFaultIsFound) {
          ""},
         {"src/base/a.cpp", "/* */ // \"\n auto a = '\"';\nvolatile int b;", "src/base/a.cpp:3 volatile"},
         {"src/base/a.h", "volatile std::sig_atomic_t a;", ""},
+        {"src/base/a.cpp", "\nconst OwnedBitmap a = make_bitmap(1, 1), b;",
+         "src/base/a.cpp:2 a static owner of a bitmap"},
+        {"src/base/a.cpp", "    static std::array<OwnedBitmap, 2> a;", "src/base/a.cpp:1 a static owner of a bitmap"},
+        {"src/base/a.cpp",
+         "OwnedBitmap (*a)(BITMAP*) = b;\nusing A = OwnedBitmap;\n    OwnedBitmap a;\n"
+         "OwnedBitmap a(BITMAP* b) { return b; }",
+         ""},
         {"bench/a.cpp", "auto a = R\"(\n\")\"; volatile int b;", "bench/a.cpp:2 volatile"},
     };
     for (const Case& one : cases) {

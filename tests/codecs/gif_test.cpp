@@ -105,6 +105,26 @@ TEST(GifReader, DecodesCodesByHand) {
     EXPECT_EQ(*pixels_at(whole.get(), 1, 1), 0xffffffu);
     EXPECT_EQ(*pixels_at(unfinished.get(), 0, 1), 0xffffffu);
     EXPECT_EQ(*pixels_at(unfinished.get(), 1, 1), 0u);  // the end code came after four pixels
+    // Clear and four times index 1, in codes of 10 and of 12 bits.
+    const OwnedBitmap nine = read(small_gif(2, 2, {7, 0, 0x06, 0x10, 0x40, 0, 0x01, 0, 0}, 9));
+    const OwnedBitmap eleven = read(small_gif(2, 2, {8, 0, 0x18, 0, 0x01, 0x10, 0, 0x01, 0, 0}, 11));
+    ASSERT_TRUE(nine && eleven);
+    EXPECT_EQ(*pixels_at(nine.get(), 1, 1), 0xffffffu);
+    EXPECT_EQ(*pixels_at(eleven.get(), 1, 1), 0xffffffu);
+}
+
+TEST(GifReader, ClipsAnImageToTheScreen) {
+    Bytes bytes = small_gif(2, 2, {2, 0x0c, 0x00, 0});  // clear 001, index 1 100, and three times index 0
+    bytes[20] = 1;                                      // its left
+    bytes[6] = 2;
+    const OwnedBitmap clipped = read(bytes);
+    ASSERT_TRUE(clipped);
+    EXPECT_TRUE(clipped->w == 1 && clipped->h == 2);
+    EXPECT_EQ(*pixels_at(clipped.get(), 0, 0), 0xffffffu);
+    bytes[6] = bytes[8] = 0;  // a screen without a size
+    const OwnedBitmap whole = read(bytes);
+    ASSERT_TRUE(whole);
+    EXPECT_EQ(whole->w, 2);
 }
 
 TEST(GifReader, RefusesWhatMakesNoSense) {
@@ -119,10 +139,10 @@ TEST(GifReader, RefusesWhatMakesNoSense) {
     EXPECT_TRUE(refused(small_gif(20000, 20000))) << "an early end does not make an image of that size";
     EXPECT_TRUE(refused(small_gif(3, 2, {1, 0x4c, 0}))) << "the data ends before the pixels and the end code";
     EXPECT_TRUE(refused(small_gif(2, 2, {1, 0x3c, 0}))) << "clear and then a code above the table";
-    for (const int bits : {0, 9, 12, 255}) EXPECT_TRUE(refused(small_gif(2, 2, {2, 0x4c, 0x5c, 0}, bits)));
+    for (const int bits : {0, 12, 255}) EXPECT_TRUE(refused(small_gif(2, 2, {2, 0x4c, 0x5c, 0}, bits)));
     Bytes outside = small_gif(2, 2);
-    outside[20] = 1;  // the image's left: it now ends right of the screen
-    EXPECT_TRUE(refused(outside));
+    outside[20] = 2;  // the image's left
+    EXPECT_TRUE(refused(outside)) << "none of it lies on the screen";
     Bytes empty = small_gif(2, 2);
     empty[19] = ';';  // the file ends before an image
     EXPECT_TRUE(refused(empty));

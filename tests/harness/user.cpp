@@ -6,7 +6,6 @@
 #include "editor/loop.h"
 #include "editor/present.h"
 #include "editor/screen.h"
-#include "paint/inks.h"
 #include "paint/surfaces.h"
 #include "paint/undo.h"
 #include "platform/input_queue.h"
@@ -183,7 +182,6 @@ EditorTest::EditorTest() {
     if (!create_screen_bitmaps()) std::abort();
     UA_initialize_variables();
     default_hotkeys();
-    fill_glow_distances();
     draw_test_tips();
     replace_bitmap(cel, make_bitmap(1, 1));
     replace_bitmap(cel_mask, make_bitmap(1, 1));

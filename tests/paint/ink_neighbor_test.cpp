@@ -55,7 +55,6 @@ TEST_F(InkNeighborTest, SoftenCountsMissingNeighborsAsBlack) {
 }
 
 TEST_F(InkNeighborTest, GlowPilesUpOncePerPixel) {
-    fill_glow_distances();
     make_frame(9, 9, 0);
     frame(3, 3) = 0xffffff;
     begin_stroke();

@@ -13,7 +13,6 @@ constexpr int width = 300, height = 5;  // wider than what any ink works out in 
 class InkPropertyTest : public InkTest {
 protected:
     InkPropertyTest() {
-        fill_glow_distances();
         replace_bitmap(cel_mask, make_bitmap(5, 3));
         for (int i = 0; i < 15; ++i) *pixels_at(cel_mask, i % 5, i / 5) = random_color(3);
         cel_x = 7, cel_y = 2;
@@ -29,10 +28,9 @@ protected:
     static void prepare(Ink ink, int strength, int levels = 3) {
         make_frame(width, height, 0);
         for (int i = 0; i < width * height; ++i) frame(i % width, i / width) = random_color(levels);
-        begin_stroke();
         // The second is GLOW's radius and GRAIN's frequency.
         ink_options[static_cast<unsigned>(ink)] = {strength, ink == INK_GRAIN ? 60 : 3, 0, 4, 2, 20, 3, 0};
-        update_gradient_geometry();
+        begin_stroke();
     }
     /// Back to the beginning of the stroke, or to where it had covered `mask`.
     static void begin_again(BITMAP* covered = nullptr) {

@@ -32,6 +32,8 @@ TEST(Spectrum, FoldsHoldsAndBandsByHand) {
         {0, 2, 0.49F, black, white, black},          // the first of two steps: trunc(0.99) = 0
         {0, 2, 0.5F, black, white, 0xaaaaaa},        // the second: 1 * 255 / (2 - 0.5) = 170
         {0, 4, 0.5F, white, black, 0x6d6d6d},        // 255 - 2 * 255 / 3.5 = 109.3
+        {0, 2, 0.997F, white, black, black},         // trunc(2.004) * 255 / 1.003 would be 508: held at the end,
+        {0, 2, 0.997F, black, white, white},         // either way
     };
     for (const Case& one : cases) {
         spectrum_fold = one.fold;

@@ -92,5 +92,27 @@ TEST_F(UndoTest, RefusesWithoutMemoryAndChangesNothing) {
     UA_log_close();
 }
 
+TEST_F(UndoTest, MemoryMadeReadyServesTheNextStates) {
+    opt_undo_depth = 1;
+    ASSERT_TRUE(adopt_frame(make_bitmap(2000, 1000, 1)));
+    const auto prepare = [] {
+        int steps = 0;
+        while (prepare_undo_memory() && steps < 100) ++steps;
+        return steps;
+    };
+    EXPECT_GT(prepare(), 7) << "8 MB, a piece at a time";
+    set_undo_source([](BITMAP*) { return OwnedBitmap(); });  // from here on there is no other memory
+    ASSERT_TRUE(stroke(2));
+    EXPECT_GT(prepare(), 7) << "for the first undo";
+    EXPECT_EQ(after_undo(), 1U);
+    EXPECT_EQ(after_redo(), 2U);
+    EXPECT_EQ(prepare(), 0) << "both chains together have all they can need";
+    ASSERT_TRUE(adopt_frame(make_bitmap(5, 3, 1)));
+    reset_undo_slots();
+    EXPECT_EQ(prepare(), 1) << "made and touched at the new size";
+    ASSERT_TRUE(stroke(2));
+    set_undo_source(nullptr);
+}
+
 }  // namespace
 }  // namespace nubo
