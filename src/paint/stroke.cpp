@@ -50,9 +50,12 @@ void stamp_cell(int x, int y, Ink ink, int style) {
 
 void draw_to_frame(int x, int y, int brush, int ink, int style) {
     if (!stroke_is_valid(x, y, brush, ink, style)) return;
-    if (!save_undo(false)) return;
-    clear_stroke_mask();
-    commit_tool(brush, {x, y, ink, style});
+    if (!begin_shape_commit(brush)) return;
+    if (save_undo(false)) {
+        clear_stroke_mask();
+        commit_tool({x, y, brush, ink, style});
+    }
+    end_shape_commit();
 }
 
 void stamp_tip(int x, int y, int brush, int ink, int style) {

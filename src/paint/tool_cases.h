@@ -2,12 +2,15 @@
 // What each tool does at its three moments, for the one table in tools.cpp: its own loop, what it paints, its preview.
 #include "state/colors.h"
 #include "state/tools.h"
+#include <cstddef>
+#include <cstdint>
+#include <memory>
 
 namespace nubo {
 
-/// Where a stroke begins and with what: the arguments of `draw_to_frame`. `style` is the tip.
+/// Where a stroke begins and with what: the arguments of `draw_to_frame`. `brush` is the tool, `style` the tip.
 struct StrokeStart {
-    int x, y, ink, style;
+    int x, y, brush, ink, style;
 };
 
 // ---- Runners: from the press on the Frame to the end ---------------------------------------------------------------
@@ -29,6 +32,10 @@ void commit_draw(const StrokeStart& start);
 void commit_driz(const StrokeStart& start);
 void commit_spray(const StrokeStart& start);
 
+/// POLY, R.POLY, FSHAPE, SSHAPE, SPIRAL and SPLINE: the points of `point_list`, hollow with the tip, or filled with
+/// single pixels.
+void commit_shape(const StrokeStart& start);
+
 // By colour: the pixels that are like the one at the start. EDGE outlines them on their inner rim, SEP. paints them all
 // over the Frame, FILL those that are connected.
 void commit_edge(const StrokeStart& start);
@@ -40,5 +47,22 @@ void commit_fill(const StrokeStart& start);
 void draw_box_preview();
 void draw_circle_preview();
 void draw_line_preview();
+
+// ---- Shapes of many points -----------------------------------------------------------------------------------------
+
+/// Makes the mask that the outline of a list tool needs, before the undo step; other tools need none. False, with a
+/// line in the log and a status message, when the memory can't be had: the stroke is refused then. `end_shape_commit`
+/// frees it after the stroke.
+bool begin_shape_commit(int tool);
+void end_shape_commit();
+
+/// OVAL, hollow and filled. They save undo and clear the coverage map themselves.
+void commit_outline();
+void fill_outline();
+
+/// Takes the memory of masks from `make`, which gives 0 words or null; null goes back to the program's own. For tests
+/// that tell beforehand what memory can be had.
+using MaskWords = std::unique_ptr<std::uint64_t[]>;
+void set_shape_mask_source(MaskWords (*make)(std::size_t words));
 
 }  // namespace nubo

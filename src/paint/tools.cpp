@@ -33,15 +33,15 @@ constexpr std::array<ToolRow, TOOL_COUNT> tool_rows{{
     {TOOL_EDGE, run_press_tool, commit_edge, nullptr},
     {TOOL_FILL, run_press_tool, commit_fill, nullptr},
     {TOOL_LINE, run_two_click_tool, commit_line, draw_line_preview},
-    {TOOL_MOVE, run_above, nullptr, nullptr},  // MOVE and TEXT save undo and paint by themselves
+    {TOOL_MOVE, run_above, nullptr, nullptr},  // MOVE, OVAL and TEXT save undo and paint by themselves
     {TOOL_OVAL, nullptr, nullptr, nullptr},
-    {TOOL_POLY, nullptr, nullptr, nullptr},
-    {TOOL_RPOLY, run_above, nullptr, nullptr},
+    {TOOL_POLY, nullptr, commit_shape, nullptr},
+    {TOOL_RPOLY, run_above, commit_shape, nullptr},
     {TOOL_SEP, run_press_tool, commit_sep, nullptr},
-    {TOOL_FSHAPE, nullptr, nullptr, nullptr},
-    {TOOL_SSHAPE, run_above, nullptr, nullptr},
-    {TOOL_SPIRAL, run_above, nullptr, nullptr},
-    {TOOL_SPLINE, nullptr, nullptr, nullptr},
+    {TOOL_FSHAPE, nullptr, commit_shape, nullptr},
+    {TOOL_SSHAPE, run_above, commit_shape, nullptr},
+    {TOOL_SPIRAL, run_above, commit_shape, nullptr},
+    {TOOL_SPLINE, nullptr, commit_shape, nullptr},
     {TOOL_SPRAY, run_press_tool, commit_spray, nullptr},
     {TOOL_TEXT, run_above, nullptr, nullptr},
 }};
@@ -71,9 +71,9 @@ void run_tool() {
     if (runners[at(tool)] != nullptr) runners[at(tool)](tool);
 }
 
-void commit_tool(int brush, const StrokeStart& start) {
-    if (brush >= TOOL_COUNT || tool_rows[at(brush)].commit == nullptr) return;
-    tool_rows[at(brush)].commit(start);
+void commit_tool(const StrokeStart& start) {
+    if (start.brush >= TOOL_COUNT || tool_rows[at(start.brush)].commit == nullptr) return;
+    tool_rows[at(start.brush)].commit(start);
 }
 
 void draw_tool_preview() {

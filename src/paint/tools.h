@@ -13,8 +13,8 @@ struct StrokeStart;
 /// Runs the tool of the active slot from a left press on the Frame to its end. By `program_loop`.
 void run_tool();
 
-/// What a stroke of `brush` paints: the case of `draw_to_frame`. A number without a case paints nothing.
-void commit_tool(int brush, const StrokeStart& start);
+/// What a stroke paints: the case of `draw_to_frame`. A number without a case paints nothing.
+void commit_tool(const StrokeStart& start);
 
 /// Draws what `tool_preview` asks for on `overlay`. By `update_screen`, which has cleared it.
 void draw_tool_preview();
