@@ -23,7 +23,6 @@ protected:
         replace_bitmap(overlay, make_bitmap(view_w, view_h, hole));
         replace_bitmap(stripe_pattern, make_bitmap(64, 64, 0xffffff));
         reset_undo_slots();
-        fill_glow_distances();
     }
     /// Rows of equal length.
     static void make_cel(std::initializer_list<std::initializer_list<Color>> rows) {

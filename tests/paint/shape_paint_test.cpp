@@ -54,12 +54,12 @@ TEST(ShapeLineTest, VisitsThePixelsOfTheWholeLineThatLieInside) {
 }
 
 TEST(ShapeFillTest, PaintsThePixelsOfAllegrosPolygon) {
-    static OwnedBitmap mine, theirs;  // null again at the end
-    mine = make_bitmap(small_w, small_h);
-    theirs = make_bitmap(small_w, small_h);
+    static BITMAP* mine;
+    const OwnedBitmap own = make_bitmap(small_w, small_h), theirs = make_bitmap(small_w, small_h);
+    mine = own.get();
     const auto paint = [](int x1, int x2, int y, int away) {
         for (int x = x1; x <= x2; ++x)
-            if (x >= away) *pixels_at(mine.get(), x - away, y) += 1;
+            if (x >= away) *pixels_at(mine, x - away, y) += 1;
     };
     Lot lot;
     for (int trial = 0; trial < 5'000; ++trial) {
@@ -72,17 +72,15 @@ TEST(ShapeFillTest, PaintsThePixelsOfAllegrosPolygon) {
         clear_to_color(theirs.get(), 0);
         polygon(theirs.get(), static_cast<int>(points.size()), flat.data(), 1);
         for (const int away : {0, 50'000}) {  // where Allegro's arithmetic has ended
-            clear_to_color(mine.get(), 0);
+            clear_to_color(mine, 0);
             for (Point& point : points) point.x += away;
             fill_polygon(points, small_w + away, small_h, paint, away);
             for (int y = 0; y < small_h; ++y)
-                ASSERT_TRUE(std::equal(pixels_at(mine.get(), 0, y), pixels_at(mine.get(), small_w, y),
-                                       pixels_at(theirs.get(), 0, y)))
+                ASSERT_TRUE(
+                    std::equal(pixels_at(mine, 0, y), pixels_at(mine, small_w, y), pixels_at(theirs.get(), 0, y)))
                     << trial << ' ' << y << ' ' << away;
         }
     }
-    mine.reset();
-    theirs.reset();
 }
 
 // ---- The commit ----------------------------------------------------------------------------------------------------
