@@ -1,16 +1,17 @@
 #include "editor/graphics.h"
 
-#include "base/color.h"
 #include "base/log.h"
 #include "codecs/gif.h"
 #include "codecs/png.h"
 #include "editor/defaults.h"
 #include "editor/screen.h"
+#include "editor/window_colors.h"
+#include "platform/input_file.h"
+#include "platform/last_words.h"
 #include "state/run.h"
 #include <algorithm>
 #include <allegro.h>
 #include <cstdio>
-#include <memory>
 
 namespace nubo {
 namespace {
@@ -40,13 +41,10 @@ constexpr std::array<ModeRow, 4> modes{{
 }};
 static_assert(rows_in_order(modes, &ModeRow::mode, DISPLAY_FULLSCREEN));
 
-/// The first byte of config.def, or EOF when the file is missing or empty.
+/// The first byte of config.def, or EOF when the file is missing, empty or no file.
 int UA_read_config() {
-    struct Closer {
-        void operator()(std::FILE* file) const { std::fclose(file); }
-    };
-    const std::unique_ptr<std::FILE, Closer> file(std::fopen("config.def", "rb"));
-    return file ? std::fgetc(file.get()) : EOF;
+    std::uint8_t byte = 0;
+    return InputFile("config.def").read_at(0, &byte, 1) ? byte : EOF;
 }
 
 const ModeRow& mode_of_config(int byte) {
@@ -88,23 +86,27 @@ GraphicsResult UA_init_graphics() {
     const int config = UA_read_config();
     if (config == EOF) {
         UA_log("[ FATAL ] : Cannot locate CONFIG.DEF. Rerun configuration program, or reinstall the game!");
-        allegro_message("The file CONFIG.DEF is missing. Rerun the configuration program, or reinstall the game.");
+        say_last_words("The file CONFIG.DEF is missing. Rerun the configuration program, or reinstall the game.");
         return GRAPHICS_DENIED;
     }
     set_color_depth(32);
     const ModeRow* const mode = set_mode(&mode_of_config(config));
     if (mode == nullptr) {
         UA_log("[ INIT ] : Resolution DENIED!");
-        allegro_message(
-            "Your system didn't like the specified resolution! Run CONFIGURE.EXE and pick a different one.");
+        say_last_words("Your system didn't like the specified resolution! Run CONFIGURE.EXE and pick a different one.");
         return GRAPHICS_DENIED;
     }
     UA_log("[ INIT ] : Resolution accepted");
-    if (!has_window_color_order()) UA_log("[ WARNING ] : This display swaps red and blue");
+    if (!adopt_window_colors()) {
+        UA_log("[ FATAL ] : The display shows too few colors");
+        say_last_words("This display has too few colors: the program needs one of 15 bits a pixel or more.");
+        return GRAPHICS_DENIED;
+    }
     register_png();
     register_gif();
     if (!create_screen_bitmaps()) {
         UA_log("[ FATAL ] : Not enough memory for the screen");
+        say_last_words("The program ran out of memory! Reboot, or close some active programs and try again.");
         return GRAPHICS_DENIED;
     }
     UA_initialize_variables();

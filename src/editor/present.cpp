@@ -1,9 +1,11 @@
 #include "editor/present.h"
 
 #include "base/bitmap.h"
+#include "editor/window_colors.h"
 #include "gui/mouse.h"
 #include "paint/surfaces.h"
 #include "paint/undo.h"
+#include "platform/display_loss.h"
 #include "platform/input.h"
 #include "state/gui.h"
 #include "state/run.h"
@@ -54,6 +56,7 @@ void show_picture() {
     if (!enlarged) return;
     const int scale = pixel_scale, top = rows.first * scale, height = (rows.end - rows.first) * scale;
     enlarge_rows(rows, scale);
+    convert_to_window(enlarged, top, height);
     // One blit of all changed rows: each drawing call on the screen is a message to the X server.
     blit(enlarged, screen, 0, top, 0, top, screen_w, height);
     send_drawing();
@@ -85,6 +88,7 @@ void present() {
     if (present_hook != nullptr) {
         present_hook();
     } else {
+        const DisplayUse use;
         show_picture();
         rest_after_picture();
     }

@@ -10,9 +10,14 @@
 #include "editor/zoom_preview.h"
 #include "framework/actors.h"
 #include "framework/resources.h"
+#include "platform/display_loss.h"
 #include "platform/folder_lock.h"
 #include "platform/input.h"
+#include "platform/input_file.h"
+#include "platform/last_words.h"
+#include "platform/memory_packfile.h"
 #include "platform/program_folder.h"
+#include "platform/safe_file.h"
 #include "platform/signals.h"
 #include "state/cel.h"
 #include "state/flow.h"
@@ -26,31 +31,40 @@
 #include "windows/gradient_nodes.h"
 #include "windows/help_window.h"
 #include "windows/scheme.h"
+#include "workspace/folders.h"
+#include "workspace/notices.h"
 #include "workspace/user_settings.h"
 #include "workspace/workspace.h"
 #include <allegro.h>
-#include <cstdio>
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <string>
 #include <unistd.h>
 
 namespace nubo {
 namespace {
 
-constexpr const char* window_title = "Nubo v1.3";
 constexpr int cannot_start = -1;
+constexpr const char* no_memory = "The program ran out of memory! Reboot, or close some active programs and try again.";
+
+/// The end of a start that can't go on, with its cause in the log, on standard error and in a window.
+int refuse(const std::string& cause) {
+    UA_log("[ FATAL ] : %s", cause.c_str());
+    say_last_words(cause);
+    return cannot_start;
+}
 
 void request_exit_by_close_button() { exit_requested = 1; }
 
 /// Two editors on one Workspace would write over each other's Frames: the second one ends before it touches anything.
 int claim_program_folder() {
     if (!find_program_dir()) {
-        std::fprintf(stderr, "nubo: the program's own folder can't be told\n");
+        say_last_words("The program's own folder can't be told.");
         return cannot_start;
     }
     if (lock_folder(program_dir.data())) return 0;
-    constexpr const char* taken =
-        "Nubo is already running on this Workspace. Go back to its window, or close it first.\n";
-    std::fputs(taken, stderr);
-    if (install_allegro(SYSTEM_AUTODETECT, &errno, std::atexit) == 0) allegro_message("%s", taken);
+    say_last_words("Nubo is already running on this Workspace. Go back to its window, or close it first.");
     return exit_locked;
 }
 
@@ -60,24 +74,30 @@ int open_log_and_enter_folder() {
     UA_log_reset();
     UA_log_open(program_dir.data());
     UA_log("[ INIT ] : Old resources swept up");
-    UA_log("[ INIT ] : %s now loading", window_title);
+    UA_log("[ INIT ] : %s now loading", program_title);
     UA_log("[ INIT ] : DEFCON 1 - Standard logging");
     if (chdir(program_dir.data()) == 0) return 0;
-    UA_log("[ FATAL ] : The program's own folder can't be entered. Folder = %s", program_dir.data());
-    std::fprintf(stderr, "nubo: the program's own folder can't be entered\n");
-    return cannot_start;
+    return refuse(std::string("The program's own folder can't be entered: ") + std::strerror(errno));
+}
+
+/// The program takes keys, not text: Allegro's keyboard needn't have Xlib read its large table of composed letters, nor
+/// an input method asked, which would keep keys to itself.
+void do_without_input_method() {
+    setenv("XCOMPOSEFILE", "/dev/null", 1);
+    setenv("XMODIFIERS", "@im=none", 1);
 }
 
 bool start_allegro() {
+    do_without_input_method();
     if (install_allegro(SYSTEM_AUTODETECT, &errno, std::atexit) != 0 || install_timer() != 0 ||
         install_keyboard() != 0 || install_mouse() < 0) {
-        UA_log("[ FATAL ] : Allegro can't be started: is there a display?");
-        std::fprintf(stderr, "nubo: no window can be opened here: is DISPLAY set to a running X server?\n");
+        refuse("No window can be opened here: is DISPLAY set to a running X server?");
         return false;
     }
+    watch_display();
     UA_log("[ INIT ] : Initialized Allegro");
     install_input();
-    set_window_title(window_title);
+    set_window_title(program_title);
     set_close_button_callback(request_exit_by_close_button);
     request_exit_on_signals();
     return true;
@@ -85,40 +105,46 @@ bool start_allegro() {
 
 // ---- Images --------------------------------------------------------------------------------------------------------
 
-bool load_resource_png(const char* path, BITMAP*& handle) {
-    replace_bitmap(handle, OwnedBitmap(load_png(path, nullptr)));
-    if (handle != nullptr) return true;
+/// The picture of a PNG file of the resource folder; a null result has been told.
+OwnedBitmap load_resource_png(const char* path) {
+    constexpr std::size_t size_max = std::size_t{16} << 20;  // bytes; far above any picture of ours
+    Bytes bytes;
+    if (read_file(path, size_max, bytes))
+        if (PACKFILE* const file = open_for_reading(bytes)) {
+            OwnedBitmap picture(load_png_pf(file, nullptr));
+            pack_fclose(file);
+            if (picture) return picture;
+            UA_log("[ STATS ] : %s", png_error);
+        }
     UA_log("ERROR: Failed to find a resource file. File = %s", path);
-    UA_log("[ STATS ] : %s", png_error);
-    allegro_message("A critical resource file is missing. Please reinstall the program.");
-    return false;
+    say_last_words(std::string("A critical resource file is missing. Please reinstall the program.\nFile = ") + path);
+    return nullptr;
 }
 
 bool load_application_images() {
-    BITMAP* tips = nullptr;
-    if (!load_resource_png("resource/N_HD_1X.RES", logo) || !load_resource_png("resource/brushie.PNG", tips))
-        return false;
-    const OwnedBitmap owned_tips(tips);
+    replace_bitmap(logo, load_resource_png("resource/N_HD_1X.RES"));
+    const OwnedBitmap tips = logo ? load_resource_png("resource/brushie.PNG") : nullptr;
+    if (!tips) return false;
     replace_bitmap(tip_sheet, make_bitmap(tip_sheet_w, tip_sheet_h, transparent_color));
-    if (tip_sheet == nullptr) return false;
-    blit(tips, tip_sheet, 0, 0, 0, 0, tip_sheet_w, tip_image_h);
+    if (tip_sheet == nullptr) return refuse(no_memory), false;
+    blit(tips.get(), tip_sheet, 0, 0, 0, 0, tip_sheet_w, tip_image_h);
     UA_log("[ INIT ] : Loaded application video resources");
     return true;
 }
 
-/// The scrambled images are read where they lie, in "resource".
-bool load_framework_resources() {
-    if (chdir("resource") != 0) return false;
+/// The object library and the scrambled images are read where they lie: `load` runs in "resource".
+bool load_in_resource_folder(void (*load)()) {
+    const bool loaded = chdir("resource") == 0 && (load(), chdir("..") == 0);
+    if (!loaded)
+        refuse(std::string("The folder \"resource\" can't be entered: ") + std::strerror(errno) +
+               ". Please reinstall the program.");
+    return loaded;
+}
+
+void load_framework_resources() {
     UA_load_framework_video();
     UA_log("[ INIT ] : Loaded framework video resources");
     UA_sweep_temp_resources();
-    return chdir("..") == 0;
-}
-
-bool load_object_library() {
-    if (chdir("resource") != 0) return false;
-    UA_load_object_library();
-    return chdir("..") == 0;
 }
 
 /// Allegro's tables for drawing into paletted bitmaps, from the palette of the resources.
@@ -145,6 +171,14 @@ void place_mouse() {
     position_mouse(screen_w / 2, screen_h / 2);
 }
 
+/// A folder that takes no files is told of at once, not when the work is done.
+void warn_if_nothing_can_be_saved() {
+    const auto frame_bytes =
+        static_cast<std::size_t>(current_frame->w) * static_cast<std::size_t>(current_frame->h) * 3;
+    if (!has_room_for(std::string(program_dir.data()) + "/" + workspace_folder, frame_bytes))
+        queue_box(LABEL_NOTHING_CAN_BE_SAVED, LABEL_SEE_THE_LOG);
+}
+
 /// The first picture comes up out of black.
 void fade_in() {
     constexpr int full = 254, step = 8;
@@ -164,12 +198,12 @@ int start_program() {
     UA_log("[ INIT ] : Framework initialized");
     load_user_settings();
     UA_log("[ INIT ] : User settings loaded from file");
-    if (!load_object_library()) return cannot_start;
+    if (!load_in_resource_folder(UA_load_object_library)) return cannot_start;
     UA_log("[ INIT ] : Loaded application audio resources");
     UA_log("[ INIT ] : Loaded framework audio resources");
-    if (!load_application_images() || !load_framework_resources()) return cannot_start;
+    if (!load_application_images() || !load_in_resource_folder(load_framework_resources)) return cannot_start;
     build_palette_tables();
-    if (!create_work_bitmaps()) return cannot_start;
+    if (!create_work_bitmaps()) return refuse(no_memory);
     place_mouse();
     register_zoom_preview();
     register_quick_pan();
@@ -179,7 +213,9 @@ int start_program() {
     register_gradient_nodes();
     install_handlers();
     UA_log("[ INIT ] : Interrupts installed");
-    if (!open_workspace()) return cannot_start;
+    if (!open_workspace()) return refuse(no_memory);
+    save_on_display_loss(shutdown_program);
+    warn_if_nothing_can_be_saved();
     gui_enabled = 1;
     handlers_locked = 0;
     UA_log("[ INIT ] : All preparations complete. Entering program loop");
@@ -205,6 +241,7 @@ void shutdown_program() {
     save_user_settings();
     UA_log("[ END ] : Closing log.");
     UA_log_close();
+    save_on_display_loss(nullptr);
 }
 
 }  // namespace nubo

@@ -8,6 +8,8 @@
 #include "framework/scrambler.h"
 #include "framework/text.h"
 #include "platform/input_file.h"
+#include "platform/last_words.h"
+#include "platform/memory_packfile.h"
 #include "platform/safe_file.h"
 #include "state/resources.h"
 #include <algorithm>
@@ -21,17 +23,13 @@
 namespace nubo {
 namespace {
 
-using Bytes = std::vector<std::uint8_t>;
-
 constexpr std::size_t resource_size_max = std::size_t{64} << 20;  // bytes; far above any file of ours
-constexpr const char *unscrambled_file = "prat", *library_file = "obj_lib.def";
-constexpr std::array<const char*, 3> temporary_files{unscrambled_file, "prat.def", "prat_2.def"};
-
-constexpr const char* missing_message = "A critical resource file is missing. Please reinstall the program.";
+constexpr const char* library_file = "obj_lib.def";
+constexpr std::array<const char*, 3> temporary_files{"prat", "prat.def", "prat_2.def"};
 
 /// The end of a start that can't go on; the log line has been written.
-[[noreturn]] void stop_with_message(const char* message) {
-    allegro_message("%s\n", message);
+[[noreturn]] void stop_with_message(const std::string& message, const char* file) {
+    say_last_words(message + "\nFile = " + file);
     std::exit(-1);
 }
 
@@ -51,7 +49,17 @@ bool is_up_to_date(const char* source, const char* target) {
 
 [[noreturn]] void stop_missing_resource(const char* name) {
     UA_log("ERROR: Failed to find a resource file. File = %s", name);
-    stop_with_message(missing_message);
+    stop_with_message("A critical resource file is missing. Please reinstall the program.", name);
+}
+
+/// The GIF that a resource stands for, taken out of its cover; nothing if there is none.
+std::optional<Bytes> read_payload(const char* name) {
+    const std::string plain = std::string(name) + ".gif";
+    // What can't be scrambled, on a full disk or a read-only one, is read as it lies there.
+    if (file_exists(plain) && !UA_convert_resource(plain.c_str(), name)) return read_resource(plain);
+    const auto file = read_resource(name);
+    if (!file) stop_missing_resource(name);
+    return unscramble_bytes(*file);
 }
 
 /// A resource that the program can't do without.
@@ -101,27 +109,24 @@ bool read_library_object(NumberLines& lines, LibraryObject& object) {
 
 // ---- Scrambled files -----------------------------------------------------------------------------------------------
 
-void UA_convert_resource(const char* source, const char* target) {
-    if (is_up_to_date(source, target)) return;
+bool UA_convert_resource(const char* source, const char* target) {
+    if (is_up_to_date(source, target)) return true;
     const auto plain = read_resource(source);
-    // The plain file goes only when the scrambled one is safely there.
-    const auto scrambled = plain ? scramble_bytes(*plain, UA_random(scramble_seeds)) : Bytes{};
-    if (!plain || !write_file(target, scrambled.data(), scrambled.size())) {
+    if (!plain) {
         UA_log("ERROR: Failed to convert a resource file. File = %s", source);
-        stop_with_message("A resource file conversion failed. Please reinstall the game and try again.");
+        stop_with_message("A resource file conversion failed. Please reinstall the game and try again.", source);
     }
-    remove_file(source);
+    // The plain file goes only when the scrambled one is safely there.
+    const auto scrambled = scramble_bytes(*plain, UA_random(scramble_seeds));
+    return write_file(target, scrambled.data(), scrambled.size()) && remove_file(source);
 }
 
 BITMAP* UA_load_resource_bitmap(const char* name) {
-    const std::string plain = std::string(name) + ".gif";
-    if (file_exists(plain)) UA_convert_resource(plain.c_str(), name);
-    const auto file = read_resource(name);
-    if (!file) stop_missing_resource(name);
-    const auto payload = unscramble_bytes(*file);
-    if (!payload || !write_file(unscrambled_file, payload->data(), payload->size())) return nullptr;
-    BITMAP* const bitmap = load_gif(unscrambled_file, global_palette.data());
-    remove_file(unscrambled_file);
+    const auto payload = read_payload(name);
+    PACKFILE* const file = payload ? open_for_reading(*payload) : nullptr;
+    if (file == nullptr) return nullptr;
+    BITMAP* const bitmap = load_gif_pf(file, global_palette.data());
+    pack_fclose(file);
     return bitmap;
 }
 
@@ -142,7 +147,9 @@ void UA_load_framework_video() {
 }
 
 void UA_sweep_temp_resources() {
-    for (const char* const file : temporary_files) remove_file(file);
+    for (const char* const file : temporary_files)
+        if (file_exists(file)) remove_file(file);
+    remove_unfinished_files(".");
 }
 
 // ---- The object library --------------------------------------------------------------------------------------------
@@ -172,7 +179,7 @@ bool UA_pack_resource(const char* source, const char* target) {
     const auto plain = read_resource(source);
     if (!plain) {
         UA_log("[ ERROR ] : Missing resource file while compressing!");
-        stop_with_message("A critical resource file is missing. Please reinstall the application.");
+        stop_with_message("A critical resource file is missing. Please reinstall the application.", source);
     }
     const auto packed = pack_bytes(*plain);
     if (!packed) {
@@ -186,7 +193,7 @@ bool UA_unpack_resource(const char* source, const char* target) {
     const auto packed = read_resource(source);
     if (!packed) {
         UA_log("[ ERROR ] : Missing resource file while decompressing!");
-        stop_with_message("A critical resource file is missing. Please reinstall the game.");
+        stop_with_message("A critical resource file is missing. Please reinstall the game.", source);
     }
     const auto plain = unpack_bytes(*packed);
     if (!plain) {

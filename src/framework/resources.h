@@ -12,8 +12,9 @@ inline constinit std::array<RGB, PAL_SIZE> global_palette{};
 // ---- Scrambled files -----------------------------------------------------------------------------------------------
 
 /// Brings the scrambled file `target` up to date: if the plain file `source` is newer, it is scrambled over `target`
-/// and deleted. Ends the program with a message box and -1 when `source` can't be read or `target` not written.
-void UA_convert_resource(const char* source, const char* target);
+/// and deleted. False, with `source` still there, when that can't be written. Ends the program with a message box and
+/// -1 when `source` can't be read.
+bool UA_convert_resource(const char* source, const char* target);
 
 /// A new 32-bit bitmap, which the caller owns, from the scrambled GIF file `name`; its palette goes to
 /// `global_palette`. A plain `name`.gif that is newer is converted first. Null when the file holds no picture; without

@@ -94,6 +94,17 @@ void SafeFile::fail(const char* step) {
     if (failure_.empty()) failure_ = std::string("can't be ") + step + ": " + std::strerror(errno);
 }
 
+void SafeFile::reserve(std::size_t size) {
+    if (!failure_.empty()) return;
+    errno = posix_fallocate(file_, 0, static_cast<off_t>(size));  // gives its error back
+    if (errno != 0) fail("given room");
+}
+
+bool SafeFile::is_sound() const {
+    if (!failure_.empty()) UA_log("[ ERROR ] : The file %s %s", path_.c_str(), failure_.c_str());
+    return failure_.empty();
+}
+
 void SafeFile::write(const void* bytes, std::size_t size) {
     const auto* from = static_cast<const std::uint8_t*>(bytes);
     while (size > 0 && failure_.empty()) {
@@ -117,10 +128,7 @@ bool SafeFile::commit(FolderSync sync) {
     if (file_ >= 0 && close(file_) != 0) fail("closed");
     file_ = -1;
     if (failure_.empty() && system_calls.rename(unfinished_.c_str(), path_.c_str()) != 0) fail("put in place");
-    if (!failure_.empty()) {
-        UA_log("[ ERROR ] : The file %s %s", path_.c_str(), failure_.c_str());
-        return false;
-    }
+    if (!is_sound()) return false;
     exists_ = false;
     if (sync == SYNC_FOLDER_NOW) sync_folder(folder_of(path_));
     return true;
@@ -130,6 +138,12 @@ bool write_file(const std::string& path, const void* bytes, std::size_t size) {
     SafeFile file(path);
     file.write(bytes, size);
     return file.commit();
+}
+
+bool has_room_for(const std::string& folder, std::size_t size) {
+    SafeFile probe(folder + "/room");
+    probe.reserve(size);
+    return probe.is_sound();
 }
 
 // ---- Renaming and removing -----------------------------------------------------------------------------------------

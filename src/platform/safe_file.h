@@ -24,11 +24,17 @@ public:
     SafeFile(const SafeFile&) = delete;
     SafeFile& operator=(const SafeFile&) = delete;
 
+    /// Has the system keep room for `size` bytes in all. A failure is remembered like one of `write`.
+    void reserve(std::size_t size);
+
     /// Appends bytes. A failure is remembered and makes `commit` fail.
     void write(const void* bytes, std::size_t size);
 
     /// Puts the file in its place. False after a failure of any step; the cause is logged once, with the path.
     bool commit(FolderSync sync = SYNC_FOLDER_NOW);
+
+    /// True as long as nothing has failed; after a failure the cause is logged.
+    bool is_sound() const;
 
 private:
     void open_beside();
@@ -45,6 +51,10 @@ private:
 
 /// Writes a whole file of `size` bytes by `SafeFile`.
 bool write_file(const std::string& path, const void* bytes, std::size_t size);
+
+/// False, after a log line with the cause, when a folder takes no new file of `size` bytes: it is missing or read-only,
+/// or the disk is full.
+bool has_room_for(const std::string& folder, std::size_t size);
 
 /// Moves a file within the program's folders, over one that has that name. False after a log line with the cause.
 bool rename_file(const std::string& from, const std::string& to);

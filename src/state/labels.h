@@ -330,6 +330,8 @@ enum Label : int {
     LABEL_WORKSPACE_DAMAGED,
     LABEL_REPAIRS_MADE,
     LABEL_CENTER,
+    LABEL_NOTHING_CAN_BE_SAVED,
+    LABEL_SEE_THE_LOG,
     LABEL_HOTKEY_FIRST = 400,  // Hotkey n at 400 + n
     LABEL_HELP_FIRST = 480,    // HelpTopic t at 480 + t
     LABEL_SLOTS = 536

@@ -4,6 +4,7 @@
 #include "codecs/gif.h"
 #include "font_sheet.h"
 #include "harness/harness.h"
+#include "platform/faults.h"
 #include "state/resources.h"
 #include <chrono>
 #include <filesystem>
@@ -79,6 +80,18 @@ TEST_F(ResourcesTest, ANewerPlainPictureIsScrambledOverTheOldAndIsGone) {
     set_age("ART.gif", 2);  // older than what is there: stays, and counts for nothing
     EXPECT_EQ(loaded_color("ART"), UA_palette_color(9));
     EXPECT_TRUE(fs::exists("ART.gif"));
+}
+
+TEST_F(ResourcesTest, AFullDiskHindersNoPictureFromBeingLoaded) {
+    write_dot("ART.gif", 7);
+    faults::arm(faults::CALL_WRITE, 0, ENOSPC, true);
+    EXPECT_EQ(loaded_color("ART"), UA_palette_color(7));
+    EXPECT_TRUE(fs::exists("ART.gif"));
+    faults::disarm();
+    EXPECT_EQ(loaded_color("ART"), UA_palette_color(7));
+    faults::arm(faults::CALL_ANY, 0, EROFS, true);
+    EXPECT_EQ(loaded_color("ART"), UA_palette_color(7));
+    faults::disarm();
 }
 
 TEST_F(ResourcesTest, WhatTheStartNeedsEndsTheProgramWhenItIsMissing) {

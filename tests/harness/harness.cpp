@@ -10,6 +10,7 @@
 namespace nubo {
 
 void start_without_display() {
+    unsetenv("DISPLAY");  // no last words in a window that waits for someone
     if (install_allegro(SYSTEM_NONE, &errno, nullptr) != 0) std::abort();
     set_color_depth(32);
     use_window_color_order();

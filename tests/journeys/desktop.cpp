@@ -4,6 +4,7 @@
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 #include <X11/extensions/XTest.h>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
@@ -49,6 +50,12 @@ Desktop::Desktop(const std::string& folder, int width, int height) : width_(widt
 
 Desktop::~Desktop() {
     if (display_ != nullptr) XCloseDisplay(display_);
+}
+
+void Desktop::kill_server() {
+    XCloseDisplay(display_);
+    display_ = nullptr;
+    server_->send_signal(SIGKILL);
 }
 
 void Desktop::start_server(const std::string& folder, int width, int height) {
@@ -180,6 +187,7 @@ Photo Desktop::photo(const Pane& pane) {
 }
 
 void Desktop::save_photo(const std::string& path) {
+    if (display_ == nullptr) return;
     const Photo screen = photo(Pane{0, 0, 0, width_, height_});
     std::ofstream file(path, std::ios::binary);
     file << "P6\n" << width_ << ' ' << height_ << "\n255\n";

@@ -40,6 +40,9 @@ public:
     Desktop(const Desktop&) = delete;
     Desktop& operator=(const Desktop&) = delete;
 
+    /// Kills the X server, as a crash or a logout does. Nothing but the destructor may be called afterwards.
+    void kill_server();
+
     /// What DISPLAY has to be for a program that shall open its window here.
     const std::string& name() const { return name_; }
 

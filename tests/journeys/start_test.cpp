@@ -5,6 +5,7 @@
 #include <csignal>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace nubo {
 
@@ -79,19 +80,53 @@ TEST(Start, SignalsOfTheSystemSaveTheWork) {
     }
 }
 
-TEST(Start, WithoutItsConfigurationItSaysSoAndEnds) {
-    Journey journey;
-    ASSERT_TRUE(journey.start());
-    EXPECT_EQ(journey.close(), 0);
-    std::filesystem::remove(journey.path("config.def"));
+/// Starts a program that can't run: it has a window for its last words, ends when that is closed, and says the same on
+/// its standard error.
+void expect_last_words(Journey& journey, const std::string& words) {
     journey.launch();
-    EXPECT_EQ(journey.program().wait_for_exit(), 255);
+    std::optional<Pane> box;
+    ASSERT_TRUE(wait_until([&] { return (box = journey.desktop().find_window("Nubo v1.3")).has_value(); })) << words;
+    EXPECT_TRUE(journey.program().is_running());
+    journey.desktop().close_window(*box);
+    EXPECT_EQ(journey.program().wait_for_exit(), 255) << words;
+    EXPECT_NE(journey.said().find(words), std::string::npos) << journey.said();
+    EXPECT_EQ(journey.log().find("Entering program loop"), std::string::npos);
+}
+
+TEST(Start, WhatItCantRunWithoutIsToldInAWindow) {
+    namespace fs = std::filesystem;
+    Journey journey;
+    const std::string config = journey.path("config.def"), logo = journey.path("resource/N_HD_1X.RES");
+    for (const std::string& file : {config, logo}) {  // a pipe in a file's place must not be waited for
+        fs::rename(file, file + ".kept");
+        ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
+        expect_last_words(journey, file == config
+                                       ? "The file CONFIG.DEF is missing."
+                                       : "A critical resource file is missing. Please reinstall the program.");
+        fs::rename(file + ".kept", file);
+    }
+    fs::rename(journey.path("resource"), journey.path("elsewhere"));
+    expect_last_words(journey, "The folder \"resource\" can't be entered");
+    fs::remove(config);
+    expect_last_words(journey,
+                      "The file CONFIG.DEF is missing. Rerun the configuration program, or reinstall the game.");
     expect_in_order(journey.log_lines(),
                     {"[ FATAL ] : Cannot locate CONFIG.DEF. Rerun configuration program, or reinstall the game!"});
-    EXPECT_EQ(journey.log().find("Entering program loop"), std::string::npos);
-    EXPECT_NE(
-        journey.said().find("The file CONFIG.DEF is missing. Rerun the configuration program, or reinstall the game."),
-        std::string::npos);
+}
+
+TEST(Start, TheWorkIsSavedWhenTheDisplayGoes) {
+    constexpr int exit_display_lost = 4;
+    Journey journey;
+    std::filesystem::create_directories(journey.path("WORKSPACE"));
+    write_bmp(journey.path("WORKSPACE/current.000"), 320, 240, black);
+    ASSERT_TRUE(journey.start());
+    ASSERT_TRUE(journey.draw_line({60, 50}, {150, 140}, white));
+    journey.desktop().kill_server();
+    EXPECT_EQ(journey.program().wait_for_exit(), exit_display_lost);
+    const Photo kept = read_bmp(journey.path("WORKSPACE/current.000"));
+    ASSERT_EQ(kept.width, 320);
+    EXPECT_EQ(kept.at(64, 54), white);
+    EXPECT_EQ(journey.log_lines().back(), "[ END ] : Closing log.");
 }
 
 TEST(Start, TheWindowIsAsLargeAsConfiguredOrAsTheDesktopAllows) {

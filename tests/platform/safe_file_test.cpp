@@ -111,6 +111,13 @@ TEST_F(SafeFileTest, IsHiddenWhileItIsWrittenAndWritesOverNothing) {
         EXPECT_TRUE(entry.path().filename() == "kept" || entry.path().filename().string().starts_with(".kept."));
 }
 
+TEST_F(SafeFileTest, TellsWhetherAFolderTakesFiles) {
+    EXPECT_TRUE(has_room_for(".", large));
+    EXPECT_FALSE(has_room_for("nowhere", 1));
+    EXPECT_FALSE(has_room_for(".", std::size_t{1} << 60));
+    EXPECT_EQ(files_here(), 1);
+}
+
 TEST_F(SafeFileTest, LeavesNoTraceWithoutACommit) {
     { SafeFile("kept").write("half", 4); }
     EXPECT_EQ(text_of("kept"), "old");
