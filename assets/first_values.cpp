@@ -1,7 +1,7 @@
 #include "first_values.h"
 
 #include "base/color.h"
-#include "state/flow.h"
+#include "base/keys.h"
 #include "state/options.h"
 #include "state/run.h"
 #include "state/stroke.h"
@@ -16,65 +16,13 @@ namespace {
 
 // ---- Tools and inks ------------------------------------------------------------------------------------------------
 
-struct ToolRow {
-    BrushTool tool;
-    ToolOption option;
-    int value;
-};
-constexpr ToolRow tool_rows[] = {
-    {TOOL_BOX, OPTION_FILLED, 1},           {TOOL_CIRCLE, OPTION_FILLED, 1},
-    {TOOL_OVAL, OPTION_FILLED, 1},          {TOOL_POLY, OPTION_FILLED, 1},
-    {TOOL_RPOLY, OPTION_FILLED, 1},         {TOOL_FSHAPE, OPTION_FILLED, 1},
-    {TOOL_SSHAPE, OPTION_FILLED, 1},        {TOOL_SPLINE, OPTION_FILLED, 0},
-    {TOOL_SPLINE, OPTION_CLOSED, 0},        {TOOL_SPLINE, OPTION_CURVE, 50},
-    {TOOL_DRIZ, OPTION_DRIZ_RADIUS, 6},     {TOOL_DRIZ, OPTION_DRIZ_TAPER, 24},
-    {TOOL_EDGE, OPTION_TOLERANCE, 5},       {TOOL_FILL, OPTION_TOLERANCE, 5},
-    {TOOL_SEP, OPTION_TOLERANCE, 5},        {TOOL_MOVE, OPTION_USE_BRUSH_COLOR, 0},
-    {TOOL_SPRAY, OPTION_SPRAY_DENSITY, 24}, {TOOL_SPRAY, OPTION_SPRAY_RADIUS, 12},
-    {TOOL_TEXT, OPTION_ANTIALIAS, 1},
-};
-
-struct InkRow {
-    Ink ink;
-    std::array<int, option_slots> options;  // R.GRAD's last one is derived from its nodes
-};
-/// Blends in the middle, effects that pile up below it, tolerances that tell shades of a colour from another.
-constexpr std::array<InkRow, INK_COUNT> ink_rows{{
-    {INK_ADD, {128}},
-    {INK_BRIGHT, {96}},
-    {INK_CLOSE, {16}},
-    {INK_DARK, {96}},
-    {INK_EMBOSS, {96}},
-    {INK_GLASS, {128}},
-    {INK_GLOW, {32, 6}},
-    {INK_GRAIN, {160, 60}},
-    {INK_GRAY, {160}},
-    {INK_HGRAD, {0, 0, 0, 0, view_w - 1}},
-    {INK_HOLLOW, {5}},
-    {INK_JUMBLE, {3}},
-    {INK_LGRAD, {0, 0, 0, 40, 40, 280, 200}},
-    {INK_OPAQUE, {}},
-    {INK_PULL, {160}},
-    {INK_RGRAD, {0, 0, 0, 160, 116, 260, 116}},
-    {INK_SCRAPE, {160}},
-    {INK_SPARK, {96}},
-    {INK_SOFTEN, {160}},
-    {INK_SUB, {128}},
-    {INK_SWEEP, {16}},
-    {INK_TILE, {}},
-    {INK_UNZAG, {100}},
-    {INK_VGRAD, {0, 0, 0, 0, view_h - 1}},
-    {INK_XOR, {}},
-}};
-static_assert(rows_in_order(ink_rows, &InkRow::ink));
-
-void set_options() {
-    for (auto& row : tool_options)
+/// Every option of a table of tools or inks at its first value, all other slots at 0.
+void set_options(const auto& rows, auto& values) {
+    for (auto& row : values)
         for (Shared<int>& value : row) value = 0;
-    for (const ToolRow& row : tool_rows) tool_option(row.tool, row.option) = row.value;
-    for (const InkRow& row : ink_rows)
-        for (std::size_t slot = 0; slot < option_slots; ++slot)
-            ink_options[static_cast<std::size_t>(row.ink)][slot] = row.options[slot];
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        for (const ChoiceOption& option : rows[i].options)
+            if (option.kind != KIND_NONE) values[i][at(option.slot)] = option.first;
 }
 
 // ---- Colours -------------------------------------------------------------------------------------------------------
@@ -148,7 +96,8 @@ void set_first_settings() {
 }
 
 void set_first_workspace() {
-    set_options();
+    set_options(tools, tool_options);
+    set_options(inks, ink_options);
     tool_slots = {TOOL_DRAW, TOOL_LINE, TOOL_BOX, TOOL_CIRCLE, TOOL_FILL, TOOL_SPRAY};
     ink_slots = {INK_OPAQUE, INK_GLASS, INK_BRIGHT, INK_DARK, INK_TILE, INK_RGRAD};
     active_tool_slot = active_ink_slot = 0;

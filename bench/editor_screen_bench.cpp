@@ -11,6 +11,7 @@
 #include "paint/surfaces.h"
 #include "platform/input_queue.h"
 #include "state/cel.h"
+#include "state/flow.h"
 #include "state/run.h"
 #include "state/stroke.h"
 #include "state/view.h"

@@ -1,11 +1,11 @@
 #include "editor/aids.h"
 
+#include "base/keys.h"
 #include "codecs/blend.h"
 #include "framework/text.h"
 #include "gui/mouse_text.h"
 #include "paint/stroke.h"
 #include "state/colors.h"
-#include "state/flow.h"
 #include "state/frames.h"
 #include "state/options.h"
 #include "state/run.h"

@@ -1,5 +1,6 @@
 #include "editor/frame_jump.h"
 
+#include "base/keys.h"
 #include "gui/hit_test.h"
 #include "gui/shapes.h"
 #include "gui/window.h"

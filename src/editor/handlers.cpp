@@ -6,7 +6,6 @@
 #include "framework/actors.h"
 #include "framework/bubbles.h"
 #include "gui/tick.h"
-#include "state/flow.h"
 #include "state/run.h"
 #include "state/view.h"
 #include <algorithm>
@@ -32,7 +31,7 @@ void editor_tick() {
     spray_tick = 1;
 }
 
-bool handlers_installed = false;
+int installed_period = 0;  // of `GUI_tick`; 0 as long as no handler is
 
 int GUI_tick_period() { return power_saving == POWER_OFF ? period_120_hz : period_60_hz; }
 
@@ -61,13 +60,15 @@ bool install_handlers() {
         return install_int_ex(handler.run, handler.period) == 0;
     });
     if (!installed) UA_log("[ ERROR ] : A timer handler couldn't be installed!");
-    handlers_installed = installed;
+    if (installed) installed_period = GUI_tick_period();
     if (frame_pacing == 0) install_int_ex(GUI_tick, period_60_hz);
     return installed;
 }
 
-void reinstall_GUI_tick() {
-    if (handlers_installed) install_int_ex(GUI_tick, GUI_tick_period());
+void keep_GUI_tick_rate() {
+    if (installed_period == 0 || installed_period == GUI_tick_period()) return;
+    installed_period = GUI_tick_period();
+    install_int_ex(GUI_tick, installed_period);
 }
 
 }  // namespace nubo

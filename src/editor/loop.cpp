@@ -1,6 +1,6 @@
 #include "editor/loop.h"
 
-#include "editor/quick_pan.h"
+#include "editor/handlers.h"
 #include "gui/presses.h"
 #include "gui/snapshot.h"
 #include "gui/window.h"
@@ -11,8 +11,10 @@
 #include "state/run.h"
 #include "state/stroke.h"
 #include "state/view.h"
+#include "view/view.h"
 #include "windows/confirm_box.h"
 #include "windows/drawing_menu.h"
+#include "windows/quick_pan.h"
 #include "workspace/notices.h"
 
 namespace nubo {
@@ -45,6 +47,7 @@ void serve_right_press() {
 
 void run_pass() {
     update_screen(UPDATE_NORMAL);
+    keep_GUI_tick_rate();
     check_hotkeys(HOTKEYS_MAIN);
     check_hotkeys(HOTKEYS_MODAL);
     if (mouse_middle != 0) quick_pan();

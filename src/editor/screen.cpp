@@ -15,6 +15,7 @@
 #include "paint/stroke.h"
 #include "paint/tools.h"
 #include "state/cel.h"
+#include "state/flow.h"
 #include "state/frames.h"
 #include "state/gui.h"
 #include "state/options.h"

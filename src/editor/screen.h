@@ -1,6 +1,5 @@
 #pragma once
 // The picture on the screen. `update_screen`, the heartbeat of the main flow, is declared in state/flow.h.
-#include "state/flow.h"
 
 namespace nubo {
 

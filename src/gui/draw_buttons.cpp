@@ -6,7 +6,7 @@
 #include "state/frames.h"
 #include "state/options.h"
 #include "state/run.h"
-#include "state/texts_descriptions.h"
+#include "state/tools.h"
 #include <array>
 #include <cstdio>
 #include <string>
@@ -118,16 +118,18 @@ void draw_arrow(int slot) {
 
 // ---- Descriptions --------------------------------------------------------------------------------------------------
 
-/// The ten lines of the tool or ink whose group is `label`.
+/// The lines of the tool or ink whose description has the number `label`.
 void draw_description(int slot) {
     GUI_box(slot, color_of(slot), ui_border);
-    const int group = gui::label[at(slot)];
-    if (group < 0 || group >= description_groups) return;
+    const Description* const description = find_description(gui::label[at(slot)]);
+    if (description == nullptr) return;
     constexpr int left = 2, top = 13, line_h = 6;
     set_font(FONT_WIDE, TEXT_HIGHLIGHT);
-    for (int line = 0; line < description_lines; ++line)
-        UA_text(screen_buffer, gui::x[at(slot)] + left, gui::y[at(slot)] + top + line_h * line,
-                description_text[at(group * description_lines + line)]);
+    int y = gui::y[at(slot)] + top;
+    for (const std::string_view line : *description) {
+        UA_text(screen_buffer, gui::x[at(slot)] + left, y, line);
+        y += line_h;
+    }
 }
 
 }  // namespace nubo

@@ -7,7 +7,7 @@
 namespace nubo {
 namespace {
 
-constexpr int title_h = 9, slider_wheel_step = 10;
+constexpr int title_h = 9;
 
 void clear_shape(std::size_t slot) {
     gui::type[slot] = gui::x[slot] = gui::y[slot] = gui::w[slot] = gui::h[slot] = 0;
@@ -152,12 +152,8 @@ void GUI_add_slider(int slot, int x, int y, int w, int stops) {
     place(slot, ELEMENT_BOX, x, y, w, button_h);
     gui::color[s] = static_cast<int>(ui_background);
     gui::slider_horizontal[s] = 1;
-    gui::wheel_step[s] = slider_wheel_step;
-    gui::slider_min[s] = 0;
-    gui::slider_max[s] = stops;
-    gui::slider_stops[s] = static_cast<std::int16_t>(stops);
+    GUI_set_range(slot, {.highest = stops - 1});
     gui::slider_value[s] = 0;
-    gui::slider_origin[s] = 0;
     gui::value_show[s] = &gui::slider_value[s];
     GUI_set_slider_sprites(slot);
     gui::has_slider[s] = 1;
@@ -180,17 +176,24 @@ void GUI_set_slider_sprites(int slot) {
 
 // ---- More for lists, sliders and fields ----------------------------------------------------------------------------
 
+void GUI_set_range(int slot, const SliderRange& range) {
+    if (!GUI_check_window(slot, "GUI_set_range")) return;
+    const std::size_t s = at(slot);
+    const int stops = std::min(range.highest - range.lowest + 1, slider_stop_max);
+    gui::slider_min[s] = range.lowest;
+    gui::slider_max[s] = range.highest + 1;
+    if (gui::slider_stops[s] != stops) gui::slider_origin[s] = 0;  // the stops lie elsewhere now
+    gui::slider_stops[s] = static_cast<std::int16_t>(stops);
+    gui::wheel_step[s] = static_cast<std::int16_t>(range.step);
+}
+
 void GUI_set_vertical_slider(int slot, int ox, int oy, int stops, int wheel_step) {
     if (!GUI_check_window(slot, "GUI_set_vertical_slider")) return;
     const std::size_t s = at(slot);
     gui::slider_horizontal[s] = 0;
     gui::slider_ox[s] = static_cast<std::int16_t>(ox);
     gui::slider_oy[s] = static_cast<std::int16_t>(oy);
-    gui::slider_min[s] = 0;
-    gui::slider_max[s] = stops;
-    gui::slider_stops[s] = static_cast<std::int16_t>(stops);
-    gui::wheel_step[s] = static_cast<std::int16_t>(wheel_step);
-    gui::slider_origin[s] = 0;
+    GUI_set_range(slot, {.highest = stops - 1, .step = wheel_step});
     GUI_set_slider_sprites(slot);
     gui::has_slider[s] = 1;
 }

@@ -53,6 +53,13 @@ void GUI_set_slider_sprites(int slot);
 
 // ---- More for lists, sliders and fields ----------------------------------------------------------------------------
 
+/// The values of a slider, both ends included, and what a notch of the wheel adds.
+struct SliderRange {
+    int lowest = 0, highest = 0, step = 10;
+};
+/// Gives the slider other values. Its knob has a stop for each, or `slider_stop_max` stops for more of them.
+void GUI_set_range(int slot, const SliderRange& range);
+
 /// Lays a vertical slider over the element: its offset in it, its values 0 to `stops` - 1.
 void GUI_set_vertical_slider(int slot, int ox, int oy, int stops, int wheel_step);
 

@@ -8,6 +8,7 @@
 #include "state/options.h"
 #include "state/run.h"
 #include "state/view.h"
+#include "view/view.h"
 #include <utility>
 
 namespace nubo {

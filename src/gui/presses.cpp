@@ -1,6 +1,8 @@
 #include "gui/presses.h"
 
+#include "base/keys.h"
 #include "gui/elements.h"
+#include "state/flow.h"
 #include "state/run.h"
 #include "state/view.h"
 

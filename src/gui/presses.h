@@ -1,7 +1,7 @@
 #pragma once
 // What the loops of windows and tools ask of mouse and keys. The waits show the picture meanwhile; the end of the
 // program ends them. Main flow only.
-#include "state/flow.h"
+#include "state/hotkeys.h"
 #include "state/shared.h"
 
 namespace nubo {

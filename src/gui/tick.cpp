@@ -6,9 +6,9 @@
 #include "gui/mouse.h"
 #include "gui/slider_input.h"
 #include "gui/text_field.h"
-#include "state/flow.h"
 #include "state/run.h"
 #include "state/view.h"
+#include "view/view.h"
 #include <algorithm>
 #include <allegro.h>
 #include <cstdlib>

@@ -43,10 +43,12 @@ void build_element(const ElementRow& row, int x, int y, int base) {
     const int slot = base + row.slot;
     if (!is_slot(GUI_clear_element(slot))) return;
     const std::size_t s = at(slot);
-    if (row.stops > 0)
-        GUI_add_slider(slot, x + row.x, y + row.y, row.w, row.stops);
-    else
+    if (row.range.highest > row.range.lowest) {
+        GUI_add_slider(slot, x + row.x, y + row.y, row.w, 1);
+        GUI_set_range(slot, row.range);
+    } else {
         GUI_add_button(slot, x + row.x, y + row.y, *row.fill, row.label);
+    }
     gui::type[s] = static_cast<std::int16_t>(row.type);
     gui::w[s] = static_cast<std::int16_t>(row.w);
     gui::h[s] = static_cast<std::int16_t>(row.h);

@@ -13,7 +13,7 @@ namespace nubo {
 
 /// One element: its place is an offset from the window's corner. `fill` names the colour, read when the window is
 /// built; for the types whose `color` is a text colour (ELEMENT_TEXT, ELEMENT_CAPTION) `text_color` takes its place.
-/// `stops` above 0 makes it a horizontal slider of that many values. What else an element needs (a list's rows, a
+/// A `range` of more than one value makes it a horizontal slider. What else an element needs (a list's rows, a
 /// field's text, a value to write) the window sets after `build_window`, by the calls of gui/elements.h.
 struct ElementRow {
     int slot = slot_content;
@@ -24,7 +24,7 @@ struct ElementRow {
     Message tooltip = MESSAGE_NONE;
     const Color* fill = &ui_background;
     TextColor text_color = TEXT_OWN_COLORS;
-    int stops = 0;
+    SliderRange range{};
 };
 
 /// A right press with no element under it: does nothing, cancels the window, or hides it and shows it again.

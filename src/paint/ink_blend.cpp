@@ -44,9 +44,12 @@ void blend_pixel(int x, int y, Color color, int alpha) {
 
 // ---- The inks ------------------------------------------------------------------------------------------------------
 
-// The base is the snapshot, not the frame, so that within a stroke the strongest pass wins and nothing adds up. A
-// coverage of 255 gives the colour itself: the blend's weight is then 256 of 256. One of 0 is above no mask.
-void ink_toward_row(const InkRow& row, int strength, Color target) {
+namespace {
+
+/// Blends toward `target`. The base is the snapshot, not the frame, so that within a stroke the strongest pass wins and
+/// nothing adds up. A coverage of 255 gives the colour itself: the blend's weight is then 256 of 256. One of 0 is above
+/// no mask.
+void blend_row(const InkRow& row, int strength, Color target) {
     for_each_run(row, [=](const TipRun& run) {
         const int alpha = strength_coverage(strength, run.tip);
         with_colors(run, target, [&](auto target_at) {
@@ -56,6 +59,18 @@ void ink_toward_row(const InkRow& row, int strength, Color target) {
         });
     });
 }
+
+/// The row without colours of its own: for the inks that blend toward a fixed one.
+InkRow plain(InkRow row) {
+    row.colors = nullptr;
+    return row;
+}
+
+}  // namespace
+
+void ink_bright_row(const InkRow& row, Color) { blend_row(plain(row), strength_of(INK_BRIGHT), ui_white); }
+void ink_dark_row(const InkRow& row, Color) { blend_row(plain(row), strength_of(INK_DARK), ui_black); }
+void ink_glass_row(const InkRow& row, Color color) { blend_row(row, strength_of(INK_GLASS), color); }
 
 // A full pixel replaces whatever the stroke has left there and leaves no trace in the mask; a soft one goes over it.
 void ink_opaque_row(const InkRow& row, Color color) {
@@ -69,7 +84,8 @@ void ink_opaque_row(const InkRow& row, Color color) {
 }
 
 // On a soft edge the gray comes from what the stroke has already left there, the base from the snapshot.
-void ink_gray_row(const InkRow& row, int strength) {
+void ink_gray_row(const InkRow& row, Color) {
+    const int strength = strength_of(INK_GRAY);
     for_each_run(row, [=](const TipRun& run) {
         const int alpha = strength_coverage(strength, run.tip);
         const bool is_soft = run.tip != 0;
@@ -83,7 +99,8 @@ void ink_gray_row(const InkRow& row, int strength) {
 
 // The draw that lets a pixel pass is made at every pixel, even outside the tip: the pattern follows the generator, not
 // the tip.
-void ink_grain_row(const InkRow& row, int strength, int frequency, Color color) {
+void ink_grain_row(const InkRow& row, Color color) {
+    const int strength = strength_of(INK_GRAIN), frequency = held_option(INK_GRAIN, OPTION_GRAIN_FREQUENCY);
     for_each_pixel(row, [=](int x, int tip) {
         if (UA_random(100) > frequency || tip >= tip_outside) return;
         Color& covered = *pixels_at(stroke_mask, x, row.y);

@@ -43,10 +43,8 @@ void add_colors(const TipRun& run, const LightTable& table, Color inversion) {
     }
 }
 
-}  // namespace
-
-// SUB adds to the inverted pixel and inverts the sum.
-void ink_add_row(const InkRow& row, int strength, Color color, bool darkens) {
+/// ADD, and SUB if it `darkens`: that adds to the inverted pixel and inverts the sum.
+void light_row(const InkRow& row, int strength, Color color, bool darkens) {
     const Color inversion = darkens ? 0xffffff : 0;
     for_each_run(row, [=](const TipRun& run) {
         const double share = strength_factor(strength, run.tip);
@@ -56,6 +54,11 @@ void ink_add_row(const InkRow& row, int strength, Color color, bool darkens) {
                   [=, before = run.before](int i, Color) { return lit(before[i] ^ inversion, light) ^ inversion; });
     });
 }
+
+}  // namespace
+
+void ink_add_row(const InkRow& row, Color color) { light_row(row, strength_of(INK_ADD), color, false); }
+void ink_sub_row(const InkRow& row, Color color) { light_row(row, strength_of(INK_SUB), color, true); }
 
 // The blend takes 255 less the tip value, the coverage 200 less it. At full the blend's weights are 1 and 0.
 void ink_xor_row(const InkRow& row, Color color) {
@@ -72,7 +75,8 @@ void ink_xor_row(const InkRow& row, Color color) {
 }
 
 // The hue moves straight along its scale, by the full strength also on a soft edge; it never takes the short way round.
-void ink_pull_row(const InkRow& row, int strength) {
+void ink_pull_row(const InkRow& row, Color) {
+    const int strength = strength_of(INK_PULL);
     const double target = hls_of(brush_color).hue, share = strength / 255.0;
     for_each_run(row, [=](const TipRun& run) {
         cover_recolored(run, strength_coverage(strength, run.tip), [=](Color base) {
@@ -82,7 +86,8 @@ void ink_pull_row(const InkRow& row, int strength) {
     });
 }
 
-void ink_spark_row(const InkRow& row, int strength) {
+void ink_spark_row(const InkRow& row, Color) {
+    const int strength = strength_of(INK_SPARK);
     for_each_run(row, [=](const TipRun& run) {
         const double lift = run.tip == 0 ? strength : run.tip_coverage() / 200.0 * strength;
         cover_recolored(run, static_cast<int>(lift), [=](Color base) {

@@ -1,6 +1,6 @@
 #pragma once
-// The row functions of the inks, for the one switch in inks.cpp, and what they share: runs of one tip value, the two
-// coverages, and the loops that keep the coverage map.
+// What the inks share: their options, runs of one tip value, the two coverages, and the loops that keep the coverage
+// map.
 #include "base/bitmap.h"
 #include "base/color.h"
 #include "codecs/blend.h"
@@ -10,6 +10,15 @@
 #include <algorithm>
 
 namespace nubo {
+
+// ---- Options -------------------------------------------------------------------------------------------------------
+
+/// An option of an ink, held to its range: the tables and coverages of the inks reach no further.
+inline int held_option(Ink ink, InkOption slot) {
+    const ChoiceOption& option = *find_option(inks[at(ink)].options, slot);
+    return std::clamp<int>(ink_option(ink, slot), option.stored_lowest(), option.highest);
+}
+inline int strength_of(Ink ink) { return held_option(ink, OPTION_STRENGTH); }
 
 // ---- Runs ----------------------------------------------------------------------------------------------------------
 
@@ -109,38 +118,5 @@ template <typename Paint> void cover_run_dear(const TipRun& run, int coverage, P
         run.mask[i] = static_cast<Color>(coverage);
     }
 }
-
-// ---- The inks: one pixel and a colour ------------------------------------------------------------------------------
-
-/// BRIGHT, DARK, GLASS: blends toward `target`.
-void ink_toward_row(const InkRow& row, int strength, Color target);
-void ink_opaque_row(const InkRow& row, Color color);
-void ink_gray_row(const InkRow& row, int strength);
-void ink_grain_row(const InkRow& row, int strength, int frequency, Color color);
-/// ADD, and SUB if it `darkens`.
-void ink_add_row(const InkRow& row, int strength, Color color, bool darkens);
-void ink_xor_row(const InkRow& row, Color color);
-void ink_pull_row(const InkRow& row, int strength);
-void ink_spark_row(const InkRow& row, int strength);
-
-// ---- The inks: neighbours ------------------------------------------------------------------------------------------
-
-void ink_close_row(const InkRow& row, int tolerance);
-void ink_hollow_row(const InkRow& row, int tolerance);
-void ink_jumble_row(const InkRow& row, int reach);
-void ink_sweep_row(const InkRow& row, int tolerance);
-void ink_unzag_row(const InkRow& row, int alpha);
-void ink_emboss_row(const InkRow& row, int strength);
-void ink_soften_row(const InkRow& row, int strength);
-void ink_glow_row(const InkRow& row, int strength, int radius, Color color);
-
-// ---- The inks: gradients and the Cel -------------------------------------------------------------------------------
-
-void ink_hgrad_row(const InkRow& row);
-void ink_vgrad_row(const InkRow& row);
-void ink_lgrad_row(const InkRow& row);
-void ink_rgrad_row(const InkRow& row);
-void ink_scrape_row(const InkRow& row, int strength);
-void ink_tile_row(const InkRow& row);
 
 }  // namespace nubo

@@ -9,6 +9,7 @@
 #include "state/run.h"
 #include "state/stroke.h"
 #include "state/view.h"
+#include "view/view.h"
 #include <cstdlib>
 
 namespace nubo {

@@ -1,7 +1,6 @@
 #pragma once
 // Every word that stands on the interface itself. GUI elements hold index numbers, never texts.
 #include "state/hotkeys.h"
-#include "state/tools.h"
 
 namespace nubo {
 
@@ -57,7 +56,7 @@ enum HelpTopic : int {
 // ---- Indexes -------------------------------------------------------------------------------------------------------
 
 /// Index into `label_text` (state/texts_labels.h). Tools, inks, drives, actions and help topics have their names by
-/// rule, see the functions below.
+/// rule, see the functions below, `tool_label` and `ink_label`.
 enum Label : int {
     LABEL_NONE = 0,
     LABEL_TOOL_FIRST = 0,  // BrushTool n at n
@@ -338,8 +337,6 @@ enum Label : int {
 };
 
 inline constexpr int drive_count = 26;
-constexpr Label tool_label(BrushTool tool) { return static_cast<Label>(LABEL_TOOL_FIRST + static_cast<int>(tool)); }
-constexpr Label ink_label(Ink ink) { return static_cast<Label>(LABEL_INK_FIRST + static_cast<int>(ink)); }
 constexpr Label hotkey_label(Hotkey action) {
     return static_cast<Label>(LABEL_HOTKEY_FIRST + static_cast<int>(action));
 }

@@ -3,6 +3,8 @@
 // line; colour codes are allowed.
 #include "state/labels.h"
 #include "state/texts_table.h"
+#include "state/tools.h"
+#include <algorithm>
 
 namespace nubo {
 
@@ -11,6 +13,37 @@ inline constexpr int help_start = 0;  // the text shown on opening
 
 /// Index into `help_text` of a topic.
 constexpr int help_index(HelpTopic topic) { return static_cast<int>(topic) + 1; }
+
+/// A text with a number of two digits in it.
+template <std::size_t Before, std::size_t After> consteval std::array<char, Before + After + 1>
+with_number(const char (&before)[Before], int number, const char (&after)[After]) {
+    if (number < 10 || number > 99) throw "the number hasn't two digits";
+    std::array<char, Before + After + 1> text{};
+    char* place = std::copy(before, before + Before - 1, text.data());
+    *place++ = static_cast<char>('0' + number / 10);
+    *place++ = static_cast<char>('0' + number % 10);
+    std::copy(after, after + After, place);
+    return text;
+}
+
+inline constexpr auto help_tools =
+    with_number("THE SIX BRUSH SLOTS IN THE DRAWING MENU HOLD YOUR FAVORITE TOOLS. LEFT CLICK ON ONE TO USE IT. "
+                "RIGHT CLICK TO PUT ONE OF THE ",
+                TOOL_COUNT - 1,
+                " TOOLS INTO THAT SLOT AND TO SET ITS OPTIONS; A SHORT DESCRIPTION OF EACH IS SHOWN THERE. || || "
+                "DRAW, DRIZ., SPRAY AND FSHAPE WORK WHILE YOU HOLD THE BUTTON. BOX, CIRCLE AND LINE WANT TWO CLICKS. "
+                "OTHERS, LIKE OVAL, POLY AND SPLINE, TAKE SEVERAL POINTS, AND FILL, EDGE AND SEP. JUST ONE. RIGHT "
+                "CLICK CANCELS A TWO CLICK TOOL WITHOUT A TRACE. || || THE HOTKEY 'TOGGLE BRUSH OPTION' (DEFAULT IS "
+                "INS) CHANGES THE MAIN OPTION OF THE CURRENT TOOL WITHOUT OPENING A MENU.");
+inline constexpr auto help_inks =
+    with_number("AN INK SAYS WHAT HAPPENS TO EACH PIXEL THAT A TOOL TOUCHES. OPAQUE JUST PAINTS IT IN THE BRUSH "
+                "COLOR. OTHERS LIGHTEN, DARKEN, TINT, BLUR, SCATTER, OR FILL WITH A GRADIENT OR THE CEL. THERE ARE ",
+                INK_COUNT,
+                ", AND EACH IS DESCRIBED IN THE INK MENU. || || LEFT CLICK ON ONE OF THE SIX INK SLOTS IN THE "
+                "DRAWING MENU TO USE IT, RIGHT CLICK TO CHANGE IT OR ITS OPTIONS. || || WITHIN ONE STROKE AN INK "
+                "DOES NOT ADD UP: PAINT OVER THE SAME PLACE AS OFTEN AS YOU LIKE. LET THE BUTTON GO AND START ANEW "
+                "TO APPLY MORE OF IT. || || GRADIENTS HAVE NODES THAT YOU PLACE ON THE FRAME WITH THE POSITION "
+                "BUTTON OR THE HOTKEY 'TOGGLE INK OPTION' (DEFAULT IS PGUP).");
 
 inline constexpr auto help_text = fill_texts<help_slots>({
     {help_start, "|| <- SELECT A TOPIC TO VIEW DETAILS"},
@@ -36,13 +69,7 @@ inline constexpr auto help_text = fill_texts<help_slots>({
      "TO PICK ONE OF 36, FROM A SINGLE PIXEL TO BIG DISCS. TIPS WITH GRAY IN THEM HAVE SOFT EDGES: THE LIGHTER A "
      "PIXEL OF THE TIP, THE LESS INK IT PUTS DOWN. || || FILLED SHAPES, SPRAY, FILL AND TEXT WORK WITH SINGLE "
      "PIXELS AND DO NOT USE THE TIP."},
-    {help_index(HELP_BRUSH_TOOLS),
-     "THE SIX BRUSH SLOTS IN THE DRAWING MENU HOLD YOUR FAVORITE TOOLS. LEFT CLICK ON ONE TO USE IT. RIGHT CLICK "
-     "TO PUT ONE OF THE 18 TOOLS INTO THAT SLOT AND TO SET ITS OPTIONS; A SHORT DESCRIPTION OF EACH IS SHOWN "
-     "THERE. || || DRAW, DRIZ., SPRAY AND FSHAPE WORK WHILE YOU HOLD THE BUTTON. BOX, CIRCLE AND LINE WANT TWO "
-     "CLICKS. OTHERS, LIKE OVAL, POLY AND SPLINE, TAKE SEVERAL POINTS, AND FILL, EDGE AND SEP. JUST ONE. RIGHT "
-     "CLICK CANCELS A TWO CLICK TOOL WITHOUT A TRACE. || || THE HOTKEY 'TOGGLE BRUSH OPTION' (DEFAULT IS INS) "
-     "CHANGES THE MAIN OPTION OF THE CURRENT TOOL WITHOUT OPENING A MENU."},
+    {help_index(HELP_BRUSH_TOOLS), help_tools.data()},
     {help_index(HELP_CELS),
      "A CEL IS A PIECE OF A FRAME THAT YOU CARRY AROUND. GET IT WITH TWO CLICKS, OR LET CLIP FIND ALL THAT IS NOT "
      "IN THE MASK COLOR. THERE IS ONE CEL AT A TIME, AND IT STAYS WITH YOUR WORKSPACE. || || PASTE IT, STRETCH IT "
@@ -118,14 +145,7 @@ inline constexpr auto help_text = fill_texts<help_slots>({
      "BOTTOM. FROM THEN ON THE BROWSER ALWAYS STARTS IN THAT DIRECTORY. || || PICTURES AND FONTS HAVE A HOME OF "
      "THEIR OWN. CLICK ON THE BUTTON AGAIN, NOW CALLED FLOAT, TO FORGET IT. THE HOME DIRECTORY IS SAVED WITH YOUR "
      "WORKSPACE."},
-    {help_index(HELP_INK_TOOLS),
-     "AN INK SAYS WHAT HAPPENS TO EACH PIXEL THAT A TOOL TOUCHES. OPAQUE JUST PAINTS IT IN THE BRUSH COLOR. "
-     "OTHERS LIGHTEN, DARKEN, TINT, BLUR, SCATTER, OR FILL WITH A GRADIENT OR THE CEL. THERE ARE 25, AND EACH IS "
-     "DESCRIBED IN THE INK MENU. || || LEFT CLICK ON ONE OF THE SIX INK SLOTS IN THE DRAWING MENU TO USE IT, "
-     "RIGHT CLICK TO CHANGE IT OR ITS OPTIONS. || || WITHIN ONE STROKE AN INK DOES NOT ADD UP: PAINT OVER THE "
-     "SAME PLACE AS OFTEN AS YOU LIKE. LET THE BUTTON GO AND START ANEW TO APPLY MORE OF IT. || || GRADIENTS HAVE "
-     "NODES THAT YOU PLACE ON THE FRAME WITH THE POSITION BUTTON OR THE HOTKEY 'TOGGLE INK OPTION' (DEFAULT IS "
-     "PGUP)."},
+    {help_index(HELP_INK_TOOLS), help_inks.data()},
     {help_index(HELP_INVERT),
      "THE 'I' BUTTON TO THE LEFT OF THE SPECTRUM IN THE COLOR MENU SWAPS ITS TWO ENDS, SO THAT IT RUNS THE OTHER "
      "WAY. THE GRADIENT INKS FOLLOW AT ONCE, WHICH IS THE EASY WAY TO TURN A GRADIENT AROUND WITHOUT MOVING ITS "

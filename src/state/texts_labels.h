@@ -1,30 +1,29 @@
 #pragma once
 // The words behind the labels.
+#include "state/inks.h"
 #include "state/labels.h"
 #include "state/texts_table.h"
+#include "state/tools.h"
 
 namespace nubo {
 
 inline constexpr std::string_view option_separator = "|c21..................................................";
-inline constexpr auto label_text = fill_texts<LABEL_SLOTS>({
-    {tool_label(TOOL_BOX), "BOX"},
-    {tool_label(TOOL_CIRCLE), "CIRCLE"},
-    {tool_label(TOOL_DRAW), "DRAW"},
-    {tool_label(TOOL_DRIZ), "DRIZ."},
-    {tool_label(TOOL_EDGE), "EDGE"},
-    {tool_label(TOOL_FILL), "FILL"},
-    {tool_label(TOOL_LINE), "LINE"},
-    {tool_label(TOOL_MOVE), "MOVE"},
-    {tool_label(TOOL_OVAL), "OVAL"},
-    {tool_label(TOOL_POLY), "POLY"},
-    {tool_label(TOOL_RPOLY), "R.POLY"},
-    {tool_label(TOOL_SEP), "SEP."},
-    {tool_label(TOOL_FSHAPE), "FSHAPE"},
-    {tool_label(TOOL_SSHAPE), "SSHAPE"},
-    {tool_label(TOOL_SPIRAL), "SPIRAL"},
-    {tool_label(TOOL_SPLINE), "SPLINE"},
-    {tool_label(TOOL_SPRAY), "SPRAY"},
-    {tool_label(TOOL_TEXT), "TEXT"},
+
+using LabelTable = std::array<std::string_view, LABEL_SLOTS>;
+
+/// The words, and the names of tools and inks at theirs.
+consteval LabelTable with_names(LabelTable table) {
+    const auto name = [&](Label label, std::string_view text) {
+        if (table.at(at(label)) != spare_text) throw "an index stands twice";
+        table[at(label)] = text;
+    };
+    for (const ToolKind& row : tools)
+        if (row.tool != TOOL_NONE) name(tool_label(row.tool), row.name);
+    for (const InkKind& row : inks) name(ink_label(row.ink), row.name);
+    return table;
+}
+
+inline constexpr auto label_text = with_names(fill_texts<LABEL_SLOTS>({
     {LABEL_FRAME, "FRAME"},
     {LABEL_UNDO, "UNDO"},
     {LABEL_PIC, "PIC"},
@@ -307,31 +306,6 @@ inline constexpr auto label_text = fill_texts<LABEL_SLOTS>({
     {drive_label(23), "X:"},
     {drive_label(24), "Y:"},
     {drive_label(25), "Z:"},
-    {ink_label(INK_ADD), "ADD"},
-    {ink_label(INK_BRIGHT), "BRIGHT"},
-    {ink_label(INK_CLOSE), "CLOSE"},
-    {ink_label(INK_DARK), "DARK"},
-    {ink_label(INK_EMBOSS), "EMBOSS"},
-    {ink_label(INK_GLASS), "GLASS"},
-    {ink_label(INK_GLOW), "GLOW"},
-    {ink_label(INK_GRAIN), "GRAIN"},
-    {ink_label(INK_GRAY), "GRAY"},
-    {ink_label(INK_HGRAD), "H.GRAD"},
-    {ink_label(INK_HOLLOW), "HOLLOW"},
-    {ink_label(INK_JUMBLE), "JUMBLE"},
-    {ink_label(INK_LGRAD), "L.GRAD"},
-    {ink_label(INK_OPAQUE), "OPAQUE"},
-    {ink_label(INK_PULL), "PULL"},
-    {ink_label(INK_RGRAD), "R.GRAD"},
-    {ink_label(INK_SCRAPE), "SCRAPE"},
-    {ink_label(INK_SPARK), "SPARK"},
-    {ink_label(INK_SOFTEN), "SOFTEN"},
-    {ink_label(INK_SUB), "SUB"},
-    {ink_label(INK_SWEEP), "SWEEP"},
-    {ink_label(INK_TILE), "TILE"},
-    {ink_label(INK_UNZAG), "UNZAG"},
-    {ink_label(INK_VGRAD), "V.GRAD"},
-    {ink_label(INK_XOR), "XOR"},
     {hotkey_label(HOTKEY_CEL_GET), "CEL MENU - GET"},
     {hotkey_label(HOTKEY_CEL_CLIP), "CEL MENU - CLIP"},
     {hotkey_label(HOTKEY_CEL_PASTE), "CEL MENU - PASTE"},
@@ -418,6 +392,6 @@ inline constexpr auto label_text = fill_texts<LABEL_SLOTS>({
     {help_label(HELP_UNDO), "UNDO"},
     {help_label(HELP_WORKSPACE), "WORKSPACE"},
     {help_label(HELP_ZOOM_PREVIEW), "ZOOM PREVIEW"},
-});
+}));
 
 }  // namespace nubo

@@ -1,6 +1,7 @@
 #pragma once
 // The six buttons of tools or of inks, in the drawing menu and in the windows that fill them.
 #include "state/labels.h"
+#include "state/tools.h"
 #include <array>
 
 namespace nubo {

@@ -15,7 +15,8 @@ namespace {
 // ---- The window as rows --------------------------------------------------------------------------------------------
 
 constexpr int slider_count = 3, variant_count = 14, variant_steps = 7, swatch_w = 10, swatch_pitch = 11;
-constexpr int row_pitch = 10, slider_stops = 256, vga_stops = 64;
+constexpr int row_pitch = 10;
+constexpr SliderRange component_range{.highest = 255}, vga_range{.highest = 63, .step = 3};
 
 constexpr int space_slot(Colorspace space) { return COLOR_SPACE_FIRST + static_cast<int>(space); }
 
@@ -59,7 +60,7 @@ constexpr ElementRow slider_row(int index) {
             .y = 2 + row_pitch * index,
             .w = 139,
             .tooltip = MESSAGE_COLOR_SLIDER,
-            .stops = slider_stops};
+            .range = component_range};
 }
 
 constexpr ElementRow caption_row(int slot, int y, Label label) {
@@ -187,13 +188,13 @@ struct SpaceRow {
     Colorspace space;
     ElementType map;
     std::array<Label, slider_count> names;
-    int stops, wheel_step;
+    SliderRange range;
 };
 constexpr std::array<SpaceRow, SPACE_COUNT> spaces{{
-    {SPACE_VGA, ELEMENT_MAP_VGA, {LABEL_RED, LABEL_GREEN, LABEL_BLUE}, vga_stops, 3},
-    {SPACE_RGB, ELEMENT_MAP_RGB, {LABEL_RED, LABEL_GREEN, LABEL_BLUE}, slider_stops, 10},
-    {SPACE_HLS, ELEMENT_MAP_HLS, {LABEL_HLS_HUE, LABEL_HLS_LIGHT, LABEL_HLS_SATURATION}, slider_stops, 10},
-    {SPACE_HSV, ELEMENT_MAP_HSV, {LABEL_HSV_HUE, LABEL_HSV_SATURATION, LABEL_HSV_VALUE}, slider_stops, 10},
+    {SPACE_VGA, ELEMENT_MAP_VGA, {LABEL_RED, LABEL_GREEN, LABEL_BLUE}, vga_range},
+    {SPACE_RGB, ELEMENT_MAP_RGB, {LABEL_RED, LABEL_GREEN, LABEL_BLUE}, component_range},
+    {SPACE_HLS, ELEMENT_MAP_HLS, {LABEL_HLS_HUE, LABEL_HLS_LIGHT, LABEL_HLS_SATURATION}, component_range},
+    {SPACE_HSV, ELEMENT_MAP_HSV, {LABEL_HSV_HUE, LABEL_HSV_SATURATION, LABEL_HSV_VALUE}, component_range},
 }};
 static_assert(rows_in_order(spaces, &SpaceRow::space));
 
@@ -202,11 +203,7 @@ void show_space(const SpaceRow& space) {
         gui::type[at(space_slot(each.space))] = each.space == space.space ? ELEMENT_BUTTON_DOWN : ELEMENT_BUTTON;
     for (int i = 0; i < slider_count; ++i) {
         gui::label[at(COLOR_NAME_FIRST + i)] = space.names[at(i)];
-        const std::size_t slider = at(COLOR_SLIDER_FIRST + i);
-        gui::slider_max[slider] = space.stops;
-        gui::slider_stops[slider] = static_cast<std::int16_t>(space.stops);
-        gui::wheel_step[slider] = static_cast<std::int16_t>(space.wheel_step);
-        gui::slider_origin[slider] = 0;  // the stops lie elsewhere now
+        GUI_set_range(COLOR_SLIDER_FIRST + i, space.range);
     }
     gui::type[at(COLOR_MAP)] = static_cast<std::int16_t>(space.map);
 }

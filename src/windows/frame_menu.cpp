@@ -1,7 +1,7 @@
 #include "windows/frame_menu.h"
 
-#include "state/flow.h"
 #include "state/frames.h"
+#include "view/view.h"
 #include "windows/activity_menus.h"
 #include "windows/confirm_box.h"
 #include "workspace/frame_store.h"

@@ -1,6 +1,7 @@
 #include "windows/gradient_nodes.h"
 
 #include "base/geometry.h"
+#include "base/keys.h"
 #include "base/log.h"
 #include "framework/text.h"
 #include "gui/presses.h"
@@ -11,6 +12,8 @@
 #include "state/frames.h"
 #include "state/run.h"
 #include "state/stroke.h"
+#include "view/view.h"
+#include "windows/quick_pan.h"
 #include "windows/run_window.h"
 #include <algorithm>
 #include <array>

@@ -78,10 +78,7 @@ void fit_slider(int slot, int lines) {
         gui::has_slider[at(slot)] = 0;
         return;
     }
-    const int stops = lines - (lines_shown - 1);
-    if (gui::slider_stops[at(slot)] != stops) gui::slider_origin[at(slot)] = 0;
-    gui::slider_stops[at(slot)] = static_cast<std::int16_t>(stops);
-    gui::slider_max[at(slot)] = stops;
+    GUI_set_range(slot, {.highest = lines - lines_shown, .step = wheel_rows});
     gui::has_slider[at(slot)] = 1;
 }
 

@@ -1,5 +1,6 @@
 #include "windows/hotkey_window.h"
 
+#include "base/keys.h"
 #include "base/log.h"
 #include "state/flow.h"
 #include "state/texts_keys.h"

@@ -10,7 +10,7 @@ inline constexpr int option_slot_position = 14;  // of a gradient ink: its POSIT
 
 /// Clears the slots from `first_option_slot` to the table's end and fills those that the tool or ink needs, in the
 /// window on screen.
-void build_tool_options(BrushTool tool);
-void build_ink_options(Ink ink);
+void build_tool_options(int tool);
+void build_ink_options(int ink);
 
 }  // namespace nubo

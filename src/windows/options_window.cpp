@@ -12,82 +12,25 @@
 namespace nubo {
 namespace {
 
-// ---- The options, a row each, in the order of their labels ---------------------------------------------------------
+// ---- Values ---------------------------------------------------------------------------------------------------------
 
-enum OptionControl : int { CONTROL_NONE, CONTROL_RADIO, CONTROL_SLIDER };  // NONE: a separator
-struct OptionChoice {
-    Label label = LABEL_NONE;
-    int value = 0;
-};
-struct OptionRow {
-    OptionControl control = CONTROL_NONE;
-    Word* value = nullptr;
-    int defaults = 0;
-    int low = 0, high = 0, step = 1;        // of a slider, both ends included; step: a notch of the wheel
-    std::array<OptionChoice, 3> choices{};  // of a radio group; LABEL_NONE ends it
-};
-constexpr std::array<OptionChoice, 3> on_off{{{LABEL_ON, 1}, {LABEL_OFF, 0}}};
-
-constexpr OptionRow radio(Word& value, int defaults, const std::array<OptionChoice, 3>& choices) {
-    return {.control = CONTROL_RADIO, .value = &value, .defaults = defaults, .choices = choices};
-}
-constexpr OptionRow slider(Word& value, int defaults, int low, int high, int step) {
-    return {.control = CONTROL_SLIDER, .value = &value, .defaults = defaults, .low = low, .high = high, .step = step};
-}
-constexpr OptionRow separator{};
-
-constexpr std::array<OptionRow, 28> options{{
-    radio(opt_cel_masking, 1, on_off),
-    slider(opt_cel_tolerance, 3, 0, 255, 5),
-    separator,
-    radio(opt_crosshair_color, 1, {{{LABEL_WHITE, 0}, {LABEL_GRAY, 1}, {LABEL_BLACK, 2}}}),
-    radio(opt_crosshair_scaling, 1, on_off),
-    slider(opt_crosshair_strength, 60, 0, 255, 5),
-    separator,
-    radio(mouse_reversed, 0, {{{LABEL_NORMAL, 0}, {LABEL_REVERSE, 1}}}),
-    radio(opt_cursor_zoom, 0, {{{LABEL_ON, 0}, {LABEL_OFF, 1}}}),
-    slider(opt_mouse_speed, 4, 0, 4, 1),
-    separator,
-    radio(opt_status_bar, 1, on_off),
-    radio(opt_status_font, 1, {{{LABEL_NARROW, 0}, {LABEL_WIDE, 1}}}),
-    slider(opt_status_strength, 160, 0, 255, 10),
-    separator,
-    radio(opt_tooltips, 1, on_off),
-    radio(opt_backless, 0, on_off),
-    radio(opt_tool_distance, 1, on_off),
-    radio(power_saving, POWER_HIGH,
-          {{{LABEL_POWER_OFF, POWER_OFF}, {LABEL_POWER_LOW, POWER_LOW}, {LABEL_POWER_HIGH, POWER_HIGH}}}),
-    radio(opt_gif_reduction, REDUCTION_FAST,
-          {{{LABEL_FAST, REDUCTION_FAST}, {LABEL_GOOD, REDUCTION_GOOD}, {LABEL_BEST, REDUCTION_BEST}}}),
-    slider(opt_quick_pan_strength, 225, 0, 255, 10),
-    separator,
-    radio(opt_zoom_preview, 1, on_off),
-    radio(opt_zoom_preview_size, 2, {{{LABEL_SMALL, 1}, {LABEL_MEDIUM, 2}, {LABEL_LARGE, 3}}}),
-    separator,
-    radio(opt_file_preview, PREVIEW_LIMIT,
-          {{{LABEL_ALL, PREVIEW_ALL}, {LABEL_LIMIT, PREVIEW_LIMIT}, {LABEL_PREVIEW_NONE, PREVIEW_NONE}}}),
-    slider(opt_file_preview_limit, 2, 0, 64, 2),
-    slider(opt_undo_depth, 3, 1, undo_depth_max, 1),
-}};
-static_assert(LABEL_OPTION_CEL_MASKING + static_cast<int>(options.size()) - 1 == LABEL_OPTION_UNDO_DEPTH);
-
-using OptionValues = std::array<int, options.size()>;
+using OptionValues = std::array<int, user_options.size()>;
 
 OptionValues read_options() {
     OptionValues values{};
-    for (std::size_t i = 0; i < options.size(); ++i)
-        if (options[i].value != nullptr) values[i] = *options[i].value;
+    for (std::size_t i = 0; i < user_options.size(); ++i)
+        if (user_options[i].word != nullptr) values[i] = *user_options[i].word;
     return values;
 }
 
 void write_options(const OptionValues& values) {
-    for (std::size_t i = 0; i < options.size(); ++i)
-        if (options[i].value != nullptr) *options[i].value = values[i];
+    for (std::size_t i = 0; i < user_options.size(); ++i)
+        if (user_options[i].word != nullptr) *user_options[i].word = values[i];
 }
 
 // ---- The window ----------------------------------------------------------------------------------------------------
 
-constexpr int rows_shown = 9, choices_max = 3;
+constexpr int rows_shown = 9, choices_max = option_choices_max;
 enum OptionSlot : int {
     OPTION_LIST = slot_content,
     OPTION_ITEM_CAPTION,
@@ -127,7 +70,7 @@ constexpr WindowRow window{.id = WINDOW_OPTIONS,
                            .cancel = OPTION_CANCEL,
                            .outside = OUTSIDE_CANCELS};
 constexpr ListLayout list_layout{.rows = rows_shown, .row_h = 10, .font = FONT_WIDE, .row_w = -1, .row_top = 1};
-constexpr int list_slider_x = 306, list_stops = static_cast<int>(options.size()) - rows_shown + 1, list_wheel = 2;
+constexpr int list_slider_x = 306, list_stops = static_cast<int>(user_options.size()) - rows_shown + 1, list_wheel = 2;
 
 // ---- The controls of the rows in view ------------------------------------------------------------------------------
 
@@ -140,14 +83,14 @@ constexpr GroupColumns two_buttons{{162, 233, 0}, {70, 70, 0}}, three_buttons{{1
 
 int control_slot(int row, int choice) { return OPTION_CONTROL_FIRST + row * choices_max + choice; }
 
-void build_radio(int row, const OptionRow& option) {
+void build_radio(int row, const UserOption& option) {
     const int count = option.choices[2].label == LABEL_NONE ? 2 : 3;
     const GroupColumns& columns = count == 2 ? two_buttons : three_buttons;
     for (int i = 0; i < count; ++i) {
         const OptionChoice& choice = option.choices[at(i)];
         const int slot = control_slot(row, i);
         build_element({.slot = slot,
-                       .type = *option.value == choice.value ? ELEMENT_RADIO_ON : ELEMENT_RADIO_OFF,
+                       .type = *option.word == choice.value ? ELEMENT_RADIO_ON : ELEMENT_RADIO_OFF,
                        .x = columns.x[at(i)],
                        .y = control_y + row * row_h,
                        .w = columns.w[at(i)],
@@ -155,42 +98,47 @@ void build_radio(int row, const OptionRow& option) {
                        .left = ACTION_RADIO},
                       window_x(), window_y());
         gui::row_ids[at(slot)][0] = static_cast<std::int16_t>(choice.value);
-        gui::value_ptr[at(slot)] = option.value;
+        gui::value_ptr[at(slot)] = option.word;
         for (int other = 0; other < choices_max; ++other)
             gui::row_values[at(slot)][at(other)] = other < count && other != i ? control_slot(row, other) : 0;
     }
 }
 
-void build_slider(int row, const OptionRow& option) {
+void build_slider(int row, const UserOption& option) {
     const int slot = control_slot(row, 0);
-    GUI_add_slider(slot, window_x() + control_x, window_y() + control_y + row * row_h, slider_w,
-                   option.high - option.low + 1);
-    gui::slider_min[at(slot)] = option.low;
-    gui::slider_max[at(slot)] = option.high + 1;
-    gui::wheel_step[at(slot)] = static_cast<std::int16_t>(option.step);
-    GUI_link_slider(slot, option.value);
+    build_element({.slot = slot,
+                   .type = ELEMENT_BOX,
+                   .x = control_x,
+                   .y = control_y + row * row_h,
+                   .w = slider_w,
+                   .range = {option.lowest, option.highest, option.step}},
+                  window_x(), window_y());
+    GUI_link_slider(slot, option.word);
 }
 
 /// Only the rows in view have controls; they are built anew when the list has moved.
 void build_controls(int first) {
     for (int slot = OPTION_CONTROL_FIRST; slot < OPTION_WINDOW_SLOTS; ++slot) GUI_clear_element(slot);
     for (int row = 0; row < rows_shown; ++row) {
-        const OptionRow& option = options[at(std::min<int>(first + row, options.size() - 1))];
-        if (option.control == CONTROL_RADIO) build_radio(row, option);
-        if (option.control == CONTROL_SLIDER) build_slider(row, option);
+        const UserOption& option = user_options[at(std::min<int>(first + row, user_options.size() - 1))];
+        if (option.word == nullptr) continue;
+        if (option.has_choices())
+            build_radio(row, option);
+        else
+            build_slider(row, option);
     }
 }
 
 void finish_window() {
-    GUI_set_list(OPTION_LIST, list_layout, LABEL_OPTION_CEL_MASKING, static_cast<int>(options.size()));
+    GUI_set_list(OPTION_LIST, list_layout, LABEL_OPTION_CEL_MASKING, static_cast<int>(user_options.size()));
     GUI_set_vertical_slider(OPTION_LIST, list_slider_x, 0, list_stops, list_wheel);
 }
 
 }  // namespace
 
 void set_option_defaults() {
-    for (const OptionRow& option : options)
-        if (option.value != nullptr) *option.value = option.defaults;
+    for (const UserOption& option : user_options)
+        if (option.word != nullptr) *option.word = option.defaults;
 }
 
 void options_window() {
@@ -211,7 +159,6 @@ void options_window() {
     const WindowPass end = run_window(window, {.built = finish_window, .show = show, .serve = serve});
     if (end == WINDOW_CANCELLED) write_options(before);
     if (opt_undo_depth != depth) reset_undo_slots();
-    reinstall_GUI_tick();
 }
 
 }  // namespace nubo

@@ -1,11 +1,14 @@
 #include "windows/run_window.h"
 
+#include "base/keys.h"
 #include "gui/presses.h"
 #include "gui/snapshot.h"
 #include "gui/text_field.h"
 #include "gui/waiting.h"
+#include "state/flow.h"
 #include "state/run.h"
 #include "windows/drawing_menu.h"
+#include "windows/quick_pan.h"
 
 namespace nubo {
 

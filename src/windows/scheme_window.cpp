@@ -52,7 +52,7 @@ constexpr ElementRow sample_row(int slot, ElementType type, int y, Label label) 
 using SchemeRows = std::array<ElementRow, SCHEME_SLOTS - slot_content>;
 
 consteval SchemeRows scheme_rows() {
-    constexpr int header_x = 122, header_w = 133, knob_stops = 256;
+    constexpr int header_x = 122, header_w = 133;
     SchemeRows rows{};
     std::size_t next = 0;
     const auto add = [&](const ElementRow& row) { rows[next++] = row; };
@@ -76,7 +76,7 @@ consteval SchemeRows scheme_rows() {
     add(sample_row(SCHEME_PREVIEW_CAPTION, ELEMENT_SCHEME_BORDER, 77, LABEL_OPTIONS));
     add(sample_row(SCHEME_PREVIEW_FIELD, ELEMENT_SCHEME_FIELD, 87, LABEL_NONE));
     ElementRow slider = sample_row(SCHEME_PREVIEW_SLIDER, ELEMENT_SCHEME_PANEL, 97, LABEL_NONE);
-    slider.stops = knob_stops;
+    slider.range = {.highest = 255};
     add(slider);
     ElementRow button = sample_row(SCHEME_PREVIEW_BUTTON, ELEMENT_SCHEME_BUTTON, 107, LABEL_WORKSPACE_RETURN);
     button.w = half_w;

@@ -4,8 +4,8 @@
 #include "base/log.h"
 #include "paint/surfaces.h"
 #include "paint/undo.h"
-#include "state/flow.h"
 #include "state/frames.h"
+#include "view/view.h"
 #include "workspace/nail.h"
 #include "workspace/notices.h"
 #include <algorithm>

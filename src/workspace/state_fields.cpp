@@ -18,73 +18,12 @@ constexpr int last_slot = choice_slots - 1;
 constexpr int last_favorites_page = (favorite_count - 1) / favorites_row;
 constexpr std::size_t reserved_colors = 36 * 4;
 
-/// What an option of a tool or an ink may hold; those without a row are stored and unused.
-struct OptionRange {
-    bool is_ink;
-    int number, slot, low, high;
-};
-constexpr int strength_max = 255, percent_max = 100;
-constexpr std::array option_ranges{
-    OptionRange{false, TOOL_BOX, OPTION_FILLED, 0, 1},
-    OptionRange{false, TOOL_CIRCLE, OPTION_FILLED, 0, 1},
-    OptionRange{false, TOOL_OVAL, OPTION_FILLED, 0, 1},
-    OptionRange{false, TOOL_POLY, OPTION_FILLED, 0, 1},
-    OptionRange{false, TOOL_RPOLY, OPTION_FILLED, 0, 1},
-    OptionRange{false, TOOL_FSHAPE, OPTION_FILLED, 0, 1},
-    OptionRange{false, TOOL_SSHAPE, OPTION_FILLED, 0, 1},
-    OptionRange{false, TOOL_SPLINE, OPTION_FILLED, 0, 1},
-    OptionRange{false, TOOL_SPLINE, OPTION_CLOSED, 0, 1},
-    OptionRange{false, TOOL_SPLINE, OPTION_CURVE, 0, percent_max},
-    OptionRange{false, TOOL_DRIZ, OPTION_DRIZ_RADIUS, 0, 32},
-    OptionRange{false, TOOL_DRIZ, OPTION_DRIZ_TAPER, 0, 32},
-    OptionRange{false, TOOL_EDGE, OPTION_TOLERANCE, 0, 255},
-    OptionRange{false, TOOL_FILL, OPTION_TOLERANCE, 0, 255},
-    OptionRange{false, TOOL_SEP, OPTION_TOLERANCE, 0, 255},
-    OptionRange{false, TOOL_MOVE, OPTION_USE_BRUSH_COLOR, 0, 1},
-    OptionRange{false, TOOL_SPRAY, OPTION_SPRAY_DENSITY, 0, 255},
-    OptionRange{false, TOOL_SPRAY, OPTION_SPRAY_RADIUS, 0, 31},
-    OptionRange{false, TOOL_TEXT, OPTION_ANTIALIAS, 0, 1},
-    OptionRange{true, INK_ADD, OPTION_STRENGTH, 0, strength_max},
-    OptionRange{true, INK_BRIGHT, OPTION_STRENGTH, 0, strength_max},
-    OptionRange{true, INK_CLOSE, OPTION_STRENGTH, 0, strength_max},
-    OptionRange{true, INK_DARK, OPTION_STRENGTH, 0, strength_max},
-    OptionRange{true, INK_EMBOSS, OPTION_STRENGTH, 0, strength_max},
-    OptionRange{true, INK_GLASS, OPTION_STRENGTH, 0, strength_max},
-    OptionRange{true, INK_GLOW, OPTION_STRENGTH, 0, strength_max},
-    OptionRange{true, INK_GLOW, OPTION_GLOW_RADIUS, 0, 31},
-    OptionRange{true, INK_GRAIN, OPTION_STRENGTH, 0, strength_max},
-    OptionRange{true, INK_GRAIN, OPTION_GRAIN_FREQUENCY, 0, percent_max},
-    OptionRange{true, INK_GRAY, OPTION_STRENGTH, 0, strength_max},
-    OptionRange{true, INK_HOLLOW, OPTION_HOLLOW_TOLERANCE, 0, 255},
-    OptionRange{true, INK_JUMBLE, OPTION_STRENGTH, 0, 5},
-    OptionRange{true, INK_PULL, OPTION_STRENGTH, 0, strength_max},
-    OptionRange{true, INK_SCRAPE, OPTION_STRENGTH, 0, strength_max},
-    OptionRange{true, INK_SPARK, OPTION_STRENGTH, 0, strength_max},
-    OptionRange{true, INK_SOFTEN, OPTION_STRENGTH, 0, strength_max},
-    OptionRange{true, INK_SUB, OPTION_STRENGTH, 0, strength_max},
-    OptionRange{true, INK_SWEEP, OPTION_STRENGTH, 0, strength_max},
-    OptionRange{true, INK_UNZAG, OPTION_STRENGTH, 0, percent_max},
-};
-
-constexpr bool is_gradient(int ink) {
-    return ink == INK_HGRAD || ink == INK_LGRAD || ink == INK_RGRAD || ink == INK_VGRAD;
-}
-
-/// The four gradients have the same options: two settings, and nodes in frame pixels, which may lie outside.
-FieldRange gradient_range(int slot) {
-    if (slot == OPTION_REPEAT) return flag_field("the repeat of a gradient", 0);
-    if (slot == OPTION_BANDING) return {"the banding of a gradient", 0, 255, 0};
-    if (slot >= OPTION_NODE && slot < OPTION_RADIAL_RADIUS)
-        return {"a node of a gradient", -max_frame_side, max_frame_side, 0};
-    return any_number("an option");
-}
-
-FieldRange option_range(bool is_ink, int number, int slot) {
-    if (is_ink && is_gradient(number)) return gradient_range(slot);
-    for (const OptionRange& row : option_ranges)
-        if (row.is_ink == is_ink && row.number == number && row.slot == slot)
-            return {is_ink ? "an option of an ink" : "an option of a tool", row.low, row.high, 0};
-    return any_number("an option");
+/// What an option of a tool or an ink may hold; slots without a row are stored and unused.
+template <typename Row, std::size_t N>
+FieldRange option_range(const std::array<Row, N>& rows, int number, int slot, const char* name) {
+    const ChoiceOption* const option = at(number) < N ? find_option(rows[at(number)].options, slot) : nullptr;
+    if (option == nullptr) return any_number(name);
+    return {name, option->stored_lowest(), option->highest, 0};
 }
 
 template <class Fields> void walk_choices(Fields& fields) {
@@ -148,9 +87,8 @@ template <class Fields> void walk_colors_and_views(Fields& fields) {
 template <class Fields> void walk_options(Fields& fields) {
     for (int row = 0; row < option_rows; ++row)
         for (int slot = 0; slot < option_slots; ++slot) {
-            const auto r = static_cast<unsigned>(row), s = static_cast<unsigned>(slot);
-            fields.word(tool_options[r][s], option_range(false, row, slot));
-            fields.word(ink_options[r][s], option_range(true, row, slot));
+            fields.word(tool_options[at(row)][at(slot)], option_range(tools, row, slot, "an option of a tool"));
+            fields.word(ink_options[at(row)][at(slot)], option_range(inks, row, slot, "an option of an ink"));
         }
 }
 

@@ -3,9 +3,11 @@
 #include "base/color.h"
 #include "platform/input_file.h"
 #include "platform/safe_file.h"
+#include "state/gui.h"
 #include "state/hotkeys.h"
 #include "state/options.h"
 #include "state/run.h"
+#include "state/texts_labels.h"
 #include "workspace/byte_fields.h"
 #include "workspace/folders.h"
 #include "workspace/notices.h"
@@ -17,37 +19,43 @@ constexpr const char *resource_folder = "resource", *settings_file = "user.def";
 constexpr std::size_t settings_bytes = 614;
 constexpr int modifiers = key_ctrl | key_alt | key_shift;
 
+/// The range of an option by its row in the table; outside of it, the option keeps what it holds: the value of a start.
+FieldRange range_of(const Word& word) {
+    const auto* const row = std::ranges::find(user_options, &word, &UserOption::word);
+    return {label_text[at(row->label)].data(), row->lowest, row->highest, word};
+}
+
 template <class Fields> void walk_settings(Fields& fields) {
-    constexpr FieldRange reversed = flag_field("the mouse buttons", 0);
-    constexpr FieldRange depth{"the undo depth", 1, 12, 3};
     constexpr FieldRange volume{"a volume", 0, 255, 255};
-    fields.byte(mouse_reversed, reversed);  // this and the depth stand twice: the second ones, as words, count
+    const auto option = [&](Word& word) { fields.word(word, range_of(word)); };
+    // Buttons and depth stand twice: the second ones, as words, count.
+    fields.byte(mouse_reversed, flag_field("the mouse buttons", 0));
     fields.byte(frame_pacing, {"the frame pacing", 0, 255, 1});
     fields.byte(sfx_volume, volume);
     fields.byte(music_volume, volume);
-    fields.byte(opt_undo_depth, depth);
-    fields.byte(opt_tool_distance, flag_field("the tool distance", 0));
+    fields.byte(opt_undo_depth, range_of(opt_undo_depth));
+    fields.byte(opt_tool_distance, range_of(opt_tool_distance));
     for (std::size_t row = 0; row < hotkey_rows_stored; ++row)
         for (Shared<int>& key : hotkeys[row]) fields.word(key, {"a key", 0, key_code_max | modifiers | 0x7f, 0});
-    fields.word(power_saving, {"the power saving", 0, POWER_COUNT - 1, POWER_HIGH});
-    fields.word(opt_gif_reduction, {"the GIF reduction", 0, REDUCTION_COUNT - 1, REDUCTION_FAST});
-    fields.word(opt_zoom_preview, flag_field("the zoom preview", 0));
-    fields.word(opt_zoom_preview_size, {"the size of the zoom preview", 1, 3, 1});
-    fields.word(opt_crosshair_strength, {"the crosshairs' strength", 0, 255, 13});
-    fields.word(opt_crosshair_scaling, flag_field("the crosshairs' scaling", 1));
+    option(power_saving);
+    option(opt_gif_reduction);
+    option(opt_zoom_preview);
+    option(opt_zoom_preview_size);
+    option(opt_crosshair_strength);
+    option(opt_crosshair_scaling);
     // A first run writes a colour here unless the crosshairs have been drawn, which makes an index of it.
     fields.word(opt_crosshair_color, {"the crosshairs' colour", 0, 0xffffff, 0});
-    fields.word(opt_cel_masking, flag_field("the cel masking", 1));
-    fields.word(opt_cel_tolerance, {"the cel tolerance", 0, 255, 5});
-    fields.word(opt_status_bar, flag_field("the status bar", 1));
-    fields.word(opt_tooltips, flag_field("the tooltips", 0));
-    fields.word(opt_backless, flag_field("the backless mode", 0));
-    fields.word(opt_cursor_zoom, flag_field("the cursor zoom", 0));
-    fields.word(opt_mouse_speed, {"the mouse speed", 0, 4, 4});
-    fields.word(mouse_reversed, reversed);
-    fields.word(opt_undo_depth, depth);
-    fields.word(opt_file_preview, {"the file preview", 0, PREVIEW_COUNT - 1, PREVIEW_LIMIT});
-    fields.word(opt_quick_pan_strength, {"the quick pan's strength", 0, 255, 225});
+    option(opt_cel_masking);
+    option(opt_cel_tolerance);
+    option(opt_status_bar);
+    option(opt_tooltips);
+    option(opt_backless);
+    option(opt_cursor_zoom);
+    option(opt_mouse_speed);
+    option(mouse_reversed);
+    option(opt_undo_depth);
+    option(opt_file_preview);
+    option(opt_quick_pan_strength);
     for (Color& color : color_scheme) fields.color(color, "a colour of the scheme");
 }
 

@@ -5,7 +5,6 @@
 #include "codecs/png.h"
 #include "paint/stroke.h"
 #include "state/cel.h"
-#include "state/flow.h"
 #include "state/frames.h"
 #include "state/options.h"
 #include "state/run.h"

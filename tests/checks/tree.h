@@ -8,8 +8,8 @@
 namespace nubo {
 
 /// The storeys of src/ from the ground up: a file includes what stands in its own or below.
-inline constexpr std::array<std::string_view, 10> storeys{"state", "base",  "platform",  "codecs",  "framework",
-                                                          "gui",   "paint", "workspace", "windows", "editor"};
+inline constexpr std::array<std::string_view, 11> storeys{
+    "state", "base", "view", "platform", "codecs", "framework", "gui", "paint", "workspace", "windows", "editor"};
 
 /// `text` with comments gone and with nothing between the quotes of strings and characters; line ends stay. A quoted
 /// include keeps its path.

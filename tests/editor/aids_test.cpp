@@ -1,6 +1,5 @@
 // The status bar, the measured distance and the two hold commands.
 #include "base/bitmap.h"
-#include "editor/quick_pan.h"
 #include "editor/status_bar.h"
 #include "gui/elements.h"
 #include "harness/user.h"
@@ -8,6 +7,7 @@
 #include "state/options.h"
 #include "state/run.h"
 #include "state/view.h"
+#include "windows/quick_pan.h"
 
 namespace nubo {
 namespace {

@@ -4,6 +4,7 @@
 #include "base/color.h"
 #include "gui/mouse.h"
 #include "harness/user.h"
+#include "state/flow.h"
 #include "state/frames.h"
 #include "state/options.h"
 #include "state/run.h"

@@ -1,8 +1,8 @@
-#include "editor/view.h"
 
 #include "harness/user.h"
 #include "state/run.h"
 #include "state/view.h"
+#include "view/view.h"
 
 namespace nubo {
 namespace {

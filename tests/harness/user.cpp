@@ -1,4 +1,5 @@
 #include "harness/user.h"
+#include "base/keys.h"
 
 #include "base/bitmap.h"
 #include "editor/defaults.h"
@@ -10,7 +11,6 @@
 #include "paint/undo.h"
 #include "platform/input_queue.h"
 #include "state/cel.h"
-#include "state/flow.h"
 #include "state/frames.h"
 #include "state/run.h"
 #include "state/stroke.h"

@@ -1,9 +1,9 @@
 // The interface's texts: what the fonts, the boxes and the status bar ask of every one of them.
 #include "state/messages.h"
-#include "state/texts_descriptions.h"
 #include "state/texts_help.h"
 #include "state/texts_keys.h"
 #include "state/texts_labels.h"
+#include "state/tools.h"
 
 #include <algorithm>
 #include <allegro.h>
@@ -42,7 +42,8 @@ template <typename Table> void expect_readable(const Table& table) {
 TEST(Texts, UseUpperCaseOfTheFontsCharactersAndWholeColourCodes) {
     expect_readable(tooltip_text);
     expect_readable(label_text);
-    expect_readable(description_text);
+    for (const ToolKind& tool : tools) expect_readable(tool.description);
+    for (const InkKind& ink : inks) expect_readable(ink.description);
     expect_readable(key_names);
     for (const std::string_view text : help_text) {
         std::string words(text);

@@ -1,5 +1,6 @@
-#include "editor/view.h"
+#include "view/view.h"
 
+#include "state/flow.h"
 #include "state/frames.h"
 #include "state/gui.h"
 #include "state/run.h"

@@ -1,6 +1,7 @@
-#include "editor/quick_pan.h"
+#include "windows/quick_pan.h"
 
 #include "base/bitmap.h"
+#include "base/keys.h"
 #include "base/log.h"
 #include "codecs/blend.h"
 #include "gui/draw.h"
@@ -12,6 +13,7 @@
 #include "state/options.h"
 #include "state/run.h"
 #include "state/view.h"
+#include "view/view.h"
 #include "workspace/nail.h"
 #include <algorithm>
 

@@ -1,0 +1,20 @@
+#pragma once
+// The keys of the key table's actions (state/hotkeys.h): which are down, and which they are by default.
+#include "state/hotkeys.h"
+
+namespace nubo {
+
+/// The modifier bits of the modifier keys that are down.
+int modifiers_down();
+
+/// A key value: is its key down, with exactly these modifiers? A code that no key has is logged.
+enum KeyState : int { KEY_IS_UP, KEY_IS_DOWN, KEY_IS_BAD };
+KeyState key_state(int value, int modifiers);
+
+/// True while a key of the action's row is down with exactly its modifiers.
+bool hotkey_held(Hotkey action);
+
+/// Sets the default keys of all rows of the key table that have one; the others keep theirs.
+void default_hotkeys();
+
+}  // namespace nubo
