@@ -9,6 +9,7 @@
 #include "windows/activity_menus.h"
 #include "windows/favorites_window.h"
 #include "windows/frame_menu.h"
+#include "windows/option_slider.h"
 #include "windows/pic_commands.h"
 #include "windows/quick_pan.h"
 #include "windows/tip_window.h"
@@ -66,8 +67,8 @@ constexpr std::array<HotkeyRow, HOTKEY_COUNT> rows{{
     {HOTKEY_TOGGLE_MENU,      HOTKEYS_MAIN,  WAIT_AFTER, IS_FREE,   toggle_window},
     {HOTKEY_MEASURE,          HOTKEYS_MAIN,  NO_WAIT,    IS_FREE,   measure_by_key},
     {HOTKEY_FRAME_JUMP,       HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, frame_jump},
-    {HOTKEY_TOOL_OPTION,      HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, say_comes_later},
-    {HOTKEY_INK_OPTION,       HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, say_comes_later},
+    {HOTKEY_TOOL_OPTION,      HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, toggle_tool_option},
+    {HOTKEY_INK_OPTION,       HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, toggle_ink_option},
     {HOTKEY_COPY,             HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, say_comes_later},
     {HOTKEY_PASTE,            HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, say_comes_later},
     {HOTKEY_UNDO,             HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, undo_last},

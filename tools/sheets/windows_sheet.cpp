@@ -25,6 +25,7 @@
 #include "windows/help_window.h"
 #include "windows/hotkey_window.h"
 #include "windows/ink_window.h"
+#include "windows/option_slider.h"
 #include "windows/options_window.h"
 #include "windows/scheme_window.h"
 #include "windows/tip_window.h"
@@ -63,6 +64,12 @@ void lose_nodes() {
     reposition_gradient(INK_HGRAD);
 }
 
+/// The slider stays as long as the key is down.
+void hold_option_key() {
+    ::key[KEY_INSERT] = 1;
+    option_slider(OWNER_TOOL, TOOL_SPRAY);
+}
+
 std::vector<Exhibit> exhibits() {
     std::vector<Exhibit> all{
         {"DRAWING MENU", build_drawing_menu},
@@ -74,6 +81,7 @@ std::vector<Exhibit> exhibits() {
         {"USER", [] { user_menu(menu_button_x, menu_button_y); }},
         {"QUESTION", [] { confirm_box(LABEL_DELETE_FRAME, LABEL_CANNOT_BE_UNDONE, false, false); }},
         {"NODES", lose_nodes},
+        {"OPTION SLIDER", hold_option_key},
         {"HELP", help_window},
         {"ABOUT", about_box},
         {"OPTIONS", options_window},
