@@ -175,7 +175,7 @@ void warn_if_nothing_can_be_saved() {
     const auto frame_bytes =
         static_cast<std::size_t>(current_frame->w) * static_cast<std::size_t>(current_frame->h) * 3;
     if (!has_room_for(std::string(program_dir.data()) + "/" + workspace_folder, frame_bytes))
-        queue_box(LABEL_NOTHING_CAN_BE_SAVED, LABEL_SEE_THE_LOG);
+        queue_box(LABEL_NOTHING_CAN_BE_SAVED, LABEL_DISK_FULL_OR_READ_ONLY);
 }
 
 /// The first picture comes up out of black.

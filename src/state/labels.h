@@ -330,7 +330,7 @@ enum Label : int {
     LABEL_REPAIRS_MADE,
     LABEL_CENTER,
     LABEL_NOTHING_CAN_BE_SAVED,
-    LABEL_SEE_THE_LOG,
+    LABEL_DISK_FULL_OR_READ_ONLY,
     LABEL_HOTKEY_FIRST = 400,  // Hotkey n at 400 + n
     LABEL_HELP_FIRST = 480,    // HelpTopic t at 480 + t
     LABEL_SLOTS = 536

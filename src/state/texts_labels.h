@@ -278,7 +278,7 @@ inline constexpr auto label_text = with_names(fill_texts<LABEL_SLOTS>({
     {LABEL_REPAIRS_MADE, "<REPAIRS MADE>"},
     {LABEL_CENTER, "CENTER"},
     {LABEL_NOTHING_CAN_BE_SAVED, "NOTHING CAN BE SAVED HERE!"},
-    {LABEL_SEE_THE_LOG, "<UA_LOG.TXT TELLS WHY>"},
+    {LABEL_DISK_FULL_OR_READ_ONLY, "<DISK FULL OR READ-ONLY>"},
     // Drives
     {drive_label(0), "A:"},
     {drive_label(1), "B:"},
