@@ -2,6 +2,7 @@
 
 #include "base/keys.h"
 #include "gui/elements.h"
+#include "gui/slider_input.h"
 #include "state/flow.h"
 #include "state/run.h"
 #include "state/view.h"
@@ -25,9 +26,8 @@ bool right_press_outside() {
 }
 
 int pressed_row(int list) {
-    const int state = press_state;
-    const bool slides = drag_slider != 0 || state == PRESS_ARROW_1 || state == PRESS_ARROW_2;
-    return mouse_left != 0 && press_slot == list && hover == list && !slides ? int{gui::hover_row[at(list)]} : -1;
+    const bool pressed = mouse_left != 0 && press_slot == list && hover == list && !slider_takes_press(list);
+    return pressed ? int{gui::hover_row[at(list)]} : -1;
 }
 
 void clear_clicks() {

@@ -69,6 +69,11 @@ void turn_slider(int slot, int wheel) {
     set_value(s, gui::slider_value[s] + direction * step);
 }
 
+bool slider_takes_press(int slot) {
+    if (gui::has_slider[at(slot)] == 0) return false;
+    return press_began_on_track(at(slot)) || arrow_at(slot, press_start_x, press_start_y) != 0;
+}
+
 void press_slider(int slot) {
     if (drag_slider == 0) {
         if (press_began_on_track(at(slot))) {
