@@ -20,7 +20,7 @@ bool escape_is_mapped() {
     return false;
 }
 
-bool escape_is_down() { return ::key[KEY_ESC] != 0; }
+bool escape_is_down() { return key_down[KEY_ESC] != 0; }
 
 void wait_for_release() {
     wait_while_down(mouse_left);
