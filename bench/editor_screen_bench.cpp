@@ -15,9 +15,9 @@
 #include "state/run.h"
 #include "state/stroke.h"
 #include "state/view.h"
-#include "windows/color_elements.h"
 #include "windows/drawing_menu.h"
 #include "windows/favorites_window.h"
+#include "windows/hand_over.h"
 #include "windows/help_window.h"
 #include <benchmark/benchmark.h>
 #include <cstring>
@@ -34,7 +34,7 @@ void start_once() {
         create_screen_bitmaps();
         UA_initialize_variables();
         UA_load_framework_video();
-        set_color_drawers();
+        hand_over_windows();
         replace_bitmap(tip_sheet, make_bitmap(tip_sheet_w, tip_sheet_h, transparent_color));
         replace_bitmap(cel, make_bitmap(1, 1));
         replace_bitmap(cel_mask, make_bitmap(1, 1));

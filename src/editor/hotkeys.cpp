@@ -1,6 +1,5 @@
 // The key table: what the keys of an action run. Their defaults stand in base/keys.cpp.
 #include "base/keys.h"
-#include "editor/frame_jump.h"
 #include "editor/hotkey_actions.h"
 #include "gui/window.h"
 #include "paint/undo.h"
@@ -8,6 +7,7 @@
 #include "view/view.h"
 #include "windows/activity_menus.h"
 #include "windows/favorites_window.h"
+#include "windows/frame_jump.h"
 #include "windows/frame_menu.h"
 #include "windows/option_slider.h"
 #include "windows/pic_commands.h"

@@ -7,8 +7,8 @@
 #include "editor/aids.h"
 #include "editor/present.h"
 #include "editor/status_bar.h"
-#include "editor/zoom_preview.h"
 #include "gui/draw.h"
+#include "gui/hit_test.h"
 #include "gui/mouse.h"
 #include "gui/sliders.h"
 #include "paint/cel_paste.h"
@@ -21,6 +21,7 @@
 #include "state/options.h"
 #include "state/run.h"
 #include "state/view.h"
+#include "windows/zoom_preview.h"
 #include "workspace/rescue.h"
 #include <algorithm>
 #include <allegro.h>
@@ -185,11 +186,11 @@ void take_view_snapshot() {
 
 /// The cursor is a thing of the frame, under the GUI, or of the screen, over it.
 void draw_cursor_below_gui() {
-    if (opt_cursor_zoom == 0 && shown.hover == -1) draw_cursor(CURSOR_FRAME_PIXELS);
+    if (opt_cursor_zoom == 0 && !mouse_over_elements()) draw_cursor(CURSOR_FRAME_PIXELS);
 }
 
 void draw_cursor_over_gui() {
-    if (opt_cursor_zoom != 0 || shown.hover != -1) draw_cursor(CURSOR_LOGICAL_PIXELS);
+    if (opt_cursor_zoom != 0 || mouse_over_elements()) draw_cursor(CURSOR_LOGICAL_PIXELS);
 }
 
 }  // namespace

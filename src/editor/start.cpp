@@ -6,7 +6,6 @@
 #include "codecs/png.h"
 #include "editor/graphics.h"
 #include "editor/handlers.h"
-#include "editor/zoom_preview.h"
 #include "framework/actors.h"
 #include "framework/resources.h"
 #include "platform/display_loss.h"
@@ -24,11 +23,7 @@
 #include "state/run.h"
 #include "state/stroke.h"
 #include "state/view.h"
-#include "windows/about_box.h"
-#include "windows/color_elements.h"
-#include "windows/gradient_nodes.h"
-#include "windows/help_window.h"
-#include "windows/quick_pan.h"
+#include "windows/hand_over.h"
 #include "windows/scheme.h"
 #include "workspace/folders.h"
 #include "workspace/notices.h"
@@ -204,12 +199,7 @@ int start_program() {
     build_palette_tables();
     if (!create_work_bitmaps()) return refuse(no_memory);
     place_mouse();
-    register_zoom_preview();
-    register_quick_pan();
-    set_color_drawers();
-    register_help_window();
-    register_about_box();
-    register_gradient_nodes();
+    hand_over_windows();
     install_handlers();
     UA_log("[ INIT ] : Interrupts installed");
     if (!open_workspace()) return refuse(no_memory);

@@ -2,7 +2,7 @@
 
 #include "base/jobs.h"
 #include "base/log.h"
-#include "gui/elements.h"
+#include "gui/columns.h"
 #include "gui/hit_test.h"
 #include "gui/text_field.h"
 #include "state/tools.h"
@@ -44,7 +44,7 @@ bool names_option(int row, int option, const char* row_line, const char* option_
 void toggle(Word& option) { option = option > 0 ? 0 : 1; }
 
 void toggle_tool(int slot) {
-    const int tool = gui::row_ids[at(slot)][0], option = gui::row_ids[at(slot)][1];
+    const int tool = toggle_number_of(slot), option = toggle_option_of(slot);
     if (!names_option(tool, option, "[ ERROR ] : Tool slot OOB in case 25. Tool = %d",
                       "[ ERROR ] : Option slot OOB in case 25. Slot = %d"))
         return;
@@ -53,7 +53,7 @@ void toggle_tool(int slot) {
 }
 
 void toggle_ink(int slot) {
-    const int ink = gui::row_ids[at(slot)][0], option = gui::row_ids[at(slot)][1];
+    const int ink = toggle_number_of(slot), option = toggle_option_of(slot);
     if (!names_option(ink, option, "[ ERROR ] : Ink slot OOB in case 25. Tool = %d",
                       "[ ERROR ] : Ink slot OOB in case 25. Slot = %d"))
         return;
@@ -61,14 +61,12 @@ void toggle_ink(int slot) {
     if (press_in_element(slot)) flip(slot);
 }
 
-/// `row_values` holds the slots of the group's other buttons.
 void light_radio(int slot) {
-    constexpr int others = 3;
     set_type(slot, ELEMENT_RADIO_ON);
     Word* const value = gui::value_ptr[at(slot)];
-    if (value != nullptr) *value = int{gui::row_ids[at(slot)][0]};
-    for (int i = 0; i < others; ++i) {
-        const int other = gui::row_values[at(slot)][at(i)];
+    if (value != nullptr) *value = int{radio_value_of(slot)};
+    for (int i = 0; i < radio_others; ++i) {
+        const int other = radio_other_of(slot, i);
         if (other > slot_window && is_slot(other)) set_type(other, ELEMENT_RADIO_OFF);
     }
 }

@@ -1,6 +1,7 @@
 #pragma once
 // Drawing the elements: one small function a type, chosen through one table.
 #include "state/gui.h"
+#include <span>
 
 namespace nubo {
 
@@ -9,10 +10,13 @@ namespace nubo {
 void GUI_draw_all();
 
 using ElementDrawer = void (*)(int slot);
+struct DrawerRow {
+    ElementType type;
+    ElementDrawer draw;
+};
 
-/// Names the drawing of a type whose picture needs a room above: the about panel, the file list, the minimap, the
-/// anchor preview, the Spectrum, the custom tip, the colour variants and maps, the help text, the zoom preview. Called
-/// at start by those rooms; a type without a drawer draws nothing, one that has its own here is a mistake.
-void set_element_drawer(ElementType type, ElementDrawer draw);
+/// Hands over the drawers of all types that show something of the editor. Once, at start. A type without a drawer draws
+/// nothing; one that the toolkit draws itself is a mistake here.
+void set_element_drawers(std::span<const DrawerRow> rows);
 
 }  // namespace nubo

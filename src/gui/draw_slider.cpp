@@ -6,7 +6,6 @@
 #include "gui/shapes.h"
 #include "gui/sliders.h"
 #include "state/run.h"
-#include <algorithm>
 #include <array>
 #include <cstdio>
 
@@ -22,21 +21,6 @@ SliderColors colors_of(int slot) {
     if (type == ELEMENT_SCHEME_PANEL || type == ELEMENT_SCHEME_LIST)
         return {color_scheme[SCHEME_SHADOW], color_scheme[SCHEME_BORDER]};
     return {ui_shadow, ui_border};
-}
-
-/// Keeps the places of the arrows and stops for the mouse, and computes them anew after the element has moved.
-void keep_places(int slot, const SliderPlaces& places) {
-    const std::size_t s = at(slot);
-    gui::arrow_pos[s].x1 = static_cast<std::int16_t>(places.arrow1_x);
-    gui::arrow_pos[s].y1 = static_cast<std::int16_t>(places.arrow1_y);
-    gui::arrow_pos[s].x2 = static_cast<std::int16_t>(places.arrow2_x);
-    gui::arrow_pos[s].y2 = static_cast<std::int16_t>(places.arrow2_y);
-    if (gui::slider_origin[s] != 0) return;
-    const int stops = std::clamp<int>(gui::slider_stops[s], 0, slider_stop_max);
-    for (int stop = 0; stop < stops; ++stop)
-        gui::slider_pos[s][at(stop)] =
-            static_cast<std::int16_t>(places.first_stop + static_cast<int>(places.stop_step * stop));
-    gui::slider_origin[s] = static_cast<std::int16_t>(places.origin);
 }
 
 /// A held arrow takes the sprite below its own.
@@ -82,7 +66,7 @@ void draw_lane(int slot, const SliderPlaces& places, const SliderColors& colors)
 }
 
 /// The value in digits beside the knob, on the side where there is room for it.
-void draw_value_plate(int slot, int knob_x, int knob_y, const SliderColors& colors) {
+void draw_value_plate(int slot, const SliderPlaces& places, int knob_x, int knob_y, const SliderColors& colors) {
     const std::size_t s = at(slot);
     const Word* const value = gui::value_show[s];
     if (value == nullptr) return;
@@ -91,7 +75,7 @@ void draw_value_plate(int slot, int knob_x, int knob_y, const SliderColors& colo
     std::snprintf(digits.data(), digits.size(), "%d", static_cast<int>(*value));
     set_font(FONT_NARROW, TEXT_KNOB);
     const int plate_w = text_width(digits.data()) + margin, knob_w = gui::knob_rect[s].w;
-    const int last_stop = gui::slider_pos[s][at(std::clamp<int>(gui::slider_stops[s], 1, slider_stop_max) - 1)];
+    const int last_stop = places.stop_at(slider_last_stop(slot));
     const int y = knob_y + 1;
     const bool on_left = knob_x + knob_w + plate_w + end_w > last_stop + knob_w;
     const int x = on_left ? knob_x - plate_w : knob_x + knob_w;
@@ -107,16 +91,15 @@ void draw_slider(int slot) {
     const std::size_t s = at(slot);
     const SliderPlaces places = slider_places(slot);
     const SliderColors colors = colors_of(slot);
-    keep_places(slot, places);
     draw_arrows(slot, places);
     draw_lane(slot, places, colors);
     const bool level = gui::slider_horizontal[s] != 0;
     const SpriteRect& knob = gui::knob_rect[s];
-    const int stop_at = gui::slider_pos[s][at(slider_stop(slot))];
+    const int stop_at = places.stop_at(slider_stop(slot));
     const int knob_x = level ? stop_at : places.arrow1_x + gui::arrow_w[s] / 2 - knob.w / 2;
     const int knob_y = level ? places.arrow1_y + gui::arrow_h[s] / 2 - knob.h / 2 : stop_at;
     GUI_sprite(knob.x, knob.y, knob.w, knob.h, knob_x, knob_y);
-    draw_value_plate(slot, knob_x, knob_y, colors);
+    draw_value_plate(slot, places, knob_x, knob_y, colors);
 }
 
 }  // namespace nubo

@@ -24,8 +24,7 @@ void clear_content(std::size_t slot) {
     for (auto& letter : gui::panel_text[slot]) letter = '\0';
     gui::tooltip[slot] = gui::child_count[slot] = gui::border_style[slot] = gui::drag_id[slot] = 0;
     gui::source_x[slot] = gui::source_y[slot] = 0;
-    constexpr std::size_t parameters = gui::aux_rows * gui::aux_columns;
-    for (std::size_t i = 0; i < parameters; ++i) gui::aux[slot * parameters + i] = -1;
+    for (std::size_t i = 0; i < gui::aux_parameters; ++i) gui::aux[slot * gui::aux_parameters + i] = -1;
 }
 
 void clear_list(std::size_t slot) {
@@ -42,13 +41,11 @@ void clear_slider(std::size_t slot) {
     constexpr int arrow_default = 10;
     gui::has_slider[slot] = gui::slider_horizontal[slot] = gui::slider_stops[slot] = 0;
     gui::slider_min[slot] = gui::slider_max[slot] = gui::slider_value[slot] = 0;
-    gui::slider_ox[slot] = gui::slider_oy[slot] = gui::slider_len[slot] = gui::slider_origin[slot] = 0;
-    for (auto& position : gui::slider_pos[slot]) position = 0;
+    gui::slider_ox[slot] = gui::slider_oy[slot] = gui::slider_len[slot] = 0;
     gui::wheel_step[slot] = 1;
     gui::knob_rect[slot] = {};
     gui::arrow_rect[slot] = {};
     gui::arrow_w[slot] = gui::arrow_h[slot] = arrow_default;
-    gui::arrow_pos[slot] = {};
     gui::value_show[slot] = nullptr;
     gui::value_write[slot] = nullptr;
     gui::value_write_on[slot] = 0;

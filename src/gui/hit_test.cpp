@@ -1,6 +1,6 @@
 #include "gui/hit_test.h"
 
-#include "gui/elements.h"
+#include "gui/sliders.h"
 #include "state/view.h"
 
 namespace nubo {
@@ -18,10 +18,11 @@ bool takes_press_at(int slot, int x, int y) {
     return is_inside(x, y, gui::x[s], gui::y[s], gui::w[s] - 1, gui::h[s] - 1);
 }
 
-/// The element under the mouse that lies over all others: the highest slot. An arrow of a slider ends the search.
-int topmost_under_mouse() {
+/// Of the elements from `first` on that under the mouse which lies over all others: the highest slot. An arrow of a
+/// slider ends the search.
+int topmost_under_mouse(int first) {
     int found = -1;
-    for (int slot = first_live_slot; slot < gui_slots; ++slot) {
+    for (int slot = first; slot < gui_slots; ++slot) {
         if (!is_shown(slot)) continue;
         if (gui::has_slider[at(slot)] != 0 && arrow_at(slot, mouse_x, mouse_y) != 0) return slot;
         if (gui::hot[at(slot)] != 0 && mouse_in_element(slot)) found = slot;
@@ -54,6 +55,8 @@ int row_under_mouse(int list) {
 
 bool mouse_in_element(int slot) { return takes_press_at(slot, mouse_x, mouse_y); }
 
+bool mouse_over_elements() { return topmost_under_mouse(0) != -1; }
+
 bool press_began_in_element(int slot) { return takes_press_at(slot, press_start_x, press_start_y); }
 
 bool press_in_element(int slot) {
@@ -63,14 +66,14 @@ bool press_in_element(int slot) {
 
 int arrow_at(int slot, int x, int y) {
     constexpr int area_w = 14, area_h = 12;
-    const ArrowPos& arrows = gui::arrow_pos[at(slot)];
-    if (is_inside(x, y, arrows.x1, arrows.y1, area_w, area_h)) return 1;
-    return is_inside(x, y, arrows.x2, arrows.y2, area_w, area_h) ? 2 : 0;
+    const SliderPlaces places = slider_places(slot);
+    if (is_inside(x, y, places.arrow1_x, places.arrow1_y, area_w, area_h)) return 1;
+    return is_inside(x, y, places.arrow2_x, places.arrow2_y, area_w, area_h) ? 2 : 0;
 }
 
 void find_hover() {
     // Found first and written once: the other flow must not meet a -1 in between.
-    const int found = topmost_under_mouse();
+    const int found = topmost_under_mouse(first_live_slot);
     for (int slot = 0; slot < gui_slots; ++slot)
         if (slot != found) gui::hover_row[at(slot)] = -1;
     if (found != -1) gui::hover_row[at(found)] = static_cast<std::int16_t>(row_under_mouse(found));

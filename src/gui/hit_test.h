@@ -6,6 +6,9 @@ namespace nubo {
 /// The mouse is in the slot's rectangle, less its last column and row.
 bool mouse_in_element(int slot);
 
+/// Some element lies under the mouse, also one that takes no press now.
+bool mouse_over_elements();
+
 /// The press that is held began there.
 bool press_began_in_element(int slot);
 

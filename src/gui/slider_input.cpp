@@ -25,16 +25,16 @@ void press_arrow(int slot, PressState state) {
     step_value(at(slot), state);
 }
 
-int last_stop(std::size_t s) { return std::clamp<int>(gui::slider_stops[s], 1, slider_stop_max) - 1; }
-
 /// From the first stop to the end of the knob on the last one.
-bool press_began_on_track(std::size_t s) {
+bool press_began_on_track(int slot) {
+    const std::size_t s = at(slot);
+    const SliderPlaces places = slider_places(slot);
     const bool level = gui::slider_horizontal[s] != 0;
     const int along = level ? press_start_x : press_start_y, across = level ? press_start_y : press_start_x;
     const int length = level ? gui::knob_rect[s].w : gui::knob_rect[s].h;
     const int breadth = level ? gui::knob_rect[s].h : gui::knob_rect[s].w;
-    return along >= gui::slider_pos[s][0] && along < gui::slider_pos[s][at(last_stop(s))] + length &&
-           across >= gui::slider_origin[s] && across < gui::slider_origin[s] + breadth;
+    return along >= places.first_stop && along < places.stop_at(slider_last_stop(slot)) + length &&
+           across >= places.origin && across < places.origin + breadth;
 }
 
 /// The last stop before the mouse, which holds the knob near its middle.
@@ -42,8 +42,9 @@ void drag_knob(int slot) {
     constexpr int grip = 2;
     const std::size_t s = at(slot);
     const int along = (gui::slider_horizontal[s] != 0 ? mouse_x : mouse_y) - grip;
-    int stop = last_stop(s);
-    while (stop > 0 && gui::slider_pos[s][at(stop)] >= along) --stop;
+    const SliderPlaces places = slider_places(slot);
+    int stop = slider_last_stop(slot);
+    while (stop > 0 && places.stop_at(stop) >= along) --stop;
     gui::slider_value[s] = slider_value_of_stop(slot, stop);
 }
 
@@ -76,7 +77,7 @@ bool slider_takes_press(int slot) {
 
 void press_slider(int slot) {
     if (drag_slider == 0) {
-        if (press_began_on_track(at(slot))) {
+        if (press_began_on_track(slot)) {
             drag_slider = slot;
         } else if (const int arrow = arrow_at(slot, press_start_x, press_start_y); arrow != 0) {
             press_arrow(slot, arrow == 1 ? PRESS_ARROW_1 : PRESS_ARROW_2);

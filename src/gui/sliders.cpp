@@ -41,11 +41,13 @@ SliderPlaces slider_places(int slot) {
     return places;
 }
 
+int slider_last_stop(int slot) { return std::clamp<int>(gui::slider_stops[at(slot)], 1, slider_stop_max) - 1; }
+
 int slider_stop(int slot) {
     const std::size_t s = at(slot);
     const double width = stop_width(s);
     const int stop = width > 0 ? static_cast<int>((gui::slider_value[s] - gui::slider_min[s]) / width) : 0;
-    return std::clamp(stop, 0, std::clamp<int>(gui::slider_stops[s], 1, slider_stop_max) - 1);
+    return std::clamp(stop, 0, slider_last_stop(slot));
 }
 
 int slider_value_of_stop(int slot, int stop) {

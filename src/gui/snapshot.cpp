@@ -8,11 +8,9 @@
 namespace nubo {
 
 void take_menu_snapshot(BITMAP* bitmap) {
-    clear_to_color(bitmap, static_cast<int>(transparent_color));
-    BITMAP* const screen = screen_buffer;
-    screen_buffer = bitmap;
+    clear_to_color(screen_buffer, static_cast<int>(transparent_color));
     GUI_draw_all();
-    screen_buffer = screen;
+    blit(screen_buffer, bitmap, 0, 0, 0, 0, view_w, view_h);
     constexpr int extra_w = 3, extra_h = 1;
     menu_shadow = {gui::x[slot_window], gui::y[slot_window], gui::w[slot_window] + extra_w,
                    gui::h[slot_window] + extra_h};

@@ -41,11 +41,6 @@ void place_slots(const SlotRange& slots, const Offsets& offsets, int x, int y) {
     }
 }
 
-/// Sliders compute their stops anew when they are drawn.
-void forget_stops(const SlotRange& slots) {
-    for (int slot = slots.first; slot < slots.end; ++slot) gui::slider_origin[at(slot)] = 0;
-}
-
 /// Where the window goes so that the mouse holds it at the grip and all of it stays on the screen; its border lies
 /// one pixel right of and below its size.
 Offset held_place(int window, const Offset& grip) {
@@ -64,7 +59,6 @@ void carry_window(int window, const Offset& grip, WindowHold hold) {
     const auto carry = [&] {
         const Offset place = held_place(window, grip);
         place_slots(slots, offsets, place.x, place.y);
-        forget_stops(slots);
     };
     for (; is_held(); update_screen(UPDATE_NORMAL)) carry();
     carry();  // to where the button rose or the click came

@@ -67,7 +67,6 @@ enum ElementType : int {
     ELEMENT_WINDOW = 95,
     ELEMENT_COUNT = 98
 };
-inline constexpr int element_types_in_use = 52;
 
 /// What a press on an element does once the button has risen. "Inside": the place of the press lies in the element.
 enum Action : int {
@@ -104,9 +103,6 @@ struct SpriteRect {
 struct ArrowRect {
     Short x1 = -1, y1 = -1, x2 = -1, y2 = -1;
 };
-struct ArrowPos {
-    Short x1 = 0, y1 = 0, x2 = 0, y2 = 0;
-};
 
 namespace gui {
 // Place and kind.
@@ -137,23 +133,20 @@ inline constinit std::array<Short, gui_slots> row_w{};                // 0 means
 // Labels of the rows; the first entries double as parameters of other types.
 inline constinit std::array<std::array<Short, list_row_max>, gui_slots> row_ids{};
 inline constinit std::array<std::array<Word, list_row_max>, gui_slots> row_values{};
-inline constinit auto hover_row = filled<Short, gui_slots>(-1);  // row under the mouse, -1 none
-inline constexpr int aux_rows = 10, aux_columns = 5;
-inline constinit auto aux = filled<Short, gui_slots * aux_rows * aux_columns>(-1);  // parameters of special elements
+inline constinit auto hover_row = filled<Short, gui_slots>(-1);             // row under the mouse, -1 none
+inline constexpr int aux_parameters = 50;                                   // of an element, in a row
+inline constinit auto aux = filled<Short, gui_slots * aux_parameters>(-1);  // parameters of special elements, -1 none
 // Sliders.
 inline constinit std::array<Short, gui_slots> has_slider{}, slider_horizontal{};
 inline constinit std::array<Word, gui_slots> slider_min{}, slider_max{}, slider_value{};  // min to max - 1
-inline constinit std::array<Short, gui_slots> slider_stops{};                             // knob positions on the track
-inline constinit std::array<Short, gui_slots> slider_ox{}, slider_oy{};                   // offset in the element
-inline constinit std::array<Short, gui_slots> slider_len{};  // 0 means to the end of the element
-inline constinit std::array<std::array<Short, slider_stop_max>, gui_slots> slider_pos{};  // place of each stop
-inline constinit std::array<Short, gui_slots> slider_origin{};   // of the track; 0: positions to be computed
-inline constinit auto wheel_step = filled<Short, gui_slots>(1);  // change a wheel notch
-inline constinit std::array<SpriteRect, gui_slots> knob_rect{};  // sprites in the GUI sheet
+inline constinit std::array<Short, gui_slots> slider_stops{};  // knob positions on the track, at most `slider_stop_max`
+inline constinit std::array<Short, gui_slots> slider_ox{}, slider_oy{};  // offset in the element
+inline constinit std::array<Short, gui_slots> slider_len{};              // 0 means to the end of the element
+inline constinit auto wheel_step = filled<Short, gui_slots>(1);          // change a wheel notch
+inline constinit std::array<SpriteRect, gui_slots> knob_rect{};          // sprites in the GUI sheet
 inline constinit std::array<ArrowRect, gui_slots> arrow_rect{};
 inline constinit auto arrow_w = filled<Short, gui_slots>(10);
 inline constinit auto arrow_h = filled<Short, gui_slots>(10);
-inline constinit std::array<ArrowPos, gui_slots> arrow_pos{};         // on the screen, kept by the drawing pass
 inline constinit std::array<Shared<Word*>, gui_slots> value_show{};   // the int shown next to the knob
 inline constinit std::array<Shared<Word*>, gui_slots> value_write{};  // the int to which `slider_value` is copied
 inline constinit std::array<Short, gui_slots> value_write_on{};

@@ -1,9 +1,9 @@
 #include "windows/about_box.h"
 
 #include "framework/text.h"
-#include "gui/draw.h"
 #include "paint/inks.h"
 #include "state/run.h"
+#include "windows/draw_elements.h"
 #include "windows/run_window.h"
 #include <array>
 
@@ -41,6 +41,8 @@ struct AboutLine {
 };
 constexpr std::array<AboutLine, 2> lines{{{57, "NUBO VERSION", "1.3"}, {67, "COMPILED", "01/26/2012"}}};
 
+}  // namespace
+
 /// The logo, and below it a name and a value on a plate for each line.
 void draw_about(int slot) {
     constexpr int logo_w = 173, logo_h = 33, logo_x = 4, logo_y = 15;
@@ -57,10 +59,6 @@ void draw_about(int slot) {
     }
 }
 
-}  // namespace
-
 void about_box() { run_window(window); }
-
-void register_about_box() { set_element_drawer(ELEMENT_ABOUT, draw_about); }
 
 }  // namespace nubo

@@ -6,7 +6,4 @@ namespace nubo {
 /// Shows the box until its OKAY is pressed.
 void about_box();
 
-/// Tells the toolkit how to draw its panel. Once, at start.
-void register_about_box();
-
 }  // namespace nubo

@@ -1,5 +1,6 @@
 #include "windows/choice_window.h"
 
+#include "gui/columns.h"
 #include "gui/presses.h"
 #include "state/view.h"
 #include "windows/choice_slots.h"
@@ -48,7 +49,7 @@ int& choice_in(const ChoiceWindow& kind, int slot) { return (*kind.slots)[at(slo
 void edit_slot(const ChoiceWindow& kind, int slot) {
     *kind.active = slot;
     show_choice_slots(CHOICE_BUTTON_FIRST, kind.label_of_zero, *kind.slots, slot);
-    gui::label[at(CHOICE_DESCRIPTION)] = kind.description_of_zero + choice_in(kind, slot);
+    description_of(CHOICE_DESCRIPTION) = kind.description_of_zero + choice_in(kind, slot);
     kind.build_options(choice_in(kind, slot));
 }
 

@@ -1,11 +1,12 @@
 #include "windows/color_elements.h"
 
 #include "base/bitmap.h"
-#include "gui/draw.h"
+#include "gui/columns.h"
 #include "gui/shapes.h"
 #include "paint/spectrum.h"
 #include "state/run.h"
 #include "state/tools.h"
+#include "windows/draw_elements.h"
 #include <algorithm>
 #include <allegro.h>
 
@@ -14,19 +15,6 @@ namespace {
 
 constexpr int scale_max = 255, vga_max = 63;
 
-// ---- Spectrum ------------------------------------------------------------------------------------------------------
-
-/// Its border is named by `row_values[0]`, since the drawing menu and the colour window draw different ones.
-void draw_spectrum(int slot) {
-    const std::size_t s = at(slot);
-    const auto border = static_cast<Color>(static_cast<int>(gui::row_values[s][0]));
-    GUI_box(slot, color_of(slot), border);
-    const int x = gui::x[s], width = gui::w[s], top = gui::y[s] + 1, bottom = gui::y[s] + gui::h[s] - 2;
-    for (int column = 1; column < width - 1; ++column)
-        vline(screen_buffer, x + column, top, bottom, static_cast<int>(spectrum_strip_color(column, width)));
-    GUI_corner_dots(slot, border);
-}
-
 // ---- Variations ----------------------------------------------------------------------------------------------------
 
 enum HlsSlider : std::size_t { HLS_HUE, HLS_LIGHTNESS, HLS_SATURATION };
@@ -34,11 +22,6 @@ enum HlsSlider : std::size_t { HLS_HUE, HLS_LIGHTNESS, HLS_SATURATION };
 HlsSlider slider_of(ElementType variant) {
     if (variant == ELEMENT_VARIANT_HUE) return HLS_HUE;
     return variant == ELEMENT_VARIANT_LIGHT ? HLS_LIGHTNESS : HLS_SATURATION;
-}
-
-void draw_variant(int slot) {
-    const Color color = variant_color_of(slot);
-    GUI_box(slot, color, ui_border);
 }
 
 // ---- The colour map ------------------------------------------------------------------------------------------------
@@ -66,45 +49,14 @@ int map_value(Colorspace space, int pixel, int extent) {
     return std::clamp(static_cast<int>(value), 0, scale_max);
 }
 
-/// The slots of the three sliders, which the map's `aux` names.
+/// The slots of the three sliders.
 int slider_slot(int map_slot, std::size_t index) {
-    constexpr std::size_t parameters = gui::aux_rows * gui::aux_columns;
-    return std::clamp<int>(gui::aux[at(map_slot) * parameters + index], 0, gui_slots - 1);
-}
-
-template <Colorspace space> void draw_map(int slot) {
-    const std::size_t s = at(slot);
-    GUI_box(slot, color_of(slot), ui_border);
-    std::array<int, 3> sliders{};
-    for (std::size_t i = 0; i < sliders.size(); ++i) sliders[i] = gui::slider_value[at(slider_slot(slot, i))];
-    constexpr int least_saturation = 3;  // a hundredth of the scale, so that a gray's map still tells hues apart
-    if (space == SPACE_HLS) sliders[HLS_SATURATION] = std::max(sliders[HLS_SATURATION], least_saturation);
-    const int left = gui::x[s] + 1, top = gui::y[s] + 1, width = gui::w[s], height = gui::h[s];
-    for (int row = 0; row < height - 2; ++row) {
-        if (top + row < 0 || top + row >= screen_buffer->h) continue;
-        sliders[axes_of(space).down] = map_value(space, row, height);
-        for (int column = 0; column < width - 2; ++column) {
-            if (!frame_contains(screen_buffer, left + column, top + row)) continue;
-            sliders[axes_of(space).across] = map_value(space, column, width);
-            *pixels_at(screen_buffer, left + column, top + row) =
-                sliders_to_color(space, sliders[0], sliders[1], sliders[2]);
-        }
-    }
-    GUI_corner_dots(slot, ui_border);
+    return std::clamp<int>(map_slider_of(map_slot, static_cast<int>(index)), 0, gui_slots - 1);
 }
 
 }  // namespace
 
-void set_color_drawers() {
-    set_element_drawer(ELEMENT_SPECTRUM, draw_spectrum);
-    set_element_drawer(ELEMENT_VARIANT_HUE, draw_variant);
-    set_element_drawer(ELEMENT_VARIANT_LIGHT, draw_variant);
-    set_element_drawer(ELEMENT_VARIANT_SAT, draw_variant);
-    set_element_drawer(ELEMENT_MAP_VGA, draw_map<SPACE_VGA>);
-    set_element_drawer(ELEMENT_MAP_RGB, draw_map<SPACE_RGB>);
-    set_element_drawer(ELEMENT_MAP_HLS, draw_map<SPACE_HLS>);
-    set_element_drawer(ELEMENT_MAP_HSV, draw_map<SPACE_HSV>);
-}
+// ---- What they show ------------------------------------------------------------------------------------------------
 
 Color spectrum_strip_color(int column, int width) {
     return spectrum_color(spectrum_start, spectrum_end, ink_option(active_ink(), OPTION_BANDING),
@@ -124,7 +76,7 @@ Color variant_color(ElementType variant, Color color, int steps) {
 Color variant_color_of(int slot) {
     const std::size_t s = at(slot);
     return variant_color(static_cast<ElementType>(static_cast<int>(gui::type[s])),
-                         static_cast<Color>(static_cast<int>(gui::row_values[s][0])), gui::label[s]);
+                         static_cast<Color>(int{variant_middle_of(slot)}), variant_steps_of(slot));
 }
 
 void map_to_sliders(Colorspace space, int map_slot) {
@@ -134,6 +86,62 @@ void map_to_sliders(Colorspace space, int map_slot) {
     };
     set_slider(axes_of(space).across, map_value(space, press_x - gui::x[s] - 1, gui::w[s]));
     set_slider(axes_of(space).down, map_value(space, press_y - gui::y[s] - 1, gui::h[s]));
+}
+
+// ---- Drawing -------------------------------------------------------------------------------------------------------
+
+void draw_swatch(int slot) {
+    GUI_box(slot, color_of(slot), color_of(slot) == brush_color ? ui_highlight_fore : ui_border);
+}
+
+void draw_swatch_brush(int slot) { GUI_box(slot, brush_color, ui_border); }
+
+/// With a small mark, by which it is told from the swatch of the brush.
+void draw_swatch_mask(int slot) {
+    GUI_box(slot, mask_color, ui_border);
+    constexpr int mark_w = 4, mark_h = 5, mark_dx = 15, mark_dy = 2;
+    const int left = gui::x[at(slot)] + mark_dx, top = gui::y[at(slot)] + mark_dy;
+    const int right = left + mark_w - 1, bottom = top + mark_h - 1;
+    rect(screen_buffer, left, top, right, bottom, static_cast<int>(fixed_black));
+    for (const int x : {left, right})
+        for (const int y : {top, bottom}) putpixel(screen_buffer, x, y, static_cast<int>(fixed_light));
+}
+
+void draw_spectrum(int slot) {
+    const std::size_t s = at(slot);
+    const auto border = static_cast<Color>(int{border_color_of(slot)});
+    GUI_box(slot, color_of(slot), border);
+    const int x = gui::x[s], width = gui::w[s], top = gui::y[s] + 1, bottom = gui::y[s] + gui::h[s] - 2;
+    for (int column = 1; column < width - 1; ++column)
+        vline(screen_buffer, x + column, top, bottom, static_cast<int>(spectrum_strip_color(column, width)));
+    GUI_corner_dots(slot, border);
+}
+
+void draw_variant(int slot) {
+    const Color color = variant_color_of(slot);
+    GUI_box(slot, color, ui_border);
+}
+
+void draw_color_map(int slot) {
+    const std::size_t s = at(slot);
+    const auto space = static_cast<Colorspace>(gui::type[s] - ELEMENT_MAP_VGA);
+    GUI_box(slot, color_of(slot), ui_border);
+    std::array<int, 3> sliders{};
+    for (std::size_t i = 0; i < sliders.size(); ++i) sliders[i] = gui::slider_value[at(slider_slot(slot, i))];
+    constexpr int least_saturation = 3;  // a hundredth of the scale, so that a gray's map still tells hues apart
+    if (space == SPACE_HLS) sliders[HLS_SATURATION] = std::max(sliders[HLS_SATURATION], least_saturation);
+    const int left = gui::x[s] + 1, top = gui::y[s] + 1, width = gui::w[s], height = gui::h[s];
+    for (int row = 0; row < height - 2; ++row) {
+        if (top + row < 0 || top + row >= screen_buffer->h) continue;
+        sliders[axes_of(space).down] = map_value(space, row, height);
+        for (int column = 0; column < width - 2; ++column) {
+            if (!frame_contains(screen_buffer, left + column, top + row)) continue;
+            sliders[axes_of(space).across] = map_value(space, column, width);
+            *pixels_at(screen_buffer, left + column, top + row) =
+                sliders_to_color(space, sliders[0], sliders[1], sliders[2]);
+        }
+    }
+    GUI_corner_dots(slot, ui_border);
 }
 
 }  // namespace nubo

@@ -1,14 +1,10 @@
 #pragma once
 // The elements that show colours by rule: the Spectrum's strip, the variations of a colour, the map of a colourspace.
+// What they show is what a press on them takes.
 #include "state/colors.h"
 #include "state/gui.h"
 
 namespace nubo {
-
-/// Names the drawers of these types to the toolkit. Once, at start.
-void set_color_drawers();
-
-// ---- What they show, and so what a press on them takes -------------------------------------------------------------
 
 /// The colour of the Spectrum, with the BANDING of the active ink, at a column of a strip `width` pixels wide.
 Color spectrum_strip_color(int column, int width);
@@ -20,7 +16,7 @@ Color pressed_spectrum_color(int slot);
 /// (ELEMENT_VARIANT_LIGHT, ELEMENT_VARIANT_SAT), each held to 0 to 255.
 Color variant_color(ElementType variant, Color color, int steps);
 
-/// The colour that a variant's slot shows: that of `row_values[0]`, by the steps in its `label`.
+/// The colour that a variant's slot shows: the one in the middle, moved by its steps.
 Color variant_color_of(int slot);
 
 /// Sets the two sliders that the plane of the colour map in `map_slot` spans from the place of the press on it.

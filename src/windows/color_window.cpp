@@ -1,5 +1,6 @@
 #include "windows/color_window.h"
 
+#include "gui/columns.h"
 #include "gui/presses.h"
 #include "paint/spectrum.h"
 #include "windows/color_elements.h"
@@ -217,9 +218,8 @@ void enter_space(Edit& edit, Colorspace space) {
 
 void finish_window(Edit& edit) {
     for (int i = 0; i < slider_count; ++i)
-        gui::aux[at(COLOR_MAP) * gui::aux_rows * gui::aux_columns + at(i)] =
-            static_cast<std::int16_t>(COLOR_SLIDER_FIRST + i);
-    gui::row_values[at(COLOR_SPECTRUM)][0] = static_cast<int>(ui_border);
+        map_slider_of(COLOR_MAP, i) = static_cast<std::int16_t>(COLOR_SLIDER_FIRST + i);
+    border_color_of(COLOR_SPECTRUM) = static_cast<int>(ui_border);
     colorspace = std::clamp<int>(colorspace, SPACE_VGA, SPACE_COUNT - 1);
     enter_space(edit, space_shown());
 }
@@ -229,8 +229,7 @@ void refresh_swatches(const Edit& edit) {
     gui::color[at(COLOR_BRUSH)] = static_cast<int>(&edit.color == &mask_color ? brush_color : edit.color);
     for (int i = 0; i < color_slot_count; ++i)
         gui::color[at(COLOR_SLOT_FIRST + i)] = static_cast<int>(color_slots[at(i)]);
-    for (int slot = COLOR_HUE_FIRST; slot < COLOR_MAP; ++slot)
-        gui::row_values[at(slot)][0] = static_cast<int>(edit.color);
+    for (int slot = COLOR_HUE_FIRST; slot < COLOR_MAP; ++slot) variant_middle_of(slot) = static_cast<int>(edit.color);
 }
 
 // ---- Serving the clicks --------------------------------------------------------------------------------------------

@@ -1,5 +1,6 @@
 #include "windows/drawing_menu.h"
 
+#include "gui/columns.h"
 #include "gui/window.h"
 #include "state/colors.h"
 #include "state/tools.h"
@@ -63,7 +64,7 @@ void build_drawing_menu() {
     build_window(drawing_menu);
     show_choice_slots(DRAWING_TOOL_FIRST, LABEL_TOOL_FIRST, tool_slots, active_tool_slot);
     show_choice_slots(DRAWING_INK_FIRST, LABEL_INK_FIRST, ink_slots, active_ink_slot);
-    gui::row_values[at(DRAWING_SPECTRUM)][0] = static_cast<int>(ui_border);  // its own border
+    border_color_of(DRAWING_SPECTRUM) = static_cast<int>(ui_border);
 }
 
 }  // namespace nubo

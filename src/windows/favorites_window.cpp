@@ -1,5 +1,6 @@
 #include "windows/favorites_window.h"
 
+#include "gui/columns.h"
 #include "state/view.h"
 #include "windows/activity_menus.h"
 #include "windows/color_window.h"
@@ -67,9 +68,8 @@ void build_swatch(int slot, int x, int y) {
 
 void finish_window() {
     constexpr int pitch_x = 11, pitch_y = 10, colors_x = 2, colors_y = 22, colors_row = 5, grid_x = 66, grid_y = 2;
-    constexpr std::int16_t arrow_up = 0, arrow_down = 2;
-    gui::row_ids[FAVORITES_UP][0] = arrow_up;
-    gui::row_ids[FAVORITES_DOWN][0] = arrow_down;
+    arrow_direction_of(FAVORITES_UP) = ARROW_UP;
+    arrow_direction_of(FAVORITES_DOWN) = ARROW_DOWN;
     for (int i = 0; i < color_slot_count; ++i)
         build_swatch(FAVORITES_COLOR_FIRST + i, colors_x + pitch_x * (i % colors_row),
                      colors_y + pitch_y * (i / colors_row));

@@ -3,12 +3,13 @@
 #include "base/bitmap.h"
 #include "codecs/blend.h"
 #include "framework/text.h"
-#include "gui/draw.h"
+#include "gui/columns.h"
 #include "gui/presses.h"
 #include "gui/shapes.h"
 #include "state/options.h"
 #include "state/run.h"
 #include "state/texts_help.h"
+#include "windows/draw_elements.h"
 #include "windows/run_window.h"
 #include <array>
 
@@ -39,7 +40,7 @@ constexpr WindowRow window{.id = WINDOW_BOX,
                            .cancel = HELP_BUTTON_EXIT,
                            .keys = KEYS_ESCAPE};
 constexpr ListLayout topic_layout{.rows = 21, .row_h = 10, .font = FONT_WIDE, .row_w = 84, .row_top = 1};
-constexpr int topic_rows = 45, topic_slider_x = 87, topic_stops = 22, text_slider_x = 204, text_stops = 15;
+constexpr int topic_rows = 45, topic_slider_x = 87, topic_stops = 22, text_slider_x = 204;
 constexpr int wheel_rows = 2;
 
 // ---- Wrapping ------------------------------------------------------------------------------------------------------
@@ -68,35 +69,23 @@ template <typename Visit> int lay_out(std::string_view text, Visit visit) {
 
 constexpr int backdrop_side = 198, backdrop_x = 9, backdrop_y = 12, backdrop_strength = 38;
 constexpr int emblem_x = 70, emblem_side = 33;  // in the logo
-BITMAP* help_backdrop = nullptr;                // lives to the end: Allegro is gone before a static owner would be
+BITMAP* help_backdrop = nullptr;                // the window owns it while it is open
 
-Short& line_count_of(int slot) { return gui::aux[at(slot) * gui::aux_rows * gui::aux_columns]; }
-
-/// A text of more lines than show gets a slider, which places its stops anew when their number changes.
-void fit_slider(int slot, int lines) {
-    if (lines <= lines_shown) {
-        gui::has_slider[at(slot)] = 0;
-        return;
-    }
-    GUI_set_range(slot, {.highest = lines - lines_shown, .step = wheel_rows});
-    gui::has_slider[at(slot)] = 1;
+/// The emblem of the logo, enlarged; null without one.
+OwnedBitmap make_backdrop() {
+    OwnedBitmap backdrop = logo != nullptr ? make_bitmap(backdrop_side, backdrop_side, transparent_color) : nullptr;
+    if (backdrop)
+        stretch_blit(logo, backdrop.get(), emblem_x, 0, emblem_side, emblem_side, 0, 0, backdrop_side, backdrop_side);
+    return backdrop;
 }
 
-void draw_help_text(int slot) {
-    constexpr int left = 3, top = 2, column_w = 6, line_h = 7;
-    const int x = gui::x[at(slot)], y = gui::y[at(slot)], index = gui::label[at(slot)];
-    GUI_box(slot, color_of(slot), ui_border);
-    if (help_backdrop != nullptr)
-        trans_blit(help_backdrop, screen_buffer, x + backdrop_x, y + backdrop_y, backdrop_strength);
-    if (index < 0 || index >= help_slots) return;
-    if (line_count_of(slot) < 1) line_count_of(slot) = static_cast<std::int16_t>(help_line_count(index));
-    fit_slider(slot, line_count_of(slot));
-    set_font(FONT_WIDE, TEXT_HIGHLIGHT);
-    const int first = gui::slider_value[at(slot)];
-    lay_out(help_text[static_cast<std::size_t>(index)], [&](std::string_view word, int line, int column) {
-        if (line >= first && line < first + lines_shown)
-            UA_text(screen_buffer, x + left + column_w * column, y + top + line_h * (line - first), word);
-    });
+/// Shows the text from its beginning; one of more lines than show gets a slider.
+void show_topic(int index) {
+    const int stops = help_line_count(index) - (lines_shown - 1);
+    gui::has_slider[HELP_TEXT] = 0;
+    gui::slider_value[HELP_TEXT] = 0;
+    help_topic_of(HELP_TEXT) = index;
+    if (stops > 1) GUI_set_vertical_slider(HELP_TEXT, text_slider_x, 0, stops, wheel_rows);
 }
 
 // ---- The loop ------------------------------------------------------------------------------------------------------
@@ -104,23 +93,15 @@ void draw_help_text(int slot) {
 void finish_window() {
     GUI_set_list(HELP_LIST, topic_layout, LABEL_HELP_FIRST, topic_rows);
     GUI_set_vertical_slider(HELP_LIST, topic_slider_x, 0, topic_stops, wheel_rows);
-    GUI_set_vertical_slider(HELP_TEXT, text_slider_x, 0, text_stops, wheel_rows);
-    gui::has_slider[HELP_TEXT] = 0;
-    gui::label[HELP_TEXT] = help_start;
+    show_topic(help_start);
 }
 
 /// The topic already shown keeps its place.
-void show_topic(int index) {
-    if (gui::label[HELP_TEXT] == index || index >= help_slots) return;
-    line_count_of(HELP_TEXT) = -1;
-    gui::slider_value[HELP_TEXT] = 0;
-    gui::label[HELP_TEXT] = index;
-}
-
 void serve_list() {
     const int row = pressed_row(HELP_LIST);
     if (row == -1) return;
-    show_topic(gui::slider_value[HELP_LIST] + 1 + row);
+    const int topic = gui::slider_value[HELP_LIST] + 1 + row;
+    if (topic != help_topic_of(HELP_TEXT) && topic < help_slots) show_topic(topic);
     wait_while_down(mouse_left);
 }
 
@@ -129,11 +110,14 @@ void serve_list() {
 void help_window() {
     const int status_bar = opt_status_bar;
     opt_status_bar = 0;  // the window fills the screen
+    const OwnedBitmap backdrop = make_backdrop();
+    help_backdrop = backdrop.get();
     const auto serve = [] {
         serve_list();
         return WINDOW_STAYS;
     };
     run_window(window, {.built = finish_window, .serve = serve});
+    help_backdrop = nullptr;
     opt_status_bar = status_bar;
 }
 
@@ -154,11 +138,19 @@ int help_line_count(int index) {
     return lay_out(help_text[static_cast<std::size_t>(index)], [](std::string_view, int, int) {});
 }
 
-void register_help_window() {
-    replace_bitmap(help_backdrop, make_bitmap(backdrop_side, backdrop_side, transparent_color));
-    if (help_backdrop != nullptr && logo != nullptr)
-        stretch_blit(logo, help_backdrop, emblem_x, 0, emblem_side, emblem_side, 0, 0, backdrop_side, backdrop_side);
-    set_element_drawer(ELEMENT_HELP_TEXT, draw_help_text);
+void draw_help_text(int slot) {
+    constexpr int left = 3, top = 2, column_w = 6, line_h = 7;
+    const int x = gui::x[at(slot)], y = gui::y[at(slot)], index = help_topic_of(slot);
+    GUI_box(slot, color_of(slot), ui_border);
+    if (help_backdrop != nullptr)
+        trans_blit(help_backdrop, screen_buffer, x + backdrop_x, y + backdrop_y, backdrop_strength);
+    if (index < 0 || index >= help_slots) return;
+    set_font(FONT_WIDE, TEXT_HIGHLIGHT);
+    const int first = gui::slider_value[at(slot)];
+    lay_out(help_text[static_cast<std::size_t>(index)], [&](std::string_view word, int line, int column) {
+        if (line >= first && line < first + lines_shown)
+            UA_text(screen_buffer, x + left + column_w * column, y + top + line_h * (line - first), word);
+    });
 }
 
 }  // namespace nubo

@@ -14,7 +14,4 @@ int help_word_width(std::string_view word);
 /// Lines of a help text, by its index in `help_text`, wrapped as the window shows it.
 int help_line_count(int index);
 
-/// Makes the picture behind the text from the logo, and tells the toolkit how to draw the text. Once, at start.
-void register_help_window();
-
 }  // namespace nubo

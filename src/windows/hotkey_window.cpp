@@ -2,6 +2,7 @@
 
 #include "base/keys.h"
 #include "base/log.h"
+#include "gui/columns.h"
 #include "state/flow.h"
 #include "state/texts_keys.h"
 #include "windows/confirm_box.h"
@@ -123,7 +124,7 @@ template <typename Visit> void for_each_key_shown(int first, Visit visit) {
 
 void show_keys(int first) {
     for_each_key_shown(first,
-                       [](int slot, int row, KeySide side) { gui::label[at(slot)] = int{hotkeys[at(row)][at(side)]}; });
+                       [](int slot, int row, KeySide side) { key_value_of(slot) = int{hotkeys[at(row)][at(side)]}; });
 }
 
 void serve_keys(int first) {

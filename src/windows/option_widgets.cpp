@@ -1,5 +1,6 @@
 #include "windows/option_widgets.h"
 
+#include "gui/columns.h"
 #include "gui/window.h"
 #include <algorithm>
 
@@ -60,8 +61,8 @@ void build_button(const ChoiceOption& option, const Target& target, PanelRow row
                    .tooltip = option.tooltip},
                   window_x(), window_y());
     if (!toggles) return;
-    gui::row_ids[at(slot)][0] = static_cast<std::int16_t>(target.number);
-    gui::row_ids[at(slot)][1] = static_cast<std::int16_t>(option.slot);
+    toggle_number_of(slot) = static_cast<std::int16_t>(target.number);
+    toggle_option_of(slot) = static_cast<std::int16_t>(option.slot);
 }
 
 void build_controls(const Target& target) {

@@ -1,5 +1,6 @@
 #include "windows/options_window.h"
 
+#include "gui/columns.h"
 #include "paint/undo.h"
 #include "state/flow.h"
 #include "state/frames.h"
@@ -97,10 +98,10 @@ void build_radio(int row, const UserOption& option) {
                        .label = choice.label,
                        .left = ACTION_RADIO},
                       window_x(), window_y());
-        gui::row_ids[at(slot)][0] = static_cast<std::int16_t>(choice.value);
+        radio_value_of(slot) = static_cast<std::int16_t>(choice.value);
         gui::value_ptr[at(slot)] = option.word;
         for (int other = 0; other < choices_max; ++other)
-            gui::row_values[at(slot)][at(other)] = other < count && other != i ? control_slot(row, other) : 0;
+            radio_other_of(slot, other) = other < count && other != i ? control_slot(row, other) : 0;
     }
 }
 

@@ -4,8 +4,6 @@
 #include "base/keys.h"
 #include "base/log.h"
 #include "codecs/blend.h"
-#include "gui/draw.h"
-#include "gui/elements.h"
 #include "gui/prompt.h"
 #include "gui/shapes.h"
 #include "state/flow.h"
@@ -14,6 +12,7 @@
 #include "state/run.h"
 #include "state/view.h"
 #include "view/view.h"
+#include "windows/draw_elements.h"
 #include "workspace/nail.h"
 #include <algorithm>
 
@@ -43,20 +42,6 @@ OwnedBitmap draw_map() {
     return map;
 }
 
-void draw_minimap(int slot) {
-    const int x = gui::x[at(slot)], y = gui::y[at(slot)], w = gui::w[at(slot)], h = gui::h[at(slot)];
-    const int border = static_cast<int>(ui_border);
-    hline(screen_buffer, x, y, x + w - 1, border);
-    vline(screen_buffer, x, y, y + h - 1, border);
-    hline(screen_buffer, x, y + h - 1, x + w - 1, border);
-    if (minimap == nullptr) return;
-    trans_blit(minimap, screen_buffer, x, y + 1, std::clamp<int>(opt_quick_pan_strength, 1, 254));
-    const auto level = static_cast<std::size_t>(shown.zoom);
-    const int half_w = static_cast<int>(zoom_view_w[level] * map_w / static_cast<float>(current_frame->w)) / 2;
-    const int half_h = static_cast<int>(zoom_view_h[level] * map_h / static_cast<float>(current_frame->h)) / 2;
-    GUI_ants(shown.mouse_x - half_w, shown.mouse_y - half_h, shown.mouse_x + half_w, shown.mouse_y + half_h);
-}
-
 /// The pan that puts the Frame's pixel under the mouse into the middle of the view.
 int pan_of_map(int frame_size, int map_size, int mouse_in_map, float view_size) {
     const float pixels = static_cast<float>(frame_size) / static_cast<float>(map_size);
@@ -73,6 +58,20 @@ void go_to_mouse() {
 }
 
 }  // namespace
+
+void draw_minimap(int slot) {
+    const int x = gui::x[at(slot)], y = gui::y[at(slot)], w = gui::w[at(slot)], h = gui::h[at(slot)];
+    const int border = static_cast<int>(ui_border);
+    hline(screen_buffer, x, y, x + w - 1, border);
+    vline(screen_buffer, x, y, y + h - 1, border);
+    hline(screen_buffer, x, y + h - 1, x + w - 1, border);
+    if (minimap == nullptr) return;
+    trans_blit(minimap, screen_buffer, x, y + 1, std::clamp<int>(opt_quick_pan_strength, 1, 254));
+    const auto level = static_cast<std::size_t>(shown.zoom);
+    const int half_w = static_cast<int>(zoom_view_w[level] * map_w / static_cast<float>(current_frame->w)) / 2;
+    const int half_h = static_cast<int>(zoom_view_h[level] * map_h / static_cast<float>(current_frame->h)) / 2;
+    GUI_ants(shown.mouse_x - half_w, shown.mouse_y - half_h, shown.mouse_x + half_w, shown.mouse_y + half_h);
+}
 
 void quick_pan() {
     const Prompt prompt;
@@ -100,7 +99,5 @@ void quick_pan() {
     GUI_clear_element(slot);
     minimap = nullptr;
 }
-
-void register_quick_pan() { set_element_drawer(ELEMENT_MINIMAP, draw_minimap); }
 
 }  // namespace nubo

@@ -2,6 +2,7 @@
 
 #include "base/keys.h"
 #include "gui/presses.h"
+#include "gui/sliders.h"
 #include "gui/snapshot.h"
 #include "gui/text_field.h"
 #include "gui/waiting.h"
@@ -142,6 +143,7 @@ WindowPass loop(const WindowRow& window, const WindowCalls& calls) {
         pass = ends ? WINDOW_CANCELLED : serve_pass(window, calls);
     }
     hotkeys_busy = 0;
+    if (pass == WINDOW_DONE) write_sliders();  // what the hand did since the last picture
     return pass;
 }
 

@@ -1,5 +1,6 @@
 #include "windows/tip_window.h"
 
+#include "gui/columns.h"
 #include "gui/presses.h"
 #include "state/stroke.h"
 #include "state/view.h"
@@ -34,7 +35,7 @@ void build_cell(int tip) {
                    .tooltip = MESSAGE_SELECT_TIP},
                   window_x(), window_y());
     const std::size_t slot = at(TIP_CELL_FIRST + tip);
-    gui::row_ids[slot][0] = static_cast<std::int16_t>(tip);
+    tip_of(TIP_CELL_FIRST + tip) = static_cast<std::int16_t>(tip);
     gui::source_x[slot] = static_cast<std::int16_t>(tip_w * column);
     gui::source_y[slot] = static_cast<std::int16_t>(tip_h * row);
 }

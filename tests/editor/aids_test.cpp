@@ -7,7 +7,6 @@
 #include "state/options.h"
 #include "state/run.h"
 #include "state/view.h"
-#include "windows/quick_pan.h"
 
 namespace nubo {
 namespace {
@@ -16,7 +15,6 @@ constexpr Color white = 0xffffff, bar_on_white = 0x5e5e5e;  // black at 160: 255
 
 class AidsTest : public EditorTest {
 protected:
-    AidsTest() { register_quick_pan(); }
     static Color screen_pixel(int x, int y) { return *pixels_at(screen_buffer, x, y); }
     /// The first row of the bar on a white screen, -1 for none.
     static int bar_row_with(int mouse, int window_y) {

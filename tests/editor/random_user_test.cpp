@@ -8,7 +8,6 @@
 #include "codecs/png.h"
 #include "editor/loop.h"
 #include "editor/present.h"
-#include "editor/zoom_preview.h"
 #include "framework/resources.h"
 #include "gui/window.h"
 #include "harness/harness.h"
@@ -21,12 +20,7 @@
 #include "state/options.h"
 #include "state/run.h"
 #include "state/stroke.h"
-#include "windows/about_box.h"
-#include "windows/color_elements.h"
 #include "windows/drawing_menu.h"
-#include "windows/gradient_nodes.h"
-#include "windows/help_window.h"
-#include "windows/quick_pan.h"
 #include "workspace/folders.h"
 #include "workspace/frame_files.h"
 #include "workspace/workspace.h"
@@ -281,12 +275,6 @@ protected:
         replace_bitmap(nail_sheet, make_bitmap(nail_tile * nail_columns, nail_tile * nail_columns));
         replace_bitmap(preview_bitmap, make_bitmap(preview_w, preview_h));
         replace_bitmap(logo, OwnedBitmap(load_png("resource/N_HD_1X.RES", nullptr)));
-        set_color_drawers();
-        register_help_window();
-        register_about_box();
-        register_gradient_nodes();
-        register_zoom_preview();
-        register_quick_pan();
         hotkeys[HOTKEY_FRAME_CLONE][KEY_PRIMARY] = KEY_1;
         hotkeys[HOTKEY_FRAME_INSERT][KEY_PRIMARY] = KEY_2;
         hotkeys[HOTKEY_FRAME_DELETE][KEY_PRIMARY] = KEY_3;

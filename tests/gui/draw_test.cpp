@@ -1,12 +1,10 @@
 // What the elements look like.
 #include "framework/resources.h"
-#include "gui/key_names.h"
+#include "gui/columns.h"
 #include "gui/shapes.h"
 #include "gui_kit.h"
 #include "harness/harness.h"
-#include "state/hotkeys.h"
 #include "state/resources.h"
-#include "state/stroke.h"
 #include <algorithm>
 #include <allegro.h>
 #include <filesystem>
@@ -55,24 +53,21 @@ TEST_F(DrawTest, TheRoundedBoxHasClippedCorners) {
     EXPECT_FALSE(touched_outside(10, 10, 15, 14));
 }
 
-TEST_F(DrawTest, EveryTypeDrawsInsideItsElement) {
+TEST_F(DrawTest, EveryTypeOfTheToolkitDrawsAndNotBeyondItsElement) {
     load_art();
-    replace_bitmap(preview_bitmap, make_bitmap(preview_w, preview_h, 0x445566));
-    replace_bitmap(nail_sheet, make_bitmap(400, 400, 0x665544));
     static const char* const words = "SOME WORDS";
-    for (int type = 0; type < ELEMENT_COUNT; ++type) {
-        GUI_clear_element(5);
-        add(5, static_cast<ElementType>(type), 40, 30, 130, 90);
+    for (const ElementType type : {ELEMENT_TEXT, ELEMENT_CAPTION, ELEMENT_SWATCH_WAIT, ELEMENT_BOX, ELEMENT_TITLE,
+                                   ELEMENT_BUTTON, ELEMENT_BUTTON_DOWN, ELEMENT_BUTTON_LIT, ELEMENT_BUTTON_LIT_DARK,
+                                   ELEMENT_TEXT_FIELD, ELEMENT_LIST, ELEMENT_NUMBER, ELEMENT_PROGRESS, ELEMENT_RADIO_ON,
+                                   ELEMENT_RADIO_OFF, ELEMENT_ARROW, ELEMENT_FAILURE_BOX, ELEMENT_WINDOW}) {
+        add(5, type, 40, 30, 130, 90);
         gui::label[5] = LABEL_OKAY;
         gui::value_text[5] = words;
-        gui::rows[5] = 9;
-        gui::row_h[5] = 9;
-        gui::row_font[5] = FONT_WIDE;
-        for (auto& id : gui::row_ids[5]) id = LABEL_HOTKEY_FIRST;  // of more letters than the element has room for
-        gui::row_ids[5][0] = 50;
-        gui::has_slider[5] = type == ELEMENT_LIST ? 1 : 0;
+        GUI_set_list(5, {.rows = 9, .row_h = 9}, LABEL_HOTKEY_FIRST, 20);  // of more letters than there is room for
+        progress_of(5) = 50;
         if (type == ELEMENT_LIST) GUI_set_vertical_slider(5, 118, 0, 12, 1);
         draw_on(paper);
+        EXPECT_GT(touched(), 0) << "type " << type;
         // A window's own border lies one pixel right of and below its size.
         const int extra = type == ELEMENT_WINDOW ? 1 : 0;
         EXPECT_FALSE(touched_outside(40, 30, 169 + extra, 119 + extra)) << "type " << type;

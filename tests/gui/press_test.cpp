@@ -1,5 +1,6 @@
 // Presses: which element takes them, and what each action leaves behind.
 #include "base/log.h"
+#include "gui/columns.h"
 #include "gui_kit.h"
 #include "harness/harness.h"
 #include "state/tools.h"
@@ -86,8 +87,8 @@ TEST_F(GuiTest, TogglesFlipTheOptionThatTheyName) {
     add(5, ELEMENT_BUTTON, 100, 50, 39, 9);
     const auto press = [](Action action, int row, int option) {
         gui::left_action[5] = static_cast<std::int16_t>(action);
-        gui::row_ids[5][0] = static_cast<std::int16_t>(row);
-        gui::row_ids[5][1] = static_cast<std::int16_t>(option);
+        toggle_number_of(5) = static_cast<std::int16_t>(row);
+        toggle_option_of(5) = static_cast<std::int16_t>(option);
         click_at(110, 52);
     };
     press(ACTION_TOGGLE_TOOL, TOOL_SPLINE, OPTION_CLOSED);
@@ -116,10 +117,10 @@ TEST_F(GuiTest, ARadioButtonStoresItsValueAndTurnsTheOthersOff) {
     for (const int slot : {5, 6, 7}) {
         add(slot, ELEMENT_RADIO_OFF, 20 * slot, 50, 19, 9);
         gui::left_action[at(slot)] = ACTION_RADIO;
-        gui::row_ids[at(slot)][0] = static_cast<std::int16_t>(slot * 10);
+        radio_value_of(slot) = static_cast<std::int16_t>(slot * 10);
         gui::value_ptr[at(slot)] = &value;
         for (int i = 0, other = 5; other <= 7; ++other)
-            if (other != slot) gui::row_values[at(slot)][at(i++)] = other;
+            if (other != slot) radio_other_of(slot, i++) = other;
     }
     for (const int slot : {6, 7, 5}) {
         click_at(20 * slot + 3, 52);

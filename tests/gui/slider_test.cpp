@@ -9,32 +9,33 @@ constexpr int level = 5, upright = 6;
 
 class SliderTest : public GuiTest {
 protected:
-    /// Two sliders of the sizes of the ink window, with their places computed by a drawing.
+    /// Two sliders of the sizes of the ink window.
     static void build(int level_stops, int upright_stops) {
         GUI_add_slider(level, 100, 50, 115, level_stops);
         add(upright, ELEMENT_LIST, 10, 60, 72, 65);
         gui::left_action[upright] = ACTION_NONE;
         GUI_set_vertical_slider(upright, 62, 0, upright_stops, 2);
-        draw_on(0);
     }
 };
 
 TEST_F(SliderTest, StopsSpreadOverTheTrack) {
     build(31, 10);
     // Level: arrows of 7 at 100 + 2 and 100 + 115 - 3 - 7 + 1; stop 0 at 7 + 3 + 100, the knob of 5 before arrow 2.
-    EXPECT_EQ(gui::arrow_pos[level].x1, 102);
-    EXPECT_EQ(gui::arrow_pos[level].x2, 206);
-    EXPECT_EQ(gui::arrow_pos[level].y1, 51);
-    EXPECT_EQ(gui::slider_pos[level][0], 110);
-    EXPECT_EQ(gui::slider_pos[level][1], 113);  // (206 - 2 - 5 - 102 - 7) / 30 = 3 a stop
-    EXPECT_EQ(gui::slider_pos[level][30], 200);
+    const SliderPlaces across = slider_places(level);
+    EXPECT_EQ(across.arrow1_x, 102);
+    EXPECT_EQ(across.arrow2_x, 206);
+    EXPECT_EQ(across.arrow1_y, 51);
+    EXPECT_EQ(across.stop_at(0), 110);
+    EXPECT_EQ(across.stop_at(1), 113);  // (206 - 2 - 5 - 102 - 7) / 30 = 3 a stop
+    EXPECT_EQ(across.stop_at(30), 200);
     // Upright: arrows at 60 + 2 and 60 + 65 - 3 - 7 + 1; stop 0 at 7 + 2 + 60.
-    EXPECT_EQ(gui::arrow_pos[upright].y1, 62);
-    EXPECT_EQ(gui::arrow_pos[upright].y2, 116);
-    EXPECT_EQ(gui::arrow_pos[upright].x1, 73);
-    EXPECT_EQ(gui::slider_pos[upright][0], 69);
-    EXPECT_EQ(gui::slider_pos[upright][9], 110);  // 69 + (116 + 1 - 7 - 62 - 7)
-    EXPECT_EQ(gui::slider_origin[upright], 70);   // 10 + 62 - 2
+    const SliderPlaces down = slider_places(upright);
+    EXPECT_EQ(down.arrow1_y, 62);
+    EXPECT_EQ(down.arrow2_y, 116);
+    EXPECT_EQ(down.arrow1_x, 73);
+    EXPECT_EQ(down.stop_at(0), 69);
+    EXPECT_EQ(down.stop_at(9), 110);  // 69 + (116 + 1 - 7 - 62 - 7)
+    EXPECT_EQ(down.origin, 70);       // 10 + 62 - 2
 }
 
 TEST_F(SliderTest, TheKnobFollowsTheMouseToBothEnds) {

@@ -15,6 +15,7 @@
 #include "state/run.h"
 #include "state/stroke.h"
 #include "state/view.h"
+#include "windows/hand_over.h"
 #include <algorithm>
 #include <allegro.h>
 #include <array>
@@ -182,6 +183,7 @@ EditorTest::EditorTest() {
     if (!create_screen_bitmaps()) std::abort();
     UA_initialize_variables();
     default_hotkeys();
+    hand_over_windows();
     draw_test_tips();
     replace_bitmap(cel, make_bitmap(1, 1));
     replace_bitmap(cel_mask, make_bitmap(1, 1));

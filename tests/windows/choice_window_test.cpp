@@ -1,4 +1,6 @@
 // The tool and ink windows: choosing what a slot holds, and the options of each tool and ink.
+#include "gui/columns.h"
+#include "gui/sliders.h"
 #include "menus_kit.h"
 #include "windows/option_widgets.h"
 #include <array>
@@ -38,7 +40,7 @@ int control_of(const OptionCase& one, Word& option) {
         if (one.highest > 1 && gui::value_write[at(slot)] == &option) return slot;
         const bool toggle =
             gui::left_action[at(slot)] == ACTION_TOGGLE_TOOL || gui::left_action[at(slot)] == ACTION_TOGGLE_INK;
-        if (one.highest == 1 && toggle && gui::row_ids[at(slot)][1] == one.option) return slot;
+        if (one.highest == 1 && toggle && toggle_option_of(slot) == one.option) return slot;
     }
     return -1;
 }
@@ -46,7 +48,7 @@ int control_of(const OptionCase& one, Word& option) {
 /// Where a press sets a slider to its first or last value.
 int slider_end_x(int slot, bool last) {
     const int stop = last ? gui::slider_stops[at(slot)] - 1 : 0;
-    return gui::slider_pos[at(slot)][at(stop)] + (last ? 3 : 1);
+    return slider_places(slot).stop_at(stop) + (last ? 3 : 1);
 }
 
 /// The two windows that choose: where each begins in the drawing menu, and what it writes.
@@ -88,7 +90,7 @@ TEST_F(MenuTest, ARowFillsTheSlotAndAnotherButtonTakesTheEditing) {
         EXPECT_EQ(active_tool_slot, 1);
         EXPECT_EQ(gui::label[button_first + 1], TOOL_LINE);
         EXPECT_EQ(gui::label[description_slot], TOOL_LINE);
-        const int knob_x = gui::x[list_slot] + 66, knob_y = gui::slider_pos[list_slot][0] + 2;
+        const int knob_x = gui::x[list_slot] + 66, knob_y = slider_places(list_slot).stop_at(0) + 2;
         co_await user.press_left(knob_x, knob_y);
         co_await user.drag_to(knob_x - 20, knob_y);  // over the first row
         co_await user.release_left();

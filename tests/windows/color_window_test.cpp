@@ -23,8 +23,6 @@ class ColorWindowTest : public EditorTest {
 protected:
     ColorWindowTest() {
         mouse_reversed = 0;
-        set_color_drawers();
-        register_gradient_nodes();
         spectrum_fold = 0;
         ink_option(active_ink(), OPTION_BANDING) = 0;
     }

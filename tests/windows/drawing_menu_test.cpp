@@ -3,7 +3,6 @@
 #include "paint/undo.h"
 #include "state/frames.h"
 #include "state/stroke.h"
-#include "windows/color_elements.h"
 
 namespace nubo {
 namespace {
@@ -16,7 +15,6 @@ TEST_F(MenuTest, ColorsGoToTheBrush) {
     spectrum_start = red;
     spectrum_end = blue;
     spectrum_fold = 0;
-    set_color_drawers();
     play_on(menu_loop, [](User& user) -> Script {
         co_await click(user, DRAWING_MASK);
         EXPECT_EQ(brush_color, 0x123456U);

@@ -1,6 +1,7 @@
 // The keys that change the main option of the tool or the ink in use.
 #include "base/log.h"
 #include "harness/harness.h"
+#include "gui/sliders.h"
 #include "menus_kit.h"
 #include "windows/option_slider.h"
 
@@ -56,7 +57,7 @@ TEST_F(OptionSliderTest, TheSliderLastsAsLongAsTheKeyAndTheDrawingMenuComesBack)
             co_await user.hold_key(code);
             EXPECT_EQ(gui::label[slot_title], one.title);
             EXPECT_EQ(gui::y[slot_window], 100 - 16);
-            const int end = gui::slider_pos[slider][at(gui::slider_stops[slider] - 1)];
+            const int end = slider_places(slider).stop_at(slider_last_stop(slider));
             co_await user.press_left(end + 3, middle_y(slider));
             EXPECT_EQ(option, one.highest) << one.title;
             co_await user.release_key(code);  // with the knob in the hand

@@ -5,7 +5,6 @@
 #include "framework/text.h"
 #include "menus_kit.h"
 #include "state/resources.h"
-#include "windows/color_elements.h"
 #include "windows/color_window.h"
 #include <utility>
 

@@ -16,7 +16,6 @@
 #include "state/texts_labels.h"
 #include "windows/about_box.h"
 #include "windows/activity_menus.h"
-#include "windows/color_elements.h"
 #include "windows/color_window.h"
 #include "windows/confirm_box.h"
 #include "windows/drawing_menu.h"
@@ -220,10 +219,6 @@ public:
         if (const OwnedBitmap tips(load_png("brushie.PNG", nullptr)); tips)
             blit(tips.get(), tip_sheet, 0, 0, 0, 0, tip_sheet_w, tip_image_h);
         replace_bitmap(logo, OwnedBitmap(load_png("N_HD_1X.RES", nullptr)));
-        set_color_drawers();
-        register_help_window();
-        register_about_box();
-        register_gradient_nodes();
         set_workspace_defaults();
         brush_color = orange;
         opt_status_bar = opt_crosshair_strength = 0;

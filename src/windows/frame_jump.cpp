@@ -1,6 +1,9 @@
-#include "editor/frame_jump.h"
+#include "windows/frame_jump.h"
 
 #include "base/keys.h"
+#include "codecs/blend.h"
+#include "framework/text.h"
+#include "gui/columns.h"
 #include "gui/hit_test.h"
 #include "gui/shapes.h"
 #include "gui/window.h"
@@ -8,10 +11,13 @@
 #include "state/frames.h"
 #include "state/run.h"
 #include "state/view.h"
+#include "windows/draw_elements.h"
 #include "windows/drawing_menu.h"
 #include "workspace/frame_store.h"
 #include <algorithm>
 #include <allegro.h>
+#include <array>
+#include <cstdio>
 
 namespace nubo {
 namespace {
@@ -20,7 +26,7 @@ constexpr int board_rows = 5, board_columns = 7, board_slots = board_rows * boar
 constexpr int focus_slot = board_slots / 2;  // the middle of the board
 constexpr int board_x = 10, board_y = 12, thumbnail_side = 42, pitch = 43;
 constexpr int hold_ticks = 100;  // of the 500 Hz clock: a shorter press of the key jumps nowhere
-constexpr int no_frame = -1;     // as `color` of a thumbnail
+constexpr int no_frame = -1;     // of an empty thumbnail
 
 int frame_of_slot(int slot, int focus) { return focus + slot - focus_slot; }
 
@@ -46,7 +52,7 @@ void build_board() {
 void show_board(int focus, int marked) {
     for (int slot = 0; slot < board_slots; ++slot) {
         const int frame = frame_of_slot(slot, focus);
-        gui::color[at(slot)] = is_frame(frame) ? frame : no_frame;
+        thumbnail_frame_of(slot) = is_frame(frame) ? frame : no_frame;
         gui::border_style[at(slot)] = slot == marked ? border_ants : 0;
     }
 }
@@ -88,6 +94,27 @@ Choice choose_while_held() {
 }
 
 }  // namespace
+
+void draw_thumbnail(int slot) {
+    const int frame = thumbnail_frame_of(slot);
+    if (frame < 0 || frame >= frame_slots) {
+        GUI_box(slot, fixed_black, ui_shadow);
+        return;
+    }
+    const Color border = slot == focus_slot ? ui_red : ui_border;
+    const int x = gui::x[at(slot)], y = gui::y[at(slot)];
+    GUI_box(slot, fixed_black, border);
+    if (nail_sheet != nullptr)
+        blit(nail_sheet, screen_buffer, frame % nail_columns * nail_tile, frame / nail_columns * nail_tile, x + 1,
+             y + 1, nail_tile, nail_tile);
+    if (slot == focus_slot) trans_rectfill(screen_buffer, x + 1, y + 1, nail_tile, nail_tile, fixed_white, pulse / 2);
+    constexpr int number_dx = 32, number_dy = 3, outlined = 1;
+    std::array<char, 8> number{};
+    std::snprintf(number.data(), number.size(), "%02d", frame);
+    UA_set_font(FONT_NARROW, TEXT_YELLOW, 0, 0, 0, outlined, 0, 0);
+    UA_text(screen_buffer, x + number_dx, y + number_dy, number.data());
+    GUI_corner_dots(slot, border);
+}
 
 void frame_jump() {
     const int start = UA_clock_ticks;

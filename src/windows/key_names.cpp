@@ -1,4 +1,4 @@
-#include "gui/key_names.h"
+#include "windows/key_names.h"
 
 #include "state/texts_keys.h"
 

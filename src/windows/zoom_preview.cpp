@@ -1,13 +1,13 @@
-#include "editor/zoom_preview.h"
+#include "windows/zoom_preview.h"
 
 #include "base/bitmap.h"
-#include "gui/draw.h"
 #include "gui/shapes.h"
 #include "gui/window.h"
 #include "state/frames.h"
 #include "state/options.h"
 #include "state/run.h"
 #include "state/view.h"
+#include "windows/draw_elements.h"
 #include <algorithm>
 #include <array>
 
@@ -49,6 +49,8 @@ int part_start(int pixel, int frame_size, int part) {
     return std::clamp(pixel - part / 2, 0, frame_size - part);
 }
 
+}  // namespace
+
 void draw_zoom_preview(int slot) {
     GUI_box(slot, ui_black, ui_border);
     const int part = gui::w[at(slot)] - 2 * picture_border;
@@ -61,8 +63,6 @@ void draw_zoom_preview(int slot) {
         putpixel(screen_buffer, left + dot_x, top + dot_y, static_cast<int>(ui_highlight_fore));
 }
 
-}  // namespace
-
 void keep_zoom_preview() {
     const bool stands = gui::active[zoom_preview_slot] != 0;
     const bool fits = stands && gui::w[picture_slot] == picture_side();
@@ -70,7 +70,5 @@ void keep_zoom_preview() {
         for (int slot = zoom_preview_slot; slot < zoom_preview_slot + preview_slots; ++slot) GUI_clear_element(slot);
     if (is_wanted() && !fits) build_preview();
 }
-
-void register_zoom_preview() { set_element_drawer(ELEMENT_ZOOM_PREVIEW, draw_zoom_preview); }
 
 }  // namespace nubo

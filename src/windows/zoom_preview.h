@@ -6,7 +6,4 @@ namespace nubo {
 /// Puts the preview up or takes it away, as the zoom and the options ask. At each update.
 void keep_zoom_preview();
 
-/// Tells the toolkit how to draw it. Once, at start.
-void register_zoom_preview();
-
 }  // namespace nubo

@@ -1,0 +1,59 @@
+#pragma once
+// Columns of the element table that mean something of their own for a type of element, by what they mean there. Who
+// writes and reads which column is told in docs/elements.md.
+#include "gui/elements.h"
+
+namespace nubo {
+
+// ---- `color` -------------------------------------------------------------------------------------------------------
+
+/// ELEMENT_TEXT, ELEMENT_CAPTION: a TextColor.
+inline Word& text_color_of(int slot) { return gui::color[at(slot)]; }
+/// ELEMENT_THUMBNAIL: the number of the Frame, -1 none.
+inline Word& thumbnail_frame_of(int slot) { return gui::color[at(slot)]; }
+
+// ---- `label` -------------------------------------------------------------------------------------------------------
+
+/// ELEMENT_HOTKEY: the key value that it names.
+inline Word& key_value_of(int slot) { return gui::label[at(slot)]; }
+/// ELEMENT_DESCRIPTION: the number of the description that it shows.
+inline Word& description_of(int slot) { return gui::label[at(slot)]; }
+/// ELEMENT_HELP_TEXT: the index in `help_text`.
+inline Word& help_topic_of(int slot) { return gui::label[at(slot)]; }
+/// ELEMENT_VARIANT_...: the steps from the colour in the middle, -7 to 7.
+inline Word& variant_steps_of(int slot) { return gui::label[at(slot)]; }
+
+// ---- `row_ids` -----------------------------------------------------------------------------------------------------
+
+/// ACTION_TOGGLE_TOOL, ACTION_TOGGLE_INK: the number of the tool or ink, and the slot of its option.
+inline Short& toggle_number_of(int slot) { return gui::row_ids[at(slot)][0]; }
+inline Short& toggle_option_of(int slot) { return gui::row_ids[at(slot)][1]; }
+/// ACTION_RADIO: what the button stores.
+inline Short& radio_value_of(int slot) { return gui::row_ids[at(slot)][0]; }
+/// ELEMENT_NUMBER: the number, of three digits at most.
+inline Short& shown_number_of(int slot) { return gui::row_ids[at(slot)][0]; }
+/// ELEMENT_PROGRESS: in percent.
+inline Short& progress_of(int slot) { return gui::row_ids[at(slot)][0]; }
+/// ELEMENT_ARROW.
+enum ArrowDirection : int { ARROW_UP = 0, ARROW_DOWN = 2 };
+inline Short& arrow_direction_of(int slot) { return gui::row_ids[at(slot)][0]; }
+/// ELEMENT_TIP_CELL: the number of the tip.
+inline Short& tip_of(int slot) { return gui::row_ids[at(slot)][0]; }
+
+// ---- `row_values` --------------------------------------------------------------------------------------------------
+
+/// ACTION_RADIO: the slots of the group's other buttons, 0 none.
+inline constexpr int radio_others = 3;
+inline Word& radio_other_of(int slot, int index) { return gui::row_values[at(slot)][at(index)]; }
+/// ELEMENT_SPECTRUM: the colour of its border.
+inline Word& border_color_of(int slot) { return gui::row_values[at(slot)][0]; }
+/// ELEMENT_VARIANT_...: the colour in the middle.
+inline Word& variant_middle_of(int slot) { return gui::row_values[at(slot)][0]; }
+
+// ---- `aux` ---------------------------------------------------------------------------------------------------------
+
+inline Short& parameter_of(int slot, int index) { return gui::aux[at(slot * gui::aux_parameters + index)]; }
+/// ELEMENT_MAP_...: the slots of the three sliders.
+inline Short& map_slider_of(int slot, int index) { return parameter_of(slot, index); }
+
+}  // namespace nubo
