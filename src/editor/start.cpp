@@ -44,7 +44,7 @@
 namespace nubo {
 namespace {
 
-constexpr int cannot_start = -1;
+constexpr int cannot_start = -1, could_not_save = 5;
 constexpr const char* no_memory = "The program ran out of memory! Reboot, or close some active programs and try again.";
 
 /// The end of a start that can't go on, with its cause in the log, on standard error and in a window.
@@ -174,7 +174,7 @@ void place_mouse() {
 void warn_if_nothing_can_be_saved() {
     const auto frame_bytes =
         static_cast<std::size_t>(current_frame->w) * static_cast<std::size_t>(current_frame->h) * 3;
-    if (!has_room_for(std::string(program_dir.data()) + "/" + workspace_folder, frame_bytes))
+    if (!workspace_is_away() && !has_room_for(workspace_folder().path(), frame_bytes))
         queue_box(LABEL_NOTHING_CAN_BE_SAVED, LABEL_SEE_THE_LOG);
 }
 
@@ -213,13 +213,12 @@ int start_program() {
     install_handlers();
     UA_log("[ INIT ] : Interrupts installed");
     if (!open_workspace()) return refuse(no_memory);
-    save_on_display_loss(shutdown_program);
+    save_on_display_loss([] { shutdown_program(); });
     warn_if_nothing_can_be_saved();
     gui_enabled = 1;
     handlers_locked = 0;
     UA_log("[ INIT ] : All preparations complete. Entering program loop");
     UA_log(" ");
-    enter_image_dir();
     editor_running = 1;
     fade_in();
     apply_scheme(SCHEME_TO_INTERFACE);
@@ -228,19 +227,20 @@ int start_program() {
     return 0;
 }
 
-void shutdown_program() {
+int shutdown_program() {
     UA_log("[ END ] : User has opted to exit the program.");
     UA_log("[ END ] : Switching off handlers and locking processes.");
     handlers_locked = 1;
     gui_enabled = 0;
     editor_running = 0;
     UA_log("[ END ] : Writing workspace to file.");
-    close_workspace();
+    const bool workspace_kept = close_workspace();
     UA_log("[ END ] : Writing user settings to file.");
-    save_user_settings();
+    const bool settings_kept = save_user_settings();
     UA_log("[ END ] : Closing log.");
     UA_log_close();
     save_on_display_loss(nullptr);
+    return workspace_kept && settings_kept ? 0 : could_not_save;
 }
 
 }  // namespace nubo

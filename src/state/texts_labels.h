@@ -279,6 +279,10 @@ inline constexpr auto label_text = with_names(fill_texts<LABEL_SLOTS>({
     {LABEL_CENTER, "CENTER"},
     {LABEL_NOTHING_CAN_BE_SAVED, "NOTHING CAN BE SAVED HERE!"},
     {LABEL_SEE_THE_LOG, "<UA_LOG.TXT TELLS WHY>"},
+    {LABEL_WORKSPACE_AWAY, "WORKSPACE CAN'T BE REACHED!"},
+    {LABEL_NOTHING_WRITTEN, "<NOTHING WILL BE WRITTEN THERE>"},
+    {LABEL_WORK_BROUGHT_BACK, "UNSAVED WORK WAS BROUGHT BACK"},
+    {LABEL_NOT_SAVED_LAST, "<THE LAST RUN COULDN'T SAVE IT>"},
     // Drives
     {drive_label(0), "A:"},
     {drive_label(1), "B:"},

@@ -28,7 +28,7 @@
 #include "windows/help_window.h"
 #include "windows/quick_pan.h"
 #include "workspace/folders.h"
-#include "workspace/frame_files.h"
+#include "workspace/workspace_files.h"
 #include "workspace/workspace.h"
 #include <algorithm>
 #include <csignal>

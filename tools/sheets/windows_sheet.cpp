@@ -31,7 +31,7 @@
 #include "windows/tip_window.h"
 #include "windows/tool_window.h"
 #include "windows/workspace_window.h"
-#include "workspace/workspace.h"
+#include "workspace/defaults.h"
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
