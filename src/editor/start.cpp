@@ -38,6 +38,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <string>
 #include <unistd.h>
 
@@ -105,7 +106,8 @@ bool start_allegro() {
 // ---- Images --------------------------------------------------------------------------------------------------------
 
 /// The picture of a PNG file of the resource folder; a null result has been told.
-OwnedBitmap load_resource_png(const char* path) {
+OwnedBitmap load_resource_png(const char* name) {
+    const std::string path = resource_folder().file(name);
     constexpr std::size_t size_max = std::size_t{16} << 20;  // bytes; far above any picture of ours
     Bytes bytes;
     if (read_file(path, size_max, bytes))
@@ -115,14 +117,14 @@ OwnedBitmap load_resource_png(const char* path) {
             if (picture) return picture;
             UA_log("[ STATS ] : %s", png_error);
         }
-    UA_log("ERROR: Failed to find a resource file. File = %s", path);
+    UA_log("ERROR: Failed to find a resource file. File = %s", path.c_str());
     say_last_words(std::string("A critical resource file is missing. Please reinstall the program.\nFile = ") + path);
     return nullptr;
 }
 
 bool load_application_images() {
-    replace_bitmap(logo, load_resource_png("resource/N_HD_1X.RES"));
-    const OwnedBitmap tips = logo ? load_resource_png("resource/brushie.PNG") : nullptr;
+    replace_bitmap(logo, load_resource_png("N_HD_1X.RES"));
+    const OwnedBitmap tips = logo ? load_resource_png("brushie.PNG") : nullptr;
     if (!tips) return false;
     replace_bitmap(tip_sheet, make_bitmap(tip_sheet_w, tip_sheet_h, transparent_color));
     if (tip_sheet == nullptr) return refuse(no_memory), false;
@@ -131,19 +133,17 @@ bool load_application_images() {
     return true;
 }
 
-/// The object library and the scrambled images are read where they lie: `load` runs in "resource".
-bool load_in_resource_folder(void (*load)()) {
-    const bool loaded = chdir("resource") == 0 && (load(), chdir("..") == 0);
-    if (!loaded)
-        refuse(std::string("The folder \"resource\" can't be entered: ") + std::strerror(errno) +
-               ". Please reinstall the program.");
-    return loaded;
+bool find_resource_folder() {
+    std::error_code error;
+    if (std::filesystem::is_directory(resource_folder().path(), error)) return true;
+    refuse("The folder \"resource\" can't be entered. Please reinstall the program.");
+    return false;
 }
 
 void load_framework_resources() {
-    UA_load_framework_video();
+    UA_load_framework_video(resource_folder());
     UA_log("[ INIT ] : Loaded framework video resources");
-    UA_sweep_temp_resources();
+    UA_sweep_temp_resources(resource_folder());
 }
 
 /// Allegro's tables for drawing into paletted bitmaps, from the palette of the resources.
@@ -197,10 +197,12 @@ int start_program() {
     UA_log("[ INIT ] : Framework initialized");
     load_user_settings();
     UA_log("[ INIT ] : User settings loaded from file");
-    if (!load_in_resource_folder(UA_load_object_library)) return cannot_start;
+    if (!find_resource_folder()) return cannot_start;
+    UA_load_object_library(resource_folder());
     UA_log("[ INIT ] : Loaded application audio resources");
     UA_log("[ INIT ] : Loaded framework audio resources");
-    if (!load_application_images() || !load_in_resource_folder(load_framework_resources)) return cannot_start;
+    if (!load_application_images()) return cannot_start;
+    load_framework_resources();
     build_palette_tables();
     if (!create_work_bitmaps()) return refuse(no_memory);
     place_mouse();
