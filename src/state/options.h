@@ -121,8 +121,7 @@ static_assert(rows_in_order(user_options, &UserOption::label, LABEL_OPTION_CEL_M
 inline constexpr int path_size = 256, file_name_size = 128, text_size = 256;  // bytes, the terminator included
 inline constinit std::array<char, text_size> workspace_title{"UNNAMED WORKSPACE"};
 inline constinit std::array<char, text_size> workspace_notes{"..."};
-inline constinit std::array<char, path_size> image_dir{};          // the one last shown of image files
-inline constinit std::array<char, path_size> browse_dir{};         // in which the file browser opens
+inline constinit std::array<char, path_size> image_dir{};          // in which image files are opened
 inline constinit std::array<char, file_name_size> image_file{};    // last picked in the browser
 inline constinit std::array<char, path_size> program_dir{};        // of the executable, without the last separator
 inline constinit std::array<char, path_size> default_image_dir{};  // HOME directories; empty: floating

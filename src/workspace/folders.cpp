@@ -1,7 +1,7 @@
 #include "workspace/folders.h"
 
 #include "base/log.h"
-#include "state/options.h"
+#include "state/browse.h"
 #include <algorithm>
 #include <cerrno>
 #include <cstring>

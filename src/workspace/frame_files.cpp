@@ -12,7 +12,6 @@
 #include "workspace/rescue.h"
 #include "workspace/workspace_files.h"
 #include <future>
-#include <latch>
 #include <utility>
 
 namespace nubo {
@@ -73,25 +72,24 @@ bool save_frame_to_slot(const Folder& folder, int slot) {
 }
 
 bool save_frame_and_nail(const Folder& folder, int slot, const std::function<void()>& meanwhile) {
-    const std::string file = frame_path(folder, STEM_CURRENT, slot);
-    if (is_kept_unread(file)) {  // its tile still shows what the file holds
+    const std::string frame_file = frame_path(folder, STEM_CURRENT, slot), nail_path = folder.file(nail_file);
+    if (is_kept_unread(frame_file)) {  // its tile still shows what the file holds
         meanwhile();
         return save_frame_to_slot(folder, slot);
     }
-    if (!row_is_whole(folder)) return false;
-    SafeFile frame(file);
+    if (!row_is_whole(folder) || !make_way(nail_path)) return false;
+    // Where no thread is to be had the syncing runs at `get`.
+    constexpr auto apart = std::launch::async | std::launch::deferred;
+    SafeFile frame(frame_file), nail(nail_path);
     write_bmp(frame, current_frame);
-    std::latch tile_made(1);
-    // Where no thread is to be had this runs at `get`.
-    std::future<bool> saved = std::async(std::launch::async | std::launch::deferred, [&] {
-        const bool committed = frame.commit(SYNC_FOLDER_WITH_NEXT);
-        tile_made.wait();
-        return committed && save_nail(folder);
-    });
+    std::future<void> frame_synced = std::async(apart, [&frame] { frame.sync(); });
     make_nail_tile(current_frame, slot);
-    tile_made.count_down();
+    write_bmp(nail, nail_sheet);
+    std::future<void> nail_synced = std::async(apart, [&nail] { nail.sync(); });
     meanwhile();
-    if (!saved.get()) return false;
+    frame_synced.get();
+    nail_synced.get();
+    if (!frame.commit(SYNC_FOLDER_WITH_NEXT) || !nail.commit()) return false;
     frame_was_saved(folder, slot);
     return true;
 }

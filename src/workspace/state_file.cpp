@@ -3,6 +3,7 @@
 #include "base/log.h"
 #include "platform/input_file.h"
 #include "platform/safe_file.h"
+#include "state/browse.h"
 #include "state/frames.h"
 #include "state/options.h"
 #include "state/run.h"
