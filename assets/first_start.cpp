@@ -8,11 +8,11 @@
 #include "state/stroke.h"
 #include "state/view.h"
 #include "workspace/bmp_file.h"
-#include "workspace/frame_files.h"
 #include "workspace/nail.h"
 #include "workspace/side_files.h"
 #include "workspace/state_file.h"
 #include "workspace/user_settings.h"
+#include "workspace/workspace_files.h"
 #include <cstdio>
 
 namespace nubo {
@@ -71,21 +71,19 @@ bool make_frames(const FirstSources& sources, const Stamps& stamps, const fs::pa
 
 /// The state last: with it the set is whole, and the program takes it over.
 bool write_side_files_and_state(const fs::path& workspace) {
-    const std::string stem = workspace / "alternate.";
+    const Folder folder(workspace);
     bool written = true;
-    for (const SideFile kind : {SIDE_CEL, SIDE_TIP, SIDE_NAIL}) written = save_side_file(kind, stem) && written;
-    return written && write_workspace_here((stem + "spa").c_str(), true);
+    for (const SideFile kind : {SIDE_CEL, SIDE_TIP, SIDE_NAIL})
+        written = save_side_file(folder, kind, "alternate.") && written;
+    return written && write_workspace(folder, "alternate.spa", true);
 }
 
-/// The writer of settings goes to the program folder that the editor knows, and stays there.
+/// The writer of settings writes to the program folder that the editor knows.
 bool write_settings(const fs::path& program_folder) {
     const std::string folder = fs::absolute(program_folder);
     if (folder.size() >= path_size) return false;
     folder.copy(program_dir.data(), folder.size());
-    const fs::path before = fs::current_path();
-    const bool written = save_user_settings();
-    fs::current_path(before);
-    return written;
+    return save_user_settings();
 }
 
 }  // namespace

@@ -29,11 +29,10 @@ namespace {
 /// The editor with the program's own images, a Frame larger than the screen, and the drawing menu up.
 void start_once() {
     static const bool started = [] {
-        std::filesystem::current_path(NUBO_FOLDER "/resource");
         set_present_hook([] {});
         create_screen_bitmaps();
         UA_initialize_variables();
-        UA_load_framework_video();
+        UA_load_framework_video(Folder(NUBO_FOLDER "/resource"));
         hand_over_windows();
         replace_bitmap(tip_sheet, make_bitmap(tip_sheet_w, tip_sheet_h, transparent_color));
         replace_bitmap(cel, make_bitmap(1, 1));

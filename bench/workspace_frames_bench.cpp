@@ -14,6 +14,7 @@
 #include "workspace/nail.h"
 #include "workspace/rescue.h"
 #include "workspace/workspace.h"
+#include "workspace/workspace_files.h"
 
 #include <benchmark/benchmark.h>
 #include <cstdlib>
@@ -44,10 +45,10 @@ public:
         replace_bitmap(tip_sheet, make_bitmap(tip_sheet_w, tip_sheet_h));
         for (BITMAP** held : {&cel, &cel_mask, &original_frame}) replace_bitmap(*held, make_bitmap(2, 2));
         open_workspace();
-        enter_workspace();
         const OwnedBitmap frame = make_bitmap(width, height, 0x123456);
-        for (int slot = 0; slot < count; ++slot) save_bmp_file(frame_file_name(STEM_CURRENT, slot), frame.get());
-        load_frame_or_blank(0);
+        for (int slot = 0; slot < count; ++slot)
+            save_bmp_file(frame_path(workspace_folder(), STEM_CURRENT, slot), frame.get());
+        load_frame(workspace_folder(), 0);
         close_workspace();  // with its state, so that an opening finds all in order
         open_workspace();
     }

@@ -9,6 +9,7 @@
 #include "platform/input_file.h"
 #include "platform/last_words.h"
 #include "state/run.h"
+#include "workspace/folders.h"
 #include <algorithm>
 #include <allegro.h>
 #include <cstdio>
@@ -44,7 +45,7 @@ static_assert(rows_in_order(modes, &ModeRow::mode, DISPLAY_FULLSCREEN));
 /// The first byte of config.def, or EOF when the file is missing, empty or no file.
 int UA_read_config() {
     std::uint8_t byte = 0;
-    return InputFile("config.def").read_at(0, &byte, 1) ? byte : EOF;
+    return InputFile(program_folder().file("config.def")).read_at(0, &byte, 1) ? byte : EOF;
 }
 
 const ModeRow& mode_of_config(int byte) {

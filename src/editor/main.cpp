@@ -29,6 +29,5 @@ int main(int argc, char** argv) {
     if (const int code = answer_arguments(argc, argv); code >= 0) return code;
     if (const int code = nubo::start_program(); code != 0) return code;
     nubo::program_loop();
-    nubo::shutdown_program();
-    return 0;
+    return nubo::shutdown_program();
 }

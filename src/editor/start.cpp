@@ -33,13 +33,14 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <string>
 #include <unistd.h>
 
 namespace nubo {
 namespace {
 
-constexpr int cannot_start = -1;
+constexpr int cannot_start = -1, could_not_save = 5;
 constexpr const char* no_memory = "The program ran out of memory! Reboot, or close some active programs and try again.";
 
 /// The end of a start that can't go on, with its cause in the log, on standard error and in a window.
@@ -100,7 +101,8 @@ bool start_allegro() {
 // ---- Images --------------------------------------------------------------------------------------------------------
 
 /// The picture of a PNG file of the resource folder; a null result has been told.
-OwnedBitmap load_resource_png(const char* path) {
+OwnedBitmap load_resource_png(const char* name) {
+    const std::string path = resource_folder().file(name);
     constexpr std::size_t size_max = std::size_t{16} << 20;  // bytes; far above any picture of ours
     Bytes bytes;
     if (read_file(path, size_max, bytes))
@@ -110,14 +112,14 @@ OwnedBitmap load_resource_png(const char* path) {
             if (picture) return picture;
             UA_log("[ STATS ] : %s", png_error);
         }
-    UA_log("ERROR: Failed to find a resource file. File = %s", path);
+    UA_log("ERROR: Failed to find a resource file. File = %s", path.c_str());
     say_last_words(std::string("A critical resource file is missing. Please reinstall the program.\nFile = ") + path);
     return nullptr;
 }
 
 bool load_application_images() {
-    replace_bitmap(logo, load_resource_png("resource/N_HD_1X.RES"));
-    const OwnedBitmap tips = logo ? load_resource_png("resource/brushie.PNG") : nullptr;
+    replace_bitmap(logo, load_resource_png("N_HD_1X.RES"));
+    const OwnedBitmap tips = logo ? load_resource_png("brushie.PNG") : nullptr;
     if (!tips) return false;
     replace_bitmap(tip_sheet, make_bitmap(tip_sheet_w, tip_sheet_h, transparent_color));
     if (tip_sheet == nullptr) return refuse(no_memory), false;
@@ -126,19 +128,17 @@ bool load_application_images() {
     return true;
 }
 
-/// The object library and the scrambled images are read where they lie: `load` runs in "resource".
-bool load_in_resource_folder(void (*load)()) {
-    const bool loaded = chdir("resource") == 0 && (load(), chdir("..") == 0);
-    if (!loaded)
-        refuse(std::string("The folder \"resource\" can't be entered: ") + std::strerror(errno) +
-               ". Please reinstall the program.");
-    return loaded;
+bool find_resource_folder() {
+    std::error_code error;
+    if (std::filesystem::is_directory(resource_folder().path(), error)) return true;
+    refuse("The folder \"resource\" can't be entered. Please reinstall the program.");
+    return false;
 }
 
 void load_framework_resources() {
-    UA_load_framework_video();
+    UA_load_framework_video(resource_folder());
     UA_log("[ INIT ] : Loaded framework video resources");
-    UA_sweep_temp_resources();
+    UA_sweep_temp_resources(resource_folder());
 }
 
 /// Allegro's tables for drawing into paletted bitmaps, from the palette of the resources.
@@ -169,7 +169,7 @@ void place_mouse() {
 void warn_if_nothing_can_be_saved() {
     const auto frame_bytes =
         static_cast<std::size_t>(current_frame->w) * static_cast<std::size_t>(current_frame->h) * 3;
-    if (!has_room_for(std::string(program_dir.data()) + "/" + workspace_folder, frame_bytes))
+    if (!workspace_is_away() && !has_room_for(workspace_folder().path(), frame_bytes))
         queue_box(LABEL_NOTHING_CAN_BE_SAVED, LABEL_DISK_FULL_OR_READ_ONLY);
 }
 
@@ -192,10 +192,12 @@ int start_program() {
     UA_log("[ INIT ] : Framework initialized");
     load_user_settings();
     UA_log("[ INIT ] : User settings loaded from file");
-    if (!load_in_resource_folder(UA_load_object_library)) return cannot_start;
+    if (!find_resource_folder()) return cannot_start;
+    UA_load_object_library(resource_folder());
     UA_log("[ INIT ] : Loaded application audio resources");
     UA_log("[ INIT ] : Loaded framework audio resources");
-    if (!load_application_images() || !load_in_resource_folder(load_framework_resources)) return cannot_start;
+    if (!load_application_images()) return cannot_start;
+    load_framework_resources();
     build_palette_tables();
     if (!create_work_bitmaps()) return refuse(no_memory);
     place_mouse();
@@ -203,13 +205,12 @@ int start_program() {
     install_handlers();
     UA_log("[ INIT ] : Interrupts installed");
     if (!open_workspace()) return refuse(no_memory);
-    save_on_display_loss(shutdown_program);
+    save_on_display_loss([] { shutdown_program(); });
     warn_if_nothing_can_be_saved();
     gui_enabled = 1;
     handlers_locked = 0;
     UA_log("[ INIT ] : All preparations complete. Entering program loop");
     UA_log(" ");
-    enter_image_dir();
     editor_running = 1;
     fade_in();
     apply_scheme(SCHEME_TO_INTERFACE);
@@ -218,19 +219,20 @@ int start_program() {
     return 0;
 }
 
-void shutdown_program() {
+int shutdown_program() {
     UA_log("[ END ] : User has opted to exit the program.");
     UA_log("[ END ] : Switching off handlers and locking processes.");
     handlers_locked = 1;
     gui_enabled = 0;
     editor_running = 0;
     UA_log("[ END ] : Writing workspace to file.");
-    close_workspace();
+    const bool workspace_kept = close_workspace();
     UA_log("[ END ] : Writing user settings to file.");
-    save_user_settings();
+    const bool settings_kept = save_user_settings();
     UA_log("[ END ] : Closing log.");
     UA_log_close();
     save_on_display_loss(nullptr);
+    return workspace_kept && settings_kept ? 0 : could_not_save;
 }
 
 }  // namespace nubo

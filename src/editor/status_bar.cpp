@@ -61,8 +61,19 @@ std::string_view text_of_message(int message) {
     return known ? tooltip_text[static_cast<std::size_t>(message)] : std::string_view();
 }
 
-/// True for what the user must see, whatever the option says and also while the window on screen is hidden.
-bool shows_always(int message) { return message == status_bar_only || message == MESSAGE_WINDOW_HIDDEN; }
+/// What the user must see, whatever the option says and also while the window on screen is hidden: where something is
+/// lost, or would be.
+constexpr std::array always_shown{status_bar_only,
+                                  static_cast<int>(MESSAGE_WINDOW_HIDDEN),
+                                  static_cast<int>(MESSAGE_SAVE_FAILED),
+                                  static_cast<int>(MESSAGE_RESCUED),
+                                  static_cast<int>(MESSAGE_FRAME_UNREADABLE),
+                                  static_cast<int>(MESSAGE_FRAME_MISSING),
+                                  static_cast<int>(MESSAGE_FRAME_OUT_OF_REACH),
+                                  static_cast<int>(MESSAGE_FILE_OUT_OF_REACH)};
+bool shows_always(int message) {
+    return std::find(always_shown.begin(), always_shown.end(), message) != always_shown.end();
+}
 
 /// The text of the element whose tooltip shows, empty for none.
 std::string_view text_of_tooltip() {

@@ -72,11 +72,11 @@ bool build_font(int slot, std::span<BITMAP* const> sheets) {
     return true;
 }
 
-bool UA_load_font(int slot, std::initializer_list<const char*> names) {
+bool UA_load_font(const Folder& folder, int slot, std::initializer_list<const char*> names) {
     std::vector<OwnedBitmap> owned;
     std::vector<BITMAP*> sheets;
     for (const char* const name : names) {
-        owned.emplace_back(UA_load_resource_bitmap(name));
+        owned.emplace_back(UA_load_resource_bitmap(folder, name));
         set_palette(global_palette.data());
         if (owned.back()) UA_black_to_mask(owned.back().get());
         sheets.push_back(owned.back().get());

@@ -53,18 +53,18 @@ bool is_up_to_date(const char* source, const char* target) {
 }
 
 /// The GIF that a resource stands for, taken out of its cover; nothing if there is none.
-std::optional<Bytes> read_payload(const char* name) {
-    const std::string plain = std::string(name) + ".gif";
+std::optional<Bytes> read_payload(const Folder& folder, const char* name) {
+    const std::string covered = folder.file(name), plain = covered + ".gif";
     // What can't be scrambled, on a full disk or a read-only one, is read as it lies there.
-    if (file_exists(plain) && !UA_convert_resource(plain.c_str(), name)) return read_resource(plain);
-    const auto file = read_resource(name);
+    if (file_exists(plain) && !UA_convert_resource(plain.c_str(), covered.c_str())) return read_resource(plain);
+    const auto file = read_resource(covered);
     if (!file) stop_missing_resource(name);
     return unscramble_bytes(*file);
 }
 
 /// A resource that the program can't do without.
-BITMAP* load_needed_bitmap(const char* name) {
-    BITMAP* const bitmap = UA_load_resource_bitmap(name);
+BITMAP* load_needed_bitmap(const Folder& folder, const char* name) {
+    BITMAP* const bitmap = UA_load_resource_bitmap(folder, name);
     if (bitmap == nullptr) stop_missing_resource(name);
     return bitmap;
 }
@@ -121,8 +121,8 @@ bool UA_convert_resource(const char* source, const char* target) {
     return write_file(target, scrambled.data(), scrambled.size()) && remove_file(source);
 }
 
-BITMAP* UA_load_resource_bitmap(const char* name) {
-    const auto payload = read_payload(name);
+BITMAP* UA_load_resource_bitmap(const Folder& folder, const char* name) {
+    const auto payload = read_payload(folder, name);
     PACKFILE* const file = payload ? open_for_reading(*payload) : nullptr;
     if (file == nullptr) return nullptr;
     BITMAP* const bitmap = load_gif_pf(file, global_palette.data());
@@ -136,28 +136,27 @@ void UA_black_to_mask(BITMAP* bitmap) {
         std::replace(pixels_at(bitmap, 0, y), pixels_at(bitmap, bitmap->w, y), black, transparent_color);
 }
 
-void UA_load_framework_video() {
-    replace_bitmap(gui_sheet, OwnedBitmap(load_needed_bitmap("UA_GUI")));
+void UA_load_framework_video(const Folder& folder) {
+    replace_bitmap(gui_sheet, OwnedBitmap(load_needed_bitmap(folder, "UA_GUI")));
     UA_black_to_mask(gui_sheet);
-    destroy_bitmap(load_needed_bitmap("PALETTE"));
+    destroy_bitmap(load_needed_bitmap(folder, "PALETTE"));
     set_palette(global_palette.data());
     UA_init_text_colors();
-    if (!UA_load_font(FONT_NARROW, {"UA_FONT_04"})) stop_missing_resource("UA_FONT_04");
-    if (!UA_load_font(FONT_WIDE, {"UA_FONT_05"})) stop_missing_resource("UA_FONT_05");
+    if (!UA_load_font(folder, FONT_NARROW, {"UA_FONT_04"})) stop_missing_resource("UA_FONT_04");
+    if (!UA_load_font(folder, FONT_WIDE, {"UA_FONT_05"})) stop_missing_resource("UA_FONT_05");
 }
 
-void UA_sweep_temp_resources() {
-    for (const char* const file : temporary_files)
-        if (file_exists(file)) remove_file(file);
-    remove_unfinished_files(".");
+void UA_sweep_temp_resources(const Folder& folder) {
+    for (const char* const file : temporary_files) remove_file(folder.file(file));
+    remove_unfinished_files(folder.path());
 }
 
 // ---- The object library --------------------------------------------------------------------------------------------
 
-void UA_load_object_library() {
+void UA_load_object_library(const Folder& folder) {
     object_library.fill({});
     library_count = 0;
-    const auto text = read_resource(library_file);
+    const auto text = read_resource(folder.file(library_file));
     if (!text) {
         UA_log("[ WARNING ] : Couldn't read the object library. File = %s", library_file);
         return;

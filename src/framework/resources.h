@@ -1,6 +1,7 @@
 #pragma once
 // The files that the program reads at start: its display mode, the scrambled images of the folder "resource", the
-// object library; and the tools that make such files. All paths are relative to where the process stands.
+// object library; and the tools that make such files. `folder` is the folder "resource".
+#include "platform/folder.h"
 #include <allegro.h>
 #include <array>
 
@@ -18,25 +19,24 @@ bool UA_convert_resource(const char* source, const char* target);
 
 /// A new 32-bit bitmap, which the caller owns, from the scrambled GIF file `name`; its palette goes to
 /// `global_palette`. A plain `name`.gif that is newer is converted first. Null when the file holds no picture; without
-/// the file the program ends with a message box and -1. The process stands in "resource".
-BITMAP* UA_load_resource_bitmap(const char* name);
+/// the file the program ends with a message box and -1.
+BITMAP* UA_load_resource_bitmap(const Folder& folder, const char* name);
 
 /// Black becomes 0xff00ff, which nothing draws.
 void UA_black_to_mask(BITMAP* bitmap);
 
 /// Loads `gui_sheet`, the palette, the text colours and the two fonts. An image that is missing or holds no picture
-/// ends the program with a message box and -1. The process stands in "resource".
-void UA_load_framework_video();
+/// ends the program with a message box and -1.
+void UA_load_framework_video(const Folder& folder);
 
-/// Deletes what an interrupted load may have left behind. The process stands in "resource".
-void UA_sweep_temp_resources();
+/// Deletes what an interrupted load may have left behind.
+void UA_sweep_temp_resources(const Folder& folder);
 
 // ---- The object library --------------------------------------------------------------------------------------------
 
 /// Reads `obj_lib.def` into `object_library`: a number a line, for each object four and the count of its pairs, then
-/// the pairs. Reading stops, with a line in the log, at a record that the table has no room for. The process stands in
-/// "resource".
-void UA_load_object_library();
+/// the pairs. Reading stops, with a line in the log, at a record that the table has no room for.
+void UA_load_object_library(const Folder& folder);
 
 // ---- Packed files --------------------------------------------------------------------------------------------------
 

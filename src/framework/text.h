@@ -3,6 +3,7 @@
 //
 // A text may hold colour codes: "|c" and two digits set `color_row`, take no room, and stay in force after the text.
 // Main flow only.
+#include "platform/folder.h"
 #include "state/colors.h"
 #include "state/fonts.h"
 #include <allegro.h>
@@ -36,8 +37,8 @@ int text_code_value(std::string_view text);
 // ---- Fonts ---------------------------------------------------------------------------------------------------------
 
 /// Loads the font sheets of these names into a slot; the first gives the sizes. Without a file the program ends; false
-/// when one holds no sheet. The process stands in "resource".
-bool UA_load_font(int slot, std::initializer_list<const char*> names);
+/// when one holds no sheet.
+bool UA_load_font(const Folder& folder, int slot, std::initializer_list<const char*> names);
 
 /// The same of sheets in memory, 0xff00ff where nothing is, in colours of Allegro's current palette. False, after a log
 /// line, when the slot or the sheets' sizes are impossible; the slot is then as it was.

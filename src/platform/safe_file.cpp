@@ -121,16 +121,21 @@ void SafeFile::flush() {
     buffer_.clear();
 }
 
-bool SafeFile::commit(FolderSync sync) {
+void SafeFile::sync() {
+    if (file_ < 0) return;
     flush();
     if (failure_.empty() && system_calls.fsync(file_) != 0) fail("synced");
     // Some file systems tell only here that the bytes found no room.
-    if (file_ >= 0 && close(file_) != 0) fail("closed");
+    if (close(file_) != 0) fail("closed");
     file_ = -1;
+}
+
+bool SafeFile::commit(FolderSync folder_sync) {
+    sync();
     if (failure_.empty() && system_calls.rename(unfinished_.c_str(), path_.c_str()) != 0) fail("put in place");
     if (!is_sound()) return false;
     exists_ = false;
-    if (sync == SYNC_FOLDER_NOW) sync_folder(folder_of(path_));
+    if (folder_sync == SYNC_FOLDER_NOW) sync_folder(folder_of(path_));
     return true;
 }
 

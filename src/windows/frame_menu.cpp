@@ -7,22 +7,14 @@
 #include "workspace/frame_store.h"
 #include "workspace/notices.h"
 #include "workspace/state_file.h"
-#include "workspace/workspace.h"
 #include <array>
 
 namespace nubo {
 namespace {
 
-/// The state file stores the folder in which the process stands, which must be the user's and not the program's.
-void keep_state() {
-    enter_image_dir();
-    save_workspace_state(state_file, true);
-    enter_image_dir();
-}
-
 void insert_frame(bool blank, Message message) {
     if (!insert_frames(frame_index, 1, blank)) return;
-    keep_state();
+    save_workspace_state(state_file, true);
     flash_message(message);
 }
 
@@ -47,7 +39,7 @@ void ask_to_delete_frame() {
         return;
     }
     if (!confirm(LABEL_DELETE_FRAME, LABEL_CANNOT_BE_UNDONE)) return;
-    if (delete_frames(frame_index, 1)) keep_state();
+    if (delete_frames(frame_index, 1)) save_workspace_state(state_file, true);
 }
 
 void frame_menu(int x, int y) { run_activity_menu(menu, x, y); }

@@ -2,10 +2,12 @@
 
 #include "base/color.h"
 #include "base/log.h"
+#include "platform/input_file.h"
 #include "platform/safe_file.h"
 #include "workspace/bmp_header.h"
 #include <algorithm>
 #include <bit>
+#include <filesystem>
 #include <unistd.h>
 #include <vector>
 #if defined(__x86_64__)
@@ -154,14 +156,14 @@ bool read_rows(const InputFile& file, const BmpHeader& header, BITMAP* bitmap) {
 
 // ---- Reading run lengths -------------------------------------------------------------------------------------------
 
-/// Unpacks the two run length forms. Nothing outside the bitmap is written, nothing behind the bytes is read; bytes
-/// that end early leave the rest as it is.
+/// Unpacks the two run length forms. Nothing outside the bitmap is written, nothing behind the bytes is read.
 class RunReader {
 public:
     RunReader(const BmpHeader& header, const std::vector<std::uint8_t>& bytes, BITMAP* bitmap)
         : header_(header), bytes_(bytes), bitmap_(bitmap), y_(header.height - 1) {}
 
-    void read() {
+    /// False if the bytes end before the picture does. The mark of its end may be missing, its pixels may not.
+    bool read() {
         while (at_ + 1 < bytes_.size() && y_ >= 0) {
             const int count = bytes_[at_], value = bytes_[at_ + 1];
             at_ += 2;
@@ -171,9 +173,9 @@ public:
                 x_ = 0;
                 --y_;
             } else if (value == picture_end) {
-                return;
+                return true;
             } else if (value == move) {
-                if (at_ + 1 >= bytes_.size()) return;
+                if (at_ + 1 >= bytes_.size()) return false;
                 x_ = std::min(x_ + bytes_[at_], header_.width);
                 y_ -= bytes_[at_ + 1];
                 at_ += 2;
@@ -181,6 +183,7 @@ public:
                 read_literal(value);
             }
         }
+        return y_ < 0 || (y_ == 0 && x_ >= header_.width);
     }
 
 private:
@@ -225,12 +228,11 @@ bool runs_can_fill(const BmpHeader& header, std::size_t bytes) {
     return pixels <= always_allowed || pixels / pixels_of_a_byte <= bytes;
 }
 
-bool read_runs(const InputFile& file, const BmpHeader& header, BITMAP* bitmap) {
+PictureFault read_runs(const InputFile& file, const BmpHeader& header, BITMAP* bitmap) {
     std::vector<std::uint8_t> bytes(file.size() - header.pixels_at);
-    if (!file.read_at(header.pixels_at, bytes.data(), bytes.size())) return false;
+    if (!file.read_at(header.pixels_at, bytes.data(), bytes.size())) return PICTURE_OUT_OF_REACH;
     clear_to_color(bitmap, static_cast<int>(header.palette[0]));
-    RunReader(header, bytes, bitmap).read();
-    return true;
+    return RunReader(header, bytes, bitmap).read() ? PICTURE_FINE : PICTURE_MALFORMED;
 }
 
 /// True if this machine can hold the picture as a Frame: itself, its coverage map, the copy for RESTORE and one undo.
@@ -240,10 +242,34 @@ bool memory_bears(const BmpHeader& header) {
     return bytes <= static_cast<double>(sysconf(_SC_PHYS_PAGES)) * static_cast<double>(sysconf(_SC_PAGESIZE));
 }
 
-/// Logs why a file gave no picture.
-OwnedBitmap refuse(const std::string& path, const char* cause) {
-    UA_log("[ ERROR ] : The picture %s can't be loaded: %s", path.c_str(), cause);
-    return nullptr;
+/// Why a file can't be opened: a folder or a pipe never will be, a link to a drive that isn't there may be.
+PictureFault fault_of_opening(const std::string& path) {
+    if (!file_exists(path)) return PICTURE_MISSING;
+    std::error_code error;
+    const auto type = std::filesystem::status(path, error).type();
+    const bool other = type != std::filesystem::file_type::regular && type != std::filesystem::file_type::not_found;
+    return !error && other ? PICTURE_MALFORMED : PICTURE_OUT_OF_REACH;
+}
+
+/// What keeps a file from giving a picture.
+struct Refusal {
+    PictureFault fault = PICTURE_FINE;
+    const char* cause = "";
+};
+
+Refusal read_picture(const std::string& path, OwnedBitmap& bitmap) {
+    const InputFile file(path);
+    if (!file.is_open()) return {fault_of_opening(path), "it can't be opened"};
+    std::vector<std::uint8_t> head(std::min(bmp_head_limit, file.size()));
+    if (!file.read_at(0, head.data(), head.size())) return {PICTURE_OUT_OF_REACH, "its head can't be read"};
+    BmpHeader header;
+    if (const char* cause = read_bmp_header(head, file.size(), header)) return {PICTURE_MALFORMED, cause};
+    const bool packed = header.is_run_length();
+    if (packed && !runs_can_fill(header, file.size() - header.pixels_at)) return {PICTURE_MALFORMED, "it is cut short"};
+    bitmap = memory_bears(header) ? make_uncleared_bitmap(header.width, header.height) : nullptr;
+    if (!bitmap) return {PICTURE_OUT_OF_REACH, "there isn't memory enough"};
+    if (packed) return {read_runs(file, header, bitmap.get()), "its pixels can't be read"};
+    return {read_rows(file, header, bitmap.get()) ? PICTURE_FINE : PICTURE_OUT_OF_REACH, "its pixels can't be read"};
 }
 
 }  // namespace
@@ -266,18 +292,18 @@ bool save_bmp_file(const std::string& path, BITMAP* bitmap) {
     return file.commit();
 }
 
+OwnedBitmap load_bmp_file(const std::string& path, PictureFault& fault) {
+    OwnedBitmap bitmap;
+    const Refusal refusal = read_picture(path, bitmap);
+    fault = refusal.fault;
+    if (fault == PICTURE_FINE) return bitmap;
+    UA_log("[ ERROR ] : The picture %s can't be loaded: %s", path.c_str(), refusal.cause);
+    return nullptr;
+}
+
 OwnedBitmap load_bmp_file(const std::string& path) {
-    const InputFile file(path);
-    if (!file.is_open()) return refuse(path, "it can't be opened");
-    BmpHeader header;
-    if (const char* cause = read_bmp_header(file, header)) return refuse(path, cause);
-    if (header.is_run_length() && !runs_can_fill(header, file.size() - header.pixels_at))
-        return refuse(path, "it is cut short");
-    OwnedBitmap bitmap = memory_bears(header) ? make_uncleared_bitmap(header.width, header.height) : nullptr;
-    if (!bitmap) return refuse(path, "there isn't memory enough");
-    const bool read =
-        header.is_run_length() ? read_runs(file, header, bitmap.get()) : read_rows(file, header, bitmap.get());
-    return read ? std::move(bitmap) : refuse(path, "its pixels can't be read");
+    PictureFault fault;
+    return load_bmp_file(path, fault);
 }
 
 }  // namespace nubo

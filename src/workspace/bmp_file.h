@@ -13,8 +13,17 @@ bool save_bmp_file(const std::string& path, BITMAP* bitmap);
 /// The writing alone, to a file that the caller commits.
 void write_bmp(SafeFile& file, BITMAP* bitmap);
 
+/// Why a file gave no picture. Only a malformed one will never give one: all else may be over in a moment.
+enum PictureFault : int {
+    PICTURE_FINE,
+    PICTURE_MISSING,
+    PICTURE_MALFORMED,
+    PICTURE_OUT_OF_REACH  // of the memory, of the descriptors, of the permissions, of the disk
+};
+
 /// Reads a BMP of any common form (1, 4, 8, 16, 24 or 32 bits, packed or not, either order of rows) into a new 32-bit
 /// bitmap. Null when the file isn't one, is cut short, or asks for more memory than there is; the cause is logged.
 OwnedBitmap load_bmp_file(const std::string& path);
+OwnedBitmap load_bmp_file(const std::string& path, PictureFault& fault);
 
 }  // namespace nubo

@@ -4,13 +4,11 @@
 #include "state/frames.h"
 #include <algorithm>
 #include <cstdlib>
-#include <vector>
 
 namespace nubo {
 namespace {
 
 constexpr std::size_t file_header_bytes = 14, core_header_bytes = 12, info_header_bytes = 40;
-constexpr std::size_t head_limit = 4096;  // the longest head known, 124 bytes, with its masks and palette fits
 
 /// The little-endian numbers of the head; behind its end they are 0.
 class HeadReader {
@@ -77,16 +75,15 @@ void read_palette(const HeadReader& head, std::size_t at, bool core, BmpHeader& 
 
 }  // namespace
 
-const char* read_bmp_header(const InputFile& file, BmpHeader& header) {
-    std::vector<std::uint8_t> bytes(std::min(head_limit, file.size()));
-    if (!file.read_at(0, bytes.data(), bytes.size())) return "it can't be read";
+const char* read_bmp_header(const std::vector<std::uint8_t>& bytes, std::size_t file_size, BmpHeader& header) {
     const HeadReader head(bytes);
     if (head.size() < file_header_bytes + core_header_bytes || head.byte(0) != 'B' || head.byte(1) != 'M')
         return "it is no BMP file";
 
     const std::size_t head_bytes = head.dword(file_header_bytes);
     const bool core = head_bytes == core_header_bytes;
-    if (!core && (head_bytes < info_header_bytes || head_bytes > head_limit / 2)) return "its head has no known form";
+    if (!core && (head_bytes < info_header_bytes || head_bytes > bmp_head_limit / 2))
+        return "its head has no known form";
     read_sizes(head, core, header);
     if (!is_known_form(header)) return "its pixels have no known form";
     if (header.width < 1 || header.width > max_frame_side || header.height < 1) return "its size is out of range";
@@ -95,10 +92,10 @@ const char* read_bmp_header(const InputFile& file, BmpHeader& header) {
     read_palette(head, file_header_bytes + head_bytes, core, header);
 
     header.pixels_at = head.dword(10);
-    if (header.pixels_at < file_header_bytes + head_bytes || header.pixels_at > file.size())
+    if (header.pixels_at < file_header_bytes + head_bytes || header.pixels_at > file_size)
         return "its pixels lie outside the file";
     const std::size_t pixel_bytes = header.row_bytes() * static_cast<std::size_t>(header.height);
-    if (!header.is_run_length() && pixel_bytes > file.size() - header.pixels_at) return "it is cut short";
+    if (!header.is_run_length() && pixel_bytes > file_size - header.pixels_at) return "it is cut short";
     return nullptr;
 }
 

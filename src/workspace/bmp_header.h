@@ -1,10 +1,10 @@
 #pragma once
 // The head of a BMP file: everything in front of its pixels, checked.
-#include "platform/input_file.h"
 #include "state/colors.h"
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <vector>
 
 namespace nubo {
 
@@ -26,7 +26,10 @@ struct BmpHeader {
     bool is_run_length() const { return packing == BMP_RLE8 || packing == BMP_RLE4; }
 };
 
-/// Reads and checks the head. Null if it may be believed, else what is wrong with it.
-const char* read_bmp_header(const InputFile& file, BmpHeader& header);
+inline constexpr std::size_t bmp_head_limit = 4096;  // the longest head known, 124 bytes, with masks and palette fits
+
+/// Reads and checks the head: the first bytes of a file, at most `bmp_head_limit`. Null if it may be believed, else
+/// what is wrong with it.
+const char* read_bmp_header(const std::vector<std::uint8_t>& bytes, std::size_t file_size, BmpHeader& header);
 
 }  // namespace nubo

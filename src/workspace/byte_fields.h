@@ -18,7 +18,7 @@ namespace nubo {
 struct FieldRange {
     const char* name;  // for the log
     int low, high;     // both included
-    int fallback;      // taken when the file's value is outside, or missing
+    int fallback;      // taken when the file's value is outside; a missing one leaves what stands
 };
 inline constexpr int any_low = std::numeric_limits<int>::min(), any_high = std::numeric_limits<int>::max();
 constexpr FieldRange any_number(const char* name) { return {name, any_low, any_high, 0}; }
@@ -50,15 +50,15 @@ private:
     }
 };
 
-/// Takes the fields of a walk from `bytes`, which may be anything.
+/// Takes the fields of a walk from `bytes`, which may be anything. What is missing stays as it is: at its default.
 class FieldReader {
 public:
     /// `file` is the name for the log.
     FieldReader(const std::vector<std::uint8_t>& bytes, const char* file) : bytes_(bytes), file_(file) {}
 
-    template <typename Number> void byte(Number& value, const FieldRange& range) { value = number(1, range); }
-    template <typename Number> void word(Number& value, const FieldRange& range) { value = number(4, range); }
-    /// A colour's top byte is 0; one that isn't is cleared. A missing colour stays as it is.
+    template <typename Number> void byte(Number& value, const FieldRange& range) { take_number(1, value, range); }
+    template <typename Number> void word(Number& value, const FieldRange& range) { take_number(4, value, range); }
+    /// A colour's top byte is 0; one that isn't is cleared.
     void color(Color& value, const char* name) {
         std::uint32_t read = 0;
         if (!take(4, read)) return;
@@ -66,7 +66,7 @@ public:
         value = read & 0xffffff;
     }
     void reserved(std::size_t count) { at_ += count; }
-    /// Bytes that the buffer has no room for are dropped. A missing text stays as it is.
+    /// Bytes that the buffer has no room for are dropped.
     template <std::size_t N> void text(std::array<char, N>& buffer, const char* name) {
         std::uint32_t length = 0;
         if (!take(1, length)) return;
@@ -98,13 +98,13 @@ private:
         return true;
     }
 
-    int number(std::size_t size, const FieldRange& range) {
+    template <typename Number> void take_number(std::size_t size, Number& value, const FieldRange& range) {
         std::uint32_t read = 0;
-        if (!take(size, read)) return range.fallback;
-        const auto value = static_cast<std::int32_t>(read);
-        if (value >= range.low && value <= range.high) return value;
-        report(range.name, value, range.fallback);
-        return range.fallback;
+        if (!take(size, read)) return;
+        const auto number = static_cast<std::int32_t>(read);
+        const bool in_range = number >= range.low && number <= range.high;
+        if (!in_range) report(range.name, number, range.fallback);
+        value = in_range ? number : range.fallback;
     }
 
     void report(const char* name, int value, int taken) {

@@ -4,14 +4,16 @@
 #include "state/frames.h"
 #include "state/options.h"
 #include "state/run.h"
+#include "workspace/defaults.h"
 #include "workspace/folders.h"
 #include "workspace/frame_files.h"
+#include "workspace/frame_memory.h"
 #include "workspace/frame_store.h"
 #include "workspace/notices.h"
 #include "workspace/rescue.h"
 #include "workspace/side_files.h"
 #include "workspace/state_file.h"
-#include "workspace/workspace.h"
+#include "workspace/workspace_files.h"
 #include <cstring>
 
 namespace nubo {
@@ -25,7 +27,7 @@ template <std::size_t N> void set_text(std::array<char, N>& buffer, const char* 
 void remove_frame_files() {
     for (const FrameStem stem : {STEM_BACKUP, STEM_RESCUE, STEM_CURRENT})
         for (int slot = 0; slot < frame_slots; ++slot) {
-            const std::string file = frame_file_name(stem, slot);
+            const std::string file = frame_path(workspace_folder(), stem, slot);
             if (file_exists(file)) remove_file(file);
         }
 }
@@ -36,22 +38,23 @@ void clear_workspace() {
     handlers_locked = 1;
     settle_rescue();
     OwnedBitmap blank = make_bitmap(view_w, view_h);  // before anything goes
-    if (!blank || !enter_program_dir()) {
+    if (!blank || !reach_workspace()) {
         UA_log("[ ERROR ] : WORKSPACE directory unavailable. Aborting clear operation!");
-        enter_folder(workspace_folder);
+        flash_message(MESSAGE_SAVE_FAILED);
         handlers_locked = 0;
         return;
     }
-    if (enter_workspace()) remove_frame_files();
+    remove_frame_files();
     place_picture(std::move(blank));
     blank_side_content();
     set_workspace_defaults();
     state_format = 13;
-    const bool saved = save_frame_to_slot(0);
+    const bool saved = save_frame_to_slot(workspace_folder(), 0);
     if (!save_workspace_state(state_file, false) || !saved) flash_message(MESSAGE_SAVE_FAILED);
     // Behind the writing: on disk the old names stay until the next one.
     set_text(workspace_title, "UNNAMED WORKSPACE");
     set_text(workspace_notes, "...");
+    browse_in(program_folder());
     handlers_locked = 0;
 }
 

@@ -1,11 +1,11 @@
-// What a new Workspace holds.
+#include "workspace/defaults.h"
+
 #include "base/color.h"
 #include "base/random.h"
 #include "state/colors.h"
 #include "state/frames.h"
 #include "state/tools.h"
 #include "state/view.h"
-#include "workspace/workspace.h"
 
 namespace nubo {
 namespace {

@@ -1,22 +1,27 @@
 #pragma once
-// The folders of the Workspace. Relative names of files are meant in the folder that the process stands in, so each
-// operation goes where its files are and leaves the process where its callers expect it.
+// The folders of the program, and the one in which a user looks for files.
+#include "platform/folder.h"
 
 namespace nubo {
 
-inline constexpr const char* workspace_folder = "WORKSPACE";
+/// `program_dir`, and what lies in it.
+Folder program_folder();
+Folder resource_folder();
+Folder workspace_folder();
 
-/// Changes to `program_dir`, then to its WORKSPACE folder, which is made if there is none. False, logged, if that can't
-/// be reached.
-bool enter_workspace();
+/// True if the WORKSPACE folder is there; it is made if there is none. False, logged, if it can't be reached, and in a
+/// run that began without it.
+bool reach_workspace();
 
-/// Changes to the WORKSPACE folder of where the process stands, which is made if there is none.
-bool enter_workspace_from_here();
+/// True in a run whose start couldn't reach the WORKSPACE folder: it isn't touched any more, for what is in memory has
+/// nothing to do with what may be there later. Set by the start.
+bool workspace_is_away();
+void set_workspace_away(bool away);
 
-/// Changes to `program_dir`; false, without a log line, if it is gone.
-bool enter_program_dir();
-
-/// True if the process could change to `folder`.
-bool enter_folder(const char* folder);
+/// The folder in which the file browser opens where no home is set, and which the state file keeps as `image_dir`: the
+/// program's own behind a change of the row of Frames, the image folder behind a swap.
+Folder browse_folder();
+void browse_in(const Folder& folder);
+void browse_in_image_dir();
 
 }  // namespace nubo

@@ -6,9 +6,9 @@
 #include "state/frames.h"
 #include "state/run.h"
 #include "workspace/bmp_file.h"
-#include "workspace/frame_files.h"
 #include "workspace/nail.h"
 #include "workspace/notices.h"
+#include "workspace/workspace_files.h"
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -19,35 +19,21 @@
 namespace nubo {
 namespace {
 
-constexpr const char *journal_file = "frames.job", *staged_nail = "inserted.nal";
-
-/// For each slot the slot whose Frame it now holds.
-using SlotMap = std::array<int, frame_slots>;
-
-constexpr SlotMap nothing_moved() {
-    SlotMap map{};
-    for (int slot = 0; slot < frame_slots; ++slot) map[static_cast<unsigned>(slot)] = slot;
-    return map;
-}
-
-/// What the start has repaired and the state file, or the Nail, doesn't know of yet.
-struct Repairs {
-    bool moved = false;
-    int frames_before = 0;     // by the journal, 0 without one: a state file of as many Frames is older than the move
-    bool nail_is_old = false;  // so is the Nail: an insert puts a new one in place, a delete doesn't
-    SlotMap by_journal = nothing_moved(), by_gaps = nothing_moved();  // in this order
-};
-constinit Repairs repairs;
-
 struct Move {
     char kind = 0;  // 'I' insert, 'D' delete
     int start = 0, count = 0, frames = 0;
 };
 
-std::string current(int slot) { return frame_file_name(STEM_CURRENT, slot); }
-std::string rescue(int slot) { return frame_file_name(STEM_RESCUE, slot); }
-std::string staged(int i) { return frame_file_name(STEM_INSERTED, i); }
-std::string doomed(int i) { return frame_file_name(STEM_DELETED, i); }
+/// The paths of what takes part in a move.
+struct Row {
+    const Folder& folder;
+    std::string current(int slot) const { return frame_path(folder, STEM_CURRENT, slot); }
+    std::string rescue(int slot) const { return frame_path(folder, STEM_RESCUE, slot); }
+    std::string staged(int i) const { return frame_path(folder, STEM_INSERTED, i); }
+    std::string doomed(int i) const { return frame_path(folder, STEM_DELETED, i); }
+    std::string staged_nail() const { return folder.file("inserted.nal"); }
+    std::string journal() const { return folder.file("frames.job"); }
+};
 
 /// Renames if there is a file to rename and its new name is free: if not, that was done before the kill.
 bool advance(const std::string& from, const std::string& to) {
@@ -56,67 +42,69 @@ bool advance(const std::string& from, const std::string& to) {
 
 // ---- The journal ---------------------------------------------------------------------------------------------------
 
-bool write_journal(const Move& move) {
+bool write_journal(const Row& row, const Move& move) {
     const std::string line = std::string(1, move.kind) + " " + std::to_string(move.start) + " " +
                              std::to_string(move.count) + " " + std::to_string(move.frames) + "\n";
-    return write_file(journal_file, line.data(), line.size());
+    return write_file(row.journal(), line.data(), line.size());
 }
 
 /// The work under way, if there is some and the files bear it out.
-std::optional<Move> read_journal() {
+std::optional<Move> read_journal(const Row& row) {
     constexpr std::size_t longest = 64;
     std::vector<std::uint8_t> bytes;
-    if (!read_file(journal_file, longest, bytes)) return std::nullopt;
+    if (!read_file(row.journal(), longest, bytes)) return std::nullopt;
     const std::string line(bytes.begin(), bytes.end());
     Move move;
     if (std::sscanf(line.c_str(), "%c %4d %4d %4d", &move.kind, &move.start, &move.count, &move.frames) != 4)
         return std::nullopt;
     if (move.start < 0 || move.count < 1 || move.frames < 1 || move.frames > frame_slots) return std::nullopt;
     if (move.kind == 'I' && move.start < move.frames && move.count <= frame_slots - move.frames &&
-        count_slot_files(STEM_CURRENT) + count_slot_files(STEM_INSERTED) == move.frames + move.count)
+        count_slot_files(row.folder, STEM_CURRENT) + count_slot_files(row.folder, STEM_INSERTED) ==
+            move.frames + move.count)
         return move;
     if (move.kind == 'D' && move.count < move.frames && move.start <= move.frames - move.count &&
-        count_slot_files(STEM_CURRENT) + count_slot_files(STEM_DELETED) == move.frames)
+        count_slot_files(row.folder, STEM_CURRENT) + count_slot_files(row.folder, STEM_DELETED) == move.frames)
         return move;
     return std::nullopt;
 }
 
 /// Removes what an insert has staged and a delete has taken out.
-void remove_leftovers() {
+void remove_leftovers(const Row& row) {
     for (int i = 0; i < frame_slots; ++i)
-        for (const std::string& file : {staged(i), doomed(i)})
+        for (const std::string& file : {row.staged(i), row.doomed(i)})
             if (file_exists(file)) remove_file(file);
-    if (file_exists(staged_nail)) remove_file(staged_nail);
+    if (file_exists(row.staged_nail())) remove_file(row.staged_nail());
 }
 
 // ---- The renames, forth and back -----------------------------------------------------------------------------------
 
-bool carry_out(const Move& move) {
+bool carry_out(const Row& row, const Move& move) {
     bool done = true;
     if (move.kind == 'I') {
         for (int slot = move.frames - 1; slot > move.start; --slot)
-            done = done && advance(current(slot), current(slot + move.count));
-        for (int i = 0; i < move.count; ++i) done = done && advance(staged(i), current(move.start + 1 + i));
-        return done && (!file_exists(staged_nail) || rename_file(staged_nail, nail_file));
+            done = done && advance(row.current(slot), row.current(slot + move.count));
+        for (int i = 0; i < move.count; ++i) done = done && advance(row.staged(i), row.current(move.start + 1 + i));
+        return done && (!file_exists(row.staged_nail()) || rename_file(row.staged_nail(), row.folder.file(nail_file)));
     }
-    for (int i = 0; i < move.count; ++i) done = done && advance(current(move.start + i), doomed(i));
+    for (int i = 0; i < move.count; ++i) done = done && advance(row.current(move.start + i), row.doomed(i));
     for (int slot = move.start + move.count; slot < move.frames; ++slot)
-        done = done && advance(current(slot), current(slot - move.count));
+        done = done && advance(row.current(slot), row.current(slot - move.count));
     return done;
 }
 
-bool take_back(const Move& move) {
+bool take_back(const Row& row, const Move& move) {
     bool done = true;
     if (move.kind == 'I') {
         // A new Frame stands in its slot only if it isn't under its staged name any more.
-        for (int i = move.count - 1; i >= 0; --i) done = done && advance(current(move.start + 1 + i), staged(i));
+        for (int i = move.count - 1; i >= 0; --i)
+            done = done && advance(row.current(move.start + 1 + i), row.staged(i));
         for (int slot = move.start + 1; slot < move.frames; ++slot)
-            done = done && advance(current(slot + move.count), current(slot));
+            done = done && advance(row.current(slot + move.count), row.current(slot));
         return done;
     }
     for (int slot = move.frames - 1; slot >= move.start + move.count; --slot)
-        done = done && advance(current(slot - move.count), current(slot));
-    for (int i = move.count - 1; i >= 0; --i) done = done && advance(doomed(i), current(move.start + i));
+        done = done && advance(row.current(slot - move.count), row.current(slot));
+    for (int i = move.count - 1; i >= 0; --i) done = done && advance(row.doomed(i), row.current(move.start + i));
     return done;
 }
 
@@ -124,14 +112,14 @@ bool take_back(const Move& move) {
 constinit std::optional<Move> stuck;
 
 /// Does the work under its journal. Where neither forth nor back is possible the journal stays for the next start.
-bool perform(const Move& move) {
-    if (!write_journal(move)) {
-        remove_leftovers();
+bool perform(const Row& row, const Move& move) {
+    if (!write_journal(row, move)) {
+        remove_leftovers(row);
         return false;
     }
-    if (carry_out(move)) return true;
+    if (carry_out(row, move)) return true;
     stuck = move;
-    end_frame_move();
+    end_frame_move(row.folder);
     return false;
 }
 
@@ -148,19 +136,19 @@ SlotMap map_of(const Move& move) {
 }
 
 /// A Frame that has only its rescue: a blank one that was painted on and never saved.
-void adopt_rescues() {
-    for (int slot = 0; slot < frame_slots; ++slot) advance(rescue(slot), current(slot));
+void adopt_rescues(const Row& row) {
+    for (int slot = 0; slot < frame_slots; ++slot) advance(row.rescue(slot), row.current(slot));
 }
 
 /// Moves Frames down over slots without a file.
-SlotMap close_gaps(bool& moved) {
+SlotMap close_gaps(const Row& row, bool& moved) {
     SlotMap map = nothing_moved();
     int free_slot = 0;
     for (int slot = 0; slot < frame_slots; ++slot) {
-        if (!file_exists(current(slot))) continue;
+        if (!file_exists(row.current(slot))) continue;
         if (slot != free_slot) {
-            if (!rename_file(current(slot), current(free_slot))) break;
-            advance(rescue(slot), rescue(free_slot));
+            if (!rename_file(row.current(slot), row.current(free_slot))) break;
+            advance(row.rescue(slot), row.rescue(free_slot));
             UA_log("[ INFO ] : Closed a gap: frame %d is now frame %d", slot, free_slot);
             map[static_cast<unsigned>(free_slot)] = slot;
             moved = true;
@@ -192,37 +180,49 @@ void move_tiles(const SlotMap& map) {
 
 }  // namespace
 
-bool insert_frame_files(int start, int count, BITMAP* picture, BITMAP* nail) {
-    if (!end_frame_move()) return false;
-    bool written = save_bmp_file(staged_nail, nail);
-    for (int i = 0; i < count; ++i) written = written && save_bmp_file(staged(i), picture);
-    if (!written) {
-        remove_leftovers();
-        return false;
-    }
-    return perform({'I', start, count, frame_count});
+bool insert_frame_files(const Folder& folder, int start, int count, BITMAP* picture, BITMAP* nail) {
+    const Row row{folder};
+    bool written = save_bmp_file(row.staged_nail(), nail);
+    for (int i = 0; i < count; ++i) written = written && save_bmp_file(row.staged(i), picture);
+    if (written) return perform(row, {'I', start, count, frame_count});
+    remove_leftovers(row);
+    return false;
 }
 
-bool delete_frame_files(int start, int count) { return end_frame_move() && perform({'D', start, count, frame_count}); }
+bool delete_frame_files(const Folder& folder, int start, int count) {
+    return perform({folder}, {'D', start, count, frame_count});
+}
 
-bool end_frame_move() {
-    if (stuck && !take_back(*stuck)) return false;
-    if (file_exists(journal_file)) {
-        if (!remove_file(journal_file)) return false;
-        sync_folder(".");  // else a loss of power could bring the journal back without the Frames it speaks of
+void take_back_delete(const Folder& folder, int start, int count) {
+    stuck = Move{'D', start, count, frame_count};
+    end_frame_move(folder);
+}
+
+bool frame_move_is_open(const Folder& folder) { return !stuck && file_exists(Row{folder}.journal()); }
+
+bool end_frame_move(const Folder& folder) {
+    const Row row{folder};
+    if (stuck && !take_back(row, *stuck)) return false;
+    if (file_exists(row.journal())) {
+        if (!remove_file(row.journal())) return false;
+        sync_folder(
+            folder.path());  // else a loss of power could bring the journal back without the Frames it speaks of
     }
     stuck.reset();
-    remove_leftovers();
+    remove_leftovers(row);
     return true;
 }
 
-bool row_is_whole() { return !stuck || !file_exists(journal_file) || end_frame_move(); }
+bool row_is_whole(const Folder& folder) {
+    return !stuck || !file_exists(Row{folder}.journal()) || end_frame_move(folder);
+}
 
-bool repair_frame_files() {
-    repairs = {};
-    remove_unfinished_files(".");
-    if (const std::optional<Move> move = read_journal()) {
-        if (carry_out(*move)) {
+FrameRepairs repair_frame_files(const Folder& folder) {
+    const Row row{folder};
+    FrameRepairs repairs;
+    remove_unfinished_files(folder.path());
+    if (const std::optional<Move> move = read_journal(row)) {
+        if (carry_out(row, *move)) {
             UA_log("[ INFO ] : Finished what the last run began with frame %d", move->start);
             repairs.moved = true;
             repairs.frames_before = move->frames;
@@ -230,24 +230,21 @@ bool repair_frame_files() {
             repairs.by_journal = map_of(*move);
         }
     } else {
-        end_frame_move();
+        end_frame_move(folder);
     }
-    adopt_rescues();
-    repairs.by_gaps = close_gaps(repairs.moved);
-    return repairs.moved;
+    adopt_rescues(row);
+    repairs.by_gaps = close_gaps(row, repairs.moved);
+    return repairs;
 }
 
-void follow_with_views() {
-    if (!repairs.moved) return;
-    if (repairs.frames_before == frame_count) move_views(repairs.by_journal);
-    move_views(repairs.by_gaps);
+void follow_with_views(const FrameRepairs& repairs) {
+    if (repairs.moved && repairs.frames_before == frame_count) move_views(repairs.by_journal);
+    if (repairs.moved) move_views(repairs.by_gaps);
 }
 
-void follow_with_tiles() {
-    if (!repairs.moved) return;
-    if (repairs.nail_is_old) move_tiles(repairs.by_journal);
-    move_tiles(repairs.by_gaps);
-    repairs = {};
+void follow_with_tiles(const FrameRepairs& repairs) {
+    if (repairs.moved && repairs.nail_is_old) move_tiles(repairs.by_journal);
+    if (repairs.moved) move_tiles(repairs.by_gaps);
 }
 
 }  // namespace nubo

@@ -8,10 +8,13 @@
 #include "state/view.h"
 #include "workspace/folders.h"
 #include "workspace/frame_files.h"
+#include "workspace/frame_memory.h"
 #include "workspace/frame_moves.h"
 #include "workspace/nail.h"
 #include "workspace/notices.h"
 #include "workspace/rescue.h"
+#include "workspace/state_file.h"
+#include "workspace/workspace_files.h"
 #include <algorithm>
 #include <string>
 #include <utility>
@@ -22,36 +25,31 @@ namespace {
 FrameView& view_of(int slot) { return frame_view[static_cast<unsigned>(slot)]; }
 
 /// Writes the Frame in memory to its slot, with its thumbnail and its view, and reads the file of the next one.
-bool store_frame(int slot, int next_slot, OwnedBitmap& next) {
-    const auto read_next = [&] { next = read_frame_file(frame_file_name(STEM_CURRENT, next_slot)); };
-    if (!save_frame_and_nail(slot, read_next)) return false;
+bool store_frame(int slot, int next_slot, FramePicture& next) {
+    const auto read_next = [&] { next = read_frame_file(workspace_folder(), next_slot); };
+    if (!settle_frame_move() || !save_frame_and_nail(workspace_folder(), slot, read_next)) return false;
     view_of(slot) = {pan_x, pan_y, zoom};
     return true;
 }
 
-bool refuse_unsaved() {
-    flash_message(MESSAGE_SAVE_FAILED);
+bool refuse(Message message) {
+    flash_message(message);
     return false;
 }
 
-/// Brings the Frame of a slot into memory with its view; `picture` is what its file gave.
-bool bring_in(int slot, OwnedBitmap picture) {
-    if (!take_frame_or_blank(slot, std::move(picture))) return false;
-    frame_index = slot;
-    const FrameView& view = view_of(slot);
-    pan_x = view.pan_x;
-    pan_y = view.pan_y;
-    zoom = std::max(view.zoom, zoom_min);
+/// Makes the Frame of a slot, of which `read` is what its file gave, the current one with its view.
+bool bring_in(int slot, FramePicture read) {
+    if (!take_frame(workspace_folder(), slot, std::move(read))) return refuse(MESSAGE_FRAME_OUT_OF_REACH);
+    show_slot(slot);
     return true;
 }
 
 bool is_slot(int slot) { return slot >= 0 && slot < frame_slots; }
 
-/// The Nail as it will be when `count` tiles are opened behind `start`; made in the Nail itself.
-void insert_tiles(int start, int count, bool blank) {
+/// The Nail as it will be when `count` tiles of `picture` are opened behind `start`; made in the Nail itself.
+void insert_tiles(int start, int count, BITMAP* picture) {
     for (int slot = frame_count - 1; slot > start; --slot) copy_nail_tile(slot, slot + count);
-    for (int slot = start + 1; slot <= start + count; ++slot)
-        blank ? clear_nail_tile(slot) : make_nail_tile(current_frame, slot);
+    for (int slot = start + 1; slot <= start + count; ++slot) make_nail_tile(picture, slot);
 }
 
 /// A copy is seen as its original is now; a blank Frame takes over the view that its slot last held.
@@ -62,12 +60,11 @@ void insert_views(int start, int count, bool blank) {
 }
 
 /// Puts the new Frames on disk. The Nail in memory shows them only if that went well.
-bool insert_on_disk(int start, int count, bool blank) {
-    const OwnedBitmap empty = blank ? make_bitmap(view_w, view_h) : nullptr;
+bool insert_on_disk(int start, int count, BITMAP* picture) {
     const OwnedBitmap old_nail = copy_bitmap(nail_sheet);
-    if ((blank && !empty) || !old_nail) return false;
-    insert_tiles(start, count, blank);
-    if (insert_frame_files(start, count, blank ? empty.get() : current_frame, nail_sheet)) return true;
+    if (picture == nullptr || !old_nail || !settle_frame_move()) return false;
+    insert_tiles(start, count, picture);
+    if (insert_frame_files(workspace_folder(), start, count, picture, nail_sheet)) return true;
     blit(old_nail.get(), nail_sheet, 0, 0, 0, 0, nail_side, nail_side);
     return false;
 }
@@ -81,10 +78,30 @@ void delete_entries(int start, int count) {
     }
 }
 
-/// The Frame to show after a delete.
+/// The slot of the Frame to show after a delete, as the row will be then.
 int slot_after_delete(int start, int count) {
-    if (frame_index < frame_count) return start;
-    return frame_index == frame_count && count < frame_count ? start - count : 0;
+    const int left = frame_count - count;
+    const int slot = frame_index < left ? start : frame_index == left && count < left ? start - count : 0;
+    return std::clamp(slot, 0, left - 1);
+}
+
+/// The Frame that takes the place of the deleted ones is read before anything goes: without it nothing does.
+bool delete_on_disk(int start, int count) {
+    const int next = slot_after_delete(start, count);
+    const Folder folder = workspace_folder();
+    FramePicture read = read_frame_file(folder, next < start ? next : next + count);
+    if (read.fault == PICTURE_OUT_OF_REACH) return refuse(MESSAGE_FRAME_OUT_OF_REACH);
+    // First of all, else a start after a kill would find it newer than the Frame that moves into the slot.
+    forget_rescue(folder, frame_index);
+    if (!settle_frame_move() || !delete_frame_files(folder, start, count)) return refuse(MESSAGE_SAVE_FAILED);
+    if (!take_frame(folder, next, std::move(read))) {
+        take_back_delete(folder, start, count);
+        return refuse(MESSAGE_FRAME_OUT_OF_REACH);
+    }
+    delete_entries(start, count);
+    frame_count -= count;
+    show_slot(next);
+    return true;
 }
 
 }  // namespace
@@ -95,13 +112,11 @@ bool fetch_frame(int old_slot, int new_slot) {
         return false;
     }
     settle_rescue();
-    if (old_slot == new_slot) return bring_in(new_slot, read_frame_file(frame_file_name(STEM_CURRENT, new_slot)));
-    const std::string back = image_dir.data();
-    OwnedBitmap next;
-    const bool saved = enter_workspace() && store_frame(old_slot, new_slot, next);
-    const bool swapped = saved ? bring_in(new_slot, std::move(next)) : refuse_unsaved();
-    if (back.empty() || !enter_folder(back.c_str())) enter_program_dir();
-    return swapped;
+    if (old_slot == new_slot) return bring_in(new_slot, read_frame_file(workspace_folder(), new_slot));
+    FramePicture next;
+    const bool saved = reach_workspace() && store_frame(old_slot, new_slot, next);
+    browse_in_image_dir();
+    return saved ? bring_in(new_slot, std::move(next)) : refuse(MESSAGE_SAVE_FAILED);
 }
 
 bool insert_frames(int start, int count, bool blank) {
@@ -118,16 +133,25 @@ bool insert_frames(int start, int count, bool blank) {
         return false;
     }
     settle_rescue();
-    const bool inserted = enter_workspace() && insert_on_disk(start, count, blank);
-    if (inserted && start < frame_index) forget_rescue(frame_index);  // the slot is another Frame's now
+    const OwnedBitmap empty = blank ? make_bitmap(view_w, view_h) : nullptr;
+    const bool inserted = reach_workspace() && insert_on_disk(start, count, blank ? empty.get() : current_frame);
+    if (inserted && start < frame_index)
+        forget_rescue(workspace_folder(), frame_index);  // the slot is another Frame's now
     if (inserted) {
         insert_views(start, count, blank);
         frame_count += count;
     } else {
         flash_message(MESSAGE_SAVE_FAILED);
     }
-    enter_program_dir();
+    browse_in(program_folder());
     return inserted;
+}
+
+bool append_frame(BITMAP* picture) {
+    if (frame_count >= frame_slots || !insert_on_disk(frame_count - 1, 1, picture)) return false;
+    view_of(frame_count) = {};
+    frame_count += 1;
+    return true;
 }
 
 bool delete_frames(int start, int count) {
@@ -144,25 +168,11 @@ bool delete_frames(int start, int count) {
         return false;
     }
     settle_rescue();
-    const bool entered = enter_workspace();
-    // First of all, else a start after a kill would find it newer than the Frame that moves into the slot.
-    if (entered) forget_rescue(frame_index);
-    const bool deleted = entered && delete_frame_files(start, count);
-    if (!deleted) flash_message(MESSAGE_SAVE_FAILED);
-    if (deleted) {
-        delete_entries(start, count);
-        frame_count -= count;
-        const int slot = slot_after_delete(start, count);
-        fetch_frame(slot, slot);
-    }
-    enter_program_dir();
+    const bool deleted = reach_workspace() ? delete_on_disk(start, count) : refuse(MESSAGE_SAVE_FAILED);
+    browse_in(program_folder());
     return deleted;
 }
 
-int count_frame_files() {
-    const int count = enter_workspace() ? count_slot_files(STEM_CURRENT) : 0;
-    enter_program_dir();
-    return count;
-}
+int count_frame_files() { return count_slot_files(workspace_folder(), STEM_CURRENT); }
 
 }  // namespace nubo

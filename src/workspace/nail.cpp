@@ -3,7 +3,7 @@
 #include "base/color.h"
 #include "state/frames.h"
 #include "state/run.h"
-#include "workspace/bmp_file.h"
+#include "workspace/workspace_files.h"
 #include <algorithm>
 #include <array>
 #include <vector>
@@ -67,15 +67,10 @@ void make_nail_tile(BITMAP* frame, int slot) {
     reduce_bitmap(enlarged.get(), nail_sheet, tile_x(slot), tile_y(slot), nail_tile, nail_tile);
 }
 
-void clear_nail_tile(int slot) {
-    const int left = tile_x(slot), top = tile_y(slot);
-    rectfill(nail_sheet, left, top, left + nail_tile - 1, top + nail_tile - 1, 0);
-}
-
 void copy_nail_tile(int from, int to) {
     blit(nail_sheet, nail_sheet, tile_x(from), tile_y(from), tile_x(to), tile_y(to), nail_tile, nail_tile);
 }
 
-bool save_nail() { return save_bmp_file(nail_file, nail_sheet); }
+bool save_nail(const Folder& folder) { return save_picture(folder.file(nail_file), nail_sheet); }
 
 }  // namespace nubo

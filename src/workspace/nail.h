@@ -1,6 +1,7 @@
 #pragma once
 // The Nail: a sheet of thumbnails, one of each Frame, that always stays in memory.
 #include "base/bitmap.h"
+#include "platform/folder.h"
 
 namespace nubo {
 
@@ -14,11 +15,10 @@ void reduce_bitmap(BITMAP* source, BITMAP* target, int x, int y, int w, int h);
 /// Makes the tile of a slot from a Frame of any size.
 void make_nail_tile(BITMAP* frame, int slot);
 
-/// Fills the tile of a slot with black; copies the tile of one slot to another.
-void clear_nail_tile(int slot);
+/// Copies the tile of one slot to another.
 void copy_nail_tile(int from, int to);
 
-/// Writes the Nail in the folder that the process stands in. False after a failure, which is logged.
-bool save_nail();
+/// Writes the Nail to a folder. False after a failure, which is logged.
+bool save_nail(const Folder& folder);
 
 }  // namespace nubo

@@ -16,7 +16,7 @@ std::optional<PendingBox> take_box();
 void flash_message(Message message);
 
 /// Something on disk was missing, damaged or out of range and has been repaired: the user is told once, on entering
-/// the program loop.
+/// the program loop, by a box that the start leaves.
 void mark_damage();
 
 }  // namespace nubo

@@ -7,12 +7,13 @@
 #include "state/run.h"
 #include "workspace/bmp_file.h"
 #include "workspace/folders.h"
-#include "workspace/frame_files.h"
+#include "workspace/frame_memory.h"
 #include "workspace/notices.h"
+#include "workspace/rescue_folder.h"
+#include "workspace/workspace_files.h"
 #include <array>
 #include <atomic>
 #include <cstring>
-#include <sys/stat.h>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -61,9 +62,10 @@ void take_saved_print() {
     last_ticks = static_cast<unsigned>(UA_clock_ticks);
 }
 
-/// The whole path, since the thread can't know where the process stands.
+/// Without a Workspace the Frame goes where it would go at the end; empty if that can't be.
 std::string rescue_path(int slot) {
-    return std::string(program_dir.data()) + "/" + workspace_folder + "/" + frame_file_name(STEM_RESCUE, slot);
+    if (!workspace_is_away()) return frame_path(workspace_folder(), STEM_RESCUE, slot);
+    return note_rescued_work() ? frame_path(rescue_folder(), STEM_CURRENT, slot) : std::string();
 }
 
 /// Joins the thread if it has done its work.
@@ -93,13 +95,6 @@ void start_writing(Print print) {
     }
 }
 
-/// When a file was last written; a missing one is older than all.
-std::pair<std::int64_t, std::int64_t> time_of(const std::string& path) {
-    struct stat status;
-    if (stat(path.c_str(), &status) != 0) return {-1, -1};
-    return {status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
-}
-
 }  // namespace
 
 void autosave_tick(bool stroke_running) {
@@ -121,36 +116,38 @@ void settle_rescue() { collect(); }
 
 void note_frame_saved() { saved_print_wanted = true; }
 
-void forget_rescue(int slot) {
-    const std::string file = frame_file_name(STEM_RESCUE, slot);
+void forget_rescue(const Folder& folder, int slot) {
+    const std::string file = frame_path(folder, STEM_RESCUE, slot);
     if (file_exists(file)) remove_file(file);
     if (slot == frame_index) rescued_print = 0;
 }
 
-int find_rescue() {
+int find_rescue(const Folder& folder) {
     int found = -1;
     for (int slot = 0; slot < frame_slots; ++slot) {
-        const std::string file = frame_file_name(STEM_RESCUE, slot);
+        const std::string file = frame_path(folder, STEM_RESCUE, slot);
         if (!file_exists(file)) continue;
-        if (found < 0 && time_of(file) > time_of(frame_file_name(STEM_CURRENT, slot)))
+        if (found < 0 && time_of_file(file) > time_of_file(frame_path(folder, STEM_CURRENT, slot)))
             found = slot;
         else
-            remove_file(file);
+            set_aside(file, aside_spare);  // clocks may be wrong
     }
     return found;
 }
 
-void take_rescue(int slot) {
-    const std::string file = frame_file_name(STEM_RESCUE, slot);
-    OwnedBitmap picture = load_bmp_file(file);
-    if (!picture) {
-        set_aside(file);
-        return;
-    }
-    take_saved_print();  // of what the file holds: the rescued Frame counts as changed
-    if (!place_picture(std::move(picture))) return;
+void take_rescue(const Folder& folder, int slot) {
+    const std::string file = frame_path(folder, STEM_RESCUE, slot);
+    PictureFault fault;
+    OwnedBitmap picture = load_bmp_file(file, fault);
+    if (fault == PICTURE_MALFORMED) set_aside(file);
+    if (!picture || !take_as_changed(std::move(picture))) return;
     UA_log("[ INFO ] : Frame %d was rescued from the last run", slot);
     flash_message(MESSAGE_RESCUED);
+}
+
+bool take_as_changed(OwnedBitmap picture) {
+    take_saved_print();  // of what the file holds
+    return place_picture(std::move(picture));
 }
 
 }  // namespace nubo

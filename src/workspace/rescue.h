@@ -2,6 +2,8 @@
 // Against a crash: the Frame in memory, while it is changed and unsaved, goes to disk from time to time, as
 // "rescue.NNN" beside its own file. A start that finds one newer than the Frame's file takes it. A saved Frame has
 // none.
+#include "base/bitmap.h"
+#include "platform/folder.h"
 
 namespace nubo {
 
@@ -18,15 +20,17 @@ void settle_rescue();
 /// The Frame in memory is as its file on disk: nothing is to be rescued until it changes.
 void note_frame_saved();
 
-/// Removes the rescue of a slot, if there is one. The process stands in the WORKSPACE folder.
-void forget_rescue(int slot);
+/// Removes the rescue of a slot, if there is one.
+void forget_rescue(const Folder& folder, int slot);
 
-/// The slot whose rescue is newer than its file, or -1; all other rescues are removed. The process stands in the
-/// WORKSPACE folder. Called at start.
-int find_rescue();
+/// The slot whose rescue is newer than its file, or -1; all other rescues are set aside. Called at start.
+int find_rescue(const Folder& folder);
 
 /// Makes the rescue of `slot` the Frame in memory and tells the user; RESTORE still leads to what its file holds. The
 /// rescue stays until the Frame is saved.
-void take_rescue(int slot);
+void take_rescue(const Folder& folder, int slot);
+
+/// Makes `picture` the Frame in memory as if the user had painted it over the one that is there.
+bool take_as_changed(OwnedBitmap picture);
 
 }  // namespace nubo

@@ -7,9 +7,9 @@
 #include "state/run.h"
 #include "state/stroke.h"
 #include "workspace/bmp_file.h"
-#include "workspace/frame_files.h"
 #include "workspace/nail.h"
 #include "workspace/notices.h"
+#include "workspace/workspace_files.h"
 #include <array>
 #include <utility>
 
@@ -35,7 +35,7 @@ void blacken_tip() { rectfill(tip_sheet, 0, custom_tip_y, custom_tip_w - 1, cust
 
 bool save_tip(const std::string& path) {
     const OwnedBitmap tip(create_sub_bitmap(tip_sheet, 0, custom_tip_y, custom_tip_w, custom_tip_h));
-    return tip && save_bmp_file(path, tip.get());
+    return tip && save_picture(path, tip.get());
 }
 
 void blacken(SideFile kind) {
@@ -59,28 +59,35 @@ bool take(SideFile kind, OwnedBitmap picture) {
 
 }  // namespace
 
-bool save_side_file(SideFile kind, const std::string& stem) {
-    const std::string path = stem + row_of(kind).ending;
+bool save_side_file(const Folder& folder, SideFile kind, const std::string& stem) {
+    const std::string path = folder.file(stem + row_of(kind).ending);
     if (kind == SIDE_TIP) return save_tip(path);
-    return save_bmp_file(path, kind == SIDE_CEL ? cel_mask : nail_sheet);
+    return save_picture(path, kind == SIDE_CEL ? cel_mask : nail_sheet);
 }
 
-bool load_side_file(SideFile kind, const std::string& stem) {
-    const std::string path = stem + row_of(kind).ending;
+bool load_side_file(const Folder& folder, SideFile kind, const std::string& stem) {
+    const std::string path = folder.file(stem + row_of(kind).ending);
     if (!file_exists(path)) return false;
-    OwnedBitmap picture = load_bmp_file(path);
-    if (picture && take(kind, std::move(picture))) return true;
-    set_aside(path);
-    return false;
+    PictureFault fault;
+    OwnedBitmap picture = load_bmp_file(path, fault);
+    if (picture && take(kind, std::move(picture))) {
+        forget_unread(path);
+        return true;
+    }
+    if (fault == PICTURE_MALFORMED && set_aside(path)) return false;
+    blacken(kind);
+    keep_unread(path);
+    flash_message(MESSAGE_FILE_OUT_OF_REACH);
+    return true;
 }
 
-void repair_workspace(int kind) {
+void repair_workspace(const Folder& folder, int kind) {
     if (kind < 0 || kind >= SIDE_COUNT) return;
     mark_damage();
     UA_log("[ INFO ] : Workspace damage encountered. Attempting repair!");
     const auto side = static_cast<SideFile>(kind);
     blacken(side);
-    if (save_side_file(side, "current.")) UA_log(row_of(side).repaired);
+    if (save_side_file(folder, side, "current.")) UA_log(row_of(side).repaired);
 }
 
 void blank_side_content() {

@@ -3,24 +3,23 @@
 #include "base/log.h"
 #include "platform/input_file.h"
 #include "platform/safe_file.h"
+#include "state/browse.h"
 #include "state/frames.h"
 #include "state/options.h"
 #include "state/run.h"
 #include "state/view.h"
+#include "workspace/defaults.h"
 #include "workspace/folders.h"
 #include "workspace/frame_files.h"
 #include "workspace/frame_moves.h"
-#include "workspace/frame_store.h"
 #include "workspace/notices.h"
 #include "workspace/rescue.h"
 #include "workspace/side_files.h"
 #include "workspace/state_fields.h"
-#include "workspace/workspace.h"
+#include "workspace/workspace_files.h"
 #include <algorithm>
 #include <array>
 #include <cstdlib>
-#include <cstring>
-#include <unistd.h>
 
 namespace nubo {
 namespace {
@@ -36,107 +35,86 @@ std::string stem_of(const char* name) {
     return text.substr(0, text.size() - ending);
 }
 
-/// The current folder, as it is written on disk; nothing if it is gone or its name has no room.
-std::array<char, path_size> current_folder() {
-    std::array<char, path_size> folder{};
-    if (getcwd(folder.data(), folder.size()) == nullptr) folder.fill('\0');
-    return folder;
-}
-
-bool write_state(const char* name) {
+bool write_state(const Folder& folder, const char* name) {
+    const std::string path = folder.file(name);
+    if (!make_way(path)) return false;
     const std::vector<std::uint8_t> bytes = pack_state();
-    return write_file(name, bytes.data(), bytes.size());
+    return write_file(path, bytes.data(), bytes.size());
 }
 
-/// The Frame and the pictures beside the state. Each is tried, whatever became of the one before.
-bool write_pictures(const std::string& stem) {
-    bool written = save_frame_to_slot(frame_index);
-    for (const SideFile kind : {SIDE_CEL, SIDE_TIP, SIDE_NAIL}) written = save_side_file(kind, stem) && written;
-    return written;
-}
-
-/// False if it can't be reached: then the files land where the process stands.
-bool enter_folder_to_write() {
-    const bool there = enter_program_dir();
-    if (there) {
-        UA_log("[ SPA ] : Workspace save at: %s", program_dir.data());
-    } else {
-        UA_log("[ ERROR ] : WORKSPACE directory unavailable. Writing workspace to current location");
-        UA_log("[ STATS ] : Current location is: %s", image_dir.data());
-    }
-    return enter_workspace_from_here() && there;
-}
-
-/// One that is no plain file can't be read and not be written over either.
-bool read_state(const char* name) {
-    std::vector<std::uint8_t> bytes;
-    const bool read = read_file(name, state_file_limit, bytes);
-    if (!read) set_aside(name);
-    return unpack_state(bytes, name) && read;
+/// The Frame and the pictures beside the state. Each is tried, whatever became of the one before; but a Nail under an
+/// open move would be shifted by it at the next start.
+bool write_pictures(const Folder& folder, const std::string& stem) {
+    bool written = save_frame_to_slot(folder, frame_index);
+    for (const SideFile kind : {SIDE_CEL, SIDE_TIP}) written = save_side_file(folder, kind, stem) && written;
+    return !frame_move_is_open(folder) && save_side_file(folder, SIDE_NAIL, stem) && written;
 }
 
 /// The slot to open: the stored one, or the last that has a file.
-int slot_to_open() {
-    if (file_exists(frame_file_name(STEM_CURRENT, frame_index))) return frame_index;
+int slot_to_open(const Folder& folder) {
+    if (file_exists(frame_path(folder, STEM_CURRENT, frame_index))) return frame_index;
     int last = 0;
     for (int slot = 1; slot < frame_slots; ++slot)
-        if (file_exists(frame_file_name(STEM_CURRENT, slot))) last = slot;
+        if (file_exists(frame_path(folder, STEM_CURRENT, slot))) last = slot;
     UA_log("[ INFO ] : Frame %d, the current one, is missing. Opening frame %d", static_cast<int>(frame_index), last);
     mark_damage();
     return last;
-}
-
-void load_frame_of_state() {
-    const int slot = slot_to_open();
-    if (slot != frame_index) {
-        frame_index = slot;
-        const FrameView& view = frame_view[static_cast<unsigned>(slot)];
-        pan_x = view.pan_x;
-        pan_y = view.pan_y;
-        zoom = std::max(view.zoom, zoom_min);
-    }
-    load_frame_or_blank(slot);
 }
 
 constexpr std::array side_endings{"cel", "nal", "tip", "spa"};  // the state last: with it the swap is whole
 
 }  // namespace
 
-bool write_workspace_here(const char* name, bool state_only) {
+bool write_workspace(const Folder& folder, const char* name, bool state_only) {
     const std::string stem = stem_of(name);
-    const bool written = write_state(name);
-    return (state_only || write_pictures(stem)) && written;
+    const bool written = write_state(folder, name);
+    if (written) end_frame_move(folder);
+    return (state_only || write_pictures(folder, stem)) && written;
+}
+
+bool settle_frame_move() {
+    const Folder folder = workspace_folder();
+    return (!frame_move_is_open(folder) || write_state(folder, state_file)) && end_frame_move(folder);
 }
 
 bool save_workspace_state(const char* name, bool state_only) {
     settle_rescue();
     frame_view[static_cast<unsigned>(frame_index)] = {pan_x, pan_y, zoom};
+    if (!reach_workspace()) return false;
+    UA_log("[ SPA ] : Workspace save at: %s", program_dir.data());
     const auto kept_dir = image_dir;
-    image_dir = current_folder();
-    const bool entered = enter_folder_to_write();
-    const bool written = write_workspace_here(name, state_only);
+    image_dir = browse_dir;  // where the user is now
+    const bool written = write_workspace(workspace_folder(), name, state_only);
     image_dir = kept_dir;
-    if (entered) end_frame_move();
-    if (!enter_program_dir()) enter_folder("..");
-    return entered && written;
+    browse_in(program_folder());
+    return written;
 }
 
-bool load_workspace_state(const char* name) {
-    const std::string stem = stem_of(name);
-    while (!file_exists(name)) {
+bool read_state(const std::string& path) {
+    set_workspace_defaults();
+    std::vector<std::uint8_t> bytes;
+    const bool read = read_file(path, state_file_limit, bytes);
+    read ? forget_unread(path) : keep_unread(path);
+    return unpack_state(bytes, path.c_str()) && read;
+}
+
+bool load_workspace_state(const char* name, const FrameRepairs& repairs) {
+    const Folder folder = workspace_folder();
+    const std::string stem = stem_of(name), path = folder.file(name);
+    while (!file_exists(path)) {
         set_workspace_defaults();
         opt_cel_masking = 1;
         opt_file_preview = PREVIEW_ALL;
-        if (!file_exists("alternate.spa")) return false;
+        if (!file_exists(folder.file("alternate.spa"))) return false;
         swap_to_alternate();
-        if (!file_exists(name)) return false;  // the disk doesn't let it be renamed
+        if (!file_exists(path)) return false;  // the disk doesn't let it be renamed
     }
-    if (!read_state(name)) mark_damage();
-    follow_with_views();
-    load_frame_of_state();
+    if (!read_state(path)) mark_damage();
+    follow_with_views(repairs);
+    load_frame_or_another(folder, slot_to_open(folder));
     for (const SideFile kind : {SIDE_CEL, SIDE_TIP, SIDE_NAIL})
-        if (!load_side_file(kind, stem)) repair_workspace(kind);
-    follow_with_tiles();
+        if (!load_side_file(folder, kind, stem)) repair_workspace(folder, kind);
+    follow_with_tiles(repairs);
     remove_alternate_files();
     return true;
 }
@@ -145,23 +123,23 @@ void swap_to_alternate() {
     const bool was_locked = handlers_locked != 0;
     handlers_locked = 1;
     UA_log("[ INFO ] : Swapping to alternate workspace");
+    const Folder folder = workspace_folder();
     for (int slot = 0; slot < frame_slots; ++slot) {
-        const std::string from = frame_file_name(STEM_ALTERNATE, slot), to = frame_file_name(STEM_CURRENT, slot);
+        const std::string from = frame_path(folder, STEM_ALTERNATE, slot), to = frame_path(folder, STEM_CURRENT, slot);
         // A Frame that stands there without a state file is somebody's all the same.
         if (file_exists(from) && (!file_exists(to) || set_aside(to))) rename_file(from, to);
     }
-    for (const std::string ending : side_endings)
-        if (file_exists("alternate." + ending)) rename_file("alternate." + ending, "current." + ending);
+    for (const std::string ending : side_endings) {
+        const std::string from = folder.file("alternate." + ending);
+        if (file_exists(from)) rename_file(from, folder.file("current." + ending));
+    }
     if (!was_locked) handlers_locked = 0;
 }
 
 void remove_alternate_files() {
-    for (int slot = 0; slot < frame_slots; ++slot) {
-        const std::string file = frame_file_name(STEM_ALTERNATE, slot);
-        if (file_exists(file)) remove_file(file);
-    }
-    for (const std::string ending : side_endings)
-        if (file_exists("alternate." + ending)) remove_file("alternate." + ending);
+    const Folder folder = workspace_folder();
+    for (int slot = 0; slot < frame_slots; ++slot) remove_file(frame_path(folder, STEM_ALTERNATE, slot));
+    for (const std::string ending : side_endings) remove_file(folder.file("alternate." + ending));
 }
 
 }  // namespace nubo

@@ -11,11 +11,12 @@
 #include "workspace/byte_fields.h"
 #include "workspace/folders.h"
 #include "workspace/notices.h"
+#include "workspace/workspace_files.h"
 
 namespace nubo {
 namespace {
 
-constexpr const char *resource_folder = "resource", *settings_file = "user.def";
+constexpr const char* settings_file = "user.def";
 constexpr std::size_t settings_bytes = 614;
 constexpr int modifiers = key_ctrl | key_alt | key_shift;
 
@@ -24,6 +25,8 @@ FieldRange range_of(const Word& word) {
     const auto* const row = std::ranges::find(user_options, &word, &UserOption::word);
     return {label_text[at(row->label)].data(), row->lowest, row->highest, word};
 }
+
+std::string settings_path() { return resource_folder().file(settings_file); }
 
 template <class Fields> void walk_settings(Fields& fields) {
     constexpr FieldRange volume{"a volume", 0, 255, 255};
@@ -78,13 +81,16 @@ void set_first_run_defaults() {
 }  // namespace
 
 void load_user_settings() {
-    const std::string path = std::string(resource_folder) + "/" + settings_file;
-    if (!file_exists(path)) {
-        UA_log("[ INFO ] : Couldn't locate the user settings file. Assuming default settings.");
-        return set_first_run_defaults();
-    }
+    set_first_run_defaults();
+    const std::string path = settings_path();
+    if (!file_exists(path))
+        return UA_log("[ INFO ] : Couldn't locate the user settings file. Assuming default settings.");
     std::vector<std::uint8_t> bytes;
-    read_file(path, settings_bytes, bytes);  // one that can't be read counts as empty
+    if (!read_file(path, settings_bytes, bytes)) {
+        UA_log("[ ERROR ] : The user settings file can't be read. Assuming default settings.");
+        keep_unread(path);
+        return mark_damage();
+    }
     FieldReader fields(bytes, settings_file);
     walk_settings(fields);
     frame_pacing = frame_pacing != 0 ? 1 : 0;
@@ -95,10 +101,8 @@ void load_user_settings() {
 bool save_user_settings() {
     FieldWriter fields;
     walk_settings(fields);
-    const std::string path = std::string(program_dir.data()) + "/" + resource_folder + "/" + settings_file;
-    const bool written = write_file(path, fields.bytes.data(), fields.bytes.size());
-    enter_program_dir();
-    return written;
+    const std::string path = settings_path();
+    return make_way(path) && write_file(path, fields.bytes.data(), fields.bytes.size());
 }
 
 }  // namespace nubo

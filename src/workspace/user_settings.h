@@ -3,11 +3,11 @@
 
 namespace nubo {
 
-/// Reads `user.def` from the resource folder, or sets the defaults of a first run if there is none. The process stands
-/// in `program_dir`, before and after.
+/// Reads `user.def` from the resource folder of `program_dir`. Without one, and for what is missing of it, the defaults
+/// of a first run hold; one that can't be read is set aside before another is written.
 void load_user_settings();
 
-/// Writes `user.def`; leaves the process in `program_dir`. False after a failure, which is logged.
+/// Writes `user.def`. False after a failure, which is logged.
 bool save_user_settings();
 
 }  // namespace nubo

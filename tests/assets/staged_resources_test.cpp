@@ -18,7 +18,7 @@ class StagedResources : public testing::Test {
 protected:
     void SetUp() override {
         std::filesystem::copy(NUBO_FOLDER "/resource", ".", std::filesystem::copy_options::recursive);
-        UA_load_framework_video();
+        UA_load_framework_video(Folder("."));
     }
     ScratchFolder folder_;
 };

@@ -22,8 +22,8 @@
 #include "state/stroke.h"
 #include "windows/drawing_menu.h"
 #include "workspace/folders.h"
-#include "workspace/frame_files.h"
 #include "workspace/workspace.h"
+#include "workspace/workspace_files.h"
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
@@ -267,9 +267,7 @@ protected:
     void SetUp() override {
         std::filesystem::copy(NUBO_FOLDER "/resource", "resource", std::filesystem::copy_options::recursive);
         UA_log_open();
-        std::filesystem::current_path("resource");
-        UA_load_framework_video();
-        go_home();
+        UA_load_framework_video(Folder("resource"));
         system_calls.fsync = [](int) { return 0; };  // no test pulls the plug, and it takes its time
         std::strncpy(program_dir.data(), folder_.path().c_str(), path_size - 1);
         replace_bitmap(nail_sheet, make_bitmap(nail_tile * nail_columns, nail_tile * nail_columns));
@@ -283,7 +281,6 @@ protected:
         gui_enabled = 1;
     }
     void TearDown() override { set_present_hook(nullptr); }
-    void go_home() { std::filesystem::current_path(folder_.path()); }
 
     /// The files of the row, by their number alone: the Frame in memory may be newer than its own.
     static int files_of_row() {
@@ -313,7 +310,6 @@ TEST_F(RandomUserTest, BreaksNothingAndEndsFromEveryWindow) {
         user.begin_sitting(seed);
         exit_requested = 0;
         program_loop();
-        go_home();
         ASSERT_EQ(files_of_row(), frame_count) << "seed " << seed;
         ASSERT_EQ(faults_in_log(), "") << "seed " << seed;
         ++seed;

@@ -61,7 +61,7 @@ protected:
     }
     /// The colour of the picture that the resource `name` holds.
     static Color loaded_color(const char* name) {
-        const OwnedBitmap bitmap(UA_load_resource_bitmap(name));
+        const OwnedBitmap bitmap(UA_load_resource_bitmap(Folder("."), name));
         return bitmap ? *pixels_at(bitmap.get(), 2, 1) : transparent_color;
     }
     ScratchFolder folder_;
@@ -95,7 +95,7 @@ TEST_F(ResourcesTest, AFullDiskHindersNoPictureFromBeingLoaded) {
 }
 
 TEST_F(ResourcesTest, WhatTheStartNeedsEndsTheProgramWhenItIsMissing) {
-    expect_end([] { UA_load_resource_bitmap("ART"); },
+    expect_end([] { UA_load_resource_bitmap(Folder("."), "ART"); },
                "A critical resource file is missing. Please reinstall the program.");
     expect_end([] { UA_convert_resource("ART.gif", "ART"); },
                "A resource file conversion failed. Please reinstall the game and try again.");
@@ -116,7 +116,7 @@ TEST_F(ResourcesTest, TheFrameworksImagesAreReadyForTheInterface) {
     write_dot("PALETTE.gif", 3);
     PALETTE dark{};
     set_palette(dark);
-    UA_load_framework_video();
+    UA_load_framework_video(Folder("."));
     EXPECT_EQ(*pixels_at(gui_sheet, 0, 0), transparent_color);
     EXPECT_EQ(UA_palette_index(UA_palette_color(200)), 200);  // the palette is current
     const OwnedBitmap target = make_bitmap(320, 240);
@@ -124,12 +124,13 @@ TEST_F(ResourcesTest, TheFrameworksImagesAreReadyForTheInterface) {
     EXPECT_EQ(UA_text(target.get(), 0, 0, "A"), 6);
     EXPECT_EQ(*pixels_at(target.get(), 1, 0), 0xdadadau);
     write_text("UA_FONT_05", "\3");
-    expect_end(UA_load_framework_video, "A critical resource file is missing. Please reinstall the program.");
+    expect_end([] { UA_load_framework_video(Folder(".")); },
+               "A critical resource file is missing. Please reinstall the program.");
 }
 
 TEST_F(ResourcesTest, TheObjectLibraryIsReadLineByLine) {
     write_text("obj_lib.def", "1\n2\n3\n4\n2\n10\n20\n30\n40\n5\n6\n7\n8\n0\n9\n-1 and words\nwords\n0\n1\n128\n7");
-    UA_load_object_library();
+    UA_load_object_library(Folder("."));
     ASSERT_EQ(library_count, 3);
     EXPECT_EQ(object_library[0].pair_count, 2);
     EXPECT_EQ(object_library[0].pairs[1].angle, 30);

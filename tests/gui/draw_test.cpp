@@ -21,7 +21,7 @@ protected:
     static void load_art() {
         const ScratchFolder folder;
         std::filesystem::copy(NUBO_FOLDER "/resource", ".", std::filesystem::copy_options::recursive);
-        UA_load_framework_video();
+        UA_load_framework_video(Folder("."));
     }
     static bool touched_outside(int left, int top, int right, int bottom) {
         for (int y = 0; y < view_h; ++y)

@@ -132,6 +132,11 @@ TEST_F(BmpFile, CutAnywhereIsRefused) {
     for (std::size_t length = 0; length < whole.size(); ++length)
         EXPECT_FALSE(load_bytes(Bytes(whole.begin(), whole.begin() + static_cast<long>(length)))) << length;
     EXPECT_TRUE(load_bytes(whole));
+    // Four rows of one run each. The pixels must be there, the mark of the end need not.
+    const Bytes runs = make_bmp(5, 4, 8, 1, Bytes(1024, 7), {5, 1, 0, 0, 5, 2, 0, 0, 5, 3, 0, 0, 5, 4, 0, 1});
+    for (std::size_t length = runs.size() - 16; length < runs.size() - 2; ++length)
+        EXPECT_FALSE(load_bytes(Bytes(runs.begin(), runs.begin() + static_cast<long>(length)))) << length;
+    EXPECT_TRUE(load_bytes(Bytes(runs.begin(), runs.end() - 2)) && load_bytes(runs));
 }
 
 TEST_F(BmpFile, WithAnyByteOfItsHeadTwistedHarmsNothing) {

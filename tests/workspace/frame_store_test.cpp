@@ -21,8 +21,7 @@ TEST_F(WorkspaceTest, SwapsKeepFrameViewThumbnailAndFolder) {
     paint(11);
     pan_x = 7;
     ASSERT_TRUE(fetch_frame(0, 2));
-    EXPECT_EQ(std::filesystem::current_path().filename(), "pictures");
-    go_home();
+    EXPECT_EQ(browse_folder().path(), image_dir.data());
     EXPECT_EQ(ids_on_disk(), (Ids{11, 2, 3}));
     EXPECT_TRUE(id_in_memory() == 3 && pan_x == 3 && zoom == 2 && frame_view[0].pan_x == 7);
     EXPECT_EQ(tile_id(0), 11);
@@ -75,7 +74,6 @@ TEST_F(WorkspaceTest, ClearLeavesOneBlankFrameAndTheOptions) {
     opt_cel_masking = 0;
     std::strcpy(workspace_title.data(), "MINE");
     clear_workspace();
-    EXPECT_EQ(std::filesystem::current_path(), folder_.path());
     EXPECT_EQ(ids_on_disk(), Ids{0});
     EXPECT_TRUE(frame_index == 0 && frame_count == 1 && tile_id(1) == 0 && opt_cel_masking == 0);
     EXPECT_STREQ(workspace_title.data(), "UNNAMED WORKSPACE");
@@ -88,12 +86,62 @@ TEST_F(WorkspaceTest, UnreadableFrameIsKeptAsideAndNeverWrittenOver) {
     ASSERT_TRUE(write_file("WORKSPACE/current.001", "BMgarbage", 9));
     ASSERT_TRUE(write_file("WORKSPACE/unreadable.001", "older", 5));
     ASSERT_TRUE(fetch_frame(0, 1));
-    go_home();
     EXPECT_EQ(id_in_memory(), 0);
     EXPECT_EQ(std::filesystem::file_size("WORKSPACE/unreadable-2.001"), 9U);
     EXPECT_EQ(std::filesystem::file_size("WORKSPACE/unreadable.001"), 5U);
     EXPECT_EQ(status_message, MESSAGE_FRAME_UNREADABLE);
     EXPECT_EQ(ids_on_disk(), (Ids{1, 0}));
+}
+
+/// A link to a drive that isn't there stands for all that may be over in a moment.
+TEST_F(WorkspaceTest, SoundFileThatCantBeReadNowStaysWhereItIs) {
+    make_workspace({1, 2, 3}, 0);
+    std::filesystem::create_directory("drive");
+    const auto take_away = [](const std::string& file) {
+        std::filesystem::rename("WORKSPACE/" + file, "drive/" + file);
+        std::filesystem::create_symlink("../drive/" + file, "WORKSPACE/" + file);
+        std::filesystem::rename("drive/" + file, "drive/away-" + file);
+    };
+    const auto bring_back = [](const std::string& file) {
+        std::filesystem::rename("drive/away-" + file, "WORKSPACE/" + file);
+    };
+    take_away("current.001");
+    paint(11);
+    status_message = 0;
+    EXPECT_FALSE(fetch_frame(0, 1));
+    EXPECT_TRUE(id_in_memory() == 11 && frame_index == 0 && status_message == MESSAGE_FRAME_OUT_OF_REACH);
+    EXPECT_FALSE(delete_frames(0, 1));
+    EXPECT_TRUE(id_in_memory() == 11 && frame_count == 3);
+    bring_back("current.001");
+    ASSERT_TRUE(fetch_frame(0, 1));
+    close_workspace();
+
+    for (const char* file : {"current.001", "current.cel", "current.spa"}) take_away(file);
+    ASSERT_TRUE(open_workspace());
+    EXPECT_TRUE(frame_index == 0 && id_in_memory() == 11 && cel->w == 16);  // another Frame
+    close_workspace();
+    EXPECT_TRUE(files_in_workspace("unreadable") == 1 && files_in_workspace("unreadable.spa") == 1);
+    for (const char* file : {"current.001", "current.cel"}) bring_back(file);
+    EXPECT_EQ(ids_on_disk(), (Ids{11, 2, 3}));
+
+    ASSERT_TRUE(open_workspace() && delete_frames(0, 1) && delete_frames(0, 1));
+    take_away("current.000");
+    ASSERT_TRUE(open_workspace());
+    close_workspace();
+    EXPECT_EQ(files_in_workspace("unreadable.000"), 0);  // the black that stood in is worth nothing
+    ASSERT_TRUE(open_workspace());
+    paint(33);
+    close_workspace();
+    EXPECT_TRUE(files_in_workspace("unreadable.000") == 1 && ids_on_disk() == Ids{33});  // both are kept
+}
+
+TEST_F(WorkspaceTest, MoveThatTheStateFileDoesntKnowOfIsEndedBeforeMoreIsWritten) {
+    make_workspace({1, 2, 3, 4}, 1);
+    ASSERT_TRUE(delete_frames(1, 1) && fetch_frame(1, 2));  // the state wasn't saved in between
+    ASSERT_TRUE(open_workspace());
+    EXPECT_EQ(ids_on_disk(), (Ids{1, 3, 4}));
+    for (int slot = 1; slot < 3; ++slot)
+        EXPECT_TRUE(tile_id(slot) == slot + 2 && frame_view[static_cast<unsigned>(slot)].pan_x == slot + 2) << slot;
 }
 
 TEST_F(WorkspaceTest, ThumbnailIsTheMeanOfBlocksRoundedUp) {

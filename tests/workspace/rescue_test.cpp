@@ -1,8 +1,10 @@
 #include "workspace/rescue.h"
 
+#include "platform/faults.h"
 #include "platform/folder_lock.h"
 #include "state/messages.h"
 #include "state/view.h"
+#include "workspace/notices.h"
 #include "workspace/workspace_kit.h"
 
 namespace nubo {
@@ -52,7 +54,6 @@ TEST_F(RescueTest, TheNextStartTakesItAndKeepsItUntilTheFrameIsSaved) {
         pass_time(1);
         paint(44 + slot);
         pass_time(30);
-        go_home();
         make_older(frame_file_name(STEM_CURRENT, slot));
         for (int start = 0; start < 2; ++start) {  // killed, and killed again right after the next start
             status_message = 0;
@@ -72,6 +73,7 @@ TEST_F(RescueTest, OneThatIsOlderOrUnreadableIsNotTaken) {
     make_older("rescue.000");
     ASSERT_TRUE(open_workspace());
     EXPECT_TRUE(id_in_memory() == 1 && files_in_workspace("rescue") == 0);
+    EXPECT_EQ(files_in_workspace("spare.000"), 1);  // by a clock that may be wrong: both are kept
     ASSERT_TRUE(write_file("WORKSPACE/rescue.001", "BM", 2));
     make_older("current.001");
     ASSERT_TRUE(open_workspace());
@@ -85,6 +87,84 @@ TEST_F(RescueTest, DeletingAFrameTakesItsRescueAlong) {
     make_older("current.000");
     ASSERT_TRUE(open_workspace());
     EXPECT_EQ(id_in_memory(), 2);
+}
+
+// ---- An end that can't write ---------------------------------------------------------------------------------------
+
+class UnsavedWorkTest : public WorkspaceTest {
+protected:
+    /// Ends and starts again; true if the end could write everything where it belongs.
+    static bool restart() {
+        const bool saved = close_workspace();
+        EXPECT_TRUE(open_workspace());
+        return saved;
+    }
+    static bool told_of(Label first) {
+        bool told = false;
+        for (auto box = take_box(); box; box = take_box()) told = told || box->first == first;
+        return told;
+    }
+    static void take_workspace_away() {
+        std::filesystem::rename("WORKSPACE", "drive");
+        std::filesystem::create_symlink("elsewhere", "WORKSPACE");
+    }
+    static void bring_workspace_back() {
+        std::filesystem::remove("WORKSPACE");
+        std::filesystem::rename("drive", "WORKSPACE");
+    }
+};
+
+TEST_F(UnsavedWorkTest, ComesBackAtTheNextStartUntilItIsSaved) {
+    make_workspace({1, 2, 3}, 1);
+    paint(22);
+    brush_color = 0x123456;
+    faults::arm(faults::CALL_RENAME, 0, EROFS);  // once: the state file
+    EXPECT_FALSE(restart());
+    for (int start = 0; start < 2; ++start) {
+        EXPECT_TRUE(id_in_memory() == 22 && frame_index == 1 && brush_color == 0x123456) << start;
+        EXPECT_TRUE(told_of(LABEL_WORK_BROUGHT_BACK)) << start;
+        brush_color = 0;
+        ASSERT_TRUE(open_workspace());  // killed before it was saved
+    }
+    told_of(LABEL_WORK_BROUGHT_BACK);
+    EXPECT_TRUE(restart());
+    EXPECT_EQ(ids_on_disk(), (Ids{1, 22, 3}));
+    EXPECT_FALSE(told_of(LABEL_WORK_BROUGHT_BACK));
+}
+
+TEST_F(UnsavedWorkTest, OfAWorkspaceThatGoesAwayAndComesBackWithIt) {
+    make_workspace({1, 2, 3}, 1);
+    paint(22);
+    take_workspace_away();
+    EXPECT_FALSE(restart());
+    EXPECT_TRUE(id_in_memory() == 22 && told_of(LABEL_WORKSPACE_AWAY));
+    paint(23);
+    bring_workspace_back();
+    EXPECT_FALSE(fetch_frame(1, 0) || insert_frames(1, 1, true));  // not in this run any more
+    EXPECT_EQ(ids_on_disk(), (Ids{1, 2, 3}));
+    EXPECT_FALSE(restart());
+    EXPECT_TRUE(id_in_memory() == 23 && frame_index == 1 && frame_count == 3);
+    EXPECT_TRUE(restart());
+    EXPECT_EQ(ids_on_disk(), (Ids{1, 23, 3}));
+}
+
+TEST_F(UnsavedWorkTest, PaintedWithoutAWorkspaceBecomesAFrameOfItsOwn) {
+    make_workspace({1, 2, 3}, 1);
+    ASSERT_TRUE(close_workspace());
+    take_workspace_away();
+    ASSERT_TRUE(open_workspace());
+    EXPECT_TRUE(told_of(LABEL_WORKSPACE_AWAY) && id_in_memory() == 0);
+    clear_workspace();
+    EXPECT_TRUE(restart());  // nothing was painted, nothing is kept
+    paint(44);
+    EXPECT_FALSE(restart());
+    EXPECT_EQ(id_in_memory(), 44);
+    bring_workspace_back();
+    EXPECT_FALSE(restart());
+    EXPECT_EQ(ids_on_disk(), (Ids{1, 2, 3, 44}));
+    EXPECT_TRUE(frame_index == 3 && id_in_memory() == 44 && told_of(LABEL_WORK_BROUGHT_BACK));
+    EXPECT_TRUE(restart());
+    EXPECT_EQ(ids_on_disk(), (Ids{1, 2, 3, 44}));
 }
 
 TEST(FolderLock, LetsInOneOnly) {

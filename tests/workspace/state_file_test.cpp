@@ -2,6 +2,7 @@
 #include "state/hotkeys.h"
 #include "state/tools.h"
 #include "state/view.h"
+#include "workspace/notices.h"
 #include "workspace/side_files.h"
 #include "workspace/state_fields.h"
 #include "workspace/user_settings.h"
@@ -158,15 +159,19 @@ TEST_F(WorkspaceTest, EachFileMissingEmptyOrCutIsRepairedAndTold) {
                        : std::filesystem::resize_file(path, static_cast<std::uintmax_t>(length));
             std::filesystem::resize_file("UA_log.txt", 0);
             workspace_damaged = 0;
+            favorites.fill(0);
             ASSERT_TRUE(open_workspace()) << file << length;
             const bool gone = length < 0 && std::string(file) == "current.spa";  // no Workspace is no damage
-            EXPECT_EQ(workspace_damaged, gone ? 0 : 1) << file << length;
+            const auto box = take_box();
+            EXPECT_EQ(box ? box->first : LABEL_NONE, gone ? LABEL_NONE : LABEL_WORKSPACE_DAMAGED) << file << length;
+            EXPECT_FALSE(take_box());
+            EXPECT_EQ(favorites[9], color_scheme[SCHEME_BACKGROUND]) << file << length;
             EXPECT_TRUE(gone || logged(line) || logged("Closed a gap")) << file << length << log_text();
             EXPECT_GE(frame_count, 2);
             close_workspace();
             workspace_damaged = 0;
             ASSERT_TRUE(open_workspace());
-            EXPECT_EQ(workspace_damaged, 0) << "told again: " << file << length;
+            EXPECT_FALSE(take_box()) << "told again: " << file << length;
         }
 }
 
@@ -184,8 +189,8 @@ TEST_F(WorkspaceTest, SidePicturesComeBackAndOneTwistedHarmsNothing) {
     for (std::size_t at = 0; at < good.size(); ++at) {
         Bytes bad = good;
         bad[at] ^= 0xff;
-        ASSERT_TRUE(write_file("current.cel", bad.data(), bad.size()));
-        load_side_file(SIDE_CEL, "current.");
+        ASSERT_TRUE(write_file("WORKSPACE/current.cel", bad.data(), bad.size()));
+        load_side_file(workspace_folder(), SIDE_CEL, "current.");
         EXPECT_TRUE(cel->w == cel_mask->w && cel->h == cel_mask->h);
     }
 }
@@ -205,37 +210,25 @@ TEST_F(WorkspaceTest, AlternateSetTakesThePlaceOfNone) {
     EXPECT_EQ(files_in_workspace("alternate"), 0);  // a Workspace that loaded needs none
 }
 
-TEST_F(WorkspaceTest, EachOperationLeavesTheProcessWhereItsCallersExpectIt) {
+TEST_F(WorkspaceTest, FileBrowserOpensWhereTheLastOperationLeftIt) {
     make_workspace({1, 2, 3}, 0);
-    std::filesystem::create_directory("Images");
-    const std::string home = folder_.path(), images = home + "/Images", workspace = home + "/WORKSPACE";
+    const std::string home = folder_.path(), images = home + "/Images";
+    std::filesystem::create_directory(images);
     std::strcpy(image_dir.data(), images.c_str());
-    struct Case {
-        std::string before;
-        std::function<void()> act;
-        std::string after;
-    };
-    const std::vector<Case> cases{{home, [] { fetch_frame(0, 1); }, images},
-                                  {workspace, [] { fetch_frame(1, 1); }, workspace},
-                                  {images, [] { insert_frames(1, 1, true); }, home},
-                                  {images, [] { delete_frames(1, 1); }, home},
-                                  {images, [] { count_frame_files(); }, home},
-                                  {images, [] { save_workspace_state(state_file, true); }, home},
-                                  {workspace, [] { load_workspace_state(state_file); }, workspace},
-                                  {workspace, [] { remove_alternate_files(); }, workspace},
-                                  {images, [] { clear_workspace(); }, home},
-                                  {images, [] { save_user_settings(); }, home},
-                                  {home, [] { load_user_settings(); }, home}};
-    for (std::size_t i = 0; i < cases.size(); ++i) {
-        std::filesystem::current_path(cases[i].before);
-        cases[i].act();
-        EXPECT_EQ(std::filesystem::current_path(), cases[i].after) << i;
+    for (const auto& [act, after] : std::vector<std::pair<std::function<void()>, std::string>>{
+             {[] { fetch_frame(0, 1); }, images},
+             {[] { insert_frames(1, 1, true); }, home},
+             {[] { fetch_frame(1, 1); }, home},
+             {[] { fetch_frame(1, 0); }, images},
+             {[] { delete_frames(1, 1); }, home},
+             {[] { browse_in(Folder("/tmp")); }, "/tmp"},
+             {[] { save_workspace_state(state_file, true); }, home},  // and what it found is stored
+             {[] { open_workspace(); }, "/tmp"},
+             {[] { clear_workspace(); }, home}}) {
+        act();
+        EXPECT_EQ(browse_folder().path(), after);
     }
-    go_home();
-    Bytes bytes;  // the folder in which a save found the process is the one that is stored, as it is written on disk
-    ASSERT_TRUE(read_file("WORKSPACE/current.spa", SIZE_MAX, bytes));
-    EXPECT_NE(std::string(bytes.begin(), bytes.end()).find(home), std::string::npos);
-    EXPECT_EQ(std::string(image_dir.data()), images);
+    EXPECT_EQ(std::filesystem::current_path(), home);  // the process itself stays where it is
 }
 
 // ---- The user's settings -------------------------------------------------------------------------------------------
@@ -282,6 +275,19 @@ TEST_F(WorkspaceTest, SettingsFileHasItsLayoutAndItsSecondCopiesCount) {
     Bytes again;
     ASSERT_TRUE(read_file("resource/user.def", SIZE_MAX, again));
     EXPECT_EQ(again, bytes);
+}
+
+TEST_F(WorkspaceTest, SettingsThatCantBeReadAreKeptAsideAndTheDefaultsHold) {
+    constexpr int delivered = key_ctrl | 26;
+    hotkeys[HOTKEY_UNDO][KEY_PRIMARY] = delivered;
+    std::filesystem::create_directory("resource/user.def");
+    load_user_settings();
+    EXPECT_TRUE(hotkeys[HOTKEY_UNDO][KEY_PRIMARY] == delivered && workspace_damaged != 0);
+    ASSERT_TRUE(save_user_settings());
+    EXPECT_TRUE(std::filesystem::is_directory("resource/unreadable.def"));
+    ASSERT_TRUE(write_file("resource/user.def", "", 0));
+    load_user_settings();
+    EXPECT_EQ(hotkeys[HOTKEY_UNDO][KEY_PRIMARY], delivered);
 }
 
 TEST_F(WorkspaceTest, SettingsMissingCutOrTwisted) {

@@ -17,6 +17,7 @@
 #include "workspace/nail.h"
 #include "workspace/state_file.h"
 #include "workspace/workspace.h"
+#include "workspace/workspace_files.h"
 
 #include <cstring>
 #include <filesystem>
@@ -33,6 +34,7 @@ protected:
         UA_log_open();
         system_calls.fsync = [](int) { return 0; };  // no test pulls the plug, and it takes its time
         std::strncpy(program_dir.data(), folder_.path().c_str(), path_size - 1);
+        setenv("XDG_STATE_HOME", (folder_.path() + "/state").c_str(), 1);
         std::filesystem::create_directory("resource");
         replace_bitmap(nail_sheet, make_bitmap(nail_side, nail_side));
         replace_bitmap(tip_sheet, make_bitmap(tip_sheet_w, tip_sheet_h));
@@ -43,24 +45,25 @@ protected:
 
     /// Writes Frames of one colour each and a state and a Nail that fit them; slot `index` is current. Then opens it.
     void make_workspace(const Ids& ids, int index) {
-        ASSERT_TRUE(open_workspace() && enter_workspace());
+        ASSERT_TRUE(open_workspace());
         for (std::size_t i = 0; i < ids.size(); ++i) {
             const int id = ids[i];
             const auto frame = make_bitmap(frame_side, frame_side, static_cast<Color>(id));
-            ASSERT_TRUE(save_bmp_file(frame_file_name(STEM_CURRENT, static_cast<int>(i)), frame.get()));
+            ASSERT_TRUE(save_bmp_file(frame_path(workspace_folder(), STEM_CURRENT, static_cast<int>(i)), frame.get()));
             make_nail_tile(frame.get(), static_cast<int>(i));
             frame_view[i] = {id, id, 2};
         }
         frame_count = static_cast<int>(ids.size());
         frame_index = index;
-        ASSERT_TRUE(load_frame_or_blank(index) && save_workspace_state(state_file, false) && open_workspace());
+        ASSERT_TRUE(load_frame(workspace_folder(), index) && save_workspace_state(state_file, false) &&
+                    open_workspace());
     }
 
     /// What the files of the row hold, in order; ends at the first missing one.
     static Ids ids_on_disk() {
         Ids ids;
         for (int slot = 0; slot < frame_slots; ++slot) {
-            const std::string path = std::string("WORKSPACE/") + frame_file_name(STEM_CURRENT, slot);
+            const std::string path = frame_path(workspace_folder(), STEM_CURRENT, slot);
             if (!std::filesystem::exists(path)) break;
             const OwnedBitmap frame = load_bmp_file(path);
             ids.push_back(frame ? static_cast<int>(*pixels_at(frame.get(), 0, 0)) : -1);
@@ -80,7 +83,6 @@ protected:
         return count;
     }
     static bool logged(const std::string& line) { return log_text().find(line) != std::string::npos; }
-    void go_home() { std::filesystem::current_path(folder_.path()); }
 
     ScratchFolder folder_;
 };

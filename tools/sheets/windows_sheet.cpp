@@ -30,7 +30,7 @@
 #include "windows/tip_window.h"
 #include "windows/tool_window.h"
 #include "windows/workspace_window.h"
-#include "workspace/workspace.h"
+#include "workspace/defaults.h"
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
@@ -215,7 +215,7 @@ public:
         constexpr Color orange = 0xe07818;
         const ScratchFolder folder;
         std::filesystem::copy(NUBO_FOLDER "/resource", ".", std::filesystem::copy_options::recursive);
-        UA_load_framework_video();
+        UA_load_framework_video(Folder("."));
         if (const OwnedBitmap tips(load_png("brushie.PNG", nullptr)); tips)
             blit(tips.get(), tip_sheet, 0, 0, 0, 0, tip_sheet_w, tip_image_h);
         replace_bitmap(logo, OwnedBitmap(load_png("N_HD_1X.RES", nullptr)));
