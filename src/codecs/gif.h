@@ -1,6 +1,9 @@
 #pragma once
 // GIF files, read and written with Allegro's packfiles. The format is that of the Graphics Interchange Format, version
 // 89a. A file holds one image to us: of an animation the first.
+#include "codecs/read_picture.h"
+#include "platform/memory_packfile.h"
+#include "state/options.h"
 #include <allegro.h>
 
 namespace nubo {
@@ -9,7 +12,8 @@ namespace nubo {
 /// the depth that Allegro's colour conversion asks for. What is transparent has index 0 in a bitmap of 8 bits and
 /// magenta, (255, 0, 255), in one of more. `palette` (null: not wanted) gets the file's colours, 6 bits a channel;
 /// entries that the file doesn't name stay as they are. Null on failure, with nothing changed: no such file, no GIF, no
-/// image in it, data that is cut or makes no sense, an image that lies outside the file's screen.
+/// image in it, data that is cut or makes no sense. Of an image that reaches beyond
+/// the file's screen only the part on it is read.
 BITMAP* load_gif(const char* path, RGB* palette);
 
 /// The same on an open packfile, which stays open.
@@ -22,6 +26,13 @@ int save_gif(const char* path, BITMAP* bitmap, const RGB* palette);
 
 /// The same on an open packfile, which stays open.
 int save_gif_pf(PACKFILE* file, BITMAP* bitmap, const RGB* palette);
+
+/// Reads the first image of a GIF from memory; what is transparent is magenta.
+ReadPicture read_gif(FileBytes bytes);
+
+/// Appends the 32-bit `bitmap` as a GIF whose 256 colours are found as `reduction` says. False, with nothing appended,
+/// on failure.
+bool write_gif(BITMAP* bitmap, GifReduction reduction, Bytes& bytes);
 
 /// Makes Allegro's `load_bitmap` and `save_bitmap` know GIF. Called once, after the graphics mode is set.
 void register_gif();

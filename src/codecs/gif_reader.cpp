@@ -2,7 +2,6 @@
 #include "base/bitmap.h"
 #include "codecs/gif.h"
 #include "codecs/gif_lzw.h"
-#include "state/frames.h"
 
 #include <allegro/internal/aintern.h>
 #include <climits>
@@ -106,9 +105,9 @@ bool read_descriptor(GifFile& gif) {
     gif.shown_w = side_on_screen(gif.width, word_at(bytes, 0), gif.screen_width);
     gif.shown_h = side_on_screen(gif.height, word_at(bytes, 2), gif.screen_height);
     if (gif.shown_w < 1 || gif.shown_h < 1) return false;
+    const auto width = static_cast<std::size_t>(gif.width), height = static_cast<std::size_t>(gif.height);
     // Allegro works out the bytes of a bitmap in an int.
-    if (static_cast<std::size_t>(gif.width) * static_cast<std::size_t>(gif.height) > INT_MAX / sizeof(Color))
-        return false;
+    if (size_fault(width, height) != nullptr || width * height > INT_MAX / sizeof(Color)) return false;
     return read_color_table(gif, bytes[8]);
 }
 
@@ -199,6 +198,14 @@ BITMAP* load_gif_pf(PACKFILE* file, RGB* palette) {
     OwnedBitmap bitmap = read_image(gif);
     if (bitmap && palette != nullptr) std::copy(gif.palette.begin(), gif.palette.end(), palette);
     return bitmap.release();
+}
+
+ReadPicture read_gif(FileBytes bytes) {
+    PACKFILE* const file = open_for_reading(bytes);
+    if (file == nullptr) return {nullptr, "there isn't memory enough"};
+    OwnedBitmap bitmap(load_gif_pf(file, nullptr));
+    pack_fclose(file);
+    return plain_picture(std::move(bitmap), "it is no GIF file, or is damaged");
 }
 
 BITMAP* load_gif(const char* path, RGB* palette) {

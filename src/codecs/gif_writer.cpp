@@ -2,6 +2,7 @@
 #include "base/bitmap.h"
 #include "codecs/gif.h"
 #include "codecs/gif_lzw.h"
+#include "codecs/reduce_colors.h"
 
 #include <memory>
 #include <new>
@@ -99,6 +100,26 @@ int save_gif_pf(PACKFILE* file, BITMAP* bitmap, const RGB* palette) {
                          pack_putc(index_bits, file) == index_bits && write_pixels(file, plain ? bitmap : copy.get()) &&
                          pack_putc(';', file) == ';';
     return written ? 0 : -1;
+}
+
+bool write_gif(BITMAP* bitmap, GifReduction reduction, Bytes& bytes) {
+    constexpr int good_sample = 10, best_sample = 1;
+    constexpr std::array<signed char, palette_entries> none_reserved{};
+    PALETTE palette;
+    switch (reduction) {
+    case REDUCTION_GOOD: reduce_colors_neural(bitmap, good_sample, palette); break;
+    case REDUCTION_BEST:
+        if (reduce_colors_exact(bitmap, palette) < 0) reduce_colors_neural(bitmap, best_sample, palette);
+        break;
+    case REDUCTION_FAST:
+    case REDUCTION_COUNT: generate_optimized_palette(bitmap, palette, none_reserved.data());
+    }
+    const std::size_t size_before = bytes.size();
+    PACKFILE* const file = open_for_writing(bytes);
+    const bool written = file != nullptr && save_gif_pf(file, bitmap, palette) == 0;
+    if (file != nullptr) pack_fclose(file);
+    if (!written) bytes.resize(size_before);
+    return written;
 }
 
 int save_gif(const char* path, BITMAP* bitmap, const RGB* palette) {

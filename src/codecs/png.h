@@ -1,6 +1,8 @@
 #pragma once
 // PNG files, read and written with Allegro's packfiles and zlib. The format is that of ISO/IEC 15948 (PNG, second
 // edition).
+#include "codecs/read_picture.h"
+#include "platform/memory_packfile.h"
 #include <allegro.h>
 
 namespace nubo {
@@ -22,6 +24,12 @@ int save_png(const char* path, BITMAP* bitmap, const RGB* palette);
 
 /// The same on an open packfile, which stays open.
 int save_png_pf(PACKFILE* file, BITMAP* bitmap, const RGB* palette);
+
+/// Reads a PNG from memory, without its alpha.
+ReadPicture read_png(FileBytes bytes);
+
+/// Appends `bitmap` as a PNG. False, with nothing appended, on failure; the cause is in `png_error`.
+bool write_png(BITMAP* bitmap, Bytes& bytes);
 
 /// Makes Allegro's `load_bitmap`, `save_bitmap` and datafiles know PNG. Called once, after the graphics mode is set.
 void register_png();

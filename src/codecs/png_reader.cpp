@@ -2,7 +2,6 @@
 #include "codecs/growing_bytes.h"
 #include "codecs/png_octree.h"
 #include "codecs/png_pixels.h"
-#include "state/frames.h"
 
 #include <algorithm>
 #include <allegro/internal/aintern.h>
@@ -91,8 +90,7 @@ bool read_size(PngFile& png) {
     if (!height) return png_fail("Cannot read image height!");
     if (*height == 0) return png_fail("Zero height!");
     // Allegro works out the bytes of a bitmap in an int; what can't be held is refused before anything is read for it.
-    constexpr std::uint32_t side = max_frame_side;
-    if (*width > side || *height > side || std::uint64_t{*width} * *height > INT_MAX / sizeof(Color))
+    if (size_fault(*width, *height) != nullptr || std::uint64_t{*width} * *height > INT_MAX / sizeof(Color))
         return png_fail("Cannot allocate bitmap!");
     png.header.width = static_cast<int>(*width);
     png.header.height = static_cast<int>(*height);
@@ -249,6 +247,14 @@ BITMAP* load_png_pf(PACKFILE* file, RGB* palette) {
             generate_332_palette(palette);
     }
     return bitmap.release();
+}
+
+ReadPicture read_png(FileBytes bytes) {
+    PACKFILE* const file = open_for_reading(bytes);
+    if (file == nullptr) return {nullptr, "there isn't memory enough"};
+    OwnedBitmap bitmap(load_png_pf(file, nullptr));
+    pack_fclose(file);
+    return plain_picture(std::move(bitmap), png_error);
 }
 
 BITMAP* load_png(const char* path, RGB* palette) {

@@ -1,6 +1,8 @@
 // Writing a PNG: rows gathered and filtered, deflated as one chunk.
 #include "base/bitmap.h"
+#include "base/color.h"
 #include "codecs/png_format.h"
+#include "codecs/rgb_rows.h"
 
 #include <algorithm>
 #include <span>
@@ -51,20 +53,22 @@ void gather_any_colors(BITMAP* bitmap, int y, bool alpha, std::uint8_t* row) {
     }
 }
 
-template <int channels> void gather_plain_colors(const Color* pixels, int width, std::uint8_t* row) {
-    const int red = _rgb_r_shift_32, green = _rgb_g_shift_32, blue = _rgb_b_shift_32, alpha = _rgb_a_shift_32;
-    for (int x = 0; x < width; ++x, row += channels) {
-        row[0] = static_cast<std::uint8_t>(pixels[x] >> red);
-        row[1] = static_cast<std::uint8_t>(pixels[x] >> green);
-        row[2] = static_cast<std::uint8_t>(pixels[x] >> blue);
-        if constexpr (channels == 4) row[3] = static_cast<std::uint8_t>(pixels[x] >> alpha);
+void gather_plain_alpha(const Color* pixels, int width, std::uint8_t* row) {
+    for (int x = 0; x < width; ++x, row += 4) {
+        row[0] = static_cast<std::uint8_t>(pixels[x] >> 16);
+        row[1] = static_cast<std::uint8_t>(pixels[x] >> 8);
+        row[2] = static_cast<std::uint8_t>(pixels[x]);
+        row[3] = static_cast<std::uint8_t>(pixels[x] >> 24);
     }
 }
 
 void gather_colors(BITMAP* bitmap, int y, bool alpha, std::uint8_t* row) {
-    if (!has_plain_pixels(bitmap)) return gather_any_colors(bitmap, y, alpha, row);
+    if (!has_plain_pixels(bitmap) || !has_window_color_order()) return gather_any_colors(bitmap, y, alpha, row);
     const Color* const pixels = pixels_at(bitmap, 0, y);
-    return alpha ? gather_plain_colors<4>(pixels, bitmap->w, row) : gather_plain_colors<3>(pixels, bitmap->w, row);
+    if (alpha)
+        gather_plain_alpha(pixels, bitmap->w, row);
+    else
+        pack_row(pixels, row, bitmap->w, BYTES_RGB);
 }
 
 /// `filtered` gets the differences of `row` to what filter 4 predicts; the byte left of a byte is `step` before it.
@@ -178,6 +182,16 @@ int save_png_pf(PACKFILE* file, BITMAP* bitmap, const RGB* palette) {
     const bool written = write_image(file, bitmap, palette);
     release_bitmap(bitmap);
     return written ? 0 : -1;
+}
+
+bool write_png(BITMAP* bitmap, Bytes& bytes) {
+    const std::size_t size_before = bytes.size();
+    PACKFILE* const file = open_for_writing(bytes);
+    if (file == nullptr) return png_fail("Cannot allocate memory!");
+    const bool written = save_png_pf(file, bitmap, nullptr) == 0;
+    pack_fclose(file);
+    if (!written) bytes.resize(size_before);
+    return written;
 }
 
 int save_png(const char* path, BITMAP* bitmap, const RGB* palette) {

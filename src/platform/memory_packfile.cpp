@@ -8,7 +8,7 @@ namespace nubo {
 namespace {
 
 struct MemoryFile {
-    const Bytes* source;
+    std::span<const std::uint8_t> source;
     std::size_t at;
     Bytes* target;
     std::size_t room;
@@ -17,7 +17,7 @@ struct MemoryFile {
 
 MemoryFile& memory_file(void* userdata) { return *static_cast<MemoryFile*>(userdata); }
 
-std::size_t bytes_left(const MemoryFile& file) { return file.source->size() - file.at; }
+std::size_t bytes_left(const MemoryFile& file) { return file.source.size() - file.at; }
 
 int close_file(void* userdata) {
     delete static_cast<MemoryFile*>(userdata);
@@ -27,7 +27,7 @@ int close_file(void* userdata) {
 long read_bytes(void* to, long count, void* userdata) {
     MemoryFile& file = memory_file(userdata);
     const std::size_t size = std::min(static_cast<std::size_t>(count), bytes_left(file));
-    if (size > 0) std::memcpy(to, file.source->data() + file.at, size);
+    if (size > 0) std::memcpy(to, file.source.data() + file.at, size);
     file.at += size;
     return static_cast<long>(size);
 }
@@ -69,12 +69,12 @@ constexpr PACKFILE_VTABLE memory_calls{close_file,  read_byte,  unread_byte, rea
 
 }  // namespace
 
-PACKFILE* open_for_reading(const Bytes& bytes) {
-    return pack_fopen_vtable(&memory_calls, new MemoryFile{&bytes, 0, nullptr, 0, false});
+PACKFILE* open_for_reading(std::span<const std::uint8_t> bytes) {
+    return pack_fopen_vtable(&memory_calls, new MemoryFile{bytes, 0, nullptr, 0, false});
 }
 
 PACKFILE* open_for_writing(Bytes& bytes, std::size_t room) {
-    return pack_fopen_vtable(&memory_calls, new MemoryFile{nullptr, 0, &bytes, room, false});
+    return pack_fopen_vtable(&memory_calls, new MemoryFile{{}, 0, &bytes, room, false});
 }
 
 }  // namespace nubo

@@ -292,6 +292,29 @@ TEST(GifWriter, GivesEachPixelOfAFrameTheNearestEntryTheFirstToo) {
     EXPECT_EQ(rgb_map, nullptr);
 }
 
+TEST(GifWriter, FindsItsColoursAsTold) {
+    const OwnedBitmap bitmap = make_bitmap(64, 40);  // 200 colours, each a step of the lookup from every other
+    for (int y = 0; y < 40; ++y)
+        for (int x = 0; x < 64; ++x)
+            *pixels_at(bitmap.get(), x, y) = static_cast<Color>((x + y * 64) % 200 * 0x51d9) << 3 & 0xf8f8f8;
+    for (const auto& [reduction, slack] :
+         {std::pair{REDUCTION_FAST, 24.0}, {REDUCTION_GOOD, 24.0}, {REDUCTION_BEST, 0.0}}) {
+        Bytes bytes;
+        ASSERT_TRUE(write_gif(bitmap.get(), reduction, bytes));
+        const ReadPicture back = read_gif(bytes);
+        ASSERT_TRUE(back.bitmap) << back.cause;
+        double away = 0;
+        for (int y = 0; y < 40; ++y)
+            for (int x = 0; x < 64; ++x) {
+                const Color wanted = *pixels_at(bitmap.get(), x, y), color = *pixels_at(back.bitmap.get(), x, y);
+                for (int shift = 0; shift < 24; shift += 8)
+                    away += std::abs(static_cast<int>(color >> shift & 0xff) -
+                                     through_six_bits(static_cast<int>(wanted >> shift & 0xff)));
+            }
+        EXPECT_LE(away / (64 * 40 * 3), slack) << reduction;
+    }
+}
+
 TEST(GifWriter, ReportsWhatItCannotWrite) {
     const ScratchFolder folder;
     const OwnedBitmap bitmap = make_bitmap(8, 8, 0x123456);

@@ -268,9 +268,13 @@ TEST(PngWriter, KeepsPixelsAndAlphaOfTrueColour) {
         const Bytes bytes = written(bitmap.get());
         EXPECT_EQ(bytes[color_type_at], alpha ? PNG_RGB_ALPHA : PNG_RGB);
         const OwnedBitmap back = read(bytes);
-        ASSERT_TRUE(back) << png_error;
+        const ReadPicture plain = read_png(bytes);
+        ASSERT_TRUE(back && plain.bitmap) << png_error;
         for (int y = 0; y < bitmap->h; ++y)
-            for (int x = 0; x < bitmap->w; ++x) ASSERT_EQ(*pixels_at(back.get(), x, y), *pixels_at(bitmap.get(), x, y));
+            for (int x = 0; x < bitmap->w; ++x) {
+                ASSERT_EQ(*pixels_at(back.get(), x, y), *pixels_at(bitmap.get(), x, y));
+                ASSERT_EQ(*pixels_at(plain.bitmap.get(), x, y), *pixels_at(bitmap.get(), x, y) & 0xffffff);
+            }
     }
 }
 

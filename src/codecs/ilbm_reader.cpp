@@ -1,0 +1,232 @@
+// Reading an ILBM: its chunks, the planes of each row unpacked and turned into indexes, the indexes into colours.
+#include "base/color.h"
+#include "codecs/byte_view.h"
+#include "codecs/ilbm.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cstring>
+#include <vector>
+
+namespace nubo {
+namespace {
+
+constexpr std::size_t palette_entries = 256, true_color_planes = 24;
+constexpr std::size_t half_brite_planes = 6, half_brite_entries = 32;
+constexpr std::size_t pixels_of_a_byte = 8 * 64;  // a run of 128 bytes of 8 pixels each, in two bytes
+
+constexpr std::uint32_t chunk_name(const char (&name)[5]) {
+    std::uint32_t word = 0;
+    for (int i = 0; i < 4; ++i) word = word << 8 | static_cast<std::uint8_t>(name[i]);
+    return word;
+}
+
+enum IlbmMode : std::uint32_t { MODE_HALF_BRITE = 0x80, MODE_HAM = 0x800 };  // bits of the view mode
+
+struct IlbmPicture {
+    std::uint32_t width = 0, height = 0;
+    std::size_t planes = 0, planes_stored = 0;  // the latter with the mask's
+    std::size_t row_bytes = 0;                  // of one plane
+    bool packed = false, chunky = false;        // chunky: a byte for each pixel, no planes
+    bool half_brite = false, ham = false;
+    std::array<Color, palette_entries> palette{};
+    FileBytes body;
+};
+
+// ---- Chunks --------------------------------------------------------------------------------------------------------
+
+/// What the chunks in front of the body tell, in any order.
+struct IlbmChunks {
+    FileBytes header, colors, body;
+    std::uint32_t view_mode = 0;
+    bool has_view_mode = false;
+};
+
+IlbmChunks find_chunks(const ByteView& file) {
+    constexpr std::size_t form_bytes = 12, chunk_head_bytes = 8;
+    IlbmChunks chunks;
+    for (std::size_t at = form_bytes; at + chunk_head_bytes <= file.size() && chunks.body.empty();) {
+        const std::size_t length = file.big_32(at + 4);
+        const FileBytes content = file.part(at + chunk_head_bytes, length);
+        switch (file.big_32(at)) {
+        case chunk_name("BMHD"): chunks.header = content; break;
+        case chunk_name("CMAP"): chunks.colors = content; break;
+        case chunk_name("BODY"): chunks.body = content; break;
+        case chunk_name("CAMG"):
+            chunks.view_mode = ByteView(content).big_32(0);
+            chunks.has_view_mode = true;
+            break;
+        }
+        at += chunk_head_bytes + length + length % 2;
+    }
+    return chunks;
+}
+
+void read_palette(const IlbmChunks& chunks, IlbmPicture& ilbm) {
+    const ByteView colors(chunks.colors);
+    const std::size_t count = std::min(colors.size() / 3, palette_entries);
+    for (std::size_t i = 0; i < count; ++i)
+        ilbm.palette[i] = pack_color(static_cast<int>(colors.byte(3 * i)), static_cast<int>(colors.byte(3 * i + 1)),
+                                     static_cast<int>(colors.byte(3 * i + 2)));
+    if (ilbm.planes > 8) return;
+    ilbm.ham = (chunks.view_mode & MODE_HAM) != 0 && ilbm.planes > 4;
+    // Old files of six planes with half the colours bring no view mode.
+    ilbm.half_brite = ilbm.planes == half_brite_planes && !ilbm.ham &&
+                      ((chunks.view_mode & MODE_HALF_BRITE) != 0 ||
+                       (!chunks.has_view_mode && count > 0 && count <= half_brite_entries));
+    if (ilbm.half_brite)
+        for (std::size_t i = 0; i < half_brite_entries; ++i)
+            ilbm.palette[half_brite_entries + i] = ilbm.palette[i] >> 1 & 0x7f7f7f;
+    const std::size_t shades = std::size_t{1} << ilbm.planes;
+    for (std::size_t i = 0; count == 0 && i < shades; ++i)
+        ilbm.palette[i] = static_cast<Color>(i * 255 / (shades - 1) * 0x010101);
+}
+
+/// Null, or why the head can't be believed.
+const char* read_head(const ByteView& file, IlbmPicture& ilbm) {
+    constexpr std::size_t header_bytes = 20;
+    const std::uint32_t form = file.big_32(8);
+    if (file.big_32(0) != chunk_name("FORM") || (form != chunk_name("ILBM") && form != chunk_name("PBM ")))
+        return "it is no ILBM file";
+    const IlbmChunks chunks = find_chunks(file);
+    const ByteView header(chunks.header);
+    if (header.size() < header_bytes || chunks.body.empty()) return "it is cut short";
+    ilbm.width = header.big_16(0);
+    ilbm.height = header.big_16(2);
+    ilbm.planes = header.byte(8);
+    ilbm.chunky = form == chunk_name("PBM ");
+    const std::uint32_t masking = header.byte(9), packing = header.byte(10);
+    const bool known_planes = ilbm.chunky ? ilbm.planes == 8 : ilbm.planes >= 1 && ilbm.planes <= 8;
+    if ((!known_planes && ilbm.planes != true_color_planes) || packing > 1) return "its pixels have no known form";
+    if (ilbm.width < 1 || ilbm.height < 1) return "its size is out of range";
+    ilbm.packed = packing == 1;
+    ilbm.planes_stored = ilbm.chunky ? 1 : ilbm.planes + (masking == 1 ? 1 : 0);
+    ilbm.row_bytes = ilbm.chunky ? ilbm.width + ilbm.width % 2 : (std::size_t{ilbm.width} + 15) / 16 * 2;
+    ilbm.body = chunks.body;
+    const bool enough = ilbm.packed ? can_fill(ilbm.width, ilbm.height, ilbm.body.size(), pixels_of_a_byte)
+                                    : ilbm.row_bytes * ilbm.planes_stored * ilbm.height <= ilbm.body.size();
+    if (!enough) return "it is cut short";
+    read_palette(chunks, ilbm);
+    return nullptr;
+}
+
+// ---- The body ------------------------------------------------------------------------------------------------------
+
+/// The bytes of the body. A run may go on from one plane or row to the next.
+class BodyBytes {
+public:
+    BodyBytes(FileBytes bytes, bool packed) : bytes_(bytes), packed_(packed) {}
+
+    /// The next `count` bytes. False when the body ends before.
+    bool fill(std::uint8_t* to, std::size_t count) {
+        while (count > 0) {
+            if (left_ == 0 && !start_run()) return false;
+            const std::size_t length = std::min(left_, count);
+            if (is_run_) {
+                std::memset(to, bytes_[at_], length);
+            } else {
+                if (length > bytes_.size() - at_) return false;
+                std::memcpy(to, bytes_.data() + at_, length);
+                at_ += length;
+            }
+            to += length;
+            count -= length;
+            left_ -= length;
+            if (is_run_ && left_ == 0) ++at_;
+        }
+        return true;
+    }
+
+private:
+    bool start_run() {
+        constexpr std::uint8_t nothing = 128;
+        if (!packed_) {
+            left_ = bytes_.size() - at_;
+            return left_ > 0;
+        }
+        while (at_ < bytes_.size() && bytes_[at_] == nothing) ++at_;
+        if (at_ + 1 >= bytes_.size()) return false;
+        const std::uint8_t byte = bytes_[at_++];
+        is_run_ = byte > nothing;
+        left_ = is_run_ ? 257U - byte : byte + 1U;
+        return true;
+    }
+
+    FileBytes bytes_;
+    bool packed_, is_run_ = false;
+    std::size_t at_ = 0, left_ = 0;  // of the present run, or of the bytes that stand one by one
+};
+
+/// Eight pixels of one plane as a byte each, 0 or 1, the highest bit first.
+constexpr auto spread_bits = [] {
+    std::array<std::uint64_t, 256> spread{};
+    for (unsigned byte = 0; byte < spread.size(); ++byte) {
+        std::array<std::uint8_t, 8> pixels{};
+        for (unsigned i = 0; i < pixels.size(); ++i) pixels[i] = byte >> (7 - i) & 1;
+        spread[byte] = std::bit_cast<std::uint64_t>(pixels);
+    }
+    return spread;
+}();
+
+/// Turns up to 8 planes into a byte for each pixel, the first plane the lowest bit. `to` has room for 8 * row_bytes.
+void join_planes(const std::uint8_t* planes, std::size_t row_bytes, std::size_t count, std::uint8_t* to) {
+    for (std::size_t i = 0; i < row_bytes; ++i, to += 8) {
+        std::uint64_t pixels = 0;
+        for (std::size_t plane = 0; plane < count; ++plane)
+            pixels |= spread_bits[planes[plane * row_bytes + i]] << plane;
+        std::memcpy(to, &pixels, sizeof pixels);
+    }
+}
+
+/// A row of hold and modify: each pixel is an entry of the palette, or the one left of it with a component changed.
+void spread_ham(const IlbmPicture& ilbm, const std::uint8_t* indexes, Color* to) {
+    enum Change : int { CHANGE_ALL, CHANGE_BLUE, CHANGE_RED, CHANGE_GREEN };
+    constexpr std::array<int, 4> shifts{0, 0, 16, 8};
+    const int bits = ilbm.planes > half_brite_planes ? 6 : 4;
+    Color color = ilbm.palette[0];
+    for (std::size_t x = 0; x < ilbm.width; ++x) {
+        const Color value = indexes[x] & ((1U << bits) - 1);
+        const auto change = static_cast<std::size_t>(indexes[x] >> bits);
+        const Color full = value << (8 - bits) | value >> (2 * bits - 8);  // its bits again, until they are 8
+        color = change == CHANGE_ALL ? ilbm.palette[value]
+                                     : (color & ~(Color{0xff} << shifts[change])) | full << shifts[change];
+        to[x] = color;
+    }
+}
+
+/// Turns a row's planes, or its bytes, into colours; `scratch` has room for 8 * row_bytes for each 8 planes.
+void spread_row(const IlbmPicture& ilbm, const std::uint8_t* row, std::uint8_t* scratch, Color* to) {
+    if (ilbm.planes == true_color_planes) {
+        const std::size_t pixels = 8 * ilbm.row_bytes;
+        for (std::size_t i = 0; i < 3; ++i)
+            join_planes(row + i * 8 * ilbm.row_bytes, ilbm.row_bytes, 8, scratch + i * pixels);
+        for (std::size_t x = 0; x < ilbm.width; ++x)
+            to[x] = static_cast<Color>(scratch[x]) << 16 | static_cast<Color>(scratch[pixels + x]) << 8 |
+                    scratch[2 * pixels + x];
+        return;
+    }
+    if (!ilbm.chunky) join_planes(row, ilbm.row_bytes, ilbm.planes, scratch);
+    const std::uint8_t* const indexes = ilbm.chunky ? row : scratch;
+    if (ilbm.ham) return spread_ham(ilbm, indexes, to);
+    for (std::size_t x = 0; x < ilbm.width; ++x) to[x] = ilbm.palette[indexes[x]];
+}
+
+}  // namespace
+
+ReadPicture read_ilbm(FileBytes bytes) {
+    IlbmPicture ilbm;
+    if (const char* const fault = read_head(ByteView(bytes), ilbm)) return {nullptr, fault};
+    ReadPicture picture;
+    picture.bitmap = bitmap_to_fill(ilbm.width, ilbm.height, picture.cause);
+    if (!picture.bitmap) return picture;
+    std::vector<std::uint8_t> row(ilbm.row_bytes * ilbm.planes_stored), scratch(3 * 8 * ilbm.row_bytes);
+    BodyBytes body(ilbm.body, ilbm.packed);
+    for (int y = 0; y < picture.bitmap->h; ++y) {
+        if (!body.fill(row.data(), row.size())) return {nullptr, "it is cut short"};
+        spread_row(ilbm, row.data(), scratch.data(), pixels_at(picture.bitmap.get(), 0, y));
+    }
+    return picture;
+}
+
+}  // namespace nubo

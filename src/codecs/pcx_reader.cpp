@@ -1,0 +1,174 @@
+// Reading a PCX: its head of 128 bytes, packed rows of planes, and the large palette behind them.
+#include "base/color.h"
+#include "codecs/byte_view.h"
+#include "codecs/pcx.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+namespace nubo {
+namespace {
+
+constexpr std::size_t head_bytes = 128, small_palette_at = 16, small_palette_entries = 16, large_palette_entries = 256;
+constexpr std::uint32_t signature = 10, version_without_palette = 3, large_palette_mark = 12;
+constexpr std::size_t pixels_of_a_byte = 8 * 63;  // a run of bytes of 8 pixels each, in two bytes
+
+/// The colours of a file that brings none: those of the adapter of its time.
+constexpr std::array<Color, small_palette_entries> default_palette_16{
+    0x000000, 0x0000aa, 0x00aa00, 0x00aaaa, 0xaa0000, 0xaa00aa, 0xaa5500, 0xaaaaaa,
+    0x555555, 0x5555ff, 0x55ff55, 0x55ffff, 0xff5555, 0xff55ff, 0xffff55, 0xffffff};
+
+struct PcxPicture {
+    std::uint32_t width = 0, height = 0;
+    std::size_t bits = 0, planes = 0;  // of a pixel in each plane
+    std::size_t row_bytes = 0;         // of one plane
+    bool packed = false;
+    std::array<Color, large_palette_entries> palette{};
+};
+
+// ---- Head and palette ----------------------------------------------------------------------------------------------
+
+bool is_known_form(const PcxPicture& pcx) {
+    switch (pcx.bits) {
+    case 1: return pcx.planes >= 1 && pcx.planes <= 4;
+    case 2:
+    case 4: return pcx.planes == 1;
+    case 8: return pcx.planes == 1 || pcx.planes == 3 || pcx.planes == 4;
+    default: return false;
+    }
+}
+
+void read_colors(const ByteView& file, std::size_t at, std::size_t count, PcxPicture& pcx) {
+    for (std::size_t i = 0; i < count; ++i, at += 3)
+        pcx.palette[i] = pack_color(static_cast<int>(file.byte(at)), static_cast<int>(file.byte(at + 1)),
+                                    static_cast<int>(file.byte(at + 2)));
+}
+
+/// The 16 colours of the head. Those of a file that brings none, or all of one colour, are the adapter's; two of them
+/// are black and white.
+void read_small_palette(const ByteView& file, PcxPicture& pcx) {
+    read_colors(file, small_palette_at, small_palette_entries, pcx);
+    const std::size_t used = std::size_t{1} << pcx.bits * pcx.planes;
+    const auto first = pcx.palette.begin(), end = first + static_cast<std::ptrdiff_t>(used);
+    const bool has_colors = file.byte(1) != version_without_palette &&
+                            std::any_of(first, end, [&](Color color) { return color != pcx.palette[0]; });
+    if (has_colors) return;
+    std::copy(default_palette_16.begin(), default_palette_16.end(), pcx.palette.begin());
+    if (used == 2) pcx.palette[1] = 0xffffff;
+}
+
+/// The 256 colours behind the pixels; without them the indexes are grays.
+void read_large_palette(const ByteView& file, PcxPicture& pcx) {
+    constexpr std::size_t palette_bytes = 3 * large_palette_entries;
+    for (std::size_t i = 0; i < large_palette_entries; ++i) pcx.palette[i] = static_cast<Color>(i * 0x010101);
+    if (file.size() < head_bytes + palette_bytes + 1) return;
+    const std::size_t at = file.size() - palette_bytes;
+    if (file.byte(at - 1) == large_palette_mark) read_colors(file, at, large_palette_entries, pcx);
+}
+
+/// Null, or why the head can't be believed.
+const char* read_head(const ByteView& file, PcxPicture& pcx) {
+    if (file.size() < head_bytes || file.byte(0) != signature || file.byte(2) > 1) return "it is no PCX file";
+    pcx.packed = file.byte(2) == 1;
+    pcx.bits = file.byte(3);
+    pcx.planes = file.byte(65);
+    pcx.row_bytes = file.little_16(66);
+    if (!is_known_form(pcx)) return "its pixels have no known form";
+    const std::uint32_t left = file.little_16(4), top = file.little_16(6), right = file.little_16(8),
+                        bottom = file.little_16(10);
+    if (right < left || bottom < top) return "its size is out of range";
+    pcx.width = right - left + 1;
+    pcx.height = bottom - top + 1;
+    if (pcx.row_bytes < (pcx.width * pcx.bits + 7) / 8) return "its rows are shorter than the picture is wide";
+    const std::size_t bytes = pcx.row_bytes * pcx.planes * pcx.height;
+    const bool enough =
+        pcx.packed ? can_fill(pcx.width, pcx.height, file.size(), pixels_of_a_byte) : bytes <= file.size() - head_bytes;
+    if (!enough) return "it is cut short";
+    if (pcx.bits == 8 && pcx.planes == 1)
+        read_large_palette(file, pcx);
+    else if (pcx.bits < 8)
+        read_small_palette(file, pcx);
+    return nullptr;
+}
+
+// ---- Pixels --------------------------------------------------------------------------------------------------------
+
+/// The bytes of the planes, one after the other. A run may go on from one row to the next.
+class PcxBytes {
+public:
+    PcxBytes(FileBytes bytes, bool packed) : bytes_(bytes), packed_(packed) {}
+
+    /// The next `count` bytes. False when the file ends before.
+    bool fill(std::uint8_t* to, std::size_t count) {
+        constexpr std::uint8_t run_bits = 0xc0;
+        while (count > 0) {
+            if (run_ == 0) {
+                if (at_ == bytes_.size()) return false;
+                const std::uint8_t byte = bytes_[at_++];
+                if (!packed_ || byte < run_bits) {
+                    *to++ = byte;
+                    --count;
+                    continue;
+                }
+                if (at_ == bytes_.size()) return false;
+                run_ = byte & ~run_bits;
+                value_ = bytes_[at_++];
+            }
+            const std::size_t length = std::min<std::size_t>(run_, count);
+            std::fill_n(to, length, value_);
+            to += length;
+            count -= length;
+            run_ -= length;
+        }
+        return true;
+    }
+
+private:
+    FileBytes bytes_;
+    bool packed_;
+    std::size_t at_ = head_bytes;
+    std::size_t run_ = 0;  // bytes of `value_` still to come
+    std::uint8_t value_ = 0;
+};
+
+/// The index of pixel x: the bits of its place in each plane, the first plane's the lowest.
+std::size_t index_at(const PcxPicture& pcx, const std::uint8_t* row, std::size_t x) {
+    const std::size_t bit = x * pcx.bits, mask = (std::size_t{1} << pcx.bits) - 1;
+    std::size_t index = 0;
+    for (std::size_t plane = 0; plane < pcx.planes; ++plane)
+        index |= (row[plane * pcx.row_bytes + bit / 8] >> (8 - pcx.bits - bit % 8) & mask) << plane;
+    return index;
+}
+
+void spread_row(const PcxPicture& pcx, const std::uint8_t* row, Color* to) {
+    const std::size_t width = pcx.width;
+    if (pcx.bits == 8 && pcx.planes == 1) {
+        for (std::size_t x = 0; x < width; ++x) to[x] = pcx.palette[row[x]];
+    } else if (pcx.bits == 8) {
+        const std::uint8_t *green = row + pcx.row_bytes, *blue = green + pcx.row_bytes;
+        for (std::size_t x = 0; x < width; ++x)
+            to[x] = static_cast<Color>(row[x]) << 16 | static_cast<Color>(green[x]) << 8 | blue[x];
+    } else {
+        for (std::size_t x = 0; x < width; ++x) to[x] = pcx.palette[index_at(pcx, row, x)];
+    }
+}
+
+}  // namespace
+
+ReadPicture read_pcx(FileBytes bytes) {
+    PcxPicture pcx;
+    if (const char* const fault = read_head(ByteView(bytes), pcx)) return {nullptr, fault};
+    ReadPicture picture;
+    picture.bitmap = bitmap_to_fill(pcx.width, pcx.height, picture.cause);
+    if (!picture.bitmap) return picture;
+    std::vector<std::uint8_t> row(pcx.row_bytes * pcx.planes);
+    PcxBytes planes(bytes, pcx.packed);
+    for (int y = 0; y < picture.bitmap->h; ++y) {
+        if (!planes.fill(row.data(), row.size())) return {nullptr, "it is cut short"};
+        spread_row(pcx, row.data(), pixels_at(picture.bitmap.get(), 0, y));
+    }
+    return picture;
+}
+
+}  // namespace nubo

@@ -1,0 +1,85 @@
+#include "codecs/reduce_colors.h"
+
+#include "base/bitmap.h"
+#include "base/color.h"
+#include "codecs/color_net.h"
+
+#include <algorithm>
+#include <array>
+
+namespace nubo {
+namespace {
+
+constexpr std::size_t palette_entries = 256;
+constexpr Color color_bits = 0xffffff;
+
+RGB six_bits(Color color) {
+    const auto shifted = [](int component) { return static_cast<unsigned char>(component >> 2); };
+    return {shifted(red_of(color)), shifted(green_of(color)), shifted(blue_of(color)), 0};
+}
+
+/// The distinct colours met so far, up to 256, found again by a hash.
+class ColorList {
+public:
+    /// Adds a colour that isn't there yet. False when it would be the 257th.
+    bool add(Color color) {
+        std::size_t at = color * 2654435761U >> (32 - hash_bits);  // Knuth's multiplicative hash
+        for (; places_[at] != free_place; at = (at + 1) % places_.size())
+            if (colors_[places_[at] - 1U] == color) return true;
+        if (count_ == colors_.size()) return false;
+        colors_[count_++] = color;
+        places_[at] = static_cast<std::uint16_t>(count_);
+        return true;
+    }
+
+    std::size_t count() const { return count_; }
+    Color operator[](std::size_t i) const { return colors_[i]; }
+
+private:
+    static constexpr int hash_bits = 10;
+    static constexpr std::uint16_t free_place = 0;
+    std::array<std::uint16_t, 1 << hash_bits> places_{};  // one more than the index of a colour
+    std::array<Color, palette_entries> colors_{};
+    std::size_t count_ = 0;
+};
+
+constexpr std::size_t longest_step = 503;
+
+/// A number of pixels that a picture of `pixels` is walked through by, so that all of it is seen in no order: a prime
+/// that doesn't divide it.
+std::size_t step_through(std::size_t pixels) {
+    for (const std::size_t prime : {499U, 491U, 487U})
+        if (pixels % prime != 0) return prime;
+    return longest_step;
+}
+
+}  // namespace
+
+int reduce_colors_exact(BITMAP* bitmap, RGB* palette) {
+    ColorList list;
+    Color before = ~Color{0};
+    for (int y = 0; y < bitmap->h; ++y) {
+        const Color* const pixels = pixels_at(bitmap, 0, y);
+        for (int x = 0; x < bitmap->w; ++x) {
+            const Color color = pixels[x] & color_bits;
+            if (color == before) continue;
+            if (!list.add(color)) return -1;
+            before = color;
+        }
+    }
+    for (std::size_t i = 0; i < palette_entries; ++i) palette[i] = six_bits(i < list.count() ? list[i] : 0);
+    return static_cast<int>(list.count());
+}
+
+void reduce_colors_neural(BITMAP* bitmap, int sample, RGB* palette) {
+    const auto width = static_cast<std::size_t>(bitmap->w), pixels = width * static_cast<std::size_t>(bitmap->h);
+    const std::size_t step = step_through(pixels);
+    if (pixels < longest_step) sample = 1;  // of a small picture every pixel counts
+    const std::size_t samples = pixels / static_cast<std::size_t>(sample);
+    ColorNet net(samples, sample);
+    for (std::size_t i = 0, at = 0; i < samples; ++i, at = (at + step) % pixels)
+        net.learn(*pixels_at(bitmap, static_cast<int>(at % width), static_cast<int>(at / width)));
+    for (std::size_t i = 0; i < palette_entries; ++i) palette[i] = six_bits(net.color(i));
+}
+
+}  // namespace nubo
