@@ -7,6 +7,7 @@
 #include "view/view.h"
 #include "windows/activity_menus.h"
 #include "windows/favorites_window.h"
+#include "windows/file_browser.h"
 #include "windows/frame_jump.h"
 #include "windows/frame_menu.h"
 #include "windows/option_slider.h"
@@ -42,8 +43,8 @@ constexpr std::array<HotkeyRow, HOTKEY_COUNT> rows{{
     {HOTKEY_CEL_TURN,         HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, say_comes_later},
     {HOTKEY_PIC_CLEAR,        HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, clear_frame},
     {HOTKEY_PIC_RESTORE,      HOTKEYS_MAIN,  WAIT_AFTER, IS_FREE,   restore_frame_by_key},
-    {HOTKEY_PIC_SAVE,         HOTKEYS_MAIN,  NO_WAIT,    IS_FREE,   say_comes_later},
-    {HOTKEY_PIC_LOAD,         HOTKEYS_MAIN,  NO_WAIT,    IS_FREE,   say_comes_later},
+    {HOTKEY_PIC_SAVE,         HOTKEYS_MAIN,  NO_WAIT,    IS_FREE,   save_frame_command},
+    {HOTKEY_PIC_LOAD,         HOTKEYS_MAIN,  NO_WAIT,    IS_FREE,   load_frame_command},
     {HOTKEY_FRAME_CLONE,      HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, clone_frame},
     {HOTKEY_FRAME_INSERT,     HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, insert_blank_frame},
     {HOTKEY_FRAME_RESIZE,     HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, say_comes_later},

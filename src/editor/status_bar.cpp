@@ -57,6 +57,7 @@ void draw_coordinates(int row) {
 
 /// A text of the message table; empty for index 0 and below, and beyond the table.
 std::string_view text_of_message(int message) {
+    if (message == MESSAGE_TOLD) return told_text.data();
     const bool known = message > 0 && message < static_cast<int>(tooltip_text.size());
     return known ? tooltip_text[static_cast<std::size_t>(message)] : std::string_view();
 }
@@ -70,7 +71,8 @@ constexpr std::array always_shown{status_bar_only,
                                   static_cast<int>(MESSAGE_FRAME_UNREADABLE),
                                   static_cast<int>(MESSAGE_FRAME_MISSING),
                                   static_cast<int>(MESSAGE_FRAME_OUT_OF_REACH),
-                                  static_cast<int>(MESSAGE_FILE_OUT_OF_REACH)};
+                                  static_cast<int>(MESSAGE_FILE_OUT_OF_REACH),
+                                  static_cast<int>(MESSAGE_TOLD)};
 bool shows_always(int message) {
     return std::find(always_shown.begin(), always_shown.end(), message) != always_shown.end();
 }

@@ -133,6 +133,7 @@ enum Message : int {
     MESSAGE_FRAME_MISSING,
     MESSAGE_FRAME_OUT_OF_REACH,
     MESSAGE_FILE_OUT_OF_REACH,
+    MESSAGE_TOLD = 127,  // its text is `told_text`
     MESSAGE_SLOTS = 128
 };
 

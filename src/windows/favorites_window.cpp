@@ -2,9 +2,9 @@
 
 #include "gui/columns.h"
 #include "state/view.h"
-#include "windows/activity_menus.h"
 #include "windows/color_window.h"
 #include "windows/confirm_box.h"
+#include "windows/file_browser.h"
 #include "windows/run_window.h"
 #include <algorithm>
 #include <allegro.h>
@@ -125,7 +125,8 @@ void favorites_window() {
     const auto serve = [&] {
         serve_swatches();
         serve_scrolling(wheel);
-        if (take_click(FAVORITES_SAVE) != 0 || take_click(FAVORITES_LOAD) != 0) say_comes_later();
+        if (take_click(FAVORITES_SAVE) != 0) file_browser(BROWSE_TO_SAVE, PURPOSE_FAVORITES);
+        if (take_click(FAVORITES_LOAD) != 0) file_browser(BROWSE_TO_LOAD, PURPOSE_FAVORITES);
         if (take_click(FAVORITES_NUKE) != 0) nuke();
         return WINDOW_STAYS;
     };

@@ -14,6 +14,7 @@ constexpr std::array drawer_rows{
     DrawerRow{ELEMENT_SWATCH_MASK, draw_swatch_mask},
     DrawerRow{ELEMENT_SWATCH_BRUSH, draw_swatch_brush},
     DrawerRow{ELEMENT_SPECTRUM, draw_spectrum},
+    DrawerRow{ELEMENT_FILE_LIST, draw_file_list},
     DrawerRow{ELEMENT_PREVIEW, draw_preview},
     DrawerRow{ELEMENT_MINIMAP, draw_minimap},
     DrawerRow{ELEMENT_THUMBNAIL, draw_thumbnail},

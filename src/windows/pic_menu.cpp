@@ -1,4 +1,5 @@
 #include "windows/activity_menus.h"
+#include "windows/file_browser.h"
 #include "windows/pic_commands.h"
 #include <array>
 
@@ -9,8 +10,8 @@ constexpr std::array<MenuItem, 5> pic_items{{
     {LABEL_PIC_CLEAR, MESSAGE_PIC_CLEAR, clear_frame},
     {LABEL_PIC_RESTORE, MESSAGE_PIC_RESTORE, restore_frame},
     {LABEL_PIC_SHEET, MESSAGE_PIC_SHEET, say_comes_later},
-    {LABEL_PIC_SAVE, MESSAGE_PIC_SAVE, say_comes_later},
-    {LABEL_PIC_LOAD, MESSAGE_PIC_LOAD, say_comes_later},
+    {LABEL_PIC_SAVE, MESSAGE_PIC_SAVE, save_frame_command},
+    {LABEL_PIC_LOAD, MESSAGE_PIC_LOAD, load_frame_command},
 }};
 constexpr ActivityMenu menu{.id = WINDOW_PIC_MENU, .title = LABEL_PIC, .items = pic_items};
 

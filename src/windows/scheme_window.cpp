@@ -1,8 +1,8 @@
 #include "windows/scheme_window.h"
 
-#include "windows/activity_menus.h"
 #include "windows/color_window.h"
 #include "windows/drawing_menu.h"
+#include "windows/file_browser.h"
 #include "windows/run_window.h"
 #include <array>
 
@@ -137,9 +137,13 @@ void serve_swatches(const Scheme& kept) {
     }
 }
 
-void serve_files() {
+/// The browser shows itself in the interface's own colours, too.
+void serve_files(const Scheme& kept) {
     const bool saves = take_click(SCHEME_SAVE) > 0, loads = take_click(SCHEME_LOAD) > 0;
-    if (saves || loads) say_comes_later();
+    if (!saves && !loads) return;
+    paint_sheet(kept);
+    file_browser(saves ? BROWSE_TO_SAVE : BROWSE_TO_LOAD, PURPOSE_SCHEME);
+    apply_scheme(SCHEME_TO_SWATCHES);
 }
 
 }  // namespace
@@ -149,7 +153,7 @@ void scheme_window() {
     const auto serve = [&] {
         serve_swatches(kept);
         paint_sheet(color_scheme);
-        serve_files();
+        serve_files(kept);
         return WINDOW_STAYS;
     };
     const auto take_swatches = [] { apply_scheme(SCHEME_FROM_SWATCHES); };

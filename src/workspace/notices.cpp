@@ -28,6 +28,13 @@ void flash_message(Message message) {
     status_timer = flash_ticks;
 }
 
+void flash_text(const std::string& text) {
+    told_text.fill('\0');
+    const std::size_t length = std::min(text.size(), told_text.size() - 1);
+    std::replace_copy(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(length), told_text.begin(), '|', '!');
+    flash_message(MESSAGE_TOLD);
+}
+
 void mark_damage() { workspace_damaged = 1; }
 
 }  // namespace nubo

@@ -3,6 +3,7 @@
 #include "state/boxes.h"
 #include "state/messages.h"
 #include <optional>
+#include <string>
 
 namespace nubo {
 
@@ -14,6 +15,10 @@ std::optional<PendingBox> take_box();
 
 /// Flashes a message in the status bar.
 void flash_message(Message message);
+
+/// Flashes a text that isn't in the table, in capitals, of at most `told_text`'s length. A bar in it, which would begin
+/// a colour code, shows as a "!".
+void flash_text(const std::string& text);
 
 /// Something on disk was missing, damaged or out of range and has been repaired: the user is told once, on entering
 /// the program loop, by a box that the start leaves.

@@ -130,6 +130,7 @@ private:
     void move();
     void move_to_some_element();
     void use_key();
+    void leave_browser();
     void release_all();
     void leave();
 
@@ -192,8 +193,18 @@ void RandomUser::release_all() {
     held_.clear();
 }
 
+/// The file browser leads out of the test's folder, where he would write over what is there: he leaves it at once.
+void RandomUser::leave_browser() {
+    const bool strikes = ::key[KEY_ESC] == 0;
+    release_all();
+    if (!strikes) return;
+    ::key[KEY_ESC] = 1;
+    held_.push_back(KEY_ESC);
+}
+
 void RandomUser::do_something() {
     constexpr int percent = 100;
+    if (menu_id == WINDOW_FILE_BROWSER) return leave_browser();
     const int what = below(percent);
     if (what < 40)
         move();

@@ -20,10 +20,12 @@
 #include "windows/confirm_box.h"
 #include "windows/drawing_menu.h"
 #include "windows/favorites_window.h"
+#include "windows/file_browser.h"
 #include "windows/gradient_nodes.h"
 #include "windows/help_window.h"
 #include "windows/hotkey_window.h"
 #include "windows/ink_window.h"
+#include "windows/jpeg_quality_window.h"
 #include "windows/option_slider.h"
 #include "windows/options_window.h"
 #include "windows/scheme_window.h"
@@ -88,6 +90,8 @@ std::vector<Exhibit> exhibits() {
         {"KEY PROMPT", [] { key_prompt(); }},
         {"SCHEME", scheme_window},
         {"FAVORITES", favorites_window},
+        {"FILES", save_frame_command},
+        {"JPG QUALITY", [] { jpeg_quality_window(); }},
         {"NOTICE", [] { confirm_box(LABEL_LAST_FRAME, LABEL_NONE, false, true); }},
     };
     for (int space = SPACE_VGA; space < SPACE_COUNT; ++space)
@@ -219,7 +223,9 @@ public:
         if (const OwnedBitmap tips(load_png("brushie.PNG", nullptr)); tips)
             blit(tips.get(), tip_sheet, 0, 0, 0, 0, tip_sheet_w, tip_image_h);
         replace_bitmap(logo, OwnedBitmap(load_png("N_HD_1X.RES", nullptr)));
+        replace_bitmap(preview_bitmap, make_bitmap(preview_w, preview_h));
         set_workspace_defaults();
+        std::strncpy(default_image_dir.data(), NUBO_FOLDER, path_size - 1);  // whose files are on every machine
         brush_color = orange;
         opt_status_bar = opt_crosshair_strength = 0;
         ::mouse_x = 0;

@@ -1,0 +1,404 @@
+#include "windows/file_browser.h"
+
+#include "gui/key_taps.h"
+#include "gui/presses.h"
+#include "gui/text_field.h"
+#include "platform/places.h"
+#include "state/options.h"
+#include "state/run.h"
+#include "state/view.h"
+#include "windows/confirm_box.h"
+#include "windows/file_list.h"
+#include "windows/file_preview.h"
+#include "windows/picture_files.h"
+#include "windows/picture_formats.h"
+#include "windows/run_window.h"
+#include "workspace/folders.h"
+#include "workspace/notices.h"
+#include <algorithm>
+#include <allegro.h>
+#include <array>
+#include <filesystem>
+
+namespace nubo {
+namespace {
+
+namespace fs = std::filesystem;
+
+// ---- The window as rows --------------------------------------------------------------------------------------------
+
+constexpr int filter_count = 9, places_shown = static_cast<int>(place_max);
+enum BrowserSlot : int {
+    BROWSER_PLACE_FIRST = slot_content,
+    BROWSER_PATH_LABEL = BROWSER_PLACE_FIRST + places_shown,
+    BROWSER_FILE_LABEL,
+    BROWSER_PATH,
+    BROWSER_FILE,
+    BROWSER_LIST,
+    BROWSER_FILTER_FIRST,
+    BROWSER_PREVIEW = BROWSER_FILTER_FIRST + filter_count,
+    BROWSER_OKAY,
+    BROWSER_HOME,
+    BROWSER_CANCEL,
+    BROWSER_SLOTS
+};
+
+constexpr ElementRow place_row(int place) {
+    constexpr int first_x = 64, pitch = 15, width = 14;
+    return {.slot = BROWSER_PLACE_FIRST + place, .x = first_x + pitch * place, .y = 2, .w = width};
+}
+
+constexpr ElementRow filter_row(int filter) {
+    constexpr int first_x = 199, first_y = 12, pitch_x = 40, pitch_y = 10, columns = 3;
+    return {.slot = BROWSER_FILTER_FIRST + filter,
+            .x = first_x + pitch_x * (filter % columns),
+            .y = first_y + pitch_y * (filter / columns),
+            .label = static_cast<Label>(LABEL_GIF + filter),
+            .left = ACTION_FLIP_CLICK,
+            .tooltip = static_cast<Message>(MESSAGE_FILTER_GIF + filter)};
+}
+
+using BrowserRows = std::array<ElementRow, BROWSER_SLOTS - slot_content>;
+
+consteval BrowserRows browser_rows() {
+    BrowserRows rows{};
+    const auto add = [&](const ElementRow& row) { rows[at(row.slot - slot_content)] = row; };
+    for (int i = 0; i < places_shown; ++i) add(place_row(i));
+    for (int i = 0; i < filter_count; ++i) add(filter_row(i));
+    constexpr int field_w = 166, caption_w = 29, button_y = 114;
+    add({.slot = BROWSER_PATH_LABEL, .x = 2, .y = 12, .w = caption_w, .label = LABEL_PATH, .fill = &ui_border});
+    add({.slot = BROWSER_FILE_LABEL, .x = 2, .y = 22, .w = caption_w, .label = LABEL_FILE, .fill = &ui_border});
+    add({.slot = BROWSER_PATH, .type = ELEMENT_TEXT_FIELD, .x = 32, .y = 12, .w = field_w, .fill = &ui_shadow});
+    add({.slot = BROWSER_FILE, .type = ELEMENT_TEXT_FIELD, .x = 32, .y = 22, .w = field_w, .fill = &ui_shadow});
+    add({.slot = BROWSER_LIST, .type = ELEMENT_FILE_LIST, .x = 2, .y = 32, .w = 196, .h = 81});
+    add({.slot = BROWSER_PREVIEW,
+         .type = ELEMENT_PREVIEW,
+         .x = 199,
+         .y = 42,
+         .w = preview_w + 2,
+         .h = preview_h + 2,
+         .left = ACTION_CLICK});
+    const auto add_button = [&](int slot, int x, Label label) {
+        constexpr int width = 59;
+        add({.slot = slot,
+             .type = ELEMENT_BUTTON_LIT,
+             .x = x,
+             .y = button_y,
+             .w = width,
+             .label = label,
+             .left = ACTION_CLICK});
+    };
+    add_button(BROWSER_OKAY, 2, LABEL_OKAY);
+    add_button(BROWSER_HOME, 71, LABEL_HOME);
+    add_button(BROWSER_CANCEL, 139, LABEL_CANCEL);
+    return rows;
+}
+constexpr BrowserRows rows = browser_rows();
+static_assert(rows_in_order(rows, &ElementRow::slot, slot_content));
+
+constexpr WindowRow window{.id = WINDOW_FILE_BROWSER,
+                           .place = POS_FILE_BROWSER,
+                           .x = 0,
+                           .y = 115,
+                           .w = 319,
+                           .h = 124,
+                           .child_count = BROWSER_SLOTS,
+                           .title = LABEL_LOAD_FILE,
+                           .title_w = 61,
+                           .elements = rows,
+                           .cancel = BROWSER_CANCEL,
+                           .outside = OUTSIDE_CANCELS,
+                           .keys = KEYS_ESCAPE};
+constexpr FieldLayout field_layout{.visible = 25, .max = 254, .font = FONT_WIDE};
+
+/// What each filter button lets through; JPG and LBM have more endings than their names.
+const std::array<std::vector<std::string_view>, filter_count> filters{
+    {{"GIF"}, {"PCX"}, {"BMP"}, {"PNG"}, {"JPG", "JPEG"}, {"LBM", "IFF", "ILBM"}, {"TTF"}, {"OTF"}, {"WSP"}}};
+
+// ---- Names and folders ---------------------------------------------------------------------------------------------
+
+std::string path_in(const std::string& folder, const std::string& name) {
+    return folder == "/" ? folder + name : folder + "/" + name;
+}
+
+/// What the user has typed or chosen, as an absolute path without "..".
+std::string absolute_path(const std::string& typed) {
+    const std::string path = expand_home(typed);
+    const bool is_absolute = !path.empty() && path.front() == '/';
+    std::string plain = fs::path(is_absolute ? path : path_in(image_dir.data(), path)).lexically_normal();
+    while (plain.size() > 1 && plain.back() == '/') plain.pop_back();
+    return plain;
+}
+
+bool is_folder(const std::string& path) {
+    std::error_code away;
+    return fs::is_directory(path, away);
+}
+
+template <std::size_t N> void set_text(std::array<char, N>& to, const std::string& text) {
+    to.fill('\0');
+    if (text.size() < N) std::copy(text.begin(), text.end(), to.begin());
+}
+
+std::string field_text(int slot) {
+    std::array<char, field_size> text{};
+    GUI_read_field(slot, text);
+    return text.data();
+}
+
+/// Where the browser opens: at home, where it was, or else in the user's pictures.
+std::string first_folder() {
+    const std::string last = image_dir[0] != '\0' ? browse_folder().path() : pictures_folder();
+    const std::array<std::string, 3> wanted{default_image_dir.data(), last, program_dir.data()};
+    const auto found = std::find_if(wanted.begin(), wanted.end(), is_folder);
+    return found != wanted.end() ? *found : "/";
+}
+
+// ---- The browser ---------------------------------------------------------------------------------------------------
+
+class FileBrowser {
+public:
+    FileBrowser(BrowserMode mode, FilePurpose purpose)
+        : mode_(mode), purpose_(purpose), places_(find_places(program_dir.data())) {}
+
+    /// The chosen path, empty after CANCEL.
+    std::string run() {
+        const std::string offered = mode_ == BROWSE_TO_SAVE ? image_file.data() : "";
+        if (!enter(first_folder()) && !enter("/")) return {};
+        set_text(image_file, offered);
+        WindowRow row = window;
+        if (mode_ == BROWSE_TO_SAVE) {
+            row.title = LABEL_SAVE_FILE;
+            row.focus = BROWSER_FILE;
+        }
+        const WindowPass end = run_window(row, {.built = [&] { fill(); },
+                                                .show = [&] { settle_file_list(BROWSER_LIST); },
+                                                .serve = [&] { return serve(); }});
+        clear_preview();
+        browse_in(Folder(image_dir.data()));
+        return end == WINDOW_DONE ? chosen_ : "";
+    }
+
+private:
+    // Building.
+    void fill() {
+        for (const int field : {BROWSER_PATH, BROWSER_FILE}) GUI_set_field(field, field_layout, "");
+        fill_places();
+        fill_filters();
+        set_home_button();
+        show_folder();
+        show_name(image_file.data());
+        set_preview_message(PREVIEW_UNAVAILABLE);
+    }
+
+    void fill_places() const {
+        for (std::size_t i = 0; i < places_.size(); ++i) {
+            const std::size_t slot = at(BROWSER_PLACE_FIRST) + i;
+            gui::label[slot] = drive_label(places_[i].letter - 'A');
+            gui::left_action[slot] = ACTION_PUSH_IN;
+        }
+    }
+
+    /// The place in which the folder lies most closely is lit.
+    void light_place() const {
+        const std::string folder = image_dir.data();
+        std::size_t lit = places_.size(), longest = 0;
+        for (std::size_t i = 0; i < places_.size(); ++i) {
+            const std::string& place = places_[i].folder;
+            const bool inside = place == "/" || folder == place || folder.rfind(place + "/", 0) == 0;
+            if (!inside || place.size() <= longest) continue;
+            longest = place.size();
+            lit = i;
+        }
+        for (std::size_t i = 0; i < places_.size(); ++i)
+            gui::type[at(BROWSER_PLACE_FIRST) + i] = i == lit ? ELEMENT_BUTTON_DOWN : ELEMENT_BUTTON;
+    }
+
+    void fill_filters() const {
+        for (int i = 0; i < filter_count; ++i)
+            gui::type[at(BROWSER_FILTER_FIRST + i)] = i == filter_ ? ELEMENT_BUTTON_DOWN : ELEMENT_BUTTON;
+    }
+
+    static void set_home_button() {
+        const bool is_home = default_image_dir[0] != '\0';
+        gui::label[BROWSER_HOME] = is_home ? LABEL_FLOAT : LABEL_HOME;
+        gui::tooltip[BROWSER_HOME] = is_home ? MESSAGE_CLEAR_HOME : MESSAGE_SET_HOME;
+    }
+
+    void show_folder() const {
+        light_place();
+        set_file_list(BROWSER_LIST);
+        GUI_set_field(BROWSER_PATH, field_layout, image_dir.data());
+    }
+
+    static void show_name(const std::string& name) { GUI_set_field(BROWSER_FILE, field_layout, name.c_str()); }
+
+    // Moving about.
+
+    /// Lists the folder. False, where it was and told, if it can't be read or its path is too long to be kept.
+    bool enter(const std::string& folder) {
+        const std::vector<std::string_view> no_filter;
+        if (folder.size() >= path_size || !file_names.read(folder, filter_ == -1 ? no_filter : filters[at(filter_)])) {
+            flash_text(folder.size() >= path_size ? "THE PATH OF THIS FOLDER IS TOO LONG" : "CAN'T OPEN THIS FOLDER");
+            return false;
+        }
+        set_text(image_dir, folder);
+        set_text(image_file, "");
+        file_cursor = -1;
+        return true;
+    }
+
+    /// The same for the window on screen. The name that is to be saved stays.
+    void go_to(const std::string& folder) {
+        if (enter(folder) && mode_ == BROWSE_TO_LOAD) show_name("");
+        show_folder();
+    }
+
+    void open_entry(int index) { go_to(absolute_path(file_names[at(index)].name)); }
+
+    /// Takes a file's name, and shows what is in the file.
+    void pick(int index) {
+        file_cursor = index;
+        show_file(BROWSER_LIST, index);
+        const FolderEntry entry = file_names[at(index)];
+        if (entry.is_folder) return;
+        set_text(image_file, entry.name);
+        show_name(entry.name);
+        show_preview(false);
+    }
+
+    void show_preview(bool asked) const {
+        const std::string name = field_text(BROWSER_FILE);
+        if (name.empty()) return;
+        const FileType type = file_type_from_extension(name, mode_);
+        if (type == FILE_UNKNOWN && !asked)
+            set_preview_message(PREVIEW_UNAVAILABLE);
+        else
+            preview_picture(absolute_path(name), type, asked);
+        UA_idle_ticks = 0;
+    }
+
+    // Serving.
+    WindowPass serve() {
+        const bool doubled = serve_list(), keyed = serve_keys();
+        if (take_click(BROWSER_PATH) > 0) go_to(absolute_path(field_text(BROWSER_PATH)));
+        if (take_click(BROWSER_HOME) > 0) flip_home();
+        serve_filters();
+        serve_places();
+        if (take_click(BROWSER_PREVIEW) > 0) show_preview(true);
+        const bool okay = take_click(BROWSER_OKAY) > 0, entered = take_click(BROWSER_FILE) > 0;
+        return (okay || entered || doubled || keyed) && commit() ? WINDOW_DONE : WINDOW_STAYS;
+    }
+
+    /// True after the second of two quick clicks on one name.
+    bool serve_list() {
+        constexpr int double_click_ticks = 250;  // of 500 a second
+        if (mouse_left == 0) pressed_ = false;
+        if (mouse_left == 0 || pressed_ || press_slot != BROWSER_LIST || drag_slider != 0) return false;
+        pressed_ = true;  // till the button is up, else one click were two
+        const int index = file_under_mouse(BROWSER_LIST);
+        if (index == -1) return false;
+        if (file_names[at(index)].is_folder) {
+            open_entry(index);
+            GUI_set_key_focus(BROWSER_PATH, true);
+            return false;
+        }
+        if (index == file_cursor && UA_idle_ticks < double_click_ticks) return true;
+        pick(index);
+        GUI_set_key_focus(BROWSER_FILE, true);
+        UA_idle_ticks = 0;
+        return false;
+    }
+
+    /// The list has the keyboard when no field has, and else the keys that no field knows. True for ENTER on a file.
+    bool serve_keys() {
+        const int code = keys_.take();
+        const bool is_of_list = code == KEY_UP || code == KEY_DOWN || code == KEY_PGUP || code == KEY_PGDN;
+        if (code == 0 || (is_text_field(key_focus) && !is_of_list)) return false;
+        if (code == KEY_TAB) GUI_set_key_focus(BROWSER_FILE, true);
+        if (code == KEY_BACKSPACE) go_to(absolute_path(".."));
+        const bool enters = code == KEY_ENTER || code == KEY_ENTER_PAD;
+        if (enters && is_entry(file_cursor) && file_names[at(file_cursor)].is_folder) {
+            open_entry(file_cursor);
+            return false;
+        }
+        const int index = file_of_key(code, file_cursor);
+        if (index != file_cursor && is_entry(index)) pick(index);
+        return enters;
+    }
+
+    static bool is_entry(int index) { return index >= 0 && at(index) < file_names.size(); }
+
+    static void flip_home() {
+        set_text(default_image_dir, default_image_dir[0] == '\0' ? image_dir.data() : "");
+        set_home_button();
+    }
+
+    void serve_filters() {
+        for (int i = 0; i < filter_count; ++i) {
+            if (take_click(BROWSER_FILTER_FIRST + i) <= 0) continue;
+            filter_ = filter_ == i ? -1 : i;
+            fill_filters();
+            go_to(image_dir.data());
+        }
+    }
+
+    void serve_places() {
+        for (std::size_t i = 0; i < places_.size(); ++i)
+            if (take_click(BROWSER_PLACE_FIRST + static_cast<int>(i)) > 0) go_to(places_[i].folder);
+    }
+
+    /// A name without an ending gets that of the lit filter.
+    std::string named_path() const {
+        const std::string name = field_text(BROWSER_FILE);
+        const bool has_point = name.find('.') != std::string::npos;
+        const bool completes = mode_ == BROWSE_TO_SAVE && filter_ != -1 && !has_point;
+        return absolute_path(completes ? name + "." + std::string(filters[at(filter_)].front()) : name);
+    }
+
+    /// True when a file is chosen for good.
+    bool commit() {
+        if (field_text(BROWSER_FILE).empty()) return false;
+        const std::string path = named_path();
+        if (is_folder(path)) {
+            go_to(path);
+            return false;
+        }
+        std::error_code away;
+        if (mode_ == BROWSE_TO_SAVE && fs::exists(path, away) && !may_overwrite()) return false;
+        set_text(image_file, fs::path(path).filename());
+        chosen_ = path;
+        return true;
+    }
+
+    static bool may_overwrite() {
+        hide_window();
+        const bool may = confirm_box(LABEL_OVERWRITE, LABEL_NONE, true, false) != 0;
+        toggle_window();
+        return may;
+    }
+
+    BrowserMode mode_;
+    FilePurpose purpose_;
+    std::vector<Place> places_;
+    int filter_ = -1;  // the lit filter button, -1 none
+    bool pressed_ = false;
+    std::string chosen_;
+    KeyTaps keys_;
+};
+
+}  // namespace
+
+void file_browser(BrowserMode mode, FilePurpose purpose) {
+    const std::string path = FileBrowser(mode, purpose).run();
+    if (path.empty()) return;
+    if (mode == BROWSE_TO_SAVE)
+        save_file(path, purpose);
+    else
+        load_file(path, purpose);
+}
+
+void load_frame_command() { file_browser(BROWSE_TO_LOAD, PURPOSE_PICTURE); }
+void save_frame_command() { file_browser(BROWSE_TO_SAVE, PURPOSE_PICTURE); }
+
+}  // namespace nubo

@@ -1,0 +1,20 @@
+#pragma once
+// What the file browser shows of the chosen file, in `preview_bitmap`. Main flow only.
+#include "state/files.h"
+#include <string>
+
+namespace nubo {
+
+enum PreviewMessage : int { PREVIEW_UNAVAILABLE, PREVIEW_BORKED, PREVIEW_DISABLED, PREVIEW_TOO_LARGE };
+
+/// Writes one of the preview's messages in place of a picture.
+void set_preview_message(PreviewMessage kind);
+
+/// Shows the picture at `path`, or why it isn't shown; `opt_file_preview` decides. With `asked` the user has pressed
+/// the preview, so that the limit of size counts for nothing.
+void preview_picture(const std::string& path, FileType type, bool asked);
+
+/// Empties the preview.
+void clear_preview();
+
+}  // namespace nubo

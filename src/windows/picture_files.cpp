@@ -1,0 +1,107 @@
+#include "windows/picture_files.h"
+
+#include "base/log.h"
+#include "gui/window.h"
+#include "state/flow.h"
+#include "state/frames.h"
+#include "state/options.h"
+#include "windows/activity_menus.h"
+#include "windows/color_files.h"
+#include "windows/file_list.h"
+#include "windows/jpeg_quality_window.h"
+#include "windows/picture_formats.h"
+#include "workspace/frame_memory.h"
+#include "workspace/notices.h"
+#include <algorithm>
+#include <array>
+#include <filesystem>
+
+namespace nubo {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Before work that may take more than half a second.
+void say_busy(std::size_t amount) {
+    constexpr std::size_t takes_long = 4'000'000;  // pixels, or bytes of a compressed file
+    if (amount < takes_long) return;
+    flash_text("ONE MOMENT...");
+    update_screen(UPDATE_NORMAL);
+}
+
+std::string size_text(const BITMAP* picture) { return std::to_string(picture->w) + "X" + std::to_string(picture->h); }
+
+bool load_picture(const std::string& path) {
+    std::error_code no_file;
+    if (!fs::exists(path, no_file)) {
+        UA_log("[ ERROR ] : Tried to load non-existent file! Name = %s", path.c_str());
+        flash_text("THERE IS NO SUCH FILE");
+        return false;
+    }
+    say_busy(fs::file_size(path, no_file));
+    FileType type = FILE_UNKNOWN;
+    ReadPicture picture = read_picture_file(path, type);
+    const bool is_whole = picture.cause.empty();
+    if (!picture.bitmap || !place_picture(std::move(picture.bitmap))) {
+        flash_text("THIS PICTURE CAN'T BE READ. SEE UA_LOG.TXT");
+        return false;
+    }
+    const std::string what = size_text(current_frame) + " " + std::string(picture_format(type).ending);
+    flash_text(is_whole ? "LOADED " + what : "DAMAGED FILE. LOADED WHAT THERE IS: " + what);
+    return true;
+}
+
+bool save_picture(const std::string& path) {
+    if (file_type_from_extension(path, BROWSE_TO_SAVE) == FILE_JPG && jpeg_quality_window() == -1) return false;
+    say_busy(static_cast<std::size_t>(frame_w) * static_cast<std::size_t>(frame_h));
+    const bool saved = write_picture_file(path, current_frame);
+    std::error_code away;
+    const std::string bytes = saved ? std::to_string(fs::file_size(path, away)) : "";
+    flash_text(saved ? "SAVED " + shown_file_name(fs::path(path).filename()) + ", " + bytes + " BYTES"
+                     : "FILE COULD NOT BE SAVED! SEE UA_LOG.TXT");
+    return saved;
+}
+
+bool told(bool done, const char* yes, const char* no) {
+    flash_text(done ? yes : no);
+    return done;
+}
+
+}  // namespace
+
+bool is_workspace_file(const std::string& path) {
+    constexpr std::array<std::string_view, 7> stems{"current",  "alternate", "backup", "rescue",
+                                                    "inserted", "deleted",   "frames"};
+    std::error_code away;
+    const fs::path file = fs::weakly_canonical(path, away);
+    if (file.parent_path() != fs::weakly_canonical(std::string(program_dir.data()) + "/WORKSPACE", away)) return false;
+    return std::find(stems.begin(), stems.end(), file.stem().string()) != stems.end();
+}
+
+bool load_file(const std::string& path, FilePurpose purpose) {
+    switch (purpose) {
+    case PURPOSE_PICTURE: return load_picture(path);
+    case PURPOSE_FAVORITES: return told(load_favorites(path) == 1, "FAVORITES LOADED", "THIS IS NO FILE OF FAVORITES");
+    case PURPOSE_SCHEME: return told(load_scheme(path) == 1, "COLOR SCHEME LOADED", "THIS IS NO COLOR SCHEME");
+    case PURPOSE_ARCHIVE:
+    case PURPOSE_FONT: break;
+    }
+    say_comes_later();
+    return false;
+}
+
+bool save_file(const std::string& path, FilePurpose purpose) {
+    constexpr const char* failure = "FILE COULD NOT BE SAVED! SEE UA_LOG.TXT";
+    if (is_workspace_file(path)) return told(false, "", "THIS NAME BELONGS TO THE WORKSPACE. TAKE ANOTHER");
+    switch (purpose) {
+    case PURPOSE_PICTURE: return save_picture(path);
+    case PURPOSE_FAVORITES: return told(save_favorites(path), "FAVORITES SAVED", failure);
+    case PURPOSE_SCHEME: return told(save_scheme(path), "COLOR SCHEME SAVED", failure);
+    case PURPOSE_ARCHIVE:
+    case PURPOSE_FONT: break;
+    }
+    say_comes_later();
+    return false;
+}
+
+}  // namespace nubo

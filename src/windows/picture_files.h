@@ -1,0 +1,20 @@
+#pragma once
+// Loading and saving what the user has chosen in the file browser. Each tells its end in the status bar. Main flow
+// only.
+#include "state/files.h"
+#include <string>
+
+namespace nubo {
+
+/// Loads the file as the purpose asks: a picture into the Frame, the favourites, the ColorScheme. On failure nothing
+/// changes. True when it was loaded.
+bool load_file(const std::string& path, FilePurpose purpose);
+
+/// Saves the Frame, the favourites or the ColorScheme to the file, wholly or not at all. A JPEG asks for its quality
+/// first. True when it was saved.
+bool save_file(const std::string& path, FilePurpose purpose);
+
+/// True for a name that the program itself uses in its WORKSPACE folder: a picture there would be a lost Frame.
+bool is_workspace_file(const std::string& path);
+
+}  // namespace nubo

@@ -1,0 +1,39 @@
+#pragma once
+// The picture formats, a row each: how a file of it is known, read and written. Whoever asks for one tells the user.
+// A new format is a codec and a row of the table.
+#include "codecs/read_picture.h"
+#include "state/files.h"
+#include <string>
+#include <string_view>
+
+namespace nubo {
+
+struct PictureFormat {
+    FileType type = FILE_UNKNOWN;
+    std::string_view ending;   // in capitals, of three letters
+    std::string_view magic;    // bytes by which a file of it is known; empty: none
+    std::size_t magic_at = 0;  // where they stand
+    ReadPicture (*read)(const std::string& path) = nullptr;
+    bool (*write)(const std::string& path, BITMAP* picture) = nullptr;  // wholly, or false after a log line
+};
+
+/// The row of a picture's type.
+const PictureFormat& picture_format(FileType type);
+
+/// The type that the ending of `name` tells, FILE_UNKNOWN without one: the name is longer than three bytes, and the
+/// fourth from its end is a point. With BROWSE_FOR_FONT only fonts count.
+FileType file_type_from_extension(std::string_view name, BrowserMode mode);
+
+/// The type that a file's first bytes tell; FILE_UNKNOWN if they tell none, or, after a log line, if it can't be read.
+FileType file_type_from_magic(const std::string& path);
+
+/// Reads the picture at `path` by the ending of its name, or by its first bytes where they tell another format than
+/// the ending, or where the name has none. The reason why there is no bitmap, or not all of it, is in the log too.
+/// `type` becomes what it was read as.
+ReadPicture read_picture_file(const std::string& path, FileType& type);
+
+/// Writes the picture to the file at `path`, wholly or not at all, as the type that its ending tells, or else as a PNG.
+/// JPG takes the quality `jpeg_quality`, GIF its colours as `opt_gif_reduction` asks. False after a log line.
+bool write_picture_file(const std::string& path, BITMAP* picture);
+
+}  // namespace nubo
