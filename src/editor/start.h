@@ -7,8 +7,8 @@ namespace nubo {
 /// said.
 int start_program();
 
-/// The exit sequence: writes the workspace and closes what is open. The program's exit code: 0, or another when something
-/// couldn't be written where it belongs.
+/// The exit sequence: writes the workspace and closes what is open. The program's exit code: 0, or another when
+/// something couldn't be written where it belongs.
 int shutdown_program();
 
 }  // namespace nubo

@@ -179,7 +179,6 @@ void GUI_set_range(int slot, const SliderRange& range) {
     const int stops = std::min(range.highest - range.lowest + 1, slider_stop_max);
     gui::slider_min[s] = range.lowest;
     gui::slider_max[s] = range.highest + 1;
-    if (gui::slider_stops[s] != stops) gui::slider_origin[s] = 0;  // the stops lie elsewhere now
     gui::slider_stops[s] = static_cast<std::int16_t>(stops);
     gui::wheel_step[s] = static_cast<std::int16_t>(range.step);
 }

@@ -30,8 +30,8 @@ public:
     /// Appends bytes. A failure is remembered and makes `commit` fail.
     void write(const void* bytes, std::size_t size);
 
-    /// Waits until the bytes have reached the disk. `commit` does that itself; two files take the time of one where each
-    /// has been synced before by a thread of its own. All is written by then.
+    /// Waits until the bytes have reached the disk. `commit` does that itself; two files take the time of one where
+    /// each has been synced before by a thread of its own. All is written by then.
     void sync();
 
     /// Puts the file in its place. False after a failure of any step; the cause is logged once, with the path.
