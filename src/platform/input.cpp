@@ -30,10 +30,8 @@ void read_events() {
     if (main_flow_listens && pthread_equal(pthread_self(), main_flow) == 0) return;
     if (_xwin.display == nullptr) return;
     _xwin.mouse_warped = 0;  // Allegro is deaf to motions for a while after it has placed its mouse
-    for (int mode = QueuedAfterFlush; XEventsQueued(_xwin.display, mode) > 0; mode = QueuedAlready) {
-        part_key_strokes();
+    for (int mode = QueuedAfterFlush; XEventsQueued(_xwin.display, mode) > 0; mode = QueuedAlready)
         _xwin_private_handle_input();
-    }
 }
 
 void hear_mouse(int /*flags*/) { note_mouse(::mouse_x, ::mouse_y, ::mouse_b); }
@@ -108,6 +106,7 @@ void install_input() {
     main_flow = pthread_self();
     XLOCK();
     map_keyboard();
+    part_key_strokes();
     note_mouse(::mouse_x, ::mouse_y, ::mouse_b);
     mouse_callback = hear_mouse;
     keyboard_lowlevel_callback = hear_key;

@@ -1,6 +1,5 @@
 #include "platform/keyboard.h"
 
-#include <X11/XKBlib.h>
 #include <algorithm>
 #include <allegro.h>
 #include <iterator>
@@ -96,14 +95,6 @@ KeyPrints printed_symbols() {
 
 KeyCodes codes_given;
 
-/// A key that is held repeats as presses alone; else a release comes before each of them.
-bool repeats_by_presses = false;
-
-int part_release(Display* /*display*/, XEvent* event, XPointer /*unused*/) {
-    if (event->type == KeyRelease) event->xkey.time -= 1;
-    return False;
-}
-
 }  // namespace
 
 KeyCodes key_codes_of(const KeyPrints& prints, KeyCodes codes) {
@@ -117,16 +108,9 @@ KeyCodes key_codes_of(const KeyPrints& prints, KeyCodes codes) {
 
 void map_keyboard() {
     if (_xwin.display == nullptr) return;
-    int supported = False;
-    repeats_by_presses = XkbSetDetectableAutoRepeat(_xwin.display, True, &supported) != 0 && supported != 0;
     std::copy_n(_xwin.keycode_to_scancode, x_keys, codes_given.begin());
     codes_given = key_codes_of(printed_symbols(), codes_given);
     std::copy_n(codes_given.begin(), x_keys, _xwin.keycode_to_scancode);
-}
-
-void part_key_strokes() {
-    XEvent none;
-    if (repeats_by_presses) XCheckIfEvent(_xwin.display, &none, part_release, nullptr);
 }
 
 void keep_keyboard_map() {

@@ -27,8 +27,8 @@ void map_keyboard();
 /// The same again, if Allegro has made its own since: the user has chosen another keyboard.
 void keep_keyboard_map();
 
-/// Keeps quick strokes of one key apart in the events that wait: Allegro takes a release and a press of the same
-/// millisecond for the keyboard's own repeating, and drops the release.
+/// From now on keeps quick strokes of one key apart: Allegro takes a release and a press of the same millisecond for
+/// the keyboard's own repeating, and drops the release. So each release is read as one of the millisecond before.
 void part_key_strokes();
 
 }  // namespace nubo
