@@ -1,0 +1,186 @@
+// The file browser and what it opens and saves, on a folder of the test's own.
+#include "windows/file_browser.h"
+
+#include "base/color.h"
+#include "codecs/jpeg.h"
+#include "harness/harness.h"
+#include "menus_kit.h"
+#include "windows/color_files.h"
+#include "windows/file_list.h"
+#include "windows/jpeg_quality_window.h"
+#include "windows/picture_files.h"
+#include "windows/picture_formats.h"
+#include <filesystem>
+#include <fstream>
+
+namespace nubo {
+namespace {
+
+namespace fs = std::filesystem;
+
+class FileBrowserTest : public MenuTest {
+protected:
+    FileBrowserTest() {
+        replace_bitmap(preview_bitmap, make_bitmap(preview_w, preview_h));
+        std::strncpy(default_image_dir.data(), folder_.path().c_str(), path_size - 1);
+        opt_file_preview = PREVIEW_ALL;
+    }
+    static void put(const char* name, const std::string& bytes) { std::ofstream(name, std::ios::binary) << bytes; }
+    static bool is_shown(const char* name) { return find_file(name) != -1; }
+    static int row_y(int list, int row) { return gui::y[at(list)] + 4 + row * file_row_h; }
+    static int list_slot() {
+        int slot = 0;
+        while (gui::type[at(slot)] != ELEMENT_FILE_LIST) ++slot;
+        return slot;
+    }
+    static User::Pause click_row(User& user, int row) {
+        const int list = list_slot();
+        return click_place(user, gui::x[at(list)] + 20, row_y(list, row));
+    }
+
+    ScratchFolder folder_;
+};
+
+TEST_F(FileBrowserTest, TypesAreToldByEndingAndByTheFirstBytes) {
+    EXPECT_EQ(file_type_from_extension("a.PnG", BROWSE_TO_LOAD), FILE_PNG);
+    EXPECT_EQ(file_type_from_extension(".GIF", BROWSE_TO_LOAD), FILE_GIF);
+    EXPECT_EQ(file_type_from_extension("gif", BROWSE_TO_LOAD), FILE_UNKNOWN);
+    EXPECT_EQ(file_type_from_extension("a.jpeg", BROWSE_TO_LOAD), FILE_UNKNOWN);
+    EXPECT_EQ(file_type_from_extension("a.wsp", BROWSE_TO_SAVE), FILE_WSP);
+    EXPECT_EQ(file_type_from_extension("a.ttf", BROWSE_FOR_FONT), FILE_TTF);
+    EXPECT_EQ(file_type_from_extension("a.png", BROWSE_FOR_FONT), FILE_UNKNOWN);
+    put("a", "xPNG");
+    put("b", "\xff\xd8\xff");
+    put("c", "nWSP");
+    put("d", "CO");
+    EXPECT_EQ(file_type_from_magic("a"), FILE_PNG);
+    EXPECT_EQ(file_type_from_magic("b"), FILE_JPG);
+    EXPECT_EQ(file_type_from_magic("c"), FILE_WSP);
+    EXPECT_EQ(file_type_from_magic("d"), FILE_UNKNOWN);
+    EXPECT_EQ(file_type_from_magic("none"), FILE_UNKNOWN);
+}
+
+// JPEG comes near; a GIF has six bits a channel.
+TEST_F(FileBrowserTest, EachFormatBringsBackWhatItTook) {
+    constexpr Color left = 0xff0000, right = 0x00ff00;
+    opt_gif_reduction = REDUCTION_BEST;
+    for (const char* name : {"p.gif", "p.pcx", "p.bmp", "p.png", "p.jpg", "p.lbm", "p", "p.ttf"}) {
+        new_frame(64, 48, left);
+        rectfill(current_frame, 32, 0, 63, 47, static_cast<int>(right));
+        jpeg_quality = 100;
+        ASSERT_TRUE(write_picture_file(name, current_frame)) << name;
+        new_frame(5, 5, 0x123456);
+        ASSERT_TRUE(load_file(name, PURPOSE_PICTURE)) << name;
+        EXPECT_EQ(frame_w, 64);
+        EXPECT_EQ(frame_h, 48);
+        const int off_by = std::string(name) == "p.jpg" ? 6 : std::string(name) == "p.gif" ? 3 : 0;
+        const auto is_like = [&](int x, Color color) {
+            const Color pixel = frame_pixel(x, 20);
+            const int off = std::abs(red_of(pixel) - red_of(color)) + std::abs(green_of(pixel) - green_of(color)) +
+                            std::abs(blue_of(pixel) - blue_of(color));
+            return (pixel >> 24) == 0 && off <= off_by;
+        };
+        EXPECT_TRUE(is_like(10, left)) << name;
+        EXPECT_TRUE(is_like(50, right)) << name;
+    }
+}
+
+TEST_F(FileBrowserTest, WhatCantBeReadOrWrittenChangesNothing) {
+    new_frame(20, 10, 0x445566);
+    put("bad.png", "garbage");
+    put("bad.jpg", std::string("\xff\xd8\xff\xe0") + std::string(40, '\0'));
+    put("short", "COL");
+    const auto colors = favorites;
+    const auto scheme = color_scheme;
+    for (const char* name : {"bad.png", "bad.jpg", "none.png"}) EXPECT_FALSE(load_file(name, PURPOSE_PICTURE)) << name;
+    EXPECT_FALSE(load_file("short", PURPOSE_FAVORITES));
+    EXPECT_FALSE(load_file("short", PURPOSE_SCHEME));
+    EXPECT_EQ(favorites, colors);
+    EXPECT_EQ(color_scheme, scheme);
+    EXPECT_EQ(count_pixels(0x445566), 200);
+    EXPECT_FALSE(save_file("nowhere/a.png", PURPOSE_PICTURE));
+    EXPECT_EQ(status_message, MESSAGE_TOLD);
+    std::strncpy(program_dir.data(), folder_.path().c_str(), path_size - 1);
+    fs::create_directory("WORKSPACE");
+    EXPECT_FALSE(save_file("WORKSPACE/current.000", PURPOSE_PICTURE));
+    EXPECT_FALSE(fs::exists("WORKSPACE/current.000"));
+    EXPECT_TRUE(save_file("WORKSPACE/mine.png", PURPOSE_PICTURE));
+}
+
+TEST_F(FileBrowserTest, ColorsKeepTheirFormToTheByte) {
+    favorites.fill(0x010203);
+    favorites[255] = 0xa0b0c0;
+    ASSERT_TRUE(save_favorites("f"));
+    ASSERT_EQ(fs::file_size("f"), 1027u);
+    favorites.fill(0);
+    EXPECT_EQ(load_favorites("f"), 1);
+    EXPECT_EQ(favorites[0], 0x010203u);
+    EXPECT_EQ(favorites[255], 0xa0b0c0u);
+    put("s", "SCH" + std::string(38, '\0') + "\x7f");  // a byte short
+    EXPECT_EQ(load_scheme("s"), -1);
+    put("s", "SCH" + std::string(36, '\0') + "\x7f\x01\x02\x03");  // the top byte of a colour is none's
+    EXPECT_EQ(load_scheme("s"), 1);
+    EXPECT_EQ(color_scheme.back(), 0x010203u);
+}
+
+TEST_F(FileBrowserTest, ADoubleClickLoadsAndFoldersAreEntered) {
+    new_frame(30, 30, 0x00ff00);
+    fs::create_directory("sub");
+    ASSERT_TRUE(write_picture_file("sub/a.png", current_frame));
+    new_frame(10, 10, 0);
+    put("notes.txt", "x");
+    play_on(load_frame_command, [](User& user) -> Script {
+        co_await user.wait(3);
+        EXPECT_TRUE(is_shown("sub") && is_shown("notes.txt") && is_shown(".."));
+        co_await click_row(user, 1);
+        EXPECT_TRUE(is_shown("a.png"));
+        co_await click_row(user, 1);
+        EXPECT_STREQ(image_file.data(), "a.png");
+        EXPECT_EQ(*pixels_at(preview_bitmap, 50, 40), 0x00ff00u);
+        EXPECT_EQ(frame_w, 10) << "one click only chooses";
+        co_await click_row(user, 1);
+    });
+    EXPECT_EQ(frame_w, 30);
+    EXPECT_TRUE(std::string(image_dir.data()).ends_with("/sub"));
+}
+
+TEST_F(FileBrowserTest, AFileIsOverwrittenOnlyWhenTheUserSaysSo) {
+    put("a.png", "old");
+    std::strncpy(image_file.data(), "a.png", file_name_size - 1);
+    new_frame(10, 10, 0x123456);
+    play_on(save_frame_command, [](User& user) -> Script {
+        co_await user.wait(3);
+        co_await user.tap_key(KEY_ENTER);
+        co_await user.wait_until([] { return slot_of(LABEL_OVERWRITE) != -1; });
+        co_await click(user, slot_of(LABEL_OVERWRITE) - 1);  // CANCEL stands before the question
+        EXPECT_EQ(fs::file_size("a.png"), 3u);
+        EXPECT_EQ(menu_id, WINDOW_FILE_BROWSER);
+        co_await user.tap_key(KEY_ENTER);
+        co_await user.wait_until([] { return slot_of(LABEL_OVERWRITE) != -1; });
+        co_await click(user, slot_of(LABEL_OVERWRITE) - 2);
+    });
+    FileType type = FILE_UNKNOWN;
+    const ReadPicture saved = read_picture_file("a.png", type);
+    ASSERT_NE(saved.bitmap, nullptr);
+    EXPECT_EQ(*pixels_at(saved.bitmap.get(), 5, 5), 0x123456u);
+}
+
+TEST_F(FileBrowserTest, TheQualityIsSeenAndTheFrameComesBack) {
+    new_frame(64, 64);
+    for (int i = 0; i < 64 * 64; ++i)
+        *pixels_at(current_frame, i % 64, i / 64) = static_cast<Color>(i * 2654435761u) >> 8;
+    jpeg_quality = 3;
+    static std::vector<Color> before;
+    before = frame_pixels();
+    play_on([] { EXPECT_EQ(jpeg_quality_window(), -1); },
+            [](User& user) -> Script {
+                co_await user.wait(3);
+                EXPECT_NE(frame_pixels(), before);
+                co_await user.tap_key(KEY_ESC);
+            });
+    EXPECT_EQ(frame_pixels(), before);
+    EXPECT_EQ(jpeg_quality, 3);
+}
+
+}  // namespace
+}  // namespace nubo
