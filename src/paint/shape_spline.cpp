@@ -3,6 +3,8 @@
 #include "state/tools.h"
 #include <algorithm>
 #include <allegro.h>
+#include <cstdint>
+#include <limits>
 
 namespace nubo {
 namespace {
@@ -51,7 +53,10 @@ int node_distance(const SplineNode& a, const SplineNode& b) {
     // A 64th of the difference as a fixed-point number, so that its square is one too.
     constexpr int part = 64, part_of_pixel = (1 << 16) / part;
     const fixed dx = (b.x - a.x) * part_of_pixel, dy = (b.y - a.y) * part_of_pixel;
-    return fixmul(fixsqrt(fixadd(fixmul(dx, dx), fixmul(dy, dy))), itofix(part));
+    // Far nodes: the products end at the largest number, and so does their sum.
+    constexpr std::int64_t fixed_end = std::numeric_limits<fixed>::max();
+    const std::int64_t square = std::int64_t{fixmul(dx, dx)} + fixmul(dy, dy);
+    return fixmul(fixsqrt(static_cast<fixed>(std::min(square, fixed_end))), itofix(part));
 }
 
 void get_control_points(const SplineNode& a, const SplineNode& b, std::array<int, 8>& points) {

@@ -43,6 +43,9 @@ std::vector<std::string> lines_of(const std::string& words) {
 class WordsWindow {
 public:
     WordsWindow(Display* display, std::vector<std::string> lines);
+    ~WordsWindow();
+    WordsWindow(const WordsWindow&) = delete;
+    WordsWindow& operator=(const WordsWindow&) = delete;
     /// Until the button, a key or the window's frame closes it.
     void wait();
 
@@ -83,6 +86,11 @@ WordsWindow::WordsWindow(Display* display, std::vector<std::string> lines)
     XSetFont(display, pen_, font_->fid);
     set_properties();
     XMapRaised(display, window_);
+}
+
+WordsWindow::~WordsWindow() {
+    if (pen_ != nullptr) XFreeGC(display_, pen_);
+    if (font_ != nullptr) XFreeFont(display_, font_);
 }
 
 void WordsWindow::lay_out() {
