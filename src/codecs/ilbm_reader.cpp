@@ -7,6 +7,7 @@
 #include <array>
 #include <bit>
 #include <cstring>
+#include <type_traits>
 #include <vector>
 
 namespace nubo {
@@ -170,7 +171,9 @@ constexpr auto spread_bits = [] {
 }();
 
 /// Turns up to 8 planes into a byte for each pixel, the first plane the lowest bit. `to` has room for 8 * row_bytes.
-void join_planes(const std::uint8_t* planes, std::size_t row_bytes, std::size_t count, std::uint8_t* to) {
+/// `count` is a number, or a constant for which the inner loop unrolls.
+template <typename Count>
+void join_planes(const std::uint8_t* planes, std::size_t row_bytes, Count count, std::uint8_t* to) {
     for (std::size_t i = 0; i < row_bytes; ++i, to += 8) {
         std::uint64_t pixels = 0;
         for (std::size_t plane = 0; plane < count; ++plane)
@@ -178,6 +181,7 @@ void join_planes(const std::uint8_t* planes, std::size_t row_bytes, std::size_t 
         std::memcpy(to, &pixels, sizeof pixels);
     }
 }
+constexpr std::integral_constant<std::size_t, 8> eight_planes;
 
 /// A row of hold and modify: each pixel is an entry of the palette, or the one left of it with a component changed.
 void spread_ham(const IlbmPicture& ilbm, const std::uint8_t* indexes, Color* to) {
@@ -200,13 +204,14 @@ void spread_row(const IlbmPicture& ilbm, const std::uint8_t* row, std::uint8_t* 
     if (ilbm.planes == true_color_planes) {
         const std::size_t pixels = 8 * ilbm.row_bytes;
         for (std::size_t i = 0; i < 3; ++i)
-            join_planes(row + i * 8 * ilbm.row_bytes, ilbm.row_bytes, 8, scratch + i * pixels);
+            join_planes(row + i * 8 * ilbm.row_bytes, ilbm.row_bytes, eight_planes, scratch + i * pixels);
         for (std::size_t x = 0; x < ilbm.width; ++x)
             to[x] = static_cast<Color>(scratch[x]) << 16 | static_cast<Color>(scratch[pixels + x]) << 8 |
                     scratch[2 * pixels + x];
         return;
     }
-    if (!ilbm.chunky) join_planes(row, ilbm.row_bytes, ilbm.planes, scratch);
+    if (!ilbm.chunky && ilbm.planes == eight_planes) join_planes(row, ilbm.row_bytes, eight_planes, scratch);
+    if (!ilbm.chunky && ilbm.planes != eight_planes) join_planes(row, ilbm.row_bytes, ilbm.planes, scratch);
     const std::uint8_t* const indexes = ilbm.chunky ? row : scratch;
     if (ilbm.ham) return spread_ham(ilbm, indexes, to);
     for (std::size_t x = 0; x < ilbm.width; ++x) to[x] = ilbm.palette[indexes[x]];

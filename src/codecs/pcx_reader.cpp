@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <vector>
 
 namespace nubo {
@@ -94,42 +95,56 @@ const char* read_head(const ByteView& file, PcxPicture& pcx) {
 
 // ---- Pixels --------------------------------------------------------------------------------------------------------
 
+constexpr std::size_t run_slack = 64;  // one more than the longest run
+
 /// The bytes of the planes, one after the other. A run may go on from one row to the next.
 class PcxBytes {
 public:
-    PcxBytes(FileBytes bytes, bool packed) : bytes_(bytes), packed_(packed) {}
+    PcxBytes(FileBytes bytes, bool packed)
+        : at_(bytes.data() + head_bytes), end_(bytes.data() + bytes.size()), packed_(packed) {}
 
-    /// The next `count` bytes. False when the file ends before.
+    /// The next `count` bytes; `run_slack` bytes more may be written. False when the file ends before.
     bool fill(std::uint8_t* to, std::size_t count) {
-        constexpr std::uint8_t run_bits = 0xc0;
-        while (count > 0) {
-            if (run_ == 0) {
-                if (at_ == bytes_.size()) return false;
-                const std::uint8_t byte = bytes_[at_++];
-                if (!packed_ || byte < run_bits) {
-                    *to++ = byte;
-                    --count;
-                    continue;
-                }
-                if (at_ == bytes_.size()) return false;
-                run_ = byte & ~run_bits;
-                value_ = bytes_[at_++];
-            }
-            const std::size_t length = std::min<std::size_t>(run_, count);
-            std::fill_n(to, length, value_);
-            to += length;
-            count -= length;
-            run_ -= length;
-        }
+        if (packed_) return unpack(to, to + count);
+        if (static_cast<std::size_t>(end_ - at_) < count) return false;
+        std::memcpy(to, at_, count);
+        at_ += count;
         return true;
     }
 
 private:
-    FileBytes bytes_;
+    /// The place is held in a variable of its own: any byte written might be one of this object.
+    bool unpack(std::uint8_t* to, const std::uint8_t* to_end) {
+        constexpr std::uint8_t run_bits = 0xc0;
+        const std::uint8_t* at = at_;
+        if (left_ > 0) to += put_run(to, to_end, left_);
+        while (to < to_end) {
+            if (at == end_) return false;
+            const std::uint8_t byte = *at++;
+            if (byte < run_bits) {
+                *to++ = byte;
+                continue;
+            }
+            if (at == end_) return false;
+            value_ = *at++;
+            to += put_run(to, to_end, byte - run_bits);
+        }
+        at_ = at;
+        return true;
+    }
+
+    /// Puts as much of a run as fits and keeps the rest. Always writing all its room is quicker than counting.
+    std::ptrdiff_t put_run(std::uint8_t* to, const std::uint8_t* to_end, std::ptrdiff_t run) {
+        const std::ptrdiff_t length = std::min(run, to_end - to);
+        std::memset(to, value_, run_slack);
+        left_ = run - length;
+        return length;
+    }
+
+    const std::uint8_t *at_, *end_;
     bool packed_;
-    std::size_t at_ = head_bytes;
-    std::size_t run_ = 0;  // bytes of `value_` still to come
-    std::uint8_t value_ = 0;
+    std::uint8_t value_ = 0;   // of the last run,
+    std::ptrdiff_t left_ = 0;  // which has so many bytes still to come
 };
 
 /// The index of pixel x: the bits of its place in each plane, the first plane's the lowest.
@@ -162,10 +177,11 @@ ReadPicture read_pcx(FileBytes bytes) {
     ReadPicture picture;
     picture.bitmap = bitmap_to_fill(pcx.width, pcx.height, picture.cause);
     if (!picture.bitmap) return picture;
-    std::vector<std::uint8_t> row(pcx.row_bytes * pcx.planes);
+    const std::size_t row_bytes = pcx.row_bytes * pcx.planes;
+    std::vector<std::uint8_t> row(row_bytes + run_slack);
     PcxBytes planes(bytes, pcx.packed);
     for (int y = 0; y < picture.bitmap->h; ++y) {
-        if (!planes.fill(row.data(), row.size())) return {nullptr, "it is cut short"};
+        if (!planes.fill(row.data(), row_bytes)) return {nullptr, "it is cut short"};
         spread_row(pcx, row.data(), pixels_at(picture.bitmap.get(), 0, y));
     }
     return picture;

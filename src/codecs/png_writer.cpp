@@ -1,6 +1,7 @@
 // Writing a PNG: rows gathered and filtered, deflated as one chunk.
 #include "base/bitmap.h"
 #include "base/color.h"
+#include "codecs/growing_bytes.h"
 #include "codecs/png_format.h"
 #include "codecs/rgb_rows.h"
 
@@ -80,30 +81,6 @@ void filter_paeth(const std::uint8_t* row, const std::uint8_t* above, std::size_
         filtered[i] = static_cast<std::uint8_t>(row[i] - png_paeth(row[i - step], above[i], above[i - step]));
 }
 
-void filter_indexes(BITMAP* bitmap, const PngHeader& header, std::uint8_t* filtered) {
-    for (int y = 0; y < header.height; ++y, filtered += header.row_bytes + 1) {
-        filtered[0] = PNG_FILTER_NONE;
-        gather_indexes(bitmap, y, filtered + 1);
-    }
-}
-
-/// False without the memory for two rows.
-bool filter_colors(BITMAP* bitmap, const PngHeader& header, std::uint8_t* filtered) {
-    const std::size_t size = header.row_bytes;
-    const PngBytes rows = png_bytes(2 * size);
-    if (!rows) return false;
-    std::uint8_t *row = rows.get(), *above = rows.get() + size;
-    std::fill_n(above, size, std::uint8_t{0});
-    const int step = png_channels(header.color_type);
-    for (int y = 0; y < header.height; ++y, filtered += size + 1) {
-        gather_colors(bitmap, y, png_has_alpha(header.color_type), row);
-        filtered[0] = PNG_FILTER_PAETH;
-        filter_paeth(row, above, size, static_cast<std::size_t>(step), filtered + 1);
-        std::swap(row, above);
-    }
-    return true;
-}
-
 // ---- Chunks --------------------------------------------------------------------------------------------------------
 
 bool write_bytes(PACKFILE* file, std::span<const std::uint8_t> bytes) {
@@ -150,20 +127,65 @@ bool write_palette(PACKFILE* file, const RGB* palette) {
     return write_chunk(file, png_chunk_palette, bytes);
 }
 
+/// Deflates rows as they come, so that the picture's filtered bytes are never in memory as a whole.
+class RowDeflater {
+public:
+    RowDeflater() : good_(deflateInit(&stream_, best_compression) == Z_OK) {}
+    ~RowDeflater() { deflateEnd(&stream_); }
+    RowDeflater(const RowDeflater&) = delete;
+    RowDeflater& operator=(const RowDeflater&) = delete;
+
+    /// The next bytes, the last when `flush` is Z_FINISH. False when the memory can't be had.
+    bool add(std::span<std::uint8_t> bytes, int flush) {
+        constexpr std::size_t piece_bytes = 1 << 16;
+        stream_.next_in = bytes.data();
+        stream_.avail_in = static_cast<uInt>(bytes.size());
+        do {
+            if (!good_ || !deflated_.make_room(piece_bytes)) return false;
+            stream_.next_out = deflated_.end();
+            stream_.avail_out = piece_bytes;
+            deflate(&stream_, flush);
+            deflated_.advance(piece_bytes - stream_.avail_out);
+        } while (stream_.avail_out == 0);
+        return true;
+    }
+
+    std::span<const std::uint8_t> deflated() const { return {deflated_.data(), deflated_.size()}; }
+
+private:
+    z_stream stream_{};
+    GrowingBytes deflated_;
+    bool good_;
+};
+
+bool deflate_rows(BITMAP* bitmap, const PngHeader& header, RowDeflater& deflater) {
+    const std::size_t size = header.row_bytes;
+    const PngBytes rows = png_bytes(3 * size + 1);  // the row, the one above it, and its filtered bytes
+    if (!rows) return false;
+    std::uint8_t *row = rows.get(), *above = row + size, *const filtered = above + size;
+    std::fill_n(above, size, std::uint8_t{0});
+    const auto step = static_cast<std::size_t>(png_channels(header.color_type));
+    const bool indexed = header.color_type == PNG_PALETTE;
+    filtered[0] = indexed ? PNG_FILTER_NONE : PNG_FILTER_PAETH;
+    for (int y = 0; y < header.height; ++y) {
+        if (indexed) {
+            gather_indexes(bitmap, y, filtered + 1);
+        } else {
+            gather_colors(bitmap, y, png_has_alpha(header.color_type), row);
+            filter_paeth(row, above, size, step, filtered + 1);
+            std::swap(row, above);
+        }
+        if (!deflater.add({filtered, size + 1}, y + 1 < header.height ? Z_NO_FLUSH : Z_FINISH)) return false;
+    }
+    return true;
+}
+
 bool write_pixels(PACKFILE* file, BITMAP* bitmap, const PngHeader& header) {
-    const std::size_t size = header.filtered_size();
-    const PngBytes filtered = png_bytes(size);
-    uLongf deflated_size = compressBound(size);
-    const PngBytes deflated = png_bytes(deflated_size);
-    if (!filtered || !deflated) return png_fail("Cannot allocate memory!");
-    if (header.color_type == PNG_PALETTE)
-        filter_indexes(bitmap, header, filtered.get());
-    else if (!filter_colors(bitmap, header, filtered.get()))
-        return png_fail("Cannot allocate memory!");
-    const int result = compress2(deflated.get(), &deflated_size, filtered.get(), size, best_compression);
+    RowDeflater deflater;
+    if (!deflate_rows(bitmap, header, deflater)) return png_fail("Cannot allocate memory!");
     // A chunk's length has 31 bits.
-    if (result != Z_OK || deflated_size > INT_MAX) return png_fail("Error during compression!");
-    return write_chunk(file, png_chunk_pixels, {deflated.get(), deflated_size});
+    if (deflater.deflated().size() > INT_MAX) return png_fail("Error during compression!");
+    return write_chunk(file, png_chunk_pixels, deflater.deflated());
 }
 
 bool write_image(PACKFILE* file, BITMAP* bitmap, const RGB* palette) {

@@ -4,6 +4,7 @@
 #include "base/color.h"
 #include "codecs/gif_lzw.h"
 #include "harness/harness.h"
+#include "picture_files.h"
 #include "platform/memory_packfile.h"
 #include <gtest/gtest.h>
 #include <string>
@@ -83,10 +84,6 @@ OwnedBitmap read(const Bytes& bytes, RGB* colors = nullptr) {
     return bitmap;
 }
 
-void append(Bytes& bytes, const Bytes& more) {
-    for (const std::uint8_t byte : more) bytes.push_back(byte);
-}
-
 /// A file of `width` x `height` in 2 bits, black and white. Its codes by hand, least significant bit first: clear 001,
 /// index 1 100, again 100, their pair (6) 011; with that the codes of 3 bits are used up, and the end (5) is 1010.
 Bytes small_gif(int width, int height, const Bytes& coded = {2, 0x4c, 0x5c, 0}, int minimum_bits = 2) {
@@ -150,25 +147,17 @@ TEST(GifReader, RefusesWhatMakesNoSense) {
     EXPECT_EQ(load_gif((std::string(NUBO_TEST_DATA) + "/png_rgb8_n.png").c_str(), nullptr), nullptr);
 }
 
-Bytes file_bytes(const std::string& path) {
-    Bytes bytes(static_cast<std::size_t>(file_size_ex(path.c_str())));
-    PACKFILE* const file = pack_fopen(path.c_str(), "r");
-    EXPECT_EQ(pack_fread(bytes.data(), static_cast<long>(bytes.size()), file), static_cast<long>(bytes.size()));
-    pack_fclose(file);
-    return bytes;
-}
-
 TEST(GifReader, SurvivesCutFilesAndFlippedBits) {
     for (const char* name : {"two", "several", "magick"}) {
-        Bytes bytes = file_bytes(file_path(name));
+        Bytes bytes = test_file("gif_" + std::string(name) + ".gif");
         for (std::size_t bit = 0; bit < 8 * bytes.size(); ++bit) {
             bytes[bit / 8] ^= static_cast<std::uint8_t>(1 << bit % 8);
             read(bytes);  // what it gives is a matter of the bit; that nothing breaks is one for the sanitizers
             bytes[bit / 8] ^= static_cast<std::uint8_t>(1 << bit % 8);
         }
     }
-    const Bytes whole = file_bytes(file_path("transparent_zero"));  // its one image ends 3 bytes before the file:
-    for (std::size_t size = 0; size < whole.size(); ++size)         // end code's last bits, terminator, trailer
+    const Bytes whole = test_file("gif_transparent_zero.gif");  // its one image ends 3 bytes before the file:
+    for (std::size_t size = 0; size < whole.size(); ++size)     // end code's last bits, terminator, trailer
         EXPECT_EQ(read({whole.begin(), whole.begin() + static_cast<long>(size)}) != nullptr, size + 3 >= whole.size())
             << size;
 }
