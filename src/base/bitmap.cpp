@@ -2,21 +2,37 @@
 
 #include "state/frames.h"
 #include <climits>
+#include <fstream>
+#include <string>
 
 namespace nubo {
 namespace {
 
-int bitmaps_until_refusal = -1;  // -1: none is refused but by the memory itself
+int bitmaps_until_refusal = -1;                // -1: none is refused but by the memory itself
+long long largest_bytes = INT_MAX;             // Allegro works out the bytes of the whole bitmap in an int
+constexpr long long unasked_bytes = 64 << 20;  // a bitmap up to this size is made without looking at the memory
 
-bool is_refused() { return bitmaps_until_refusal >= 0 && bitmaps_until_refusal-- == 0; }
+/// What the machine can give without ending a program for it. It promises more, so that asking for a bitmap is no test.
+long long available_bytes() {
+    std::ifstream file("/proc/meminfo");
+    for (std::string name; file >> name;) {
+        long long kibibytes = 0;
+        if (name == "MemAvailable:" && file >> kibibytes) return kibibytes << 10;
+    }
+    return LLONG_MAX;  // it doesn't say
+}
+
+bool may_be_made(long long width, long long height) {
+    const long long bytes = width * height * static_cast<long long>(sizeof(Color));
+    if (bitmaps_until_refusal >= 0 && bitmaps_until_refusal-- == 0) return false;
+    return bytes <= largest_bytes && (bytes <= unasked_bytes || bytes <= available_bytes());
+}
 
 }  // namespace
 
 OwnedBitmap make_uncleared_bitmap(int width, int height) {
     if (width < 1 || height < 1 || width > max_frame_side || height > max_frame_side) return nullptr;
-    // Allegro works out the bytes of the whole bitmap in an int.
-    if (static_cast<long long>(width) * height > INT_MAX / static_cast<int>(sizeof(Color))) return nullptr;
-    return is_refused() ? nullptr : OwnedBitmap(create_bitmap_ex(32, width, height));
+    return may_be_made(width, height) ? OwnedBitmap(create_bitmap_ex(32, width, height)) : nullptr;
 }
 
 OwnedBitmap make_bitmap(int width, int height, Color color) {
@@ -26,7 +42,7 @@ OwnedBitmap make_bitmap(int width, int height, Color color) {
 }
 
 OwnedBitmap copy_bitmap(BITMAP* source) {
-    if (is_refused()) return nullptr;
+    if (!may_be_made(source->w, source->h)) return nullptr;
     OwnedBitmap copy(create_bitmap_ex(bitmap_color_depth(source), source->w, source->h));
     if (copy) blit(source, copy.get(), 0, 0, 0, 0, source->w, source->h);
     return copy;
@@ -38,5 +54,7 @@ void replace_bitmap(BITMAP*& handle, OwnedBitmap bitmap) {
 }
 
 void refuse_bitmap(int bitmaps_before) { bitmaps_until_refusal = bitmaps_before; }
+
+void refuse_larger_bitmaps(int bytes) { largest_bytes = bytes; }
 
 }  // namespace nubo

@@ -14,7 +14,7 @@ struct BitmapDestroyer {
 using OwnedBitmap = std::unique_ptr<BITMAP, BitmapDestroyer>;
 
 /// A new 32-bit memory bitmap of `width` by `height`, filled with `color`. Null when a side is below 1 or above 65,535
-/// or the memory can't be had; nothing is logged.
+/// or the memory can't be had, also when the machine would only promise it; nothing is logged.
 OwnedBitmap make_bitmap(int width, int height, Color color = 0);
 
 /// The same with whatever the memory held, for one whose pixels are all written next.
@@ -28,6 +28,8 @@ void replace_bitmap(BITMAP*& handle, OwnedBitmap bitmap);
 
 /// For tests of what is done without memory: the bitmap that is asked for after `bitmaps_before` others can't be had.
 void refuse_bitmap(int bitmaps_before);
+/// The same for all that take more than so many bytes.
+void refuse_larger_bitmaps(int bytes);
 
 /// The pixels of row `y` from column `x` on, of a 32-bit memory bitmap.
 inline Color* pixels_at(BITMAP* bitmap, int x, int y) { return reinterpret_cast<Color*>(bitmap->line[y]) + x; }

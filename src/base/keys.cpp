@@ -61,6 +61,8 @@ constexpr std::array<DefaultKeys, HOTKEY_COUNT> default_keys{{
     {HOTKEY_FAVORITES,         KEY_P,             0},
     {HOTKEY_EXIT,              KEY_Q,             0},
     {HOTKEY_RAPID_EXIT,        0,                 0},
+    {HOTKEY_CEL_FLIP_ACROSS,   KEY_H,             0},
+    {HOTKEY_CEL_FLIP_DOWN,     KEY_V,             0},
 }};
 // clang-format on
 static_assert(rows_in_order(default_keys, &DefaultKeys::action));

@@ -7,6 +7,9 @@ namespace nubo {
 /// The modifier bits of the modifier keys that are down.
 int modifiers_down();
 
+/// Either of the two SHIFT keys is down, whatever else is.
+inline bool shift_is_down() { return (modifiers_down() & key_shift) != 0; }
+
 /// A key value: is its key down, with exactly these modifiers? A code that no key has is logged.
 enum KeyState : int { KEY_IS_UP, KEY_IS_DOWN, KEY_IS_BAD };
 KeyState key_state(int value, int modifiers);

@@ -10,6 +10,7 @@
 #include "windows/color_window.h"
 #include "windows/frame_menu.h"
 #include "windows/ink_window.h"
+#include "windows/resize_window.h"
 #include "windows/screen_pick.h"
 #include "windows/tool_window.h"
 #include "windows/user_menu.h"
@@ -61,6 +62,11 @@ void next_frame() { go_to_frame((frame_index + 1) % frame_count, HOTKEY_FRAME_NE
 void previous_frame() { go_to_frame((frame_index + frame_count - 1) % frame_count, HOTKEY_FRAME_PREVIOUS); }
 void first_frame() { go_to_frame(0, HOTKEY_FRAME_FIRST); }
 void last_frame() { go_to_frame(frame_count - 1, HOTKEY_FRAME_LAST); }
+
+void resize_by_key() {
+    wait_while_held(HOTKEY_FRAME_RESIZE);
+    resize_window();
+}
 
 void delete_frame_by_key() {
     wait_while_held(HOTKEY_FRAME_DELETE);

@@ -20,6 +20,7 @@ void next_frame();
 void previous_frame();
 void first_frame();
 void last_frame();
+void resize_by_key();
 void delete_frame_by_key();
 
 // ---- Windows and colours -------------------------------------------------------------------------------------------

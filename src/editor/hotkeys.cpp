@@ -3,15 +3,18 @@
 #include "editor/hotkey_actions.h"
 #include "gui/window.h"
 #include "paint/undo.h"
+#include "state/cel.h"
 #include "state/flow.h"
 #include "view/view.h"
 #include "windows/activity_menus.h"
+#include "windows/cel_commands.h"
 #include "windows/favorites_window.h"
 #include "windows/file_browser.h"
 #include "windows/frame_jump.h"
 #include "windows/frame_menu.h"
 #include "windows/option_slider.h"
 #include "windows/pic_commands.h"
+#include "windows/placement.h"
 #include "windows/quick_pan.h"
 #include "windows/tip_window.h"
 
@@ -35,19 +38,19 @@ struct HotkeyRow {
 
 // clang-format off
 constexpr std::array<HotkeyRow, HOTKEY_COUNT> rows{{
-    {HOTKEY_CEL_GET,          HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, say_comes_later},
-    {HOTKEY_CEL_CLIP,         HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, say_comes_later},
-    {HOTKEY_CEL_PASTE,        HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, say_comes_later},
-    {HOTKEY_CEL_BELOW,        HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, say_comes_later},
-    {HOTKEY_CEL_ONE_COLOR,    HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, say_comes_later},
-    {HOTKEY_CEL_TURN,         HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, say_comes_later},
+    {HOTKEY_CEL_GET,          HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, get_by_menu},
+    {HOTKEY_CEL_CLIP,         HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, clip_by_menu},
+    {HOTKEY_CEL_PASTE,        HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, paste_by_key},
+    {HOTKEY_CEL_BELOW,        HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, below_by_key},
+    {HOTKEY_CEL_ONE_COLOR,    HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, ask_to_convert_cel},
+    {HOTKEY_CEL_TURN,         HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, turn_cel},
     {HOTKEY_PIC_CLEAR,        HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, clear_frame},
     {HOTKEY_PIC_RESTORE,      HOTKEYS_MAIN,  WAIT_AFTER, IS_FREE,   restore_frame_by_key},
     {HOTKEY_PIC_SAVE,         HOTKEYS_MAIN,  NO_WAIT,    IS_FREE,   save_frame_command},
     {HOTKEY_PIC_LOAD,         HOTKEYS_MAIN,  NO_WAIT,    IS_FREE,   load_frame_command},
     {HOTKEY_FRAME_CLONE,      HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, clone_frame},
     {HOTKEY_FRAME_INSERT,     HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, insert_blank_frame},
-    {HOTKEY_FRAME_RESIZE,     HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, say_comes_later},
+    {HOTKEY_FRAME_RESIZE,     HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, resize_by_key},
     {HOTKEY_FRAME_DELETE,     HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, delete_frame_by_key},
     {HOTKEY_PAN_UP,           HOTKEYS_PAN,   NO_WAIT,    GIVES_WAY, pan_up_by_key},
     {HOTKEY_PAN_DOWN,         HOTKEYS_PAN,   NO_WAIT,    GIVES_WAY, pan_down_by_key},
@@ -79,6 +82,8 @@ constexpr std::array<HotkeyRow, HOTKEY_COUNT> rows{{
     {HOTKEY_FAVORITES,        HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, favorites_window},
     {HOTKEY_EXIT,             HOTKEYS_MAIN,  NO_WAIT,    IS_FREE,   exit_by_key},
     {HOTKEY_RAPID_EXIT,       HOTKEYS_MODAL, NO_WAIT,    IS_FREE,   rapid_exit_by_key},
+    {HOTKEY_CEL_FLIP_ACROSS,  HOTKEYS_PLACING, WAIT_AFTER, GIVES_WAY, flip_cel_across},
+    {HOTKEY_CEL_FLIP_DOWN,    HOTKEYS_PLACING, WAIT_AFTER, GIVES_WAY, flip_cel_down},
 }};
 // clang-format on
 static_assert(rows_in_order(rows, &HotkeyRow::action));
@@ -103,19 +108,30 @@ void forget_acted_rows() {
     }
 }
 
+/// True when a scan of `mode` runs the row. While a tool waits the user may change what it will paint with.
+bool acts_in(const HotkeyRow& row, int mode) {
+    if (mode == HOTKEYS_NODES && row.action == HOTKEY_QUICK_PAN) return true;
+    if (mode != HOTKEYS_TOOL) return row.mode == mode;
+    return row.mode == HOTKEYS_MODAL || row.action == HOTKEY_TOOL_OPTION || row.action == HOTKEY_BRUSH_TIP ||
+           row.action == HOTKEY_INK;
+}
+
 void run_row(const HotkeyRow& row, int mode) {
-    const bool runs = row.mode == mode || (mode == HOTKEYS_NODES && row.action == HOTKEY_QUICK_PAN);
-    if (!runs || (row.field == GIVES_WAY && field_has_keyboard())) return;
+    if (!acts_in(row, mode) || (row.field == GIVES_WAY && field_has_keyboard())) return;
     if (row.wait == WAIT_AFTER && acted[at(row.action)]) return;
     row.run();
     if (row.wait == WAIT_AFTER) wait_after(row.action);
 }
+
+/// Of the four plain arrow keys.
+bool is_arrow(int value) { return value >= KEY_LEFT && value <= KEY_DOWN; }
 
 /// False when a bad key value ends the scan.
 bool scan_row(std::size_t index, int modifiers, int mode) {
     for (const auto& value : hotkeys[index]) {
         const KeyState state = key_state(value, modifiers);
         if (state == KEY_IS_BAD) return false;
+        if (mode == HOTKEYS_PAN && arrows_move_cel != 0 && is_arrow(value)) continue;
         if (state == KEY_IS_DOWN && index < rows.size()) run_row(rows[index], mode);
     }
     return true;

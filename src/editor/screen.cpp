@@ -21,6 +21,7 @@
 #include "state/options.h"
 #include "state/run.h"
 #include "state/view.h"
+#include "windows/corners.h"
 #include "windows/zoom_preview.h"
 #include "workspace/rescue.h"
 #include <algorithm>
@@ -125,18 +126,6 @@ void draw_frame(bool with_overlay) {
 }
 
 // ---- The overlay ---------------------------------------------------------------------------------------------------
-
-void draw_rectangle_preview() {
-    clear_to_color(overlay, static_cast<int>(transparent_color));
-    const int mouse_at_x = shown.pixel_x - shown.pan_x, mouse_at_y = shown.pixel_y - shown.pan_y;
-    if (rectangle_preview.x == rectangle_unset) {
-        preview_line(overlay, 0, mouse_at_y, view_w - 1, mouse_at_y);
-        preview_line(overlay, mouse_at_x, 0, mouse_at_x, view_h - 1);
-    } else {
-        preview_rect(overlay, rectangle_preview.x - shown.pan_x, rectangle_preview.y - shown.pan_y, mouse_at_x,
-                     mouse_at_y);
-    }
-}
 
 void draw_cel_preview() {
     clear_to_color(overlay, static_cast<int>(transparent_color));

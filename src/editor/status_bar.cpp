@@ -6,6 +6,7 @@
 #include "state/frames.h"
 #include "state/options.h"
 #include "state/run.h"
+#include "state/shape.h"
 #include "state/view.h"
 #include <algorithm>
 #include <array>
@@ -48,7 +49,10 @@ void draw_coordinates(int row) {
         UA_text(screen_buffer, x, row + text_dy, text.data());
     };
     set_font(at.font, TEXT_GRAY);
-    draw(at.mouse, "MOUSE > |c24%d,%d", shown.mouse_x, shown.mouse_y);
+    if (tool_preview_on != 0 && placing_text[0] != '\0')
+        UA_text(screen_buffer, at.mouse, row + text_dy, placing_text.data());
+    else
+        draw(at.mouse, "MOUSE > |c24%d,%d", shown.mouse_x, shown.mouse_y);
     draw(at.pixel, "|c21PIXEL > |c24%d,%d", shown.pixel_x, shown.pixel_y);
     TextBuffer text;
     std::snprintf(text.data(), text.size(), "|c21FRAME > |c32%02d", static_cast<int>(frame_index));

@@ -15,14 +15,15 @@ int beside_mouse(int mouse, bool anchor_after, int gap, int reach, int size, int
 
 }  // namespace
 
-void draw_mouse_text(const char* text, int anchor_x, int anchor_y) {
-    constexpr int gap = 7, above = 12, text_h = 5;
+void draw_mouse_text(const char* text, int anchor_x, int anchor_y, int line) {
+    constexpr int gap = 7, above = 12, text_h = 5, line_h = 7;
     set_font(FONT_NARROW, TEXT_YELLOW);
     const int width = text_width(text);
     const int right = static_cast<int>(zoom_view_w[at(shown.zoom)]);
     const int bottom = static_cast<int>(zoom_view_h[at(shown.zoom)]);
     const int x = beside_mouse(shown.pixel_x - shown.pan_x, shown.pixel_x < anchor_x, gap, gap + width, width, right);
-    const int y = beside_mouse(shown.pixel_y - shown.pan_y, shown.pixel_y < anchor_y, gap, above, text_h, bottom);
+    const int y = beside_mouse(shown.pixel_y - shown.pan_y, shown.pixel_y < anchor_y, gap + line * line_h,
+                               above + line * line_h, text_h, bottom);
     UA_text(overlay, x, y, text);
 }
 

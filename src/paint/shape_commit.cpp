@@ -85,7 +85,7 @@ bool begin_shape_commit(int tool) {
     if (shape_mask) return true;
     UA_log("[ ERROR ] : No memory for the outline of a shape on a frame of %d x %d pixels.", current_frame->w,
            current_frame->h);
-    status_message = MESSAGE_SHAPE_MEMORY;
+    status_message = MESSAGE_NO_MEMORY;
     status_timer = flash_ticks;
     return false;
 }
@@ -93,10 +93,6 @@ bool begin_shape_commit(int tool) {
 void end_shape_commit() { shape_mask.reset(); }
 
 void commit_shape(const StrokeStart& start) {
-    if (start.brush == TOOL_SSHAPE) {
-        const Point view{pan_x, pan_y};  // read once: the keys may move it while the paint arrives
-        for (Point& point : point_list) point = {point.x + view.x, point.y + view.y};
-    }
     if (is_outlined(start.brush))
         paint_outline();
     else

@@ -19,6 +19,14 @@ struct StrokeStart {
 void run_press_tool(BrushTool tool);
 /// BOX, CIRCLE, LINE: a press for the first point, a click for the second, the shape in stripes between.
 void run_two_click_tool(BrushTool tool);
+/// POLY: a press for each corner, until a right press closes the polygon.
+void run_poly_tool(BrushTool tool);
+/// FSHAPE: the way of the hand while the button is held.
+void run_freehand_shape_tool(BrushTool tool);
+/// OVAL: two clicks for the length, then the mouse for the width and the direction.
+void run_oval_tool(BrushTool tool);
+/// SPLINE: a click for each node, or on a node to move it, until a right press paints the curve.
+void run_spline_tool(BrushTool tool);
 
 // ---- Commits: the cases of `draw_to_frame`, which has saved undo and cleared the coverage map before ---------------
 
@@ -47,6 +55,10 @@ void commit_fill(const StrokeStart& start);
 void draw_box_preview();
 void draw_circle_preview();
 void draw_line_preview();
+void draw_poly_preview();
+void draw_freehand_shape_preview();
+void draw_oval_preview();
+void draw_spline_preview();
 
 // ---- Shapes of many points -----------------------------------------------------------------------------------------
 

@@ -1,13 +1,14 @@
 // Outlines in the moving stripes.
 #include "base/geometry.h"
 #include "gui/stripes.h"
+#include "paint/shape_lines.h"
 #include "paint/stroke.h"
 
 namespace nubo {
 
 void preview_line(BITMAP* bitmap, int x1, int y1, int x2, int y2) {
-    const StripesMode stripes;
-    line(bitmap, x1, y1, x2, y2, 0);
+    walk_line({x1, y1}, {x2, y2}, bitmap->w, bitmap->h,
+              [bitmap](int x, int y) { *pixels_at(bitmap, x, y) = stripe_pixel(x, y); });
 }
 
 void preview_rect(BITMAP* bitmap, int x1, int y1, int x2, int y2) {

@@ -1,8 +1,11 @@
 // BOX, CIRCLE and LINE: the shapes between two clicks, and the disc that DRIZ. paints too.
 #include "base/geometry.h"
+#include "base/keys.h"
 #include "gui/presses.h"
+#include "paint/shape_in_hand.h"
 #include "paint/stroke.h"
 #include "paint/tool_cases.h"
+#include "paint/tool_distance.h"
 #include "paint/tools.h"
 #include "state/frames.h"
 #include "state/options.h"
@@ -10,45 +13,34 @@
 #include "state/stroke.h"
 #include "state/view.h"
 #include <algorithm>
+#include <cstdlib>
 #include <vector>
 
 namespace nubo {
 namespace {
 
-// ---- The two clicks
-// --------------------------------------------------------------------------------------------------
+// ---- The two clicks -------------------------------------------------------------------------------------------------
 
-/// Shows the distance from a point while a tool runs, if the user wants that and does not measure already.
-class ToolDistance {
-public:
-    explicit ToolDistance(Point anchor) : shown_(opt_tool_distance != 0 && measure_state == 0) {
-        if (shown_) set_anchor(anchor);
-    }
-    ~ToolDistance() {
-        if (shown_) set_anchor({-1, -1});
-    }
-    ToolDistance(const ToolDistance&) = delete;
-    ToolDistance& operator=(const ToolDistance&) = delete;
-
-private:
-    static void set_anchor(Point anchor) {
-        measure_x = anchor.x;
-        measure_y = anchor.y;
-    }
-    bool shown_;
-};
-
-/// The first click and the mouse, on `overlay`.
-struct PreviewEnds {
-    Point from, mouse;
-};
-PreviewEnds preview_ends() {
-    return {{click_points[0].x - shown.pan_x, click_points[0].y - shown.pan_y},
-            {shown.pixel_x - shown.pan_x, shown.pixel_y - shown.pan_y}};
+/// Where the shape ends with the mouse on `mouse`: with SHIFT a line keeps to whole 15 degrees, a box is a square, and
+/// a circle reaches the row or the column of the mouse, whichever is further away.
+Point end_point(BrushTool tool, Point mouse) {
+    const Point from = click_points[0];
+    if (tool == TOOL_LINE) return line_end(from, mouse);
+    if (!shift_is_down()) return mouse;
+    const Point corner = square_end(from, mouse);
+    return tool == TOOL_CIRCLE ? Point{corner.x, from.y} : corner;
 }
 
-// ---- Painting
-// --------------------------------------------------------------------------------------------------------
+/// The ends of the shape in the picture being drawn, in Frame pixels and on `overlay`.
+struct PreviewEnds {
+    Point from, to, on_overlay, to_on_overlay;
+};
+PreviewEnds preview_ends(BrushTool tool) {
+    const Point from = click_points[0], to = end_point(tool, shown_mouse()), corner = shown_corner();
+    return {from, to, {from.x - corner.x, from.y - corner.y}, {to.x - corner.x, to.y - corner.y}};
+}
+
+// ---- Painting -------------------------------------------------------------------------------------------------------
 
 void stamp_line(int x1, int y1, int x2, int y2) {
     do_line(current_frame, x1, y1, x2, y2, static_cast<int>(brush_color), stamp_callback);
@@ -88,30 +80,30 @@ void run_two_click_tool(BrushTool tool) {
     {
         const ToolDistance distance(click_points[0]);
         wait_while_down(mouse_left);
-        tool_preview = tool;
-        tool_preview_on = 1;
+        const ToolPreview preview(tool);
         placed = wait_for_point(1);
-        tool_preview = -1;
-        tool_preview_on = 0;
     }
     if (!placed) return;
-    click_points[1] = {pixel_x, pixel_y};
+    click_points[1] = end_point(tool, {pixel_x, pixel_y});
     draw_to_frame(0, 0, tool, active_ink(), brush_tip);
 }
 
 void draw_box_preview() {
-    const auto [from, mouse] = preview_ends();
-    preview_rect(overlay, from.x, from.y, mouse.x, mouse.y);
+    const auto [from, to, a, b] = preview_ends(TOOL_BOX);
+    preview_rect(overlay, a.x, a.y, b.x, b.y);
+    tell_size(std::abs(to.x - from.x) + 1, std::abs(to.y - from.y) + 1);
 }
 
 void draw_circle_preview() {
-    const auto [from, mouse] = preview_ends();
-    preview_circle(overlay, from.x, from.y, mouse.x, mouse.y);
+    const auto [from, to, a, b] = preview_ends(TOOL_CIRCLE);
+    preview_circle(overlay, a.x, a.y, b.x, b.y);
+    tell_placing("RADIUS > |c24%d", UA_distance_2d(from.x, from.y, to.x, to.y), 0);
 }
 
 void draw_line_preview() {
-    const auto [from, mouse] = preview_ends();
-    preview_line(overlay, from.x, from.y, mouse.x, mouse.y);
+    const auto [from, to, a, b] = preview_ends(TOOL_LINE);
+    preview_line(overlay, a.x, a.y, b.x, b.y);
+    tell_line(from, to);
 }
 
 void fill_disc(int center_x, int center_y, int radius) {

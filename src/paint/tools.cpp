@@ -3,6 +3,7 @@
 #include "gui/waiting.h"
 #include "paint/stroke.h"
 #include "paint/tool_cases.h"
+#include "state/shape.h"
 #include "state/shared.h"
 #include "state/stroke.h"
 #include "state/view.h"
@@ -34,14 +35,14 @@ constexpr std::array<ToolRow, TOOL_COUNT> tool_rows{{
     {TOOL_FILL, run_press_tool, commit_fill, nullptr},
     {TOOL_LINE, run_two_click_tool, commit_line, draw_line_preview},
     {TOOL_MOVE, run_above, nullptr, nullptr},  // MOVE, OVAL and TEXT save undo and paint by themselves
-    {TOOL_OVAL, nullptr, nullptr, nullptr},
-    {TOOL_POLY, nullptr, commit_shape, nullptr},
+    {TOOL_OVAL, run_oval_tool, nullptr, draw_oval_preview},
+    {TOOL_POLY, run_poly_tool, commit_shape, draw_poly_preview},
     {TOOL_RPOLY, run_above, commit_shape, nullptr},
     {TOOL_SEP, run_press_tool, commit_sep, nullptr},
-    {TOOL_FSHAPE, nullptr, commit_shape, nullptr},
+    {TOOL_FSHAPE, run_freehand_shape_tool, commit_shape, draw_freehand_shape_preview},
     {TOOL_SSHAPE, run_above, commit_shape, nullptr},
     {TOOL_SPIRAL, run_above, commit_shape, nullptr},
-    {TOOL_SPLINE, nullptr, commit_shape, nullptr},
+    {TOOL_SPLINE, run_spline_tool, commit_shape, draw_spline_preview},
     {TOOL_SPRAY, run_press_tool, commit_spray, nullptr},
     {TOOL_TEXT, run_above, nullptr, nullptr},
 }};
@@ -77,6 +78,7 @@ void commit_tool(const StrokeStart& start) {
 }
 
 void draw_tool_preview() {
+    placing_text.fill('\0');
     if (preview_drawers[at(tool_preview)] != nullptr) preview_drawers[at(tool_preview)]();
 }
 

@@ -112,11 +112,16 @@ int slot_of_newest(const Chain& chain) {
     return -1;
 }
 
+/// The newest state of a chain goes, the others become the newer by one.
+void age_down(std::array<int, undo_depth_max>& ages) {
+    for (int& age : ages)
+        if (age != undo_free) --age;  // 0 becomes free
+}
+
 /// Gives the state of a slot back to the Frame and drops it from its chain.
 void take_state(const Chain& chain, int slot) {
     blit(chain.slots[static_cast<unsigned>(slot)], current_frame, 0, 0, 0, 0, current_frame->w, current_frame->h);
-    for (int& age : chain.age)
-        if (age != undo_free) --age;  // that of the slot itself goes from 0 to free
+    age_down(chain.age);
 }
 
 }  // namespace
@@ -128,6 +133,8 @@ bool save_undo(bool keep_redo) {
 }
 
 bool save_redo() { return save_state(redo_chain); }
+
+void drop_undo() { age_down(undo_age); }
 
 void undo_last() {
     const int slot = slot_of_newest(undo_chain);

@@ -12,6 +12,9 @@ bool save_undo(bool keep_redo);
 /// Saves the Frame as the newest redo state; as `save_undo` on failure.
 bool save_redo();
 
+/// Forgets the newest undo state: what it was saved for has been taken back.
+void drop_undo();
+
 /// The user's commands; nothing happens on an empty chain.
 void undo_last();
 void redo_last();

@@ -1,6 +1,6 @@
 #pragma once
 // The Cel: a rectangle of pixels to paste, and the pattern of the TILE and SCRAPE inks.
-#include <array>
+#include "state/shared.h"
 
 struct BITMAP;
 
@@ -25,6 +25,7 @@ inline constinit CelPlace cel_place;
 /// A part of the Frame is nowhere but in the placement: it was cut out of it and waits to be anchored. Until then the
 /// Frame in memory mustn't be written for a crash.
 inline constinit int area_floats = 0;
+inline constinit Shared<int> arrows_move_cel = 0;  // the arrow keys are the placement's and don't pan
 /// The axis of L.GRAD, derived from its nodes at the start of a stroke.
 struct LinearAxis {
     float angle = 0, length = 0, sin = 0, cos = 0;

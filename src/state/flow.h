@@ -12,7 +12,14 @@ enum UpdateMode : int {
 void update_screen(int mode);
 
 /// One scan of the key table; the mode says which rows may act.
-enum HotkeyMode : int { HOTKEYS_MAIN = 0, HOTKEYS_MODAL = 1, HOTKEYS_PAN = 2, HOTKEYS_NODES = 3 };
+enum HotkeyMode : int {
+    HOTKEYS_MAIN = 0,
+    HOTKEYS_MODAL = 1,
+    HOTKEYS_PAN = 2,
+    HOTKEYS_NODES = 3,
+    HOTKEYS_TOOL = 4,     // while a tool waits for a point
+    HOTKEYS_PLACING = 5,  // while a Cel floats
+};
 void check_hotkeys(int mode);
 
 }  // namespace nubo

@@ -8,7 +8,7 @@ namespace nubo {
 
 // ---- The points ----------------------------------------------------------------------------------------------------
 
-/// The outline of the running shape tool, in frame pixels, but those of SSHAPE from the view's top left pixel. Empty
+/// The outline of the running shape tool, in frame pixels, but SSHAPE's until its commit from the view's corner. Empty
 /// and without memory while no shape tool runs.
 inline constinit std::vector<Point> point_list{};
 
@@ -24,13 +24,16 @@ struct ShapeBox {
 inline constinit ShapeBox shape_box;
 inline constinit int shape_box_shown = 0;  // the preview draws the box too: the shape is being dragged
 
+/// What the status bar tells of the shape in hand, in place of the mouse; with the preview of a tool only.
+inline constinit std::array<char, 40> placing_text{};
+
 // ---- The nodes of SPLINE -------------------------------------------------------------------------------------------
 
 struct SplineNode {
     int x = 0, y = 0;
     int tangent = 0;  // Allegro's fixed-point angle
 };
-inline constexpr int spline_slots_max = click_slots;  // of `click_points`, which hold the user's nodes from slot 1 on
+inline constexpr int spline_nodes_max = click_slots - 2;  // the user's, in `click_points` from slot 1 on
 /// The nodes with those that close the curve or lead out of it: up to three more than there are slots.
 inline constinit std::array<SplineNode, click_slots + 3> spline_nodes{};
 inline constinit int point_count = 0;  // of SPLINE: the next free slot of `click_points`, and 1

@@ -354,6 +354,8 @@ inline constexpr auto label_text = with_names(fill_texts<LABEL_SLOTS>({
     {hotkey_label(HOTKEY_FAVORITES), "FAVORITES"},
     {hotkey_label(HOTKEY_EXIT), "EXIT PROGRAM"},
     {hotkey_label(HOTKEY_RAPID_EXIT), "RAPID EXIT (NO DIALOG)"},
+    {hotkey_label(HOTKEY_CEL_FLIP_ACROSS), "CEL - FLIP ACROSS"},
+    {hotkey_label(HOTKEY_CEL_FLIP_DOWN), "CEL - FLIP DOWN"},
     {help_label(HELP_ABOUT), "ABOUT"},
     {help_label(HELP_BANDING), "BANDING"},
     {help_label(HELP_BRUSH_COLOR), "BRUSH COLOR"},

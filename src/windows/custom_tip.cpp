@@ -9,6 +9,7 @@
 #include "state/run.h"
 #include "state/stroke.h"
 #include "state/view.h"
+#include "windows/over_frame.h"
 
 namespace nubo {
 namespace {
@@ -41,7 +42,7 @@ void take_area(int left, int top) {
 }  // namespace
 
 void set_custom_tip() {
-    tool_preview_on = 1;
+    const OverlayShown overlay_shown;
     Waiting wait;
     HandStep hand = HAND_RESTS;
     while (hand == HAND_RESTS) {
@@ -49,7 +50,6 @@ void set_custom_tip() {
         hand = wait.pass();
     }
     if (hand == HAND_LEFT) take_area(wait.point().x - area_left, wait.point().y - area_top);
-    tool_preview_on = 0;
 }
 
 }  // namespace nubo

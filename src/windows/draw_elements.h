@@ -40,6 +40,7 @@ void draw_scheme_list(int slot);
 // ---- Of one window each, in its own file ---------------------------------------------------------------------------
 
 void draw_about(int slot);
+void draw_anchor_preview(int slot);
 void draw_file_list(int slot);
 void draw_help_text(int slot);
 void draw_minimap(int slot);

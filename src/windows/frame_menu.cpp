@@ -4,6 +4,7 @@
 #include "view/view.h"
 #include "windows/activity_menus.h"
 #include "windows/confirm_box.h"
+#include "windows/resize_window.h"
 #include "workspace/frame_store.h"
 #include "workspace/notices.h"
 #include "workspace/state_file.h"
@@ -21,7 +22,7 @@ void insert_frame(bool blank, Message message) {
 constexpr std::array<MenuItem, 5> frame_items{{
     {LABEL_CLONE, MESSAGE_FRAME_CLONE, clone_frame},
     {LABEL_INSERT, MESSAGE_FRAME_INSERT, insert_blank_frame},
-    {LABEL_RESIZE, MESSAGE_FRAME_RESIZE, say_comes_later},
+    {LABEL_RESIZE, MESSAGE_FRAME_RESIZE, resize_window},
     {LABEL_DELETE, MESSAGE_FRAME_DELETE, ask_to_delete_frame},
     {LABEL_CENTER, MESSAGE_CENTER_VIEW, center_frame},
 }};

@@ -13,6 +13,8 @@
 #include "state/run.h"
 #include "state/stroke.h"
 #include "view/view.h"
+#include "windows/offscreen_box.h"
+#include "windows/over_frame.h"
 #include "windows/quick_pan.h"
 #include "windows/run_window.h"
 #include <algorithm>
@@ -102,35 +104,7 @@ bool is_on_screen(const Gradient& gradient, Node node) {
            (!gradient.has_y() || lies_in(place.y - pan_y, zoom_view_h[zoom_level()]));
 }
 
-enum OffscreenSlot : int { OFFSCREEN_START = slot_content, OFFSCREEN_END, OFFSCREEN_SLOTS };
-constexpr int jump_w = 101;
-constexpr std::array<ElementRow, OFFSCREEN_SLOTS - slot_content> offscreen_rows{{
-    {.slot = OFFSCREEN_START,
-     .type = ELEMENT_BUTTON_LIT,
-     .x = 2,
-     .y = 12,
-     .w = jump_w,
-     .label = LABEL_JUMP_TO_START,
-     .left = ACTION_CLICK},
-    {.slot = OFFSCREEN_END,
-     .type = ELEMENT_BUTTON_LIT,
-     .x = 2,
-     .y = 22,
-     .w = jump_w,
-     .label = LABEL_JUMP_TO_END,
-     .left = ACTION_CLICK},
-}};
-static_assert(rows_in_order(offscreen_rows, &ElementRow::slot, slot_content));
-constexpr WindowRow offscreen_window{.id = WINDOW_BOX,
-                                     .x = 107,
-                                     .y = 104,
-                                     .w = 105,
-                                     .h = 32,
-                                     .child_count = OFFSCREEN_SLOTS,
-                                     .title = LABEL_NODES_OFFSCREEN,
-                                     .title_w = jump_w,
-                                     .elements = offscreen_rows,
-                                     .base = high_slot};
+constexpr OffscreenBox nodes_box{LABEL_NODES_OFFSCREEN, LABEL_JUMP_TO_START, LABEL_JUMP_TO_END};
 
 /// Pans until the node stands in the middle of the view, as far as the limits let it.
 void jump_to(const Gradient& gradient, Node node) {
@@ -141,14 +115,11 @@ void jump_to(const Gradient& gradient, Node node) {
 }
 
 /// The box with the way back, as long as neither node can be seen.
-void serve_offscreen_box(const Gradient& gradient) {
-    const bool stands = gui::active[at(high_slot)] != 0;
+void serve_nodes_box(const Gradient& gradient) {
     const bool seen = std::ranges::any_of(both_nodes, [&](Node node) { return is_on_screen(gradient, node); });
-    if (stands && seen) clear_high_slots();
-    if (!stands && !seen) build_window(offscreen_window);
-    if (!stands || seen) return;
-    if (take_click(high_slot + OFFSCREEN_START) > 0) jump_to(gradient, NODE_START);
-    if (take_click(high_slot + OFFSCREEN_END) > 0) jump_to(gradient, NODE_END);
+    const OffscreenPress press = serve_offscreen_box(nodes_box, seen);
+    if (press == OFFSCREEN_FIRST) jump_to(gradient, NODE_START);
+    if (press == OFFSCREEN_SECOND) jump_to(gradient, NODE_END);
 }
 
 // ---- The editor ----------------------------------------------------------------------------------------------------
@@ -168,7 +139,7 @@ void move_nodes(const Gradient& gradient) {
         if (mouse_middle != 0) quick_pan();
         if (hand == HAND_LEFT) held = node_after_press(gradient, held);
         if (held != NODE_NONE) place_node(gradient, held, {pixel_x, pixel_y});
-        serve_offscreen_box(gradient);
+        serve_nodes_box(gradient);
     }
 }
 
@@ -203,15 +174,11 @@ void reposition_gradient(int ink) {
     const ClearedScreen cleared;
     menu_id = WINDOW_BOX;
     for (const Node node : both_nodes) bring_into_frame(*gradient, node);
-    clear_to_color(overlay, static_cast<int>(transparent_color));
-    tool_preview_on = 1;
-    tool_preview = nodes_preview + ink;
+    const OverlayShown overlay_shown;
+    const ToolPreview preview(nodes_preview + ink);
     wait_while_held(HOTKEY_INK_OPTION);
     move_nodes(*gradient);
-    clear_high_slots();
-    tool_preview = -1;
-    tool_preview_on = 0;
-    clear_to_color(overlay, static_cast<int>(transparent_color));
+    close_offscreen_box();
 }
 
 void register_gradient_nodes() {

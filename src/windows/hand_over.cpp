@@ -1,8 +1,10 @@
 #include "windows/hand_over.h"
 
 #include "gui/draw.h"
+#include "windows/cel_commands.h"
 #include "windows/draw_elements.h"
 #include "windows/gradient_nodes.h"
+#include "windows/shape_windows.h"
 
 namespace nubo {
 namespace {
@@ -28,6 +30,7 @@ constexpr std::array drawer_rows{
     DrawerRow{ELEMENT_MAP_RGB, draw_color_map},
     DrawerRow{ELEMENT_MAP_HLS, draw_color_map},
     DrawerRow{ELEMENT_MAP_HSV, draw_color_map},
+    DrawerRow{ELEMENT_ANCHOR_PREVIEW, draw_anchor_preview},
     DrawerRow{ELEMENT_HOTKEY, draw_hotkey},
     DrawerRow{ELEMENT_FRAME_COUNT, draw_frame_count},
     DrawerRow{ELEMENT_FILE_NAME, draw_file_name},
@@ -47,6 +50,8 @@ constexpr std::array drawer_rows{
 void hand_over_windows() {
     set_element_drawers(drawer_rows);
     register_gradient_nodes();
+    register_shape_windows();
+    register_cel_commands();
 }
 
 }  // namespace nubo

@@ -1,6 +1,7 @@
 #include "windows/activity_menus.h"
 #include "windows/file_browser.h"
 #include "windows/pic_commands.h"
+#include "windows/sheet_tool.h"
 #include <array>
 
 namespace nubo {
@@ -9,7 +10,7 @@ namespace {
 constexpr std::array<MenuItem, 5> pic_items{{
     {LABEL_PIC_CLEAR, MESSAGE_PIC_CLEAR, clear_frame},
     {LABEL_PIC_RESTORE, MESSAGE_PIC_RESTORE, restore_frame},
-    {LABEL_PIC_SHEET, MESSAGE_PIC_SHEET, say_comes_later},
+    {LABEL_PIC_SHEET, MESSAGE_PIC_SHEET, sheet_tool},
     {LABEL_PIC_SAVE, MESSAGE_PIC_SAVE, save_frame_command},
     {LABEL_PIC_LOAD, MESSAGE_PIC_LOAD, load_frame_command},
 }};

@@ -59,7 +59,9 @@ void uncover(const WindowLayer& layer) {
 /// A window in the place of what stands, as long as it lives.
 class OpenWindow {
 public:
-    OpenWindow(const WindowRow& window, const WindowCalls& calls) : layer_{&window, &calls, top} {
+    OpenWindow(const WindowRow& window, const WindowCalls& calls)
+        : layer_{&window, &calls, top}, live_before_(first_live_slot) {
+        first_live_slot = 0;  // also where a tool waits, which opened it by a key
         if (window.shadows) take_menu_snapshot(menu_snapshot);
         cover(layer_);
         build_window(window);
@@ -68,12 +70,14 @@ public:
     ~OpenWindow() {
         if (layer_.window->shadows) clear_menu_shadow();
         uncover(layer_);
+        first_live_slot = live_before_;
     }
     OpenWindow(const OpenWindow&) = delete;
     OpenWindow& operator=(const OpenWindow&) = delete;
 
 private:
     WindowLayer layer_;
+    int live_before_;
 };
 
 /// A window over what stands, as long as it lives.

@@ -4,6 +4,7 @@
 #include "menus_kit.h"
 #include "windows/about_box.h"
 #include "windows/activity_menus.h"
+#include "windows/cel_commands.h"
 #include "windows/color_window.h"
 #include "windows/confirm_box.h"
 #include "windows/favorites_window.h"
@@ -12,8 +13,10 @@
 #include "windows/hotkey_window.h"
 #include "windows/ink_window.h"
 #include "windows/options_window.h"
+#include "windows/resize_window.h"
 #include "windows/scheme_window.h"
 #include "windows/screen_pick.h"
+#include "windows/sheet_tool.h"
 #include "windows/tip_window.h"
 #include "windows/tool_window.h"
 #include "windows/workspace_window.h"
@@ -35,6 +38,15 @@ constexpr void (*openers[])() = {about_box,
                                  scheme_window,
                                  pick_spectrum,
                                  tip_window,
+                                 get_by_menu,
+                                 paste_by_key,
+                                 below_by_key,
+                                 turn_cel,
+                                 [] { turn_cel_about(50, 50); },
+                                 stretch_cel,
+                                 resize_window,
+                                 quick_crop,
+                                 sheet_tool,
                                  [] { tool_window(0); },
                                  workspace_window};
 int opened = 0;

@@ -1,6 +1,7 @@
 // Every window of the drawing menu, as it stands when it is opened: on the screen, readable, each element reachable.
 #include "menus_kit.h"
 #include "state/texts_labels.h"
+#include "windows/shape_windows.h"
 #include <string>
 
 namespace nubo {
@@ -80,6 +81,14 @@ TEST_F(MenuTest, EveryElementIsOnTheScreenReadableAndReachable) {
             check_window("inks");
             co_await right_click_outside(user);
         }
+        co_await click(user, DRAWING_FRAME);
+        co_await click(user, slot_of(LABEL_RESIZE));
+        check_window("resize");
+        co_await click(user, slot_of(LABEL_CANCEL));
+        co_await click(user, DRAWING_PIC);
+        co_await click(user, slot_of(LABEL_PIC_SHEET));
+        check_window("sprite sheet");
+        co_await click(user, slot_of(LABEL_CANCEL));
         co_await click(user, DRAWING_USER);
         co_await click(user, slot_of(LABEL_WORKSPACE));
         check_window("workspace");
@@ -87,6 +96,21 @@ TEST_F(MenuTest, EveryElementIsOnTheScreenReadableAndReachable) {
         check_window("question");
         co_await click(user, slot_of(LABEL_CANCEL));
         check_window("drawing menu again");
+    });
+}
+
+TEST_F(MenuTest, EveryElementOfTheShapeWindowsIsToo) {
+    const auto loop = [] {
+        build_drawing_menu();
+        for (const BrushTool tool : {TOOL_RPOLY, TOOL_SSHAPE, TOOL_SPIRAL}) run_shape_window(tool);
+        wait_loop();
+    };
+    play_on(loop, [](User& user) -> Script {
+        for (const char* name : {"R.POLY", "SSHAPE", "SPIRAL"}) {
+            co_await user.wait(4);
+            check_window(name);
+            co_await click(user, slot_of(LABEL_CANCEL));
+        }
     });
 }
 

@@ -9,6 +9,7 @@
 #include "gui/window.h"
 #include "harness/harness.h"
 #include "harness/user.h"
+#include "state/cel.h"
 #include "state/flow.h"
 #include "state/options.h"
 #include "state/run.h"
@@ -16,6 +17,7 @@
 #include "state/texts_labels.h"
 #include "windows/about_box.h"
 #include "windows/activity_menus.h"
+#include "windows/cel_commands.h"
 #include "windows/color_window.h"
 #include "windows/confirm_box.h"
 #include "windows/drawing_menu.h"
@@ -28,7 +30,11 @@
 #include "windows/jpeg_quality_window.h"
 #include "windows/option_slider.h"
 #include "windows/options_window.h"
+#include "windows/placement.h"
+#include "windows/resize_window.h"
 #include "windows/scheme_window.h"
+#include "windows/shape_windows.h"
+#include "windows/sheet_tool.h"
 #include "windows/tip_window.h"
 #include "windows/tool_window.h"
 #include "windows/workspace_window.h"
@@ -71,6 +77,11 @@ void hold_option_key() {
     option_slider(OWNER_TOOL, TOOL_SPRAY);
 }
 
+void lose_cel() {
+    cel_x = 2 * view_w;
+    place_cel(true, true);
+}
+
 std::vector<Exhibit> exhibits() {
     std::vector<Exhibit> all{
         {"DRAWING MENU", build_drawing_menu},
@@ -83,6 +94,10 @@ std::vector<Exhibit> exhibits() {
         {"QUESTION", [] { confirm_box(LABEL_DELETE_FRAME, LABEL_CANNOT_BE_UNDONE, false, false); }},
         {"NODES", lose_nodes},
         {"OPTION SLIDER", hold_option_key},
+        {"TURN", [] { turn_cel_about(view_w / 4, view_h / 4); }},
+        {"CEL OFFSCREEN", lose_cel},
+        {"RESIZE", resize_window},
+        {"SPRITE SHEET", sheet_tool},
         {"HELP", help_window},
         {"ABOUT", about_box},
         {"OPTIONS", options_window},
@@ -92,6 +107,9 @@ std::vector<Exhibit> exhibits() {
         {"FAVORITES", favorites_window},
         {"FILES", save_frame_command},
         {"JPG QUALITY", [] { jpeg_quality_window(); }},
+        {"R.POLY", [] { run_shape_window(TOOL_RPOLY); }},
+        {"SSHAPE", [] { run_shape_window(TOOL_SSHAPE); }},
+        {"SPIRAL", [] { run_shape_window(TOOL_SPIRAL); }},
         {"NOTICE", [] { confirm_box(LABEL_LAST_FRAME, LABEL_NONE, false, true); }},
     };
     for (int space = SPACE_VGA; space < SPACE_COUNT; ++space)

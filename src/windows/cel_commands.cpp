@@ -1,0 +1,81 @@
+#include "windows/cel_commands.h"
+
+#include "gui/snapshot.h"
+#include "paint/stroke.h"
+#include "paint/tools.h"
+#include "state/flow.h"
+#include "state/frames.h"
+#include "state/gui.h"
+#include "state/options.h"
+#include "state/run.h"
+#include "windows/confirm_box.h"
+#include "windows/corners.h"
+#include "windows/over_frame.h"
+#include "windows/placement.h"
+#include "windows/run_window.h"
+#include "workspace/notices.h"
+#include <optional>
+#include <utility>
+
+namespace nubo {
+namespace {
+
+/// The drawing menu, if it is up, stays dimly visible while the command runs.
+template <typename Command> void run_over_shadow(Command command) {
+    if (gui::active[slot_window] != 0 && gui::hidden[slot_window] == 0) take_menu_snapshot(menu_snapshot);
+    {
+        const ClearedScreen cleared;
+        command();
+    }
+    clear_menu_shadow();
+}
+
+bool take_area(const Area& area) {
+    if (take_cel(copy_of_area(area))) return true;
+    flash_message(MESSAGE_NO_MEMORY);
+    return false;
+}
+
+void outline_for_a_moment(const Area& area) {
+    constexpr int shown_ticks = 300;  // 0.6 seconds
+    const OverlayShown overlay_shown;
+    const int start = UA_clock_ticks;
+    while (UA_clock_ticks - start < shown_ticks && exit_requested == 0) {
+        clear_to_color(overlay, static_cast<int>(transparent_color));
+        preview_rect(overlay, area.left - pan_x, area.top - pan_y, area.right - pan_x, area.bottom - pan_y);
+        update_screen(UPDATE_NORMAL);
+    }
+}
+
+}  // namespace
+
+int grab_cel(int x, int y, bool hide_menu) {
+    std::optional<ClearedScreen> cleared;
+    if (hide_menu) cleared.emplace();
+    const std::optional<Area> area = ask_corners({x, y}, grab_prompts);
+    if (!area || !take_area(*area)) return -1;
+    cel_x = area->left;
+    cel_y = area->top;
+    return 1;
+}
+
+void clip_cel(unsigned background) {
+    constexpr int side_min = 2;
+    const std::optional<Area> area = content_area(current_frame, background, opt_cel_tolerance);
+    if (!area || area->width() < side_min || area->height() < side_min || !take_area(*area)) return;
+    outline_for_a_moment(*area);
+}
+
+void ask_to_convert_cel() {
+    if (confirm(LABEL_CONVERT_CEL, LABEL_CANNOT_BE_UNDONE)) one_color_cel(mask_color);
+}
+
+void get_by_menu() { grab_cel(no_corner.x, no_corner.y, true); }
+void clip_by_menu() { clip_cel(mask_color); }
+void paste_by_menu() { place_cel(true, true); }
+void paste_by_key() { run_over_shadow(paste_by_menu); }
+void below_by_key() { run_over_shadow(place_below); }
+
+void register_cel_commands() { set_tool_runner(TOOL_MOVE, move_tool); }
+
+}  // namespace nubo
