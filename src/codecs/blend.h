@@ -13,15 +13,6 @@ void trans_blit(BITMAP* source, BITMAP* target, int x, int y, int fact);
 /// replaces.
 void trans_rectfill(BITMAP* target, int x, int y, int w, int h, Color color, int fact);
 
-/// One pixel of the 32-bit fill at the strength `fact` 1 to 254: the formula that every form of `trans_rectfill`
-/// follows. For the inks, which blend their pixels where they stand.
-constexpr Color blend_fill_pixel(Color old, Color color, int fact) {
-    constexpr Color red_blue = 0xff00ff, green = 0x00ff00;
-    const Color s = static_cast<Color>(fact) + 1, rest = 256 - s;
-    const Color a = ((color & red_blue) * s >> 8) & red_blue, b = ((color & green) * s >> 8) & green;
-    return (((((old & green) * rest) >> 8) + b) & green) | (((((old & red_blue) * rest) >> 8) + a) & red_blue);
-}
-
 /// A row of `length` pixels through `trans_rectfill`'s formula at the strength `fact`, 0 to 255. For the inks, whose
 /// rows are clipped already.
 void blend_fill_row(Color* row, int length, Color color, int fact);

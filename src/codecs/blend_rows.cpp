@@ -1,6 +1,5 @@
 #include "codecs/blend_rows.h"
 
-#include "codecs/blend.h"
 #include <array>
 
 // The loops below are written once, as the formulas stand, and compiled for each width: the compiler makes code of

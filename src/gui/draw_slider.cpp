@@ -1,6 +1,7 @@
 // Sliders: arrows, lane, knob, and the plate with the value.
 #include "base/color.h"
 #include "codecs/blend.h"
+#include "codecs/blend_rows.h"
 #include "framework/text.h"
 #include "gui/draw_elements.h"
 #include "gui/shapes.h"

@@ -1,5 +1,6 @@
 // The inks that take their colour from the Spectrum by position: H.GRAD, V.GRAD, L.GRAD, R.GRAD.
 #include "base/geometry.h"
+#include "paint/gradient_geometry.h"
 #include "paint/ink_rows.h"
 #include "paint/spectrum.h"
 #include "state/cel.h"
@@ -9,11 +10,6 @@
 
 namespace nubo {
 namespace {
-
-constexpr double radians_per_degree = 0.017453277777777776;
-
-/// Number `index` of a gradient's nodes.
-int node(Ink ink, int index) { return ink_option(ink, static_cast<InkOption>(OPTION_NODE + index)); }
 
 /// The end common to all four: `color_at(x)` gives the gradient's colour on this row.
 template <typename ColorAt> void cover_gradient(const InkRow& row, ColorAt color_at) {
@@ -28,9 +24,10 @@ template <typename ColorAt> void cover_gradient(const InkRow& row, ColorAt color
 /// H.GRAD and V.GRAD: the band between two nodes on one axis.
 struct AxisBand {
     explicit AxisBand(Ink ink)
-        : low(std::min(node(ink, 0), node(ink, 1))), high(std::max(node(ink, 0), node(ink, 1))), length(high + 1 - low),
+        : low(std::min(gradient_node(ink, 0), gradient_node(ink, 1))),
+          high(std::max(gradient_node(ink, 0), gradient_node(ink, 1))), length(high + 1 - low),
           repeats(ink_option(ink, OPTION_REPEAT) != 0), banding(ink_option(ink, OPTION_BANDING)),
-          is_forward(node(ink, 0) < node(ink, 1)) {}
+          is_forward(gradient_node(ink, 0) < gradient_node(ink, 1)) {}
 
     Color color_at(int place) const {
         const auto t = static_cast<float>(static_cast<double>(steps(place)) / static_cast<double>(length));
@@ -80,8 +77,8 @@ void ink_vgrad_row(const InkRow& row, Color) {
 }
 
 void ink_lgrad_row(const InkRow& row, Color) {
-    const double along_x = linear_axis.sin, start_x = node(INK_LGRAD, 0);
-    const double from_y = (row.y - static_cast<double>(node(INK_LGRAD, 1))) * linear_axis.cos;
+    const double along_x = linear_axis.sin, start_x = gradient_node(INK_LGRAD, 0);
+    const double from_y = (row.y - static_cast<double>(gradient_node(INK_LGRAD, 1))) * linear_axis.cos;
     const bool repeats = ink_option(INK_LGRAD, OPTION_REPEAT) != 0;
     const int banding = ink_option(INK_LGRAD, OPTION_BANDING);
     cover_gradient(row, [=](int x) {
@@ -91,7 +88,7 @@ void ink_lgrad_row(const InkRow& row, Color) {
 }
 
 void ink_rgrad_row(const InkRow& row, Color) {
-    const int center_x = node(INK_RGRAD, 0), center_y = node(INK_RGRAD, 1);
+    const int center_x = gradient_node(INK_RGRAD, 0), center_y = gradient_node(INK_RGRAD, 1);
     const int radius = ink_option(INK_RGRAD, OPTION_RADIAL_RADIUS);
     const bool repeats = ink_option(INK_RGRAD, OPTION_REPEAT) != 0;
     const int banding = ink_option(INK_RGRAD, OPTION_BANDING);
@@ -99,16 +96,6 @@ void ink_rgrad_row(const InkRow& row, Color) {
         const int d = UA_distance_2d(x, row.y, center_x, center_y);
         return spectrum_color(spectrum_start, spectrum_end, banding, radial_position(d, radius, repeats));
     });
-}
-
-void update_gradient_geometry() {
-    const int x1 = node(INK_LGRAD, 0), y1 = node(INK_LGRAD, 1), x2 = node(INK_LGRAD, 2), y2 = node(INK_LGRAD, 3);
-    linear_axis.angle = static_cast<float>(-UA_angle_degrees(x1, y1, x2, y2) * radians_per_degree);
-    linear_axis.length = static_cast<float>(UA_distance_2d(x1, y1, x2, y2));
-    linear_axis.sin = std::sin(linear_axis.angle);
-    linear_axis.cos = std::cos(linear_axis.angle);
-    ink_option(INK_RGRAD, OPTION_RADIAL_RADIUS) =
-        UA_distance_2d(node(INK_RGRAD, 0), node(INK_RGRAD, 1), node(INK_RGRAD, 2), node(INK_RGRAD, 3)) + 1;
 }
 
 }  // namespace nubo

@@ -4,6 +4,7 @@
 #include "base/bitmap.h"
 #include "base/color.h"
 #include "codecs/blend.h"
+#include "codecs/blend_rows.h"
 #include "paint/inks.h"
 #include "paint/surfaces.h"
 #include "state/stroke.h"

@@ -38,9 +38,6 @@ Color tile_pixel(int x, int y);
 /// The mean of the neighbours that lie in the bitmap, by integer division; the pixel itself if it has none.
 Color mean_neighbor(BITMAP* bitmap, int x, int y);
 
-/// Derives `linear_axis` and R.GRAD's radius from the nodes in `ink_options`. At the start of a stroke.
-void update_gradient_geometry();
-
 /// Distances from a pixel by |dx| and |dy|, truncated, up to GLOW's greatest radius.
 inline constexpr auto glow_distance = [] {
     std::array<std::array<int, 32>, 32> distance{};

@@ -4,8 +4,7 @@
 #include "paint/inks.h"
 #include "paint/surfaces.h"
 #include "paint/tips.h"
-#include "paint/tool_cases.h"
-#include "paint/tools.h"
+#include "paint/tool_table.h"
 #include "paint/undo.h"
 #include "state/flow.h"
 #include "state/stroke.h"
@@ -44,6 +43,12 @@ void stamp_cell(int x, int y, Ink ink, int style) {
     for (int row = first_row; row < last_row; ++row)
         apply_ink_row({left + first, top + row, last - first, &values[static_cast<unsigned>(row * tip_w + first)], 1},
                       ink, brush_color);
+}
+
+/// A number without a case paints nothing.
+void commit_tool(const StrokeStart& start) {
+    if (start.brush >= TOOL_COUNT || tool_rows[at(start.brush)].commit == nullptr) return;
+    tool_rows[at(start.brush)].commit(start);
 }
 
 }  // namespace

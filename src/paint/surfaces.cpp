@@ -1,6 +1,6 @@
 #include "paint/surfaces.h"
 
-#include "paint/inks.h"
+#include "paint/gradient_geometry.h"
 #include <algorithm>
 #include <cstring>
 #include <utility>

@@ -1,5 +1,6 @@
 #pragma once
-// What each tool does at its three moments, for the one table in tools.cpp: its own loop, what it paints, its preview.
+// What each tool does at its three moments, for the one table in tool_table.h: its own loop, what it paints, its
+// preview.
 #include "state/colors.h"
 #include "state/tools.h"
 #include <cstddef>

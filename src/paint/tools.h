@@ -1,20 +1,16 @@
 #pragma once
-// The brush tools: from the user's presses to the points of a stroke. What each of them does is a row in tools.cpp.
+// The brush tools: from the user's presses to the points of a stroke. What each of them does is a row in tool_table.h.
+#include "paint/tool_table.h"
 #include "state/colors.h"
 #include "state/tools.h"
 #include "state/view.h"
 
 namespace nubo {
 
-struct StrokeStart;
-
 // ---- Running --------------------------------------------------------------------------------------------------------
 
 /// Runs the tool of the active slot from a left press on the Frame to its end. By `program_loop`.
 void run_tool();
-
-/// What a stroke paints: the case of `draw_to_frame`. A number without a case paints nothing.
-void commit_tool(const StrokeStart& start);
 
 /// As long as it lives a preview stands over the Frame, and then again what stood before: a tool's number, or
 /// `nodes_preview` and more.
@@ -40,13 +36,9 @@ void draw_tool_preview();
 
 // ---- What rooms above hand over, at start ---------------------------------------------------------------------------
 
-/// Runs a tool from the press to its commit or its leaving; `tool` tells those apart that share a runner.
-using ToolRunner = void (*)(BrushTool tool);
 /// Names the runner of a tool that opens a window and so stands above. One that has its own here is a mistake.
 void set_tool_runner(BrushTool tool, ToolRunner run);
 
-/// Draws on `overlay`, in Frame pixels less the view's corner, both of `shown`.
-using PreviewDrawer = void (*)();
 /// Names what a value of `tool_preview` draws: a tool's number, or `nodes_preview` and more.
 void set_preview_drawer(int preview, PreviewDrawer draw);
 

@@ -8,7 +8,7 @@ namespace nubo {
 
 namespace {
 
-constexpr std::size_t longest_file = 800;  // lines
+constexpr std::size_t longest_file = 450;  // lines
 
 /// The storey of a path below src/, 0 for the ground; -1 when it is in none.
 int storey_of(std::string_view path) {
@@ -58,6 +58,26 @@ std::string fault_of_line(std::string_view path, std::string_view line) {
     return {};
 }
 
+std::string without_ending(std::string_view path) { return std::string(path.substr(0, path.rfind('.'))); }
+
+/// Follows the includes from `file` on; `way` has led there. True with the circle in `way` when it comes back to it.
+bool leads_back(const IncludeGraph& graph, const std::string& file, std::vector<std::string>& way,
+                std::set<std::string>& done) {
+    const auto first = std::find(way.begin(), way.end(), file);
+    if (first != way.end()) {
+        way.erase(way.begin(), first);
+        way.push_back(file);
+        return true;
+    }
+    const auto node = graph.find(file);
+    if (node == graph.end() || !done.insert(file).second) return false;
+    way.push_back(file);
+    for (const std::string& next : node->second)
+        if (leads_back(graph, next, way, done)) return true;
+    way.pop_back();
+    return false;
+}
+
 }  // namespace
 
 std::string code_only(std::string_view text) {
@@ -104,6 +124,25 @@ std::vector<std::string> faults_of(std::string_view path, std::string_view text)
     }
     if (number > longest_file) faults.push_back(where + " has " + std::to_string(number) + " lines");
     return faults;
+}
+
+void add_includes(IncludeGraph& graph, std::string_view path, std::string_view text) {
+    const std::string file = without_ending(path.substr(std::string_view("src/").size()));
+    std::istringstream lines(code_only(text));
+    for (std::string line; std::getline(lines, line);) {
+        const std::string included = without_ending(own_include(line));
+        if (!included.empty() && included != file) graph[file].insert(included);
+    }
+}
+
+std::string circle_in(const IncludeGraph& graph) {
+    std::set<std::string> done;
+    std::vector<std::string> way;
+    std::string circle;
+    for (const auto& [file, includes] : graph)
+        if (circle.empty() && leads_back(graph, file, way, done))
+            for (const std::string& member : way) circle += (circle.empty() ? "" : ", ") + member;
+    return circle;
 }
 
 }  // namespace nubo

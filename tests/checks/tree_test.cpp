@@ -19,6 +19,7 @@ std::string text_of(const std::filesystem::path& path) {
 TEST(Tree, KeepsItsStoreysAndRules) {
     const std::filesystem::path root = NUBO_SOURCE_DIR;
     int files = 0;
+    IncludeGraph graph;
     for (const char* const room : {"src", "tools", "assets", "tests", "bench", "fuzz"}) {
         if (!std::filesystem::exists(root / room)) continue;
         for (const auto& entry : std::filesystem::recursive_directory_iterator(root / room)) {
@@ -26,9 +27,12 @@ TEST(Tree, KeepsItsStoreysAndRules) {
             if (extension != ".cpp" && extension != ".h") continue;
             ++files;
             const std::string path = entry.path().lexically_relative(root);
-            for (const std::string& fault : faults_of(path, text_of(entry.path()))) ADD_FAILURE() << fault;
+            const std::string text = text_of(entry.path());
+            for (const std::string& fault : faults_of(path, text)) ADD_FAILURE() << fault;
+            if (path.starts_with("src/")) add_includes(graph, path, text);
         }
     }
+    EXPECT_EQ(circle_in(graph), "");
     EXPECT_GT(files, 20);  // else the walk looked in the wrong place
 }
 
@@ -65,8 +69,15 @@ TEST(Tree, EachFaultIsFound) {
         EXPECT_EQ(faults.empty() ? "" : faults.front(), std::string(one.fault)) << one.text;
         EXPECT_LE(faults.size(), 1U) << one.text;
     }
-    EXPECT_EQ(faults_of("src/gui/a.cpp", std::string(801, '\n')),
-              std::vector<std::string>{"src/gui/a.cpp has 801 lines"});
+    EXPECT_EQ(faults_of("src/gui/a.cpp", std::string(451, '\n')),
+              std::vector<std::string>{"src/gui/a.cpp has 451 lines"});
+    IncludeGraph graph;
+    add_includes(graph, "src/gui/a.cpp", "#include \"gui/a.h\"\n#include \"gui/b.h\"\n");
+    add_includes(graph, "src/gui/b.h", "#include \"state/c.h\"\n");
+    EXPECT_EQ(circle_in(graph), "");
+    add_includes(graph, "src/gui/b.cpp", "#include \"gui/d.h\"\n");
+    add_includes(graph, "src/gui/d.cpp", "#include \"gui/b.h\"\n");
+    EXPECT_EQ(circle_in(graph), "gui/b, gui/d, gui/b");
 }
 
 }  // namespace nubo

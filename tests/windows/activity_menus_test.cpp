@@ -1,37 +1,14 @@
 // The activity menus and the Workspace window: where they open, what their items do, how they end.
-#include "base/log.h"
-#include "harness/harness.h"
 #include "menus_kit.h"
 #include "paint/undo.h"
 #include "state/frames.h"
 #include "windows/pic_commands.h"
 #include "workspace/frame_store.h"
-#include "workspace/workspace.h"
-#include <cstring>
-#include <filesystem>
 
 namespace nubo {
 namespace {
 
 constexpr Color red = 0xff0000, green = 0x00ff00;
-constexpr int okay_slot = 2, cancel_slot = 3;
-
-/// With a program folder and an open Workspace of one Frame.
-class ActivityTest : public MenuTest {
-protected:
-    ActivityTest() {
-        UA_log_open();
-        std::strncpy(program_dir.data(), folder_.path().c_str(), path_size - 1);
-        std::filesystem::create_directory("resource");
-        replace_bitmap(nail_sheet, make_bitmap(nail_tile * nail_columns, nail_tile * nail_columns));
-        if (!open_workspace()) std::abort();
-        handlers_locked = 0;
-    }
-    ~ActivityTest() override { UA_log_close(); }
-
-private:
-    ScratchFolder folder_;
-};
 
 struct MenuCase {
     int button;

@@ -1,7 +1,13 @@
 #pragma once
 // An editor with the drawing menu on its screen, whose buttons the scripted user presses by their slots.
+#include "base/log.h"
 #include "gui/gui_kit.h"
+#include "harness/harness.h"
+#include "state/frames.h"
 #include "windows/drawing_menu.h"
+#include "workspace/workspace.h"
+#include <cstring>
+#include <filesystem>
 
 namespace nubo {
 
@@ -43,6 +49,25 @@ inline int slot_of(Label label) {
     return -1;
 }
 
+inline constexpr int okay_slot = 2, cancel_slot = 3;  // of a box that asks
+
 class MenuTest : public GuiTest {};
+
+/// With a program folder and an open Workspace of one Frame.
+class ActivityTest : public MenuTest {
+protected:
+    ActivityTest() {
+        UA_log_open();
+        std::strncpy(program_dir.data(), folder_.path().c_str(), path_size - 1);
+        std::filesystem::create_directory("resource");
+        replace_bitmap(nail_sheet, make_bitmap(nail_tile * nail_columns, nail_tile * nail_columns));
+        if (!open_workspace()) std::abort();
+        handlers_locked = 0;
+    }
+    ~ActivityTest() override { UA_log_close(); }
+
+private:
+    ScratchFolder folder_;
+};
 
 }  // namespace nubo

@@ -1,0 +1,167 @@
+// Each row of the key table, by its key as it is at the start: what it does is seen in what it changes.
+#include "paint/undo.h"
+#include "state/cel.h"
+#include "state/flow.h"
+#include "state/messages.h"
+#include "state/stroke.h"
+#include "windows/menus_kit.h"
+#include "windows/option_slider.h"
+#include "workspace/frame_store.h"
+#include <algorithm>
+
+namespace nubo {
+namespace {
+
+constexpr Color white = 0xffffff, red = 0xff0000, blue = 0x0000ff;
+constexpr int frames = 5, middle_frame = 2;
+// The paper: white, and from this column on in the mask colour, with the mouse on a blue pixel.
+constexpr int mask_column = 200, hand_x = 100, hand_y = 80;
+
+enum Moment : int { WHILE_HELD, AFTERWARDS, AFTER_A_RIGHT_CLICK };
+
+struct KeyCase {
+    Hotkey action;
+    int modifier, code;  // Allegro's; a row without a key at the start is given one
+    Moment seen;
+    bool (*acted)();
+    bool cel_floats = false;  // the key is for a Cel that floats
+};
+
+bool shows(Label label) { return slot_of(label) >= 0; }
+bool titled(Label label) { return gui::label[slot_title] == label; }
+Color pixel(int x, int y) { return *pixels_at(current_frame, x, y); }
+bool measures(BITMAP* bitmap, int width, int height) { return bitmap->w == width && bitmap->h == height; }
+
+constexpr KeyCase cases[] = {
+    {HOTKEY_CEL_GET, 0, KEY_ESC, AFTERWARDS, [] { return status_message == MESSAGE_GRAB_FIRST; }},
+    {HOTKEY_CEL_CLIP, 0, KEY_TAB, AFTERWARDS, [] { return measures(cel, mask_column, view_h); }},
+    {HOTKEY_CEL_PASTE, 0, KEY_TILDE, AFTER_A_RIGHT_CLICK,
+     [] { return pixel(mask_column - 1, 10) == red && pixel(mask_column, 10) == red; }},
+    {HOTKEY_CEL_PASTE, 0, KEY_F4, AFTER_A_RIGHT_CLICK, [] { return pixel(mask_column - 1, 10) == red; }},
+    {HOTKEY_CEL_BELOW, 0, 0, AFTER_A_RIGHT_CLICK,
+     [] { return pixel(mask_column - 1, 10) == white && pixel(mask_column, 10) == red; }},
+    {HOTKEY_CEL_ONE_COLOR, 0, 0, AFTERWARDS, [] { return shows(LABEL_CONVERT_CEL); }},
+    {HOTKEY_CEL_TURN, 0, 0, AFTERWARDS, [] { return status_message == MESSAGE_TURN_CENTER; }},
+    {HOTKEY_PIC_CLEAR, 0, KEY_X, AFTERWARDS, [] { return pixel(10, 10) == mask_color; }},
+    {HOTKEY_PIC_RESTORE, 0, KEY_R, AFTERWARDS, [] { return pixel(10, 10) == red; }},
+    {HOTKEY_PIC_SAVE, 0, KEY_F5, AFTERWARDS, [] { return titled(LABEL_SAVE_FILE); }},
+    {HOTKEY_PIC_LOAD, 0, KEY_F9, AFTERWARDS, [] { return titled(LABEL_LOAD_FILE); }},
+    {HOTKEY_FRAME_CLONE, 0, 0, AFTERWARDS,
+     [] { return frame_count == frames + 1 && status_message == MESSAGE_FRAME_CLONED; }},
+    {HOTKEY_FRAME_INSERT, 0, 0, AFTERWARDS,
+     [] { return frame_count == frames + 1 && status_message == MESSAGE_FRAME_CREATED; }},
+    {HOTKEY_FRAME_RESIZE, 0, 0, AFTERWARDS, [] { return menu_id == WINDOW_RESIZE; }},
+    {HOTKEY_FRAME_DELETE, 0, 0, AFTERWARDS, [] { return frame_count == frames && shows(LABEL_DELETE_FRAME); }},
+    {HOTKEY_PAN_UP, 0, KEY_UP, AFTERWARDS, [] { return pan_y < 0 && pan_x == 0; }},
+    {HOTKEY_PAN_UP, 0, KEY_W, AFTERWARDS, [] { return pan_y < 0 && pan_x == 0; }},
+    {HOTKEY_PAN_DOWN, 0, KEY_DOWN, AFTERWARDS, [] { return pan_y > 0 && pan_x == 0; }},
+    {HOTKEY_PAN_DOWN, 0, KEY_S, AFTERWARDS, [] { return pan_y > 0 && pan_x == 0; }},
+    {HOTKEY_PAN_LEFT, 0, KEY_LEFT, AFTERWARDS, [] { return pan_x < 0 && pan_y == 0; }},
+    {HOTKEY_PAN_LEFT, 0, KEY_A, AFTERWARDS, [] { return pan_x < 0 && pan_y == 0; }},
+    {HOTKEY_PAN_RIGHT, 0, KEY_RIGHT, AFTERWARDS, [] { return pan_x > 0 && pan_y == 0; }},
+    {HOTKEY_PAN_RIGHT, 0, KEY_D, AFTERWARDS, [] { return pan_x > 0 && pan_y == 0; }},
+    {HOTKEY_QUICK_PAN, 0, KEY_0_PAD, WHILE_HELD, [] { return status_message == MESSAGE_QUICK_PAN_TOO_SMALL; }},
+    {HOTKEY_FRAME_NEXT, 0, KEY_PGDN, AFTERWARDS, [] { return frame_index == middle_frame + 1; }},
+    {HOTKEY_FRAME_PREVIOUS, 0, KEY_DEL, AFTERWARDS, [] { return frame_index == middle_frame - 1; }},
+    {HOTKEY_FRAME_FIRST, 0, KEY_HOME, AFTERWARDS, [] { return frame_index == 0; }},
+    {HOTKEY_FRAME_LAST, 0, KEY_END, AFTERWARDS, [] { return frame_index == frames - 1; }},
+    {HOTKEY_FRAME_CENTER, 0, KEY_5_PAD, AFTERWARDS, [] { return zoom == zoom_min && pan_x == 0; }},
+    {HOTKEY_BRUSH_EYEDROPPER, 0, KEY_F1, AFTERWARDS, [] { return brush_color == blue && mask_color != blue; }},
+    {HOTKEY_MASK_EYEDROPPER, 0, KEY_F2, AFTERWARDS, [] { return mask_color == blue && brush_color != blue; }},
+    {HOTKEY_COLOR_MENU, 0, KEY_C, AFTERWARDS, [] { return menu_id == WINDOW_COLOR; }},
+    {HOTKEY_BRUSH_TIP, 0, KEY_B, AFTERWARDS, [] { return titled(LABEL_BRUSHIE); }},
+    {HOTKEY_BRUSH_TOOL, 0, KEY_7_PAD, AFTERWARDS, [] { return titled(LABEL_BRUSHES); }},
+    {HOTKEY_INK, 0, KEY_9_PAD, AFTERWARDS, [] { return menu_id == WINDOW_INK; }},
+    {HOTKEY_TOGGLE_MENU, 0, KEY_BACKSPACE, AFTERWARDS, [] { return gui::hidden[DRAWING_UNDO] != 0; }},
+    {HOTKEY_MEASURE, 0, KEY_F12, WHILE_HELD, [] { return measure_x == hand_x && measure_y == hand_y; }},
+    {HOTKEY_FRAME_JUMP, 0, KEY_BACKSLASH, WHILE_HELD, [] { return gui::type[0] == ELEMENT_THUMBNAIL; }},
+    {HOTKEY_TOOL_OPTION, 0, KEY_INSERT, AFTERWARDS,
+     [] { return tool_option(TOOL_BOX, OPTION_FILLED) != 0 && status_message == MESSAGE_BRUSH_FILLED; }},
+    {HOTKEY_INK_OPTION, 0, KEY_PGUP, WHILE_HELD, [] { return titled(LABEL_SET_INK_STRENGTH); }},
+    {HOTKEY_UNDO, 0, KEY_U, AFTERWARDS, [] { return pixel(hand_x, hand_y) == blue && pixel(20, 20) == white; }},
+    {HOTKEY_REDO, KEY_LSHIFT, KEY_U, AFTERWARDS, [] { return pixel(20, 20) == red; }},
+    {HOTKEY_ZOOM_IN, 0, KEY_PLUS_PAD, AFTERWARDS, [] { return zoom == zoom_min + 2; }},
+    {HOTKEY_ZOOM_OUT, 0, KEY_MINUS_PAD, AFTERWARDS, [] { return zoom == zoom_min; }},
+    {HOTKEY_FAVORITES, 0, KEY_P, AFTERWARDS, [] { return menu_id == WINDOW_FAVORITES; }},
+    {HOTKEY_EXIT, 0, KEY_Q, AFTERWARDS, [] { return exit_requested == 0 && shows(LABEL_EXIT_QUESTION); }},
+    {HOTKEY_RAPID_EXIT, 0, 0, AFTERWARDS, [] { return exit_requested != 0; }},
+    {HOTKEY_CEL_FLIP_ACROSS, 0, KEY_H, WHILE_HELD, [] { return *pixels_at(cel, 3, 0) == white; }, true},
+    {HOTKEY_CEL_FLIP_DOWN, 0, KEY_V, WHILE_HELD, [] { return *pixels_at(cel, 0, 1) == white; }, true},
+};
+
+constinit const KeyCase* played = nullptr;
+
+class HotkeysTest : public ActivityTest {
+protected:
+    HotkeysTest() {
+        mask_color = 0x203040;
+        replace_bitmap(preview_bitmap, make_bitmap(preview_w, preview_h));
+        insert_frames(0, frames - 1, true);
+    }
+
+    /// The same for each row: nothing open, a stroke to undo where it undoes, one undone where it redoes.
+    static void prepare(const KeyCase& one) {
+        while (frame_count > frames) delete_frames(0, 1);
+        fetch_frame(frame_index, middle_frame);
+        mask_color = 0x203040;
+        brush_color = red;
+        new_frame(view_w, view_h, white);
+        rectfill(current_frame, mask_column, 0, view_w - 1, view_h - 1, static_cast<int>(mask_color));
+        *pixels_at(current_frame, hand_x, hand_y) = blue;
+        replace_bitmap(original_frame, make_bitmap(view_w, view_h, red));
+        for (BITMAP** bitmap : {&cel, &cel_mask}) {
+            replace_bitmap(*bitmap, make_bitmap(4, 2, red));
+            *pixels_at(*bitmap, 0, 0) = white;
+        }
+        cel_x = mask_column - 2;
+        cel_y = 10;
+        pan_x = pan_y = 0;
+        const bool is_zoomed =
+            one.action == HOTKEY_ZOOM_IN || one.action == HOTKEY_ZOOM_OUT || one.action == HOTKEY_FRAME_CENTER;
+        zoom = is_zoomed ? zoom_min + 1 : zoom_min;
+        take_tool(TOOL_BOX);
+        tool_option(TOOL_BOX, OPTION_FILLED) = 0;
+        take_ink(one.action == HOTKEY_INK_OPTION ? INK_GLASS : INK_OPAQUE);
+        status_message = status_coordinates;
+        status_timer = 0;
+        if (one.action == HOTKEY_UNDO || one.action == HOTKEY_REDO) {
+            save_undo(false);
+            *pixels_at(current_frame, 20, 20) = red;
+        }
+        if (one.action == HOTKEY_REDO) undo_last();
+        if (one.code == 0) hotkeys[at(one.action)][KEY_PRIMARY] = KEY_F11;
+    }
+};
+
+TEST_F(HotkeysTest, EachRowDoesWhatItsKeySays) {
+    for (const KeyCase& one : cases) {
+        played = &one;
+        prepare(one);
+        play([](User& user) -> Script {
+            const KeyCase& row = *played;
+            const int code = row.code != 0 ? row.code : KEY_F11;
+            co_await user.move_to(hand_x, hand_y);
+            if (row.cel_floats) {
+                co_await user.hold_key(KEY_TILDE);
+                co_await user.release_key(KEY_TILDE);
+            }
+            if (row.modifier != 0) co_await user.hold_key(row.modifier);
+            co_await user.hold_key(code);
+            co_await user.wait(4);
+            bool acted = row.acted();  // while the key is held
+            co_await user.release_key(code);
+            if (row.modifier != 0) co_await user.release_key(row.modifier);
+            if (row.seen == AFTER_A_RIGHT_CLICK) co_await click_place(user, 10, 10, right_button);
+            if (row.seen != WHILE_HELD) acted = row.acted();
+            EXPECT_TRUE(acted) << "row " << row.action << ", key " << row.code;
+        });
+        if (one.code == 0) hotkeys[at(one.action)][KEY_PRIMARY] = 0;
+    }
+    for (int action = 0; action < HOTKEY_COUNT; ++action) {
+        const bool is_played = std::ranges::any_of(cases, [=](const KeyCase& one) { return one.action == action; });
+        EXPECT_TRUE(is_played || action == HOTKEY_COPY || action == HOTKEY_PASTE) << action;
+    }
+}
+
+}  // namespace
+}  // namespace nubo

@@ -1,0 +1,103 @@
+// The steps of the program loop's pass and of the picture, each by what a user sees when it is there.
+#include "state/colors.h"
+#include "state/flow.h"
+#include "state/stroke.h"
+#include "windows/menus_kit.h"
+#include "workspace/notices.h"
+#include "workspace/rescue.h"
+
+namespace nubo {
+namespace {
+
+constexpr Color white = 0xffffff;
+constexpr int middle_button = 4;
+
+class LoopTest : public ActivityTest {
+protected:
+    LoopTest() {
+        take_tool(TOOL_DRAW);
+        brush_color = white;
+    }
+};
+
+TEST_F(LoopTest, TheButtonsOfTheMousePaintHideAndPan) {
+    new_frame(3 * view_w, 3 * view_h);
+    play([](User& user) -> Script {
+        co_await click_place(user, 100, 60, right_button);
+        EXPECT_NE(gui::hidden[DRAWING_UNDO], 0);
+        co_await click_place(user, 100, 60, right_button);
+        EXPECT_EQ(gui::hidden[DRAWING_UNDO], 0);
+        co_await click_place(user, 100, 60);
+        EXPECT_EQ(frame_pixel(100, 60), white);
+        ::mouse_b = middle_button;
+        co_await user.move_to(200, 150);
+        ::mouse_b = 0;
+        co_await user.wait(4);
+        EXPECT_GT(pan_x, 0);
+        EXPECT_GT(pan_y, 0);
+    });
+}
+
+TEST_F(LoopTest, AStrokeThatEndsWithTheButtonDownIsNotBegunAgain) {
+    take_tool(TOOL_FILL);
+    tool_option(TOOL_FILL, OPTION_TOLERANCE) = 1;
+    play([](User& user) -> Script {
+        co_await user.press_left(100, 60);
+        co_await user.wait(10);
+        EXPECT_EQ(frame_pixel(0, 0), white);
+        brush_color = 0;  // a second press would fill with it
+        co_await user.wait(10);
+        EXPECT_EQ(frame_pixel(0, 0), white);
+        co_await user.release_left();
+    });
+}
+
+TEST_F(LoopTest, WaitingBoxesAreShownOneByOneOverTheDrawingMenu) {
+    play([](User& user) -> Script {
+        co_await user.wait(4);
+        queue_box(LABEL_LAST_FRAME);
+        queue_box(LABEL_CANNOT_BE_UNDONE);
+        for (const Label told : {LABEL_LAST_FRAME, LABEL_CANNOT_BE_UNDONE}) {
+            co_await user.wait(10);
+            EXPECT_NE(slot_of(told), -1);
+            co_await click(user, high_slot + okay_slot);
+        }
+        co_await user.wait(4);
+        EXPECT_EQ(slot_of(LABEL_UNDO), DRAWING_UNDO);
+        EXPECT_EQ(menu_shadow.x, -1);
+    });
+}
+
+TEST_F(LoopTest, ThePictureHasItsTintItsPreviewAndItsStatusBar) {
+    new_frame(view_w, view_h, white);
+    opt_crosshair_strength = opt_status_bar = 0;
+    play([](User& user) -> Script {
+        co_await user.move_to(160, 100);
+        EXPECT_EQ(*pixels_at(screen_buffer, 10, 60), white);
+        tint_r = tint_g = tint_b = 0;
+        tint_strength = 128;
+        co_await user.wait(2);
+        EXPECT_NEAR(static_cast<double>(*pixels_at(screen_buffer, 10, 60) & 0xff), 0x80, 2);
+        tint_r = -1;
+        opt_zoom_preview = opt_status_bar = 1;
+        zoom = 2;
+        co_await user.wait(4);
+        EXPECT_NE(gui::active[zoom_preview_slot], 0);
+        zoom = zoom_min;
+        co_await user.wait(4);
+        EXPECT_EQ(gui::active[zoom_preview_slot], 0);
+    });
+}
+
+TEST_F(LoopTest, ThePaintIsWrittenAsideWhileTheEditorRuns) {
+    play([](User& user) -> Script {
+        co_await click_place(user, 100, 60);
+        UA_clock_ticks += 2 * rescue_seconds * clock_hz;
+        co_await user.wait(4);
+        settle_rescue();
+        EXPECT_TRUE(std::filesystem::exists("WORKSPACE/rescue.000"));
+    });
+}
+
+}  // namespace
+}  // namespace nubo
