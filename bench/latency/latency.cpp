@@ -167,6 +167,9 @@ bool choose_visible_tip(Journey& journey) {
     return static_cast<bool>(state.seekp(brush_tip_at).put(disc).flush());
 }
 
+/// A user looks before he paints; meanwhile the program makes the memory of the first strokes ready.
+constexpr std::chrono::seconds first_look{4};
+
 /// False when the program doesn't come up.
 bool measure_program(int width, int height, bool drag) {
     Journey journey('3');
@@ -174,7 +177,7 @@ bool measure_program(int width, int height, bool drag) {
     write_bmp(journey.path("WORKSPACE/current.000"), width, height, black);
     if ((!drag && !choose_visible_tip(journey)) || !journey.start()) return false;
     const Subject subject{journey.desktop(), journey.window(), journey.scale()};
-    let_rest();
+    std::this_thread::sleep_for(first_look);
     const std::string what =
         "Nubo, " + std::to_string(width) + "x" + std::to_string(height) + (drag ? ", drag" : ", press");
     print_row(what.c_str(), drag ? measure_drags(subject) : measure_presses(subject));
