@@ -1,5 +1,6 @@
 #include "first_start.h"
 
+#include "codecs/bmp_file.h"
 #include "first_values.h"
 #include "state/cel.h"
 #include "state/frames.h"
@@ -7,7 +8,6 @@
 #include "state/run.h"
 #include "state/stroke.h"
 #include "state/view.h"
-#include "workspace/bmp_file.h"
 #include "workspace/nail.h"
 #include "workspace/side_files.h"
 #include "workspace/state_file.h"

@@ -2,12 +2,12 @@
 // what the disk takes: measure where the program folder lies (TMPDIR).
 #include "base/bitmap.h"
 #include "base/log.h"
+#include "codecs/bmp_file.h"
 #include "state/cel.h"
 #include "state/frames.h"
 #include "state/options.h"
 #include "state/run.h"
 #include "state/stroke.h"
-#include "workspace/bmp_file.h"
 #include "workspace/folders.h"
 #include "workspace/frame_files.h"
 #include "workspace/frame_store.h"

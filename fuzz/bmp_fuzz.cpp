@@ -1,7 +1,7 @@
 // Any bytes, read as the BMP file of a Frame.
 #include "base/log.h"
+#include "codecs/bmp_file.h"
 #include "fuzz/start.h"
-#include "workspace/bmp_file.h"
 
 #include <cstdint>
 #include <cstdio>

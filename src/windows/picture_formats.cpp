@@ -1,6 +1,7 @@
 #include "windows/picture_formats.h"
 
 #include "base/log.h"
+#include "codecs/bmp_file.h"
 #include "codecs/gif.h"
 #include "codecs/ilbm.h"
 #include "codecs/jpeg.h"
@@ -10,7 +11,6 @@
 #include "platform/memory_packfile.h"
 #include "platform/safe_file.h"
 #include "state/options.h"
-#include "workspace/bmp_file.h"
 #include <algorithm>
 #include <array>
 #include <cctype>

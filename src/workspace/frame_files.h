@@ -1,8 +1,8 @@
 #pragma once
 // A Frame and its file: reading it into memory, writing it back, and what stands in when it can't be read. `folder` is
 // the one that holds the row of Frames.
+#include "codecs/bmp_file.h"
 #include "platform/folder.h"
-#include "workspace/bmp_file.h"
 #include <functional>
 
 namespace nubo {

@@ -1,11 +1,11 @@
 #include "workspace/frame_moves.h"
 
 #include "base/log.h"
+#include "codecs/bmp_file.h"
 #include "platform/input_file.h"
 #include "platform/safe_file.h"
 #include "state/frames.h"
 #include "state/run.h"
-#include "workspace/bmp_file.h"
 #include "workspace/nail.h"
 #include "workspace/notices.h"
 #include "workspace/workspace_files.h"

@@ -1,11 +1,11 @@
 #include "workspace/rescue.h"
 
 #include "base/log.h"
+#include "codecs/bmp_file.h"
 #include "platform/safe_file.h"
 #include "state/frames.h"
 #include "state/options.h"
 #include "state/run.h"
-#include "workspace/bmp_file.h"
 #include "workspace/folders.h"
 #include "workspace/frame_memory.h"
 #include "workspace/notices.h"

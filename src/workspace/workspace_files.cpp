@@ -1,9 +1,9 @@
 #include "workspace/workspace_files.h"
 
 #include "base/log.h"
+#include "codecs/bmp_file.h"
 #include "platform/safe_file.h"
 #include "state/frames.h"
-#include "workspace/bmp_file.h"
 #include <algorithm>
 #include <array>
 #include <cstdio>

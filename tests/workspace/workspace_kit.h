@@ -1,6 +1,7 @@
 #pragma once
 // A program folder in a scratch folder, and Frames that are told apart by their colour.
 #include "base/log.h"
+#include "codecs/bmp_file.h"
 #include "harness/harness.h"
 #include "platform/safe_file.h"
 #include "platform/system_calls.h"
@@ -10,7 +11,6 @@
 #include "state/options.h"
 #include "state/run.h"
 #include "state/stroke.h"
-#include "workspace/bmp_file.h"
 #include "workspace/folders.h"
 #include "workspace/frame_files.h"
 #include "workspace/frame_store.h"

@@ -1,4 +1,4 @@
-#include "workspace/bmp_header.h"
+#include "codecs/bmp_header.h"
 
 #include "base/color.h"
 #include "state/frames.h"

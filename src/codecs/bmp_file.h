@@ -1,5 +1,5 @@
 #pragma once
-// Windows BMP files: the form of the Frames and their side files on disk.
+// Windows BMP files, also the form of the Frames and their side files on disk.
 #include "base/bitmap.h"
 #include "platform/safe_file.h"
 #include <string>

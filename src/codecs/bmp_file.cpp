@@ -1,10 +1,10 @@
-#include "workspace/bmp_file.h"
+#include "codecs/bmp_file.h"
 
 #include "base/color.h"
 #include "base/log.h"
+#include "codecs/bmp_header.h"
 #include "platform/input_file.h"
 #include "platform/safe_file.h"
-#include "workspace/bmp_header.h"
 #include <algorithm>
 #include <bit>
 #include <filesystem>

@@ -1,4 +1,4 @@
-#include "workspace/bmp_file.h"
+#include "codecs/bmp_file.h"
 
 #include "base/color.h"
 #include "base/random.h"
