@@ -1,0 +1,392 @@
+#include "framework/outline_font.h"
+
+#include "base/utf8.h"
+#include "framework/effects.h"
+#include "platform/input_file.h"
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <ft2build.h>
+#include <memory>
+#include <utility>
+#include <vector>
+#include FT_FREETYPE_H
+#include FT_BITMAP_H
+#include FT_GLYPH_H
+
+namespace nubo {
+namespace {
+
+struct GlyphDestroyer {
+    void operator()(FT_Glyph glyph) const { FT_Done_Glyph(glyph); }
+};
+using OwnedGlyph = std::unique_ptr<FT_GlyphRec_, GlyphDestroyer>;
+
+/// A glyph as pixels, a byte each, 0 where nothing is. Its corner lies `left` of the pen and `top` above the baseline.
+struct GlyphForm {
+    bool is_rendered = false;
+    int width = 0, height = 0, left = 0, top = 0;
+    std::vector<std::uint8_t> pixels;
+};
+
+struct CachedGlyph {
+    OwnedGlyph shape;                  // null: nothing to draw
+    GlyphForm mono, grey;              // each rendered when it is first asked for
+    int advance_x = 0, advance_y = 0;  // whole pixels
+};
+
+}  // namespace
+
+struct OutlineFont {
+    FT_Face face = nullptr;
+    int height = 0, real_size = 0;   // asked for, and the pixel size that gave it
+    int ascender = 0;                // pixels
+    std::vector<std::uint8_t> data;  // the file, which the face goes on reading
+    int char_spacing = 0;
+    int fixed_size_count = -1;                         // of a font of bitmaps
+    std::vector<std::unique_ptr<CachedGlyph>> glyphs;  // by the face's number of the glyph; null: not used so far
+    std::vector<int> fixed_sizes;                      // heights
+    std::string language;
+    int convert_mode = CONVERT_BYTES;
+};
+
+namespace {
+
+constexpr std::size_t font_file_max = std::size_t{64} << 20;
+constexpr int fraction_bits = 6;  // FreeType counts 64ths of a pixel
+constexpr int spacing_max = 4'096, glyph_side_max = 4'096;
+constexpr int advance_max = 1 << 20;  // no text of such glyphs overflows
+
+FT_Library library = nullptr;
+int text_background = -1;
+
+std::size_t index_of(int i) { return static_cast<std::size_t>(i); }
+
+// ---- Sizes ---------------------------------------------------------------------------------------------------------
+
+void forget_glyphs(OutlineFont& font) {
+    for (auto& glyph : font.glyphs) glyph.reset();
+}
+
+void store_size(OutlineFont& font, int height, int size) {
+    forget_glyphs(font);
+    font.height = height;
+    font.real_size = size;
+    font.ascender = static_cast<int>(font.face->size->metrics.ascender >> fraction_bits);
+}
+
+int line_height(FT_Face face) {
+    const FT_Size_Metrics& metrics = face->size->metrics;
+    return static_cast<int>(std::labs(metrics.ascender >> fraction_bits) +
+                            std::labs(metrics.descender >> fraction_bits));
+}
+
+bool request_size(FT_Face face, int size) { return FT_Set_Pixel_Sizes(face, 0, static_cast<FT_UInt>(size)) == 0; }
+
+/// The size whose line comes nearest to `height` from below, 0 if there is none. The face is left at it, or anywhere.
+int find_size(FT_Face face, int height) {
+    // A face that claims to have no height at all would be tried at ever larger sizes: FreeType refuses none.
+    const int largest = 4 * height + 64;
+    int direction = 0;
+    for (int size = height; size >= 1 && size <= largest; size += direction) {
+        if (!request_size(face, size)) return 0;
+        const int reached = line_height(face);
+        if (reached == height) return size;
+        if (direction == 0) direction = reached < height ? 1 : -1;
+        if (direction < 0 && reached < height) return size;
+        if (direction > 0 && reached > height) return request_size(face, size - 1) ? size - 1 : 0;
+    }
+    return 0;
+}
+
+int set_outline_height(OutlineFont& font, int height) {
+    const int size = find_size(font.face, height);
+    if (size == 0) {
+        if (font.real_size > 0) request_size(font.face, font.real_size);
+        return -1;
+    }
+    store_size(font, height, size);
+    return 0;
+}
+
+int set_bitmap_height(OutlineFont& font, int height) {
+    const auto fixed = std::find(font.fixed_sizes.begin(), font.fixed_sizes.end(), height);
+    if (fixed == font.fixed_sizes.end()) return -1;
+    if (FT_Select_Size(font.face, static_cast<FT_Int>(fixed - font.fixed_sizes.begin())) != 0) return -1;
+    store_size(font, height, height);
+    return 0;
+}
+
+// ---- Glyphs --------------------------------------------------------------------------------------------------------
+
+/// The shape alone: a text is measured before it is drawn, and drawn in one form only.
+std::unique_ptr<CachedGlyph> load_glyph(FT_Face face, int index) {
+    auto entry = std::make_unique<CachedGlyph>();
+    if (FT_Load_Glyph(face, static_cast<FT_UInt>(index), FT_LOAD_DEFAULT) != 0) return entry;
+    const auto in_pixels = [](FT_Pos advance) {
+        return static_cast<int>(std::clamp<FT_Pos>(advance >> fraction_bits, -advance_max, advance_max));
+    };
+    entry->advance_x = in_pixels(face->glyph->advance.x);  // the slot's: the copy's counts in other units
+    entry->advance_y = in_pixels(face->glyph->advance.y);
+    FT_Glyph shape = nullptr;
+    if (FT_Get_Glyph(face->glyph, &shape) == 0) entry->shape.reset(shape);
+    return entry;
+}
+
+bool is_within_limits(FT_Glyph shape) {
+    FT_BBox box;
+    FT_Glyph_Get_CBox(shape, FT_GLYPH_BBOX_PIXELS, &box);
+    const auto fits = [](FT_Pos low, FT_Pos high) { return high - low <= glyph_side_max; };
+    const auto is_near = [](FT_Pos place) { return std::labs(place) <= advance_max; };
+    return fits(box.xMin, box.xMax) && fits(box.yMin, box.yMax) && is_near(box.xMin) && is_near(box.yMin);
+}
+
+/// Of a font of bitmaps a pixel of the upper half of the greys is a hard one.
+std::uint8_t hard_pixel(int value, int greys) { return 2 * value >= greys ? 1 : 0; }
+
+/// A pixel of a bitmap without greys is a whole one.
+std::uint8_t soft_pixel(int value, int greys) {
+    constexpr int all = 256, full = 255, two = 2;
+    if (greys <= two) return value != 0 ? full : 0;
+    return static_cast<std::uint8_t>(std::min(value * (all / greys), full));
+}
+
+template <std::uint8_t (*pixel)(int value, int greys)> void take_pixels(GlyphForm& form, const FT_Bitmap& bitmap) {
+    form.width = static_cast<int>(bitmap.width);
+    form.height = static_cast<int>(bitmap.rows);
+    form.pixels.reserve(index_of(form.width) * index_of(form.height));
+    for (int y = 0; y < form.height; ++y) {
+        const std::uint8_t* const row = bitmap.buffer + std::ptrdiff_t{y} * bitmap.pitch;
+        std::transform(row, row + form.width, std::back_inserter(form.pixels),
+                       [&](std::uint8_t value) { return pixel(value, bitmap.num_grays); });
+    }
+}
+
+template <std::uint8_t (*pixel)(int value, int greys)>
+void render(GlyphForm& form, FT_Glyph shape, FT_Render_Mode mode) {
+    form.is_rendered = true;
+    if (shape == nullptr || !is_within_limits(shape)) return;
+    FT_Glyph rendered = shape;
+    if (shape->format != FT_GLYPH_FORMAT_BITMAP && FT_Glyph_To_Bitmap(&rendered, mode, nullptr, 0) != 0) return;
+    const OwnedGlyph owned(rendered != shape ? rendered : nullptr);
+    const auto* const glyph = reinterpret_cast<FT_BitmapGlyph>(rendered);
+    FT_Bitmap bytes;  // whatever the bits of a pixel were
+    FT_Bitmap_Init(&bytes);
+    if (FT_Bitmap_Convert(library, &glyph->bitmap, &bytes, 1) == 0) {
+        take_pixels<pixel>(form, bytes);
+        form.left = glyph->left;
+        form.top = glyph->top;
+    }
+    FT_Bitmap_Done(library, &bytes);
+}
+
+const GlyphForm& form_of(CachedGlyph& glyph, TextEdges edges) {
+    GlyphForm& form = edges == EDGES_SMOOTH ? glyph.grey : glyph.mono;
+    if (form.is_rendered) return form;
+    if (edges == EDGES_SMOOTH)
+        render<soft_pixel>(form, glyph.shape.get(), FT_RENDER_MODE_NORMAL);
+    else
+        render<hard_pixel>(form, glyph.shape.get(), FT_RENDER_MODE_MONO);
+    return form;
+}
+
+// ---- Characters ----------------------------------------------------------------------------------------------------
+
+/// Symbols stand in an area of their own, from 0xF000 on.
+FT_UInt glyph_index(FT_Face face, char32_t code) {
+    constexpr char32_t symbols_first = 0xf000, symbols = 0x100;
+    if (face->charmap == nullptr) return code;
+    const FT_UInt index = FT_Get_Char_Index(face, code);
+    const bool is_symbol = face->charmap->encoding == FT_ENCODING_MS_SYMBOL && code < symbols;
+    return index == 0 && is_symbol ? FT_Get_Char_Index(face, symbols_first + code) : index;
+}
+
+/// Calls `visit(glyph)` for each character of the text that has a glyph, as long as it gives true.
+template <typename Visit> void for_each_glyph(OutlineFont& font, std::string_view text, Visit visit) {
+    while (!text.empty()) {
+        const auto byte = static_cast<unsigned char>(text.front());
+        const Utf8Character next = font.convert_mode == CONVERT_WIDE ? first_character(text) : Utf8Character{byte, 1};
+        text.remove_prefix(next.size);
+        const FT_UInt index = glyph_index(font.face, next.code);
+        if (index >= font.glyphs.size()) continue;
+        auto& glyph = font.glyphs[index];
+        if (glyph == nullptr) glyph = load_glyph(font.face, static_cast<int>(index));
+        if (!visit(*glyph)) return;
+    }
+}
+
+int pen_step(const OutlineFont& font, const CachedGlyph& glyph) {
+    return glyph.advance_x != 0 ? glyph.advance_x + font.char_spacing : 0;
+}
+
+// ---- Drawing -------------------------------------------------------------------------------------------------------
+
+/// Calls `paint(values, x, y, length)` for each row of a glyph, cut to the area.
+template <typename Paint> void paint_glyph(const GlyphForm& form, const DrawArea& area, int x, int y, Paint paint) {
+    const int left = std::max(area.left, x), right = std::min(area.right, x + form.width);
+    if (left >= right) return;
+    for (int row = std::max(area.top, y); row < std::min(area.bottom, y + form.height); ++row) {
+        const std::size_t first = index_of(row - y) * index_of(form.width) + index_of(left - x);
+        paint(form.pixels.data() + first, left, row, right - left);
+    }
+}
+
+template <typename Paint>
+void draw_text(BITMAP* bitmap, OutlineFont* font, std::string_view text, int x, int y, TextEdges edges, Paint paint) {
+    const DrawArea area = draw_area(bitmap);
+    if (y + font->height < area.top || y >= area.bottom || x >= area.right) return;
+    for_each_glyph(*font, text, [&](CachedGlyph& glyph) {
+        const GlyphForm& form = form_of(glyph, edges);
+        paint_glyph(form, area, x + form.left, y - form.top + font->ascender, paint);
+        x += pen_step(*font, glyph);
+        return x < area.right;
+    });
+}
+
+/// Calls `set(pixel, value)` for each pixel of a row that the glyph covers.
+template <typename Pixel, typename Set> auto row_painter(BITMAP* bitmap, Set set) {
+    return [=](const std::uint8_t* values, int x, int y, int length) {
+        Pixel* const to = reinterpret_cast<Pixel*>(bitmap->line[y]) + x;
+        for (int i = 0; i < length; ++i)
+            if (values[i] != 0) set(to[i], values[i]);
+    };
+}
+
+using Ramp = std::array<Color, 256>;
+
+/// From the background up to the colour, in 256ths of their distance.
+Ramp ramp_of(int background, int color) {
+    constexpr int steps_bits = 8;
+    const auto channel = [](int from, int to, int step) {
+        return from == to ? from : from + (((to - from + 1) * step) >> steps_bits);
+    };
+    Ramp ramp{};
+    for (int step = 0; step < static_cast<int>(ramp.size()); ++step)
+        ramp[index_of(step)] = static_cast<Color>(makecol(channel(getr(background), getr(color), step),
+                                                          channel(getg(background), getg(color), step),
+                                                          channel(getb(background), getb(color), step)));
+    return ramp;
+}
+
+/// White over a grey at a strength, as the red of Allegro's translucent drawing, into which its green carries.
+std::uint8_t covered(std::uint32_t grey, std::uint32_t strength) {
+    constexpr std::uint32_t white = 255, red_and_blue = 0x10001, all = 0x10101;
+    return static_cast<std::uint8_t>((((white - grey) * red_and_blue * (strength + 1) >> 8) + grey * all) >> 16);
+}
+
+/// Takes the face into a font; null if FreeType can't open it.
+OutlineFont* open_font(std::vector<std::uint8_t> data) {
+    auto font = std::make_unique<OutlineFont>();
+    font->data = std::move(data);
+    if (library == nullptr || font->data.empty()) return nullptr;
+    if (FT_New_Memory_Face(library, font->data.data(), static_cast<FT_Long>(font->data.size()), 0, &font->face) != 0)
+        return nullptr;
+    FT_Face face = font->face;
+    if (face->charmap == nullptr && face->num_charmaps > 0) FT_Set_Charmap(face, face->charmaps[0]);
+    font->glyphs.resize(static_cast<std::size_t>(std::max<FT_Long>(face->num_glyphs, 0)));
+    if (!FT_IS_SCALABLE(face)) {
+        font->fixed_size_count = face->num_fixed_sizes;
+        for (int i = 0; i < face->num_fixed_sizes; ++i) font->fixed_sizes.push_back(face->available_sizes[i].height);
+    }
+    constexpr int first_outline_height = 8;
+    font_set_height(font.get(), font->fixed_sizes.empty() ? first_outline_height : font->fixed_sizes.front());
+    return font.release();
+}
+
+}  // namespace
+
+// ---- The layer -----------------------------------------------------------------------------------------------------
+
+int font_system_init() { return FT_Init_FreeType(&library); }
+
+void font_system_exit() {
+    for (OutlineFont** const handle : {&preferred_font, &preview_font}) font_destroy(std::exchange(*handle, nullptr));
+    if (library != nullptr) FT_Done_FreeType(library);
+    library = nullptr;
+}
+
+int font_text_mode(int color) { return std::exchange(text_background, color); }
+
+// ---- Fonts ---------------------------------------------------------------------------------------------------------
+
+OutlineFont* font_load(const std::string& path) {
+    std::vector<std::uint8_t> data;
+    if (InputFile(path).size() > font_file_max || !read_file(path, font_file_max, data)) return nullptr;
+    return open_font(std::move(data));
+}
+
+OutlineFont* font_load_from_memory(const void* data, int size) {
+    const auto* const bytes = static_cast<const std::uint8_t*>(data);
+    return open_font({bytes, bytes + size});
+}
+
+void font_destroy(OutlineFont* font) {
+    if (font == nullptr) return;
+    forget_glyphs(*font);
+    FT_Done_Face(font->face);
+    delete font;
+}
+
+int font_set_height(OutlineFont* font, int height) {
+    if (height == font->height) return 0;
+    if (height < 1) return -1;
+    return font->fixed_size_count < 0 ? set_outline_height(*font, height) : set_bitmap_height(*font, height);
+}
+
+void font_set_spacing(OutlineFont* font, int pixels) { font->char_spacing = std::clamp(pixels, 0, spacing_max); }
+
+void font_set_language(OutlineFont* font, const char* name) { font->language = name; }
+
+void font_set_convert(OutlineFont* font, int mode) {
+    font->convert_mode = std::clamp<int>(mode, CONVERT_BYTES, CONVERT_WIDE);
+}
+
+// ---- Text ----------------------------------------------------------------------------------------------------------
+
+int font_text_length(OutlineFont* font, std::string_view text) {
+    int length = 0;
+    for_each_glyph(*font, text, [&](const CachedGlyph& glyph) {
+        length += pen_step(*font, glyph);
+        return true;
+    });
+    return length;
+}
+
+int font_text_height(const OutlineFont* font) { return font->height; }
+
+void font_textout(BITMAP* bitmap, OutlineFont* font, std::string_view text, int x, int y, int color) {
+    const auto set = [=](Color& pixel, std::uint8_t) { pixel = static_cast<Color>(color); };
+    draw_text(bitmap, font, text, x, y, EDGES_ROUGH, row_painter<Color>(bitmap, set));
+}
+
+void font_textout_aa(BITMAP* bitmap, OutlineFont* font, std::string_view text, int x, int y, int color) {
+    if (text_background >= 0) return font_textout_aa(bitmap, font, text, x, y, color, text_background);
+    const auto paint = [=](const std::uint8_t* values, int left, int row, int length) {
+        constexpr int full = 255;
+        for (int i = 0; i < length; ++i) {
+            if (values[i] == 0) continue;
+            drawing_mode(values[i] == full ? DRAW_MODE_SOLID : DRAW_MODE_TRANS, nullptr, 0, 0);
+            set_trans_blender(0, 0, 0, values[i]);
+            putpixel(bitmap, left + i, row, color);
+        }
+    };
+    draw_text(bitmap, font, text, x, y, EDGES_SMOOTH, paint);
+    solid_mode();
+}
+
+void font_textout_aa(BITMAP* bitmap, OutlineFont* font, std::string_view text, int x, int y, int color,
+                     int background) {
+    const Ramp ramp = ramp_of(background, color);
+    const auto set = [&ramp](Color& pixel, std::uint8_t value) { pixel = ramp[value]; };
+    draw_text(bitmap, font, text, x, y, EDGES_SMOOTH, row_painter<Color>(bitmap, set));
+}
+
+void font_cover(BITMAP* coverage, OutlineFont* font, std::string_view text, int x, int y, TextEdges edges) {
+    constexpr std::uint8_t full = 255;
+    const auto set = [edges](std::uint8_t& pixel, std::uint8_t value) {
+        pixel = edges == EDGES_ROUGH || value == full ? full : covered(pixel, value);
+    };
+    draw_text(coverage, font, text, x, y, edges, row_painter<std::uint8_t>(coverage, set));
+}
+
+}  // namespace nubo
