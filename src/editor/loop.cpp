@@ -2,7 +2,6 @@
 
 #include "editor/handlers.h"
 #include "gui/presses.h"
-#include "gui/snapshot.h"
 #include "gui/window.h"
 #include "paint/tools.h"
 #include "state/flow.h"
@@ -12,25 +11,12 @@
 #include "state/stroke.h"
 #include "state/view.h"
 #include "view/view.h"
-#include "windows/confirm_box.h"
 #include "windows/drawing_menu.h"
 #include "windows/quick_pan.h"
-#include "workspace/notices.h"
+#include "windows/waiting_boxes.h"
 
 namespace nubo {
 namespace {
-
-/// What the workspace has to tell, over the drawing menu's shadow.
-void show_waiting_boxes() {
-    while (const auto box = take_box()) {
-        take_menu_snapshot(menu_snapshot);
-        hide_window();
-        confirm_box(box->first, box->second, true, true);
-        clear_menu_shadow();
-        toggle_window();
-    }
-    workspace_damaged = 0;
-}
 
 /// A left press on the frame is a stroke; one that ends with the button still down doesn't start a second.
 void serve_left_press() {

@@ -7,6 +7,7 @@
 #include "editor/graphics.h"
 #include "editor/handlers.h"
 #include "framework/actors.h"
+#include "framework/outline_font.h"
 #include "framework/resources.h"
 #include "platform/display_loss.h"
 #include "platform/folder_lock.h"
@@ -40,7 +41,7 @@
 namespace nubo {
 namespace {
 
-constexpr int cannot_start = -1, could_not_save = 5;
+constexpr int cannot_start = -1, no_font_layer = 1, could_not_save = 5;
 constexpr const char* no_memory = "The program ran out of memory! Reboot, or close some active programs and try again.";
 
 /// The end of a start that can't go on, with its cause in the log, on standard error and in a window.
@@ -189,6 +190,7 @@ int start_program() {
     if (const int code = open_log_and_enter_folder(); code != 0) return code;
     if (!start_allegro()) return cannot_start;
     if (const GraphicsResult result = UA_init_graphics(); result != GRAPHICS_UP) return result;
+    if (font_system_init() != 0) return refuse("Error while initializing the font layer"), no_font_layer;
     UA_log("[ INIT ] : Framework initialized");
     load_user_settings();
     UA_log("[ INIT ] : User settings loaded from file");
@@ -205,6 +207,7 @@ int start_program() {
     install_handlers();
     UA_log("[ INIT ] : Interrupts installed");
     if (!open_workspace()) return refuse(no_memory);
+    if (preferred_font == nullptr) return refuse("System font file is missing. Please reinstall the application.");
     save_on_display_loss([] { shutdown_program(); });
     warn_if_nothing_can_be_saved();
     gui_enabled = 1;
@@ -229,6 +232,8 @@ int shutdown_program() {
     const bool workspace_kept = close_workspace();
     UA_log("[ END ] : Writing user settings to file.");
     const bool settings_kept = save_user_settings();
+    UA_log("[ END ] : Closing font renderer hooks.");
+    font_system_exit();
     UA_log("[ END ] : Closing log.");
     UA_log_close();
     save_on_display_loss(nullptr);

@@ -13,6 +13,7 @@
 #include "workspace/frame_files.h"
 #include "workspace/frame_moves.h"
 #include "workspace/notices.h"
+#include "workspace/preferred_font.h"
 #include "workspace/rescue.h"
 #include "workspace/side_files.h"
 #include "workspace/state_fields.h"
@@ -61,6 +62,28 @@ int slot_to_open(const Folder& folder) {
     return last;
 }
 
+/// The Workspace but for its font.
+bool read_workspace(const char* name, const FrameRepairs& repairs) {
+    const Folder folder = workspace_folder();
+    const std::string stem = stem_of(name), path = folder.file(name);
+    while (!file_exists(path)) {
+        set_workspace_defaults();
+        opt_cel_masking = 1;
+        opt_file_preview = PREVIEW_ALL;
+        if (!file_exists(folder.file("alternate.spa"))) return false;
+        swap_to_alternate();
+        if (!file_exists(path)) return false;  // the disk doesn't let it be renamed
+    }
+    if (!read_state(path)) mark_damage();
+    follow_with_views(repairs);
+    load_frame_or_another(folder, slot_to_open(folder));
+    for (const SideFile kind : {SIDE_CEL, SIDE_TIP, SIDE_NAIL})
+        if (!load_side_file(folder, kind, stem)) repair_workspace(folder, kind);
+    follow_with_tiles(repairs);
+    remove_alternate_files();
+    return true;
+}
+
 constexpr std::array side_endings{"cel", "nal", "tip", "spa"};  // the state last: with it the swap is whole
 
 }  // namespace
@@ -99,24 +122,9 @@ bool read_state(const std::string& path) {
 }
 
 bool load_workspace_state(const char* name, const FrameRepairs& repairs) {
-    const Folder folder = workspace_folder();
-    const std::string stem = stem_of(name), path = folder.file(name);
-    while (!file_exists(path)) {
-        set_workspace_defaults();
-        opt_cel_masking = 1;
-        opt_file_preview = PREVIEW_ALL;
-        if (!file_exists(folder.file("alternate.spa"))) return false;
-        swap_to_alternate();
-        if (!file_exists(path)) return false;  // the disk doesn't let it be renamed
-    }
-    if (!read_state(path)) mark_damage();
-    follow_with_views(repairs);
-    load_frame_or_another(folder, slot_to_open(folder));
-    for (const SideFile kind : {SIDE_CEL, SIDE_TIP, SIDE_NAIL})
-        if (!load_side_file(folder, kind, stem)) repair_workspace(folder, kind);
-    follow_with_tiles(repairs);
-    remove_alternate_files();
-    return true;
+    const bool there = read_workspace(name, repairs);
+    select_preferred_font();
+    return there;
 }
 
 void swap_to_alternate() {

@@ -12,6 +12,7 @@
 #include "workspace/frame_store.h"
 #include "workspace/nail.h"
 #include "workspace/notices.h"
+#include "workspace/preferred_font.h"
 #include "workspace/rescue.h"
 #include "workspace/rescue_folder.h"
 #include "workspace/side_files.h"
@@ -42,6 +43,7 @@ void bring_back_rescue(const Folder& folder, int slot) {
 /// A drive that isn't there, a folder that nobody may enter: what is done in this run is kept elsewhere.
 bool open_without_workspace() {
     set_workspace_defaults();
+    select_preferred_font();
     queue_box(LABEL_WORKSPACE_AWAY, LABEL_NOTHING_WRITTEN);
     if (!place_blank_frame()) return false;
     note_frame_saved();
