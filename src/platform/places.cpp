@@ -77,6 +77,10 @@ char free_letter(const std::vector<Place>& places) {
     return letter;
 }
 
+void add_mounted_places(std::vector<Place>& places) {
+    for (const std::string& folder : mounted_folders()) add_place(places, free_letter(places), folder);
+}
+
 }  // namespace
 
 std::string pictures_folder() {
@@ -94,7 +98,22 @@ std::vector<Place> find_places(const std::string& program_dir) {
     add_place(places, 'L', user_folder("DOWNLOAD", "/Downloads"));
     add_place(places, 'F', program_dir + "/fonts");
     add_place(places, 'S', program_dir + "/SCHEMES");
-    for (const std::string& folder : mounted_folders()) add_place(places, free_letter(places), folder);
+    add_mounted_places(places);
+    return places;
+}
+
+std::vector<Place> find_font_places(const std::string& program_dir) {
+    std::string user_data = from_environment("XDG_DATA_HOME");
+    if (user_data.empty()) user_data = home() + "/.local/share";
+    std::vector<Place> places;
+    add_place(places, 'F', program_dir + "/fonts");
+    add_place(places, 'U', user_data + "/fonts");
+    add_place(places, 'S', "/usr/share/fonts");
+    add_place(places, 'L', "/usr/local/share/fonts");
+    add_place(places, 'C', "/");
+    add_place(places, 'H', home());
+    add_place(places, 'D', user_folder("DOWNLOAD", "/Downloads"));
+    add_mounted_places(places);
     return places;
 }
 

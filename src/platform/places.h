@@ -17,6 +17,10 @@ inline constexpr std::size_t place_max = 17;
 /// what is one already. `program_dir` is the program's folder.
 std::vector<Place> find_places(const std::string& program_dir);
 
+/// The same for who looks for a font: the program's `fonts`, the user's own, those of the machine, then the root, home
+/// and downloads and what is mounted.
+std::vector<Place> find_font_places(const std::string& program_dir);
+
 /// The user's folder for pictures, or else their home; empty if there is neither.
 std::string pictures_folder();
 

@@ -15,6 +15,7 @@
 #include "windows/run_window.h"
 #include "workspace/folders.h"
 #include "workspace/notices.h"
+#include "workspace/preferred_font.h"
 #include <algorithm>
 #include <allegro.h>
 #include <array>
@@ -115,6 +116,11 @@ constexpr FieldLayout field_layout{.visible = 25, .max = 254, .font = FONT_WIDE}
 const std::array<std::vector<std::string_view>, filter_count> filters{
     {{"GIF"}, {"PCX"}, {"BMP"}, {"PNG"}, {"JPG", "JPEG"}, {"LBM", "IFF", "ILBM"}, {"TTF"}, {"OTF"}, {"WSP"}}};
 
+/// The user's HOME directory: empty while the browser floats.
+std::array<char, path_size>& home_of(BrowserMode mode) {
+    return mode == BROWSE_FOR_FONT ? default_font_dir : default_image_dir;
+}
+
 // ---- Names and folders ---------------------------------------------------------------------------------------------
 
 std::string path_in(const std::string& folder, const std::string& name) {
@@ -146,10 +152,12 @@ std::string field_text(int slot) {
     return text.data();
 }
 
-/// Where the browser opens: at home, where it was, or else in the user's pictures.
-std::string first_folder() {
-    const std::string last = image_dir[0] != '\0' ? browse_folder().path() : pictures_folder();
-    const std::array<std::string, 3> wanted{default_image_dir.data(), last, program_dir.data()};
+/// Where the browser opens: at home, where it was, or else in the user's pictures; for a font where that one lies.
+std::string first_folder(BrowserMode mode) {
+    const bool is_for_font = mode == BROWSE_FOR_FONT;
+    const std::string image = image_dir[0] != '\0' ? browse_folder().path() : pictures_folder();
+    const std::string last = is_for_font ? font_folder().path() : image;
+    const std::array<std::string, 3> wanted{home_of(mode).data(), last, program_dir.data()};
     const auto found = std::find_if(wanted.begin(), wanted.end(), is_folder);
     return found != wanted.end() ? *found : "/";
 }
@@ -159,12 +167,13 @@ std::string first_folder() {
 class FileBrowser {
 public:
     FileBrowser(BrowserMode mode, FilePurpose purpose)
-        : mode_(mode), purpose_(purpose), places_(find_places(program_dir.data())) {}
+        : mode_(mode), purpose_(purpose),
+          places_(mode == BROWSE_FOR_FONT ? find_font_places(program_dir.data()) : find_places(program_dir.data())) {}
 
     /// The chosen path, empty after CANCEL.
     std::string run() {
         const std::string offered = mode_ == BROWSE_TO_SAVE ? image_file.data() : "";
-        if (!enter(first_folder()) && !enter("/")) return {};
+        if (!enter(first_folder(mode_)) && !enter("/")) return {};
         set_text(image_file, offered);
         WindowRow row = window;
         if (mode_ == BROWSE_TO_SAVE) {
@@ -175,7 +184,7 @@ public:
                                                 .show = [&] { settle_file_list(BROWSER_LIST); },
                                                 .serve = [&] { return serve(); }});
         clear_preview();
-        browse_in(Folder(image_dir.data()));
+        if (mode_ != BROWSE_FOR_FONT) browse_in(Folder(image_dir.data()));
         return end == WINDOW_DONE ? chosen_ : "";
     }
 
@@ -219,8 +228,8 @@ private:
             gui::type[at(BROWSER_FILTER_FIRST + i)] = i == filter_ ? ELEMENT_BUTTON_DOWN : ELEMENT_BUTTON;
     }
 
-    static void set_home_button() {
-        const bool is_home = default_image_dir[0] != '\0';
+    void set_home_button() const {
+        const bool is_home = home_of(mode_)[0] != '\0';
         gui::label[BROWSER_HOME] = is_home ? LABEL_FLOAT : LABEL_HOME;
         gui::tooltip[BROWSER_HOME] = is_home ? MESSAGE_CLEAR_HOME : MESSAGE_SET_HOME;
     }
@@ -250,7 +259,7 @@ private:
 
     /// The same for the window on screen. The name that is to be saved stays.
     void go_to(const std::string& folder) {
-        if (enter(folder) && mode_ == BROWSE_TO_LOAD) show_name("");
+        if (enter(folder) && mode_ != BROWSE_TO_SAVE) show_name("");
         show_folder();
     }
 
@@ -273,6 +282,8 @@ private:
         const FileType type = file_type_from_extension(name, mode_);
         if (type == FILE_UNKNOWN && !asked)
             set_preview_message(PREVIEW_UNAVAILABLE);
+        else if (mode_ == BROWSE_FOR_FONT)
+            preview_font_file(absolute_path(name));
         else
             preview_picture(absolute_path(name), type, asked);
         UA_idle_ticks = 0;
@@ -329,8 +340,8 @@ private:
 
     static bool is_entry(int index) { return index >= 0 && at(index) < file_names.size(); }
 
-    static void flip_home() {
-        set_text(default_image_dir, default_image_dir[0] == '\0' ? image_dir.data() : "");
+    void flip_home() const {
+        set_text(home_of(mode_), home_of(mode_)[0] == '\0' ? image_dir.data() : "");
         set_home_button();
     }
 
@@ -390,7 +401,13 @@ private:
 }  // namespace
 
 void file_browser(BrowserMode mode, FilePurpose purpose) {
+    const auto images_dir = image_dir;
+    const auto images_file = image_file;
     const std::string path = FileBrowser(mode, purpose).run();
+    if (mode == BROWSE_FOR_FONT) {  // who looks for a font doesn't leave his pictures
+        image_dir = images_dir;
+        image_file = images_file;
+    }
     if (path.empty()) return;
     if (mode == BROWSE_TO_SAVE)
         save_file(path, purpose);

@@ -5,7 +5,7 @@
 namespace nubo {
 
 /// Lets the user choose a file in a folder, and loads or saves it as the purpose asks. `image_dir` and `image_file`
-/// are left as the user left them, also after CANCEL.
+/// are left as the user left them, also after CANCEL; a choice of a font leaves them alone.
 void file_browser(BrowserMode mode, FilePurpose purpose);
 
 /// The commands of the PIC menu and their keys.

@@ -1,11 +1,14 @@
 #include "windows/file_preview.h"
 
+#include "framework/outline_font.h"
 #include "framework/text.h"
+#include "paint/cel_pixels.h"
 #include "platform/input_file.h"
 #include "state/options.h"
 #include "state/run.h"
 #include "windows/picture_formats.h"
 #include "workspace/nail.h"
+#include <algorithm>
 #include <array>
 
 namespace nubo {
@@ -31,7 +34,50 @@ void show_picture(BITMAP* picture) {
         reduce_bitmap(picture, preview_bitmap, 0, 0, preview_w, preview_h);
 }
 
+// ---- Fonts ---------------------------------------------------------------------------------------------------------
+
+constexpr int letter_height = 75, letter_spacing = 5, sample_height = 18;
+
+/// The "A", in the middle of a preview that is `height` pixels high.
+void show_letter(OutlineFont* font, Color background, int height) {
+    const OwnedBitmap scratch = make_bitmap(preview_w, preview_h, background);
+    if (!scratch) return;
+    font_textout_aa(scratch.get(), font, "A", preview_w / 2, 0, static_cast<int>(fixed_black),
+                    static_cast<int>(background));
+    constexpr int any_difference = 1;
+    const std::optional<Area> box = content_area(scratch.get(), background, any_difference);
+    if (!box) return;
+    blit(scratch.get(), preview_bitmap, box->left, box->top, (preview_w - box->width()) / 2,
+         std::max(height - box->height(), 0) / 2, box->width(), box->height());
+}
+
+/// The user's own text along the lower edge.
+void show_sample(OutlineFont* font, Color background, const std::string& text) {
+    constexpr int left = 3;
+    font_set_spacing(font, 0);
+    font_set_height(font, sample_height);
+    font_textout_aa(preview_bitmap, font, text, left, preview_h - sample_height - 1, static_cast<int>(fixed_black),
+                    static_cast<int>(background));
+}
+
 }  // namespace
+
+void preview_font_file(const std::string& path) {
+    const Color background = color_scheme[SCHEME_BACKGROUND];
+    clear_to_color(preview_bitmap, static_cast<int>(background));
+    font_destroy(preview_font);
+    preview_font = font_load(path);
+    if (preview_font == nullptr) return;
+    font_set_language(preview_font, "chinese-traditional");
+    font_set_convert(preview_font, CONVERT_WIDE);
+    font_set_spacing(preview_font, letter_spacing);
+    font_text_mode(-1);
+    font_set_height(preview_font, letter_height);
+    const std::string sample = text_in_hand.data();
+    const bool has_sample = sample.find_first_not_of(' ') != std::string::npos;
+    show_letter(preview_font, background, has_sample ? preview_h - sample_height : preview_h);
+    if (has_sample) show_sample(preview_font, background, sample);
+}
 
 void clear_preview() { clear_to_color(preview_bitmap, static_cast<int>(fixed_black)); }
 

@@ -14,6 +14,9 @@ void set_preview_message(PreviewMessage kind);
 /// the preview, so that the limit of size counts for nothing.
 void preview_picture(const std::string& path, FileType type, bool asked);
 
+/// Shows the font at `path`: its "A", and below it the text that is typed for TEXT. Empty for a file that is no font.
+void preview_font_file(const std::string& path);
+
 /// Empties the preview.
 void clear_preview();
 

@@ -5,6 +5,7 @@
 #include "windows/draw_elements.h"
 #include "windows/gradient_nodes.h"
 #include "windows/shape_windows.h"
+#include "windows/text_window.h"
 
 namespace nubo {
 namespace {
@@ -51,6 +52,7 @@ void hand_over_windows() {
     set_element_drawers(drawer_rows);
     register_gradient_nodes();
     register_shape_windows();
+    register_text_window();
     register_cel_commands();
 }
 

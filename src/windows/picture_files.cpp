@@ -12,6 +12,7 @@
 #include "windows/picture_formats.h"
 #include "workspace/frame_memory.h"
 #include "workspace/notices.h"
+#include "workspace/preferred_font.h"
 #include <algorithm>
 #include <array>
 #include <filesystem>
@@ -83,8 +84,8 @@ bool load_file(const std::string& path, FilePurpose purpose) {
     case PURPOSE_PICTURE: return load_picture(path);
     case PURPOSE_FAVORITES: return told(load_favorites(path) == 1, "FAVORITES LOADED", "THIS IS NO FILE OF FAVORITES");
     case PURPOSE_SCHEME: return told(load_scheme(path) == 1, "COLOR SCHEME LOADED", "THIS IS NO COLOR SCHEME");
-    case PURPOSE_ARCHIVE:
-    case PURPOSE_FONT: break;
+    case PURPOSE_FONT: choose_preferred_font(path); return true;
+    case PURPOSE_ARCHIVE: break;
     }
     say_comes_later();
     return false;
