@@ -1,5 +1,6 @@
 // nubo-assets: makes the files that the program reads at its start from the sources of the artwork.
 #include "base/color.h"
+#include "bdf_font.h"
 #include "contact_sheet.h"
 #include "first_start.h"
 #include "font_sheet.h"
@@ -90,9 +91,11 @@ struct FontRow {
     Font slot;
     const char* source;
     const char* place;
+    const char* name;  // as a font for TEXT
 };
-constexpr FontRow fonts[] = {{FONT_WIDE, "font_05.txt", "resource/UA_FONT_05"},
-                             {FONT_NARROW, "font_04.txt", "resource/UA_FONT_04"}};
+constexpr FontRow fonts[] = {{FONT_WIDE, "font_05.txt", "resource/UA_FONT_05", "NuboWide"},
+                             {FONT_NARROW, "font_04.txt", "resource/UA_FONT_04", "NuboNarrow"}};
+constexpr int tail_rows = 2;  // of both, below the baseline
 
 bool make_fonts(Studio& studio) {
     UA_init_text_colors();
@@ -103,6 +106,8 @@ bool make_fonts(Studio& studio) {
         BITMAP* const sheets[] = {picture.get()};
         if (!picture || !build_font(row.slot, sheets)) return false;
         const FontSlot& font = font_slots[static_cast<std::size_t>(row.slot)];
+        const std::string bdf = std::string("fonts/") + row.name + ".bdf";
+        if (!write_bytes(place_of(studio, bdf), bdf_of(font, row.name, tail_rows))) return false;
         // The tones in the last row would keep the empty rest of the sheet on the contact sheet.
         hline(picture.get(), 0, picture->h - 1, picture->w - 1, static_cast<int>(transparent_color));
         studio.panels.push_back({std::move(picture), font.cell_w + 1, font.cell_h + 1});
