@@ -3,6 +3,7 @@
 
 #include "base/log.h"
 #include "codecs/png.h"
+#include "framework/outline_font.h"
 #include "paint/stroke.h"
 #include "state/cel.h"
 #include "state/frames.h"
@@ -41,8 +42,14 @@ protected:
         folder_.path().copy(program_dir.data(), path_size - 1);
         UA_log_open(nullptr);
         make_bitmaps();
+        fs::create_directory("fonts");
+        fs::copy(NUBO_FOLDER "/fonts/system.ttf", "fonts");
+        ASSERT_EQ(font_system_init(), 0);
     }
-    void TearDown() override { UA_log_close(); }
+    void TearDown() override {
+        font_system_exit();
+        UA_log_close();
+    }
 
     static void make_bitmaps() {
         const OwnedBitmap tips(load_png("resource/brushie.PNG", nullptr));
@@ -68,6 +75,8 @@ TEST_F(FirstStart, TakesTheDeliveredWorkspaceOver) {
     EXPECT_EQ(brush_color, 0xffffffu);
     EXPECT_EQ(mask_color, 0u);
     EXPECT_EQ(image_dir[0], '\0') << "no folder of the machine that built it";
+    EXPECT_NE(preferred_font, nullptr);
+    EXPECT_EQ(font_dir[0], '\0') << "none for the fonts either: they are the program's own";
     EXPECT_TRUE(fs::exists("WORKSPACE/current.spa"));
     EXPECT_FALSE(fs::exists("WORKSPACE/alternate.000"));
     // A value out of its range, a missing picture: each would be told in the log as damage.

@@ -1,7 +1,10 @@
 // Every window of the drawing menu, as it stands when it is opened: on the screen, readable, each element reachable.
+#include "framework/outline_font.h"
 #include "menus_kit.h"
 #include "state/texts_labels.h"
 #include "windows/shape_windows.h"
+#include "windows/text_window.h"
+#include "workspace/preferred_font.h"
 #include <string>
 
 namespace nubo {
@@ -99,19 +102,23 @@ TEST_F(MenuTest, EveryElementIsOnTheScreenReadableAndReachable) {
     });
 }
 
-TEST_F(MenuTest, EveryElementOfTheShapeWindowsIsToo) {
+TEST_F(MenuTest, EveryElementOfTheToolsWindowsIsToo) {
+    ASSERT_EQ(font_system_init(), 0);
+    ASSERT_EQ(load_preferred_font(NUBO_FOLDER "/fonts/system.ttf"), 1);
     const auto loop = [] {
         build_drawing_menu();
         for (const BrushTool tool : {TOOL_RPOLY, TOOL_SSHAPE, TOOL_SPIRAL}) run_shape_window(tool);
+        text_tool();
         wait_loop();
     };
     play_on(loop, [](User& user) -> Script {
-        for (const char* name : {"R.POLY", "SSHAPE", "SPIRAL"}) {
+        for (const char* name : {"R.POLY", "SSHAPE", "SPIRAL", "TEXT"}) {
             co_await user.wait(4);
             check_window(name);
             co_await click(user, slot_of(LABEL_CANCEL));
         }
     });
+    font_system_exit();
 }
 
 }  // namespace

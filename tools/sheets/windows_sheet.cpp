@@ -4,6 +4,7 @@
 // A window runs until its user leaves it. So each opens in a process of its own, which ends with the third picture.
 #include "codecs/png.h"
 #include "editor/present.h"
+#include "framework/outline_font.h"
 #include "framework/resources.h"
 #include "framework/text.h"
 #include "gui/window.h"
@@ -35,10 +36,12 @@
 #include "windows/scheme_window.h"
 #include "windows/shape_windows.h"
 #include "windows/sheet_tool.h"
+#include "windows/text_window.h"
 #include "windows/tip_window.h"
 #include "windows/tool_window.h"
 #include "windows/workspace_window.h"
 #include "workspace/defaults.h"
+#include "workspace/preferred_font.h"
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
@@ -77,6 +80,14 @@ void hold_option_key() {
     option_slider(OWNER_TOOL, TOOL_SPRAY);
 }
 
+void write_text() {
+    font_system_init();
+    load_preferred_font(NUBO_FOLDER "/fonts/system.ttf");
+    std::strncpy(font_name.data(), system_font, file_name_size - 1);
+    std::strncpy(text_tool_text.data(), "HAMBURGEFONTS", text_size - 1);
+    text_tool();
+}
+
 void lose_cel() {
     cel_x = 2 * view_w;
     place_cel(true, true);
@@ -110,6 +121,7 @@ std::vector<Exhibit> exhibits() {
         {"R.POLY", [] { run_shape_window(TOOL_RPOLY); }},
         {"SSHAPE", [] { run_shape_window(TOOL_SSHAPE); }},
         {"SPIRAL", [] { run_shape_window(TOOL_SPIRAL); }},
+        {"TEXT", write_text},
         {"NOTICE", [] { confirm_box(LABEL_LAST_FRAME, LABEL_NONE, false, true); }},
     };
     for (int space = SPACE_VGA; space < SPACE_COUNT; ++space)
