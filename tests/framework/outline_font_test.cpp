@@ -139,7 +139,7 @@ TEST_F(OutlineFontTest, ALineIsNeverHigherThanAskedFor) {
 TEST_F(OutlineFontTest, SpacingIsHeldToItsRangeAndFollowsEachGlyphThatMoves) {
     const OwnedFont font(font_load(delivered_font));
     const int width = font_text_length(font.get(), "AB");
-    for (const auto &[asked, kept] : {std::pair{-1, 0}, std::pair{7, 7}, std::pair{5000, 4096}}) {
+    for (const auto& [asked, kept] : {std::pair{-1, 0}, std::pair{7, 7}, std::pair{5000, 4096}}) {
         font_set_spacing(font.get(), asked);
         EXPECT_EQ(font_text_length(font.get(), "AB"), width + 2 * kept);
         font_set_convert(font.get(), CONVERT_WIDE);
@@ -188,7 +188,7 @@ TEST_F(OutlineFontTest, ColorsAreMixedWithTheBitmapOrWithABackground) {
 TEST_F(OutlineFontTest, NothingIsDrawnBeyondTheClipRectangle) {
     const OwnedFont font(font_load(delivered_font));
     font_set_height(font.get(), 40);
-    for (const auto &[x, y] : {std::pair{-20, -15}, std::pair{30, 25}, std::pair{-5000, 0}, std::pair{0, -41}}) {
+    for (const auto& [x, y] : {std::pair{-20, -15}, std::pair{30, 25}, std::pair{-5000, 0}, std::pair{0, -41}}) {
         const OwnedBitmap whole = make_bitmap(200, 120), cut = make_bitmap(60, 50);
         set_clip_rect(cut.get(), 3, 4, 50, 40);
         font_textout(whole.get(), font.get(), "WgW", x + 50, y + 50, 0xffffff);
