@@ -84,6 +84,15 @@ TEST_F(PreferredFontTest, WithoutAnyFontAStartHasNoneAndARunningEditorKeepsIts) 
     EXPECT_EQ(pending_box_count, 1);
 }
 
+TEST_F(PreferredFontTest, AFontOfTheProgramIsFoundWhereverTheProgramLies) {
+    choose_preferred_font(folder_.path() + "/fonts/other.ttf");
+    fs::create_directories("moved");
+    fs::rename("fonts", "moved/fonts");
+    set_text(program_dir, folder_.path() + "/moved");
+    EXPECT_TRUE(select_preferred_font());
+    EXPECT_STREQ(font_name.data(), "other.ttf");
+}
+
 TEST_F(PreferredFontTest, TextSizeAndFontComeBackWithTheWorkspace) {
     choose_preferred_font(folder_.path() + "/mine/good.ttf");
     set_text(text_tool_text, "H\xc3\xa4tte");
