@@ -1,7 +1,8 @@
-// The keys of a text field, by the physical keys of a US keyboard.
+// The keys of a text field: those that edit, and those that type what is printed on them.
+#include "base/utf8.h"
 #include "gui/elements.h"
 #include "gui/text_field.h"
-#include "state/hotkeys.h"
+#include "state/typing.h"
 #include "state/view.h"
 #include <algorithm>
 #include <allegro.h>
@@ -26,7 +27,7 @@ constexpr std::array<CharacterKey, 21> character_keys{{
 
 bool is_shift_down() { return key_down[KEY_LSHIFT] != 0 || key_down[KEY_RSHIFT] != 0; }
 
-/// The character of a key, '\0' for a key without one.
+/// The character that the key has on a US keyboard, '\0' for a key without one.
 char character_of(int code) {
     if (code >= KEY_A && code <= KEY_Z) {
         const bool upper = is_shift_down() || (key_shifts & KB_CAPSLOCK_FLAG) != 0;
@@ -35,6 +36,14 @@ char character_of(int code) {
     for (const CharacterKey& row : character_keys)
         if (row.code == code) return is_shift_down() ? row.shifted : row.plain;
     return '\0';
+}
+
+/// What the key types, in UTF-8; empty for a key that types nothing.
+std::string typed_by(int code) {
+    const char32_t typed = key_character[at(code)];
+    if (typed != character_unknown) return typed == 0 ? std::string() : utf8_of(typed);
+    const char character = character_of(code);
+    return character == '\0' ? std::string() : std::string(1, character);
 }
 
 // ---- The cursor ----------------------------------------------------------------------------------------------------
@@ -75,8 +84,10 @@ void focus_next(int slot) {
 // ---- Keys ----------------------------------------------------------------------------------------------------------
 
 void type_character(int slot, int code) {
-    const char character = character_of(code);
-    if (character != '\0' && GUI_insert_field(slot, character, gui::cursor[at(slot)]) != 0) move_right(at(slot));
+    const std::string character = typed_by(code);
+    if (field_length(slot) + static_cast<int>(character.size()) > gui::field_max[at(slot)]) return;  // whole or not
+    for (const char byte : character)
+        if (GUI_insert_field(slot, byte, gui::cursor[at(slot)]) != 0) move_right(at(slot));
 }
 
 void press_key(int slot, int code) {

@@ -58,11 +58,18 @@ void change_button(const InputChange& change) {
     if (was_pressed && mouse_left == 0 && mouse_right == 0) end_press();
 }
 
+/// The character first: who sees the key down types it.
+void change_key(const InputChange& change) {
+    const auto code = static_cast<std::size_t>(change.code);
+    if (change.down) key_character[code] = change.character;
+    key_down[code].publish(change.down ? 1 : 0);
+}
+
 void take_change(const InputChange& change) {
     if (change.is_button())
         change_button(change);
     else
-        key_down[static_cast<std::size_t>(change.code)] = change.down ? 1 : 0;
+        change_key(change);
     drop_first_change();
     looks.publish(looks + 1);
 }

@@ -2,6 +2,7 @@
 
 #include "platform/input_queue.h"
 #include "platform/keyboard.h"
+#include "platform/typed_characters.h"
 #include "state/run.h"
 #include "state/shared.h"
 #include <algorithm>
@@ -36,14 +37,20 @@ void read_events() {
 
 void hear_mouse(int /*flags*/) { note_mouse(::mouse_x, ::mouse_y, ::mouse_b); }
 
+Typist typist;
+char32_t typed = 0;  // by the key that is being heard
+
 /// The first key struck on another keyboard comes together with the news of it, after which Allegro has made codes of
 /// its own. This is called before Allegro looks the code up.
-void prepare_key(int /*down*/, int /*x_key*/) { keep_keyboard_map(); }
+void prepare_key(int down, int x_key) {
+    keep_keyboard_map();
+    if (down != 0) typed = typist.strike(symbol_of_press(x_key));
+}
 
 /// Allegro marks a release by the bit above its key codes.
 void hear_key(int code) {
     constexpr int released = 0x80;
-    note_key(code & ~released, (code & released) == 0);
+    note_key(code & ~released, (code & released) == 0, typed);
 }
 
 // ---- The place of the mouse ----------------------------------------------------------------------------------------
@@ -106,7 +113,7 @@ void install_input() {
     main_flow = pthread_self();
     XLOCK();
     map_keyboard();
-    part_key_strokes();
+    watch_key_strokes();
     note_mouse(::mouse_x, ::mouse_y, ::mouse_b);
     mouse_callback = hear_mouse;
     keyboard_lowlevel_callback = hear_key;

@@ -25,13 +25,13 @@ void note_place(Place place) {
                        static_cast<std::uint32_t>(place.y));
 }
 
-void note_change(int code, bool down) {
+void note_change(int code, bool down, char32_t character = character_unknown) {
     bool& was_down = is_down[static_cast<std::size_t>(code)];
     if (was_down == down) return;
     const unsigned end = written, waiting = end - read.acquire();
     if (down && waiting >= capacity - kept_for_releases) return;
     was_down = down;
-    changes[end % capacity] = {code, down, place_written};
+    changes[end % capacity] = {code, down, place_written, character};
     written.publish(end + 1);
 }
 
@@ -43,8 +43,8 @@ void note_mouse(int x, int y, int buttons) {
         note_change(input_keys + button, (buttons >> button & 1) != 0);
 }
 
-void note_key(int code, bool down) {
-    if (code > 0 && code < input_keys) note_change(code, down);
+void note_key(int code, bool down, char32_t character) {
+    if (code > 0 && code < input_keys) note_change(code, down, character);
 }
 
 Place newest_place() {

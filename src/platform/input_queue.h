@@ -4,6 +4,7 @@
 //
 // One side writes: Allegro's callbacks, which run under the lock of the X connection, or a scripted user. The other
 // side reads: the main flow. No locks.
+#include "state/typing.h"
 #include <array>
 
 namespace nubo {
@@ -22,6 +23,7 @@ struct InputChange {
     int code = 0;
     bool down = false;
     Place place{};
+    char32_t character = character_unknown;  // that a key types
     bool is_button() const { return code >= input_keys; }
     int button() const { return code - input_keys; }
 };
@@ -32,8 +34,9 @@ struct InputChange {
 /// queue.
 void note_mouse(int x, int y, int buttons);
 
-/// The key is down, or up. A key down that is down already, as by the keyboard's own repeating, is no change.
-void note_key(int code, bool down);
+/// The key is down and types `character`, or is up. A key down that is down already, as by the keyboard's own
+/// repeating, is no change.
+void note_key(int code, bool down, char32_t character = character_unknown);
 
 // ---- The side that acts: the main flow -----------------------------------------------------------------------------
 

@@ -66,6 +66,16 @@ bool prints_all_letters(const KeyCodes& printed) {
     return true;
 }
 
+/// The codes of places that no key has go to the keys left without one: so each is heard, also the German sharp s.
+void deal_rest(KeyCodes& codes, const KeyCodes& places) {
+    for (std::size_t key = 0; key < codes.size(); ++key) {
+        if (codes[key] != 0 || places[key] == 0) continue;
+        const auto is_free = [&](int code) { return code != 0 && !has(codes, code); };
+        if (const auto rest = std::find_if(places.begin(), places.end(), is_free); rest != places.end())
+            codes[key] = *rest;
+    }
+}
+
 /// The codes by print, and by place for the keys whose print has none.
 KeyCodes characters_of(const KeyPrints& prints, const KeyCodes& places) {
     KeyCodes codes{};
@@ -74,6 +84,7 @@ KeyCodes characters_of(const KeyPrints& prints, const KeyCodes& places) {
     const KeyCodes printed = codes;
     for (std::size_t key = 0; key < codes.size(); ++key)
         if (codes[key] == 0 && !has(printed, places[key])) codes[key] = places[key];
+    deal_rest(codes, places);
     return codes;
 }
 

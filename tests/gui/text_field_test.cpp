@@ -64,6 +64,27 @@ TEST_F(FieldTest, KeysStruckBetweenTwoTicksTypeInTheirOrder) {
     EXPECT_EQ(text(), "nuboo");
 }
 
+// What X tells of a key goes before its place; the field takes 8 bytes, and no half of a letter.
+TEST_F(FieldTest, KeysTypeWhatIsPrintedOnThem) {
+    const auto strike_key = [](int code, char32_t character) {
+        note_key(code, true, character);
+        note_key(code, false, 0);
+        tick(4);
+    };
+    strike_key(KEY_QUOTE, U'\u00e4');
+    strike_key(KEY_OPENBRACE, 0);  // an accent
+    strike_key(KEY_A, U'\u0436');
+    strike_key(KEY_2, U'"');
+    EXPECT_EQ(text(), "\u00e4\u0436\"");
+    strike_key(KEY_E, U'\u20ac');
+    EXPECT_EQ(text(), "\u00e4\u0436\"\u20ac");
+    strike_key(KEY_A, U'a');
+    EXPECT_EQ(text(), "\u00e4\u0436\"\u20ac");
+    for (const int code : {KEY_BACKSPACE, KEY_BACKSPACE, KEY_BACKSPACE}) strike_key(code, 0);
+    strike_key(KEY_E, U'e');
+    EXPECT_EQ(text(), "\u00e4\u0436\"e");
+}
+
 TEST_F(FieldTest, EditingKeysMoveAndDelete) {
     set_text("abcdef");
     struct Case {

@@ -48,6 +48,7 @@ TEST(KeyboardTest, KeysGoByTheirPrintOrElseByTheirPlace) {
                           {"German y", german, 52, KEY_Y},
                           {"German minus, where US has a slash", german, 61, KEY_MINUS},
                           {"German hash, where US has a backslash", german, 51, KEY_BACKSLASH},
+                          {"German sharp s, where US has a minus", german, 20, KEY_SLASH},
                           {"German circumflex, left of 1", german, 49, KEY_TILDE},
                           {"German u umlaut", german, 34, KEY_OPENBRACE},
                           {"Turkish comma, where US has a backslash", turkish, 51, KEY_COMMA},
@@ -69,6 +70,11 @@ TEST(KeyboardTest, EveryLetterCanBeTypedAndByOneKey) {
         const KeyCodes codes = key_codes_of(prints, {});
         for (int code = KEY_A; code <= KEY_9; ++code)
             EXPECT_EQ(std::count(codes.begin(), codes.end(), code), 1) << code;
+        for (std::size_t key = 0; key < codes.size(); ++key) {
+            if (prints[key].plain == 0) continue;
+            EXPECT_EQ(std::count(codes.begin(), codes.end(), codes[key]), 1) << key;
+            EXPECT_NE(codes[key], 0) << "heard, whatever it prints: " << key;
+        }
     }
 }
 
