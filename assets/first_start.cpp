@@ -92,7 +92,9 @@ bool make_first_start(const FirstSources& sources, const fs::path& program_folde
     const fs::path workspace = program_folder / "WORKSPACE";
     const auto stamps = read_all_stamps(sources);
     const auto colors = read_art(sources.folder / "favorites.txt");
+    const auto schemes = read_art(sources.folder / "schemes.txt");
     set_first_settings();
+    if (!schemes || !set_first_scheme(*schemes)) return false;
     if (!stamps || !colors || !make_work_bitmaps(sources.tips) || !take_cel_and_tip(*stamps)) return false;
     if (!make_frames(sources, *stamps, workspace, pictures) || !set_first_colors(*colors)) return false;
     set_first_workspace();

@@ -1,5 +1,7 @@
 #include "first_values.h"
 
+#include "schemes.h"
+
 #include "base/color.h"
 #include "base/keys.h"
 #include "state/options.h"
@@ -8,6 +10,7 @@
 #include "state/view.h"
 #include "windows/options_window.h"
 #include <algorithm>
+#include <cstdio>
 #include <cstring>
 
 namespace nubo {
@@ -85,6 +88,19 @@ bool set_first_colors(const ArtSource& source) {
             return art_fault(source, block, "ramps are names and colors, two or more, and fill 256 favourites");
         if (block.head[0] == "slots" && !set_slots(block)) return art_fault(source, block, "slots are ten colors");
     }
+    return true;
+}
+
+bool set_first_scheme(const ArtSource& source) {
+    constexpr const char* first_scheme = "NIGHT";  // gray, so that the picture's colours are seen as they are
+    const auto schemes = read_schemes(source);
+    if (!schemes) return false;
+    const auto found = std::ranges::find(*schemes, first_scheme, &ArtScheme::name);
+    if (found == schemes->end()) {
+        std::fprintf(stderr, "There is no colour scheme %s.\n", first_scheme);
+        return false;
+    }
+    color_scheme = found->colors;
     return true;
 }
 

@@ -13,4 +13,7 @@ void set_first_workspace();
 /// Fills `favorites` and `color_slots` from the source's `ramps` and `slots`. False on a fault, which is printed.
 bool set_first_colors(const ArtSource& source);
 
+/// The colour scheme of a fresh program folder. False after a failure, which is printed.
+bool set_first_scheme(const ArtSource& source);
+
 }  // namespace nubo

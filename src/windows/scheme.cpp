@@ -29,7 +29,7 @@ void read_swatches() {
     for (int i = 0; i < SCHEME_COUNT; ++i)
         color_scheme[at(i)] = static_cast<Color>(gui::color[at(scheme_swatch_first + i)]);
     for (const TextRow& row : text_rows) set_text_color(row.preview, color_scheme[row.source]);
-    set_text_color(TEXT_PREVIEW_LIGHT_ALT_DARK, dark_text_color(color_scheme[SCHEME_TEXT_LIGHT_ALT]));
+    set_text_color(TEXT_PREVIEW_LIGHT_ALT_DARK, scheme_folder_color(color_scheme));
 }
 
 void write_swatches() {
@@ -44,7 +44,7 @@ void paint_interface() {
     ui_highlight_fore = color_scheme[SCHEME_HIGHLIGHT_FORE];
     ui_highlight_back = color_scheme[SCHEME_HIGHLIGHT_BACK];
     for (const TextRow& row : text_rows) set_text_color(row.text, color_scheme[row.source]);
-    set_text_color(TEXT_LIGHT_ALT_DARK, dark_text_color(color_scheme[SCHEME_TEXT_LIGHT_ALT]));
+    set_text_color(TEXT_LIGHT_ALT_DARK, scheme_folder_color(color_scheme));
 }
 
 // ---- Sprites -------------------------------------------------------------------------------------------------------
@@ -102,6 +102,12 @@ bool sheet_holds_sprites() {
 }
 
 }  // namespace
+
+Color scheme_folder_color(const Scheme& scheme) {
+    constexpr int light_from = 3 * 0x70;  // the sum of the components
+    const Color ground = scheme[SCHEME_BACKGROUND], title = scheme[SCHEME_TEXT_LIGHT_ALT];
+    return red_of(ground) + green_of(ground) + blue_of(ground) < light_from ? title : dark_text_color(title);
+}
 
 void apply_scheme(int mode) {
     if (mode == SCHEME_FROM_SWATCHES) read_swatches();

@@ -8,6 +8,10 @@ namespace nubo {
 /// The slots of the scheme window in which the ten swatches stand, in the order of `SchemeColor`.
 inline constexpr int scheme_swatch_first = slot_content + SCHEME_COUNT;
 
+/// The text colour of folders in a list: the dark form of TEXT LIGHT ALT, or on a dark ground, which bears no dark
+/// text, that colour itself.
+Color scheme_folder_color(const Scheme& scheme);
+
 /// Between which of its three homes the scheme is carried.
 enum SchemeCarry : int {
     SCHEME_FROM_SWATCHES,  // the window's swatches to `color_scheme` and the text colours of the preview

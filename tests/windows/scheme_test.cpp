@@ -33,7 +33,10 @@ TEST_F(SchemeTest, InterfaceTakesTheSchemeAndThePreviewTheSwatches) {
     EXPECT_EQ(text_colors[40][0], 0x112233 * 7);
     EXPECT_EQ(text_colors[38][0], 0x80c04c);
     EXPECT_EQ(text_colors[39][1], 0x112233 * 9);
-    EXPECT_EQ(text_colors[43][0], 0x403013) << "red halved, green and blue quartered";
+    EXPECT_EQ(text_colors[43][0], 0x80c04c) << "on a dark ground it is TEXT LIGHT ALT";
+    color_scheme[SCHEME_BACKGROUND] = 0x808080;
+    apply_scheme(SCHEME_TO_INTERFACE);
+    EXPECT_EQ(text_colors[43][0], 0x403013) << "else its red halved, green and blue quartered";
     apply_scheme(SCHEME_TO_SWATCHES);
     gui::color[at(scheme_swatch_first + SCHEME_TEXT_LIGHT_ALT)] = 0x0400ff;
     apply_scheme(SCHEME_FROM_SWATCHES);
