@@ -2,6 +2,7 @@
 
 #include "base/bitmap.h"
 #include "base/log.h"
+#include "base/utf8.h"
 #include "codecs/blend.h"
 #include "framework/effects.h"
 #include "framework/glyphs.h"
@@ -190,6 +191,18 @@ int UA_text(BITMAP* target, int x, int y, std::string_view text) {
         draw(glyphs->glyph(character), font, target, pen_x, pen_y + sine_drop(at));
     }
     return width;
+}
+
+void UA_text_as_is(BITMAP* target, int x, int y, std::string_view text, int cell_w) {
+    constexpr int undefined = 0;
+    for (; !text.empty(); x += cell_w) {
+        const std::size_t size = first_character(text).size;
+        const auto byte = static_cast<unsigned char>(text.front());
+        const FontSlot& font = font_slots[static_cast<std::size_t>(text_attributes.font_slot)];
+        const bool is_lacking = size > 1 || font.glyph_x[byte] == undefined;
+        UA_text(target, x, y, is_lacking ? "?" : text.substr(0, 1));
+        text.remove_prefix(size);
+    }
 }
 
 void UA_set_font_sine(int slot, int delay, int amplitude) {

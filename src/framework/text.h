@@ -70,6 +70,10 @@ inline constexpr int text_measure_x = -9000;
 /// advances. 0 after a log line when the slot set is none.
 int UA_text(BITMAP* target, int x, int y, std::string_view text);
 
+/// Draws names of files and what users type, as they stand: no bar begins a colour code, each character has a cell of
+/// `cell_w`, and a "?" stands for what the font lacks.
+void UA_text_as_is(BITMAP* target, int x, int y, std::string_view text, int cell_w);
+
 /// The width of a text in the font set. Colour codes in it stay in force, as those of a drawn text do.
 inline int text_width(std::string_view text) { return UA_text(nullptr, text_measure_x, 0, text); }
 

@@ -2,6 +2,7 @@
 
 #include "framework/text.h"
 #include "gui/draw_elements.h"
+#include "gui/text_field.h"
 #include "state/run.h"
 #include "state/view.h"
 #include <algorithm>
@@ -69,13 +70,12 @@ void draw_field_in(int slot, const FieldColors& colors) {
     GUI_box(slot, colors.fill, colors.border);
     set_font(FONT_WIDE, colors.text);
     const int first = gui::field_scroll[s], x = gui::x[s] + left, y = gui::y[s] + top;
-    for (int i = 0; i < gui::field_visible[s] && first + i < field_size; ++i) {
-        const char letter = gui::text[s][at(std::max(first + i, 0))];
-        if (letter == '\0') break;
-        UA_text(screen_buffer, x + i * cell_w, y, {&letter, 1});
-    }
+    std::array<char, field_size> text{};
+    GUI_read_field(slot, text);
+    const int end = step_by_columns(slot, first, gui::field_visible[s]);
+    UA_text_as_is(screen_buffer, x, y, {text.data() + first, at(end - first)}, cell_w);
     if (key_focus == slot && cursor_phase < phases_lit) {
-        const int cursor_x = x - 1 + (gui::cursor[s] - first) * cell_w;
+        const int cursor_x = x - 1 + field_columns(slot, first, gui::cursor[s]) * cell_w;
         vline(screen_buffer, cursor_x, y - 1, gui::y[s] + gui::h[s] - 2, text_colors[colors.text][0]);
     }
 }

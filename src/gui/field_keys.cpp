@@ -48,28 +48,30 @@ std::string typed_by(int code) {
 
 // ---- The cursor ----------------------------------------------------------------------------------------------------
 
-bool is_on_character(std::size_t s) {
-    const int cursor = gui::cursor[s];
-    return cursor >= 0 && cursor < field_size && gui::text[s][at(cursor)] != '\0';
+void move_back_to(int slot, int position) {
+    gui::cursor[at(slot)] = position;
+    gui::field_scroll[at(slot)] = std::min<int>(gui::field_scroll[at(slot)], position);
 }
 
-void move_left(std::size_t s) {
-    if (gui::cursor[s] > 0) gui::cursor[s] -= 1;
-    if (gui::cursor[s] < gui::field_scroll[s]) gui::field_scroll[s] = gui::cursor[s];
+void move_left(int slot) { move_back_to(slot, field_step_back(slot, gui::cursor[at(slot)])); }
+
+/// What the user deletes to stays in view.
+void show_left_of_cursor(int slot) {
+    constexpr int shown = 4;
+    const std::size_t s = at(slot);
+    while (gui::field_scroll[s] > 0 && field_columns(slot, gui::field_scroll[s], gui::cursor[s]) < shown)
+        gui::field_scroll[s] = field_step_back(slot, gui::field_scroll[s]);
 }
 
-void move_right(std::size_t s) {
-    if (!is_on_character(s) || gui::cursor[s] >= gui::field_max[s]) return;
-    gui::cursor[s] += 1;
-    if (gui::cursor[s] - gui::field_scroll[s] > gui::field_visible[s]) gui::field_scroll[s] += 1;
+void move_right(int slot) {
+    const std::size_t s = at(slot);
+    if (gui::cursor[s] >= gui::field_max[s]) return;
+    gui::cursor[s] = field_step_on(slot, gui::cursor[s]);
+    while (field_columns(slot, gui::field_scroll[s], gui::cursor[s]) > gui::field_visible[s])
+        gui::field_scroll[s] = field_step_on(slot, gui::field_scroll[s]);
 }
 
 void move_home(std::size_t s) { gui::cursor[s] = gui::field_scroll[s] = 0; }
-
-void move_to_end(int slot) {
-    gui::cursor[at(slot)] = field_length(slot);
-    gui::field_scroll[at(slot)] = std::max(gui::cursor[at(slot)] - gui::field_visible[at(slot)], 0);
-}
 
 /// The next field above this one, or else the first one below.
 void focus_next(int slot) {
@@ -83,24 +85,35 @@ void focus_next(int slot) {
 
 // ---- Keys ----------------------------------------------------------------------------------------------------------
 
+/// All bytes of a character, or none where they don't fit.
+bool insert_at_cursor(int slot, std::string_view character) {
+    const int cursor = gui::cursor[at(slot)], size = static_cast<int>(character.size());
+    if (size == 0 || field_length(slot) + size > gui::field_max[at(slot)]) return false;
+    for (int i = 0; i < size; ++i)
+        if (GUI_insert_field(slot, character[at(i)], cursor + i) == 0) return false;
+    move_right(slot);
+    return true;
+}
+
 void type_character(int slot, int code) {
-    const std::string character = typed_by(code);
-    if (field_length(slot) + static_cast<int>(character.size()) > gui::field_max[at(slot)]) return;  // whole or not
-    for (const char byte : character)
-        if (GUI_insert_field(slot, byte, gui::cursor[at(slot)]) != 0) move_right(at(slot));
+    insert_at_cursor(slot, typed_by(code));
+}
+
+void delete_back(int slot) {
+    const int end = gui::cursor[at(slot)], start = field_step_back(slot, end);
+    GUI_delete_field(slot, end);
+    move_back_to(slot, start);
+    show_left_of_cursor(slot);
 }
 
 void press_key(int slot, int code) {
     switch (code) {
-    case KEY_BACKSPACE:
-        GUI_delete_field(slot, gui::cursor[at(slot)]);
-        move_left(at(slot));
-        return;
+    case KEY_BACKSPACE: delete_back(slot); return;
     case KEY_DEL: GUI_delete_field(slot, gui::cursor[at(slot)], Forward{}); return;
-    case KEY_LEFT: move_left(at(slot)); return;
-    case KEY_RIGHT: move_right(at(slot)); return;
+    case KEY_LEFT: move_left(slot); return;
+    case KEY_RIGHT: move_right(slot); return;
     case KEY_HOME: move_home(at(slot)); return;
-    case KEY_END: move_to_end(slot); return;
+    case KEY_END: scroll_field_to_end(slot); return;
     case KEY_TAB: focus_next(slot); return;
     case KEY_ENTER:
     case KEY_ENTER_PAD: gui::click[at(slot)] = 1; return;

@@ -1,6 +1,7 @@
 #include "gui/text_field.h"
 
 #include "base/log.h"
+#include "base/utf8.h"
 #include "framework/traps.h"
 #include "gui/elements.h"
 #include "state/view.h"
@@ -17,18 +18,35 @@ void cut_at_capacity(int slot) {
     for (int i = capacity(slot); i < field_size; ++i) gui::text[at(slot)][at(i)] = '\0';
 }
 
-/// Moves the characters behind `position` down over it.
-void close_gap(int slot, int position) {
+/// Moves the bytes from `end` on down to `start`.
+void close_gap(int slot, int start, int end) {
     auto& text = gui::text[at(slot)];
-    for (int i = position; i + 1 < field_size; ++i) text[at(i)] = text[at(i + 1)];
+    for (int i = start; i < field_size; ++i, ++end) text[at(i)] = end < field_size ? char{text[at(end)]} : '\0';
     cut_at_capacity(slot);
 }
 
-/// The index of the character under the mouse.
+/// A field's bytes as they are now, to be looked at as text: the other flow may write to the field meanwhile.
+class FieldBytes {
+public:
+    explicit FieldBytes(int slot) : length_(at(field_length(slot))) {
+        for (std::size_t i = 0; i < length_; ++i) bytes_[i] = gui::text[at(slot)][i];
+    }
+    std::string_view from(int start) const { return text().substr(std::min(at(start), length_)); }
+    std::string_view before(int end) const { return text().substr(0, at(end)); }
+
+private:
+    std::string_view text() const { return {bytes_.data(), length_}; }
+
+    std::size_t length_;
+    std::array<char, field_size> bytes_{};
+};
+
+/// The position under the mouse, no further than what shows.
 int cursor_under_mouse(int slot, int advance) {
     constexpr int text_left = 5;
     const int distance = mouse_x - text_left - gui::x[at(slot)];
-    return distance / advance + (distance > 0 ? 1 : 0) + gui::field_scroll[at(slot)];
+    const int column = std::min(distance / advance + (distance > 0 ? 1 : 0), int{gui::field_visible[at(slot)]});
+    return step_by_columns(slot, gui::field_scroll[at(slot)], column);
 }
 
 }  // namespace
@@ -38,6 +56,39 @@ int field_length(int slot) {
     int length = 0;
     while (length < field_size - 1 && text[at(length)] != '\0') ++length;
     return length;
+}
+
+int field_step_on(int slot, int position) {
+    const FieldBytes bytes(slot);
+    const std::string_view rest = bytes.from(position);
+    return rest.empty() ? position : position + static_cast<int>(first_character(rest).size);
+}
+
+int field_step_back(int slot, int position) {
+    constexpr std::size_t longest = 4;
+    const FieldBytes bytes(slot);
+    const std::string_view text = bytes.before(position);
+    position = static_cast<int>(text.size());
+    for (std::size_t size = std::min(longest, text.size()); size > 1; --size)
+        if (first_character(text.substr(text.size() - size)).size == size) return position - static_cast<int>(size);
+    return std::max(position - 1, 0);
+}
+
+int step_by_columns(int slot, int position, int columns) {
+    for (; columns > 0; --columns) position = field_step_on(slot, position);
+    return position;
+}
+
+int field_columns(int slot, int from, int to) {
+    int columns = 0;
+    for (const int end = std::min(to, field_length(slot)); from < end; from = field_step_on(slot, from)) ++columns;
+    return columns;
+}
+
+void scroll_field_to_end(int slot) {
+    const std::size_t s = at(slot);
+    gui::cursor[s] = gui::field_scroll[s] = field_length(slot);
+    for (int i = 0; i < gui::field_visible[s]; ++i) gui::field_scroll[s] = field_step_back(slot, gui::field_scroll[s]);
 }
 
 void GUI_set_key_focus(int slot, bool to_end) {
@@ -52,14 +103,10 @@ void GUI_set_key_focus(int slot, bool to_end) {
         UA_log("[ STATS ] : Width     = %d", width);
         return;
     }
-    const int length = field_length(slot);
-    if (to_end) {
-        gui::cursor[s] = length;
-        gui::field_scroll[s] = std::max(length - gui::field_visible[s], 0);
-    } else {
-        const int last_shown = std::min(length, gui::field_scroll[s] + gui::field_visible[s]);
-        gui::cursor[s] = std::clamp(cursor_under_mouse(slot, font_slots[at(font)].advance['A']), 0, last_shown);
-    }
+    if (to_end)
+        scroll_field_to_end(slot);
+    else
+        gui::cursor[s] = cursor_under_mouse(slot, font_slots[at(font)].advance['A']);
 }
 
 int GUI_insert_field(int slot, char character, int position) {
@@ -75,12 +122,12 @@ int GUI_insert_field(int slot, char character, int position) {
 void GUI_delete_field(int slot, int position) {
     if (!GUI_check_window(slot, "GUI_delete_field")) return;
     if (position < 1 || position > capacity(slot) || gui::cursor[at(slot)] <= 0) return;
-    close_gap(slot, position - 1);
+    close_gap(slot, field_step_back(slot, position), position);
 }
 
 void GUI_delete_field(int slot, int position, Forward) {
     if (!GUI_check_window(slot, "GUI_delete_field")) return;
-    if (position >= 0 && position < capacity(slot)) close_gap(slot, position);
+    if (position >= 0 && position < capacity(slot)) close_gap(slot, position, field_step_on(slot, position));
 }
 
 }  // namespace nubo

@@ -8,18 +8,31 @@ namespace nubo {
 /// Gives the field the keyboard. The cursor goes to the character under the mouse, or with `to_end` behind the last.
 void GUI_set_key_focus(int slot, bool to_end);
 
+/// The cursor behind the last character, with as much of the text before it as the field shows.
+void scroll_field_to_end(int slot);
+
 /// Inserts the character before `position`; 1 if it went in, 0 when the field is full or the position lies outside.
 int GUI_insert_field(int slot, char character, int position);
 
-/// Deletes the character before `position`.
+/// Deletes the character before `position`: all bytes of it.
 void GUI_delete_field(int slot, int position);
 
 /// Deletes the character at `position`.
 struct Forward {};
 void GUI_delete_field(int slot, int position, Forward);
 
-/// Characters in the field.
+/// Bytes in the field. Its numbers, as `cursor` and `field_scroll`, count bytes; a character may have several.
 int field_length(int slot);
+
+/// The position behind the character at `position`, and that of the character before it.
+int field_step_on(int slot, int position);
+int field_step_back(int slot, int position);
+
+/// The position `columns` characters further, at most the end of the text.
+int step_by_columns(int slot, int position, int columns);
+
+/// Characters between two positions: each is drawn in one cell.
+int field_columns(int slot, int from, int to);
 
 /// One tick of the keyboard for the slot in `key_focus`: each key acts when it goes down, and after 29 ticks every 5.
 /// The focus outlives its window: where no text field stands any more, nothing happens.

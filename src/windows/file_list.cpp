@@ -1,5 +1,6 @@
 #include "windows/file_list.h"
 
+#include "base/utf8.h"
 #include "framework/text.h"
 #include "gui/shapes.h"
 #include "state/run.h"
@@ -13,27 +14,15 @@ namespace nubo {
 namespace {
 
 constexpr int row_top = 2, row_left = 3, row_w = 183, bar_x = 184;
-constexpr int name_letters = 29;  // that fit beside the scroll bar
+constexpr int name_letters = 29, letter_w = 6;  // that fit beside the scroll bar
 
 int entry_count() { return static_cast<int>(file_names.size()); }
 const FolderEntry& entry_at(int index) { return file_names[at(index)]; }
 int first_row(int list) { return gui::has_slider[at(list)] != 0 ? int{gui::slider_value[at(list)]} : 0; }
 
-bool continues_character(char byte) { return (static_cast<unsigned char>(byte) & 0xc0) == 0x80; }
-
 TextColor color_of_entry(int index) {
     if (index == file_cursor) return TEXT_SELECTED;
     return entry_at(index).is_folder ? TEXT_LIGHT_ALT_DARK : TEXT_LIGHT;
-}
-
-/// One letter at a time: a name may hold what would be a colour code.
-void draw_letters(int x, int y, const std::string& text, TextColor color) {
-    constexpr int cell_w = 6;
-    set_font(FONT_WIDE, color);
-    for (const char& letter : text) {
-        UA_text(screen_buffer, x, y, {&letter, 1});
-        x += cell_w;
-    }
 }
 
 void draw_file_row(int list, int row) {
@@ -46,7 +35,8 @@ void draw_file_row(int list, int row) {
     std::string text = shown_file_name(entry_at(index).name);
     if (entry_at(index).is_folder) text.insert(text.begin(), '\\');
     if (text.size() > name_letters) text.replace(name_letters - 2, std::string::npos, "..");
-    draw_letters(gui::x[at(list)] + row_left, y, text, color_of_entry(index));
+    set_font(FONT_WIDE, color_of_entry(index));
+    UA_text_as_is(screen_buffer, gui::x[at(list)] + row_left, y, text, letter_w);
 }
 
 /// The next entry behind `index` that begins with the letter, or the first one.
@@ -128,10 +118,9 @@ int file_of_key(int key_code, int index) {
 
 std::string shown_file_name(const std::string& name) {
     std::string shown;
-    for (const char byte : name) {
-        if (continues_character(byte)) continue;
-        const bool plain = byte >= ' ' && byte < '\x7f';
-        shown += plain ? static_cast<char>(std::toupper(static_cast<unsigned char>(byte))) : '?';
+    for (std::string_view rest = name; !rest.empty(); rest.remove_prefix(first_character(rest).size)) {
+        const char32_t code = first_character(rest).code;
+        shown += code >= U' ' && code < U'\x7f' ? static_cast<char>(std::toupper(static_cast<int>(code))) : '?';
     }
     return shown;
 }

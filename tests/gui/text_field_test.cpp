@@ -112,6 +112,35 @@ TEST_F(FieldTest, EditingKeysMoveAndDelete) {
     }
 }
 
+TEST_F(FieldTest, WhatIsDeletedToStaysInView) {
+    set_text("abcdefgh");
+    strike({KEY_END, KEY_BACKSPACE, KEY_BACKSPACE});
+    EXPECT_EQ(text(), "abcdef");
+    EXPECT_EQ(gui::field_scroll[field], 2);  // "cdef" stands before the cursor
+    strike({KEY_BACKSPACE, KEY_BACKSPACE, KEY_BACKSPACE});
+    EXPECT_EQ(text(), "abc");
+    EXPECT_EQ(gui::field_scroll[field], 0);
+}
+
+TEST_F(FieldTest, ACharacterOfSeveralBytesIsOne) {
+    set_text("\xc3\xa9\xe2\x82\xac"
+             "ab");  // e with acute, Euro: the field takes 8 bytes
+    strike({KEY_RIGHT, KEY_RIGHT, KEY_X});
+    EXPECT_EQ(text(), "\xc3\xa9\xe2\x82\xacxab");
+    EXPECT_EQ(gui::cursor[field], 6);
+    strike({KEY_LEFT, KEY_BACKSPACE});
+    EXPECT_EQ(text(), "\xc3\xa9xab");
+    EXPECT_EQ(gui::cursor[field], 2);
+    strike({KEY_HOME, KEY_DEL});
+    EXPECT_EQ(text(), "xab");
+    set_text("\xc3\xa9\xe9"
+             "abcd");  // six characters, of which one is a byte of Latin-1; five show
+    strike({KEY_END});
+    EXPECT_EQ(gui::field_scroll[field], 2);
+    click_at(100 + 5 + 1, 62);  // behind the first that shows
+    EXPECT_EQ(gui::cursor[field], 3);
+}
+
 TEST_F(FieldTest, AHeldKeyRepeatsAfter29TicksEvery5) {
     ::key[KEY_A] = 1;
     const auto length_after = [](int ticks) {
