@@ -219,7 +219,7 @@ void update_screen(int mode) {
     refresh_ticks = 0;
     UA_run_jobs();
     // A freehand stroke lasts as long as the button; all other painting shows itself in the stroke's mode.
-    autosave_tick(!normal || mouse_left != 0 || area_floats != 0);
+    autosave_tick(!normal || mouse_left != 0 || area_floats != 0 || frame_behind_preview != nullptr);
 }
 
 }  // namespace nubo

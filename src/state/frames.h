@@ -16,6 +16,8 @@ inline constinit BITMAP* stroke_mask = nullptr;     // of its size: coverage of 
 inline constinit Shared<int> frame_w = 0;           // size of `current_frame`: the timer handlers may not look into
 inline constinit Shared<int> frame_h = 0;           // a bitmap that the main flow replaces
 inline constinit BITMAP* original_frame = nullptr;  // the frame as last swapped in; RESTORE copies it back
+/// The Frame, while a preview shows in `current_frame`; null: none does. What is saved is never the preview.
+inline constinit BITMAP* frame_behind_preview = nullptr;
 
 // ---- The table of all Frames ---------------------------------------------------------------------------------------
 

@@ -6,6 +6,7 @@
 #include "state/options.h"
 #include "state/run.h"
 #include "windows/run_window.h"
+#include "workspace/frame_memory.h"
 #include <array>
 
 namespace nubo {
@@ -57,6 +58,8 @@ void view_quality(BITMAP* picture) {
 int jpeg_quality_window() {
     const OwnedBitmap kept = copy_bitmap(current_frame);
     if (!kept) return jpeg_quality;  // without memory to show it the last quality stands
+    frame_behind_preview = kept.get();
+    const ClearedScreen cleared;
     int quality = jpeg_quality;
     const auto open = [&] {
         gui::slider_value[slider] = int{jpeg_quality};
@@ -68,7 +71,7 @@ int jpeg_quality_window() {
         return WINDOW_STAYS;
     };
     const WindowPass end = run_window(window, {.built = open, .serve = serve});
-    blit(kept.get(), current_frame, 0, 0, 0, 0, frame_w, frame_h);
+    end_frame_preview();
     if (end != WINDOW_DONE) return -1;
     jpeg_quality = quality;
     return quality;

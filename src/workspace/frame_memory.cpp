@@ -60,6 +60,12 @@ bool place_frame(OwnedBitmap picture) {
     return true;
 }
 
+void end_frame_preview() {
+    if (frame_behind_preview == nullptr) return;
+    blit(frame_behind_preview, current_frame, 0, 0, 0, 0, frame_w, frame_h);
+    frame_behind_preview = nullptr;
+}
+
 void show_slot(int slot) {
     frame_index = slot;
     const FrameView& view = frame_view[static_cast<unsigned>(slot)];

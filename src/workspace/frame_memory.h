@@ -11,6 +11,9 @@ bool place_picture(OwnedBitmap picture);
 /// The same, and `picture` is what RESTORE returns to.
 bool place_frame(OwnedBitmap picture);
 
+/// Takes a preview off the Frame, if there is one.
+void end_frame_preview();
+
 /// Puts a black Frame of `view_w` by `view_h` in memory, as RESTORE's copy too. False when the memory can't be had.
 bool place_blank_frame();
 

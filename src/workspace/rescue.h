@@ -11,7 +11,7 @@ inline constexpr int rescue_seconds = 30;  // between two rescues at the least
 
 /// Writes the Frame aside if it is changed and the time has come. The copy is taken at once, the writing is left to a
 /// thread of its own. Called by `update_screen`, in every pass; `stroke_running` tells that a stroke is half painted,
-/// or that a part of the Frame floats.
+/// that a part of the Frame floats or that a preview shows in it.
 void autosave_tick(bool stroke_running);
 
 /// Waits for a rescue that is being written. Before anything else touches the Frames on disk.
