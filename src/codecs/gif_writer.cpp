@@ -52,6 +52,16 @@ OwnedBitmap indexed_copy(BITMAP* bitmap, const RGB* palette) {
     return copy;
 }
 
+/// Allegro's palette has 4 bits a channel, with 60 the brightest of 63: spread, so that white stays white.
+void generate_fast_palette(BITMAP* bitmap, RGB* palette) {
+    constexpr std::array<signed char, palette_entries> none_reserved{};
+    constexpr int kept_bits = 4;
+    generate_optimized_palette(bitmap, palette, none_reserved.data());
+    for (RGB* entry = palette; entry != palette + palette_entries; ++entry)
+        for (unsigned char* const channel : {&entry->r, &entry->g, &entry->b})
+            *channel = static_cast<unsigned char>(*channel | *channel >> kept_bits);
+}
+
 // ---- Blocks --------------------------------------------------------------------------------------------------------
 
 template <std::size_t count> bool write_bytes(PACKFILE* file, const std::array<std::uint8_t, count>& bytes) {
@@ -104,7 +114,6 @@ int save_gif_pf(PACKFILE* file, BITMAP* bitmap, const RGB* palette) {
 
 bool write_gif(BITMAP* bitmap, GifReduction reduction, Bytes& bytes) {
     constexpr int good_sample = 10, best_sample = 1;
-    constexpr std::array<signed char, palette_entries> none_reserved{};
     PALETTE palette;
     switch (reduction) {
     case REDUCTION_GOOD: reduce_colors_neural(bitmap, good_sample, palette); break;
@@ -112,7 +121,7 @@ bool write_gif(BITMAP* bitmap, GifReduction reduction, Bytes& bytes) {
         if (reduce_colors_exact(bitmap, palette) < 0) reduce_colors_neural(bitmap, best_sample, palette);
         break;
     case REDUCTION_FAST:
-    case REDUCTION_COUNT: generate_optimized_palette(bitmap, palette, none_reserved.data());
+    case REDUCTION_COUNT: generate_fast_palette(bitmap, palette);
     }
     const std::size_t size_before = bytes.size();
     PACKFILE* const file = open_for_writing(bytes);
