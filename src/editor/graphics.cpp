@@ -8,11 +8,14 @@
 #include "editor/window_colors.h"
 #include "platform/input_file.h"
 #include "platform/last_words.h"
+#include "platform/places.h"
+#include "state/options.h"
 #include "state/run.h"
 #include "workspace/folders.h"
 #include <algorithm>
 #include <allegro.h>
 #include <cstdio>
+#include <string>
 
 namespace nubo {
 namespace {
@@ -112,6 +115,8 @@ GraphicsResult UA_init_graphics() {
     }
     UA_initialize_variables();
     UA_log("[ INIT ] : Internal assets initialized");
+    for (const Place& place : find_places(program_dir.data()))
+        UA_log("[ INIT ] : Found Drive - %s", std::string(1, place.letter).c_str());
     if (mode->mode == DISPLAY_FULLSCREEN) set_mouse_speed(1, 1);
     UA_log("[ INIT ] : System control hooks installed");
     set_mouse_range(0, 0, screen_w - 1, screen_h - 1);

@@ -12,6 +12,7 @@
 #include "state/view.h"
 #include "view/view.h"
 #include "windows/drawing_menu.h"
+#include "windows/opened_files.h"
 #include "windows/quick_pan.h"
 #include "windows/waiting_boxes.h"
 
@@ -40,6 +41,7 @@ void run_pass() {
     serve_left_press();
     serve_right_press();
     serve_drawing_menu();
+    open_handed_files();
     show_waiting_boxes();
     previous_point = {-1, -1};
 }

@@ -10,6 +10,7 @@
 #include "framework/outline_font.h"
 #include "framework/resources.h"
 #include "platform/display_loss.h"
+#include "platform/file_inbox.h"
 #include "platform/folder_lock.h"
 #include "platform/input.h"
 #include "platform/input_file.h"
@@ -25,8 +26,10 @@
 #include "state/stroke.h"
 #include "state/view.h"
 #include "windows/hand_over.h"
+#include "windows/opened_files.h"
 #include "windows/scheme.h"
 #include "workspace/folders.h"
+#include "workspace/frame_memory.h"
 #include "workspace/notices.h"
 #include "workspace/user_settings.h"
 #include "workspace/workspace.h"
@@ -54,25 +57,26 @@ int refuse(const std::string& cause) {
 void request_exit_by_close_button() { exit_requested = 1; }
 
 /// Two editors on one Workspace would write over each other's Frames: the second one ends before it touches anything.
-int claim_program_folder() {
+std::optional<int> claim_program_folder(const std::vector<std::string>& files) {
     if (!find_program_dir()) {
         say_last_words("The program's own folder can't be told.");
         return cannot_start;
     }
-    if (lock_folder(program_dir.data())) return 0;
+    if (lock_folder(program_dir.data())) return std::nullopt;
+    if (!files.empty() && hand_over_files(program_dir.data(), files)) return 0;
     say_last_words("Nubo is already running on this Workspace. Go back to its window, or close it first.");
     return exit_locked;
 }
 
 /// The log belongs where the program was started; all else happens in the program's own folder.
-int open_log_and_enter_folder() {
-    if (const int code = claim_program_folder(); code != 0) return code;
+std::optional<int> open_log_and_enter_folder() {
     UA_log_reset();
     UA_log_open(program_dir.data());
     UA_log("[ INIT ] : Old resources swept up");
     UA_log("[ INIT ] : %s now loading", program_title);
     UA_log("[ INIT ] : DEFCON 1 - Standard logging");
-    if (chdir(program_dir.data()) == 0) return 0;
+    open_file_inbox(program_dir.data());
+    if (chdir(program_dir.data()) == 0) return std::nullopt;
     return refuse(std::string("The program's own folder can't be entered: ") + std::strerror(errno));
 }
 
@@ -184,10 +188,11 @@ void fade_in() {
 
 }  // namespace
 
-int start_program() {
+std::optional<int> start_program(const std::vector<std::string>& files) {
     handlers_locked = 1;
     UA_seed_random();  // before the first random colours are drawn
-    if (const int code = open_log_and_enter_folder(); code != 0) return code;
+    if (const auto code = claim_program_folder(files)) return code;
+    if (const auto code = open_log_and_enter_folder()) return code;
     if (!start_allegro()) return cannot_start;
     if (const GraphicsResult result = UA_init_graphics(); result != GRAPHICS_UP) return result;
     if (font_system_init() != 0) return refuse("Error while initializing the font layer"), no_font_layer;
@@ -219,7 +224,8 @@ int start_program() {
     apply_scheme(SCHEME_TO_INTERFACE);
     recolor_gui_sheet(color_scheme[SCHEME_BACKGROUND], color_scheme[SCHEME_BORDER], color_scheme[SCHEME_SHADOW],
                       color_scheme[SCHEME_BACKGROUND]);
-    return 0;
+    open_files(files);
+    return std::nullopt;
 }
 
 int shutdown_program() {
@@ -228,6 +234,7 @@ int shutdown_program() {
     handlers_locked = 1;
     gui_enabled = 0;
     editor_running = 0;
+    end_frame_preview();
     UA_log("[ END ] : Writing workspace to file.");
     const bool workspace_kept = close_workspace();
     UA_log("[ END ] : Writing user settings to file.");
@@ -237,6 +244,7 @@ int shutdown_program() {
     UA_log("[ END ] : Closing log.");
     UA_log_close();
     save_on_display_loss(nullptr);
+    close_file_inbox();
     return workspace_kept && settings_kept ? 0 : could_not_save;
 }
 

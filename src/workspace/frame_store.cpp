@@ -148,7 +148,8 @@ bool insert_frames(int start, int count, bool blank) {
 }
 
 bool append_frame(BITMAP* picture) {
-    if (frame_count >= frame_slots || !insert_on_disk(frame_count - 1, 1, picture)) return false;
+    settle_rescue();
+    if (frame_count >= frame_slots || !reach_workspace() || !insert_on_disk(frame_count - 1, 1, picture)) return false;
     view_of(frame_count) = {};
     frame_count += 1;
     return true;

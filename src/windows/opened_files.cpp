@@ -1,0 +1,58 @@
+#include "windows/opened_files.h"
+
+#include "base/log.h"
+#include "platform/file_inbox.h"
+#include "state/flow.h"
+#include "state/frames.h"
+#include "windows/file_list.h"
+#include "windows/picture_formats.h"
+#include "workspace/folders.h"
+#include "workspace/frame_store.h"
+#include "workspace/notices.h"
+#include "workspace/state_file.h"
+#include <cstdio>
+#include <filesystem>
+
+namespace nubo {
+namespace {
+
+/// False after the user was told why the file isn't opened.
+bool refuse(const std::string& file, const std::string& cause) {
+    std::fprintf(stderr, "nubo: %s: %s\n", file.c_str(), cause.c_str());
+    UA_log("[ ERROR ] : %s isn't opened: %s", file.c_str(), cause.c_str());
+    flash_text("NOT OPENED: " + shown_file_name(std::filesystem::path(file).filename()));
+    return false;
+}
+
+bool open_as_frame(const std::string& file) {
+    if (frame_count >= frame_slots) return refuse(file, "there are 100 Frames already");
+    FileType type = FILE_UNKNOWN;
+    const ReadPicture picture = read_picture_file(file, type);
+    if (!picture.bitmap) return refuse(file, picture.cause);
+    return append_frame(picture.bitmap.get()) || refuse(file, "its Frame can't be written to the workspace");
+}
+
+void say_opened(int count) {
+    flash_text(count == 1 ? "OPENED AS A NEW FRAME" : "OPENED " + std::to_string(count) + " PICTURES AS NEW FRAMES");
+}
+
+}  // namespace
+
+void open_files(const std::vector<std::string>& files) {
+    const int first = frame_count;
+    int refused = 0;
+    for (const std::string& file : files) {
+        flash_text("ONE MOMENT...");
+        update_screen(UPDATE_NORMAL);
+        if (!open_as_frame(file)) ++refused;
+    }
+    if (frame_count == first) return;
+    save_workspace_state(state_file, true);
+    if (fetch_frame(frame_index, first) && refused == 0) say_opened(frame_count - first);
+}
+
+void open_handed_files() {
+    if (const std::vector<std::string> files = take_handed_files(); !files.empty()) open_files(files);
+}
+
+}  // namespace nubo
