@@ -257,9 +257,7 @@ struct Refusal {
     const char* cause = "";
 };
 
-Refusal read_picture(const std::string& path, OwnedBitmap& bitmap) {
-    const InputFile file(path);
-    if (!file.is_open()) return {fault_of_opening(path), "it can't be opened"};
+Refusal read_picture(const InputFile& file, OwnedBitmap& bitmap) {
     std::vector<std::uint8_t> head(std::min(bmp_head_limit, file.size()));
     if (!file.read_at(0, head.data(), head.size())) return {PICTURE_OUT_OF_REACH, "its head can't be read"};
     BmpHeader header;
@@ -272,18 +270,28 @@ Refusal read_picture(const std::string& path, OwnedBitmap& bitmap) {
     return {read_rows(file, header, bitmap.get()) ? PICTURE_FINE : PICTURE_OUT_OF_REACH, "its pixels can't be read"};
 }
 
-}  // namespace
-
-void write_bmp(SafeFile& file, BITMAP* bitmap) {
+/// Gives the file's bytes to `put(bytes, size)`, a row at a time.
+template <typename Put> void put_bmp(BITMAP* bitmap, Put put) {
     const std::size_t row_bytes = (static_cast<std::size_t>(bitmap->w) * 3 + 3) / 4 * 4;
     const auto pixel_bytes = static_cast<std::uint32_t>(row_bytes * static_cast<std::size_t>(bitmap->h));
     const std::vector<std::uint8_t> head = make_header(bitmap, pixel_bytes);
-    file.write(head.data(), head.size());
+    put(head.data(), head.size());
     std::vector<std::uint8_t> row(row_bytes);  // its padding stays zero
     for (int y = bitmap->h - 1; y >= 0; --y) {
         pack_row(pixels_at(bitmap, 0, y), row.data(), bitmap->w);
-        file.write(row.data(), row.size());
+        put(row.data(), row.size());
     }
+}
+
+}  // namespace
+
+void write_bmp(SafeFile& file, BITMAP* bitmap) {
+    put_bmp(bitmap, [&file](const std::uint8_t* from, std::size_t size) { file.write(from, size); });
+}
+
+void write_bmp(BITMAP* bitmap, std::vector<std::uint8_t>& bytes) {
+    put_bmp(bitmap,
+            [&bytes](const std::uint8_t* from, std::size_t size) { bytes.insert(bytes.end(), from, from + size); });
 }
 
 bool save_bmp_file(const std::string& path, BITMAP* bitmap) {
@@ -294,11 +302,20 @@ bool save_bmp_file(const std::string& path, BITMAP* bitmap) {
 
 OwnedBitmap load_bmp_file(const std::string& path, PictureFault& fault) {
     OwnedBitmap bitmap;
-    const Refusal refusal = read_picture(path, bitmap);
+    const InputFile file(path);
+    const Refusal refusal =
+        file.is_open() ? read_picture(file, bitmap) : Refusal{fault_of_opening(path), "it can't be opened"};
     fault = refusal.fault;
     if (fault == PICTURE_FINE) return bitmap;
     UA_log("[ ERROR ] : The picture %s can't be loaded: %s", path.c_str(), refusal.cause);
     return nullptr;
+}
+
+ReadPicture read_bmp(FileBytes bytes) {
+    ReadPicture picture;
+    const Refusal refusal = read_picture(InputFile(bytes), picture.bitmap);
+    if (refusal.fault == PICTURE_FINE) return picture;
+    return {nullptr, refusal.cause};
 }
 
 OwnedBitmap load_bmp_file(const std::string& path) {

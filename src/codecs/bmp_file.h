@@ -1,8 +1,10 @@
 #pragma once
 // Windows BMP files, also the form of the Frames and their side files on disk.
 #include "base/bitmap.h"
+#include "codecs/read_picture.h"
 #include "platform/safe_file.h"
 #include <string>
+#include <vector>
 
 namespace nubo {
 
@@ -12,6 +14,9 @@ bool save_bmp_file(const std::string& path, BITMAP* bitmap);
 
 /// The writing alone, to a file that the caller commits.
 void write_bmp(SafeFile& file, BITMAP* bitmap);
+
+/// Appends the same bytes to those in memory.
+void write_bmp(BITMAP* bitmap, std::vector<std::uint8_t>& bytes);
 
 /// Why a file gave no picture. Only a malformed one will never give one: all else may be over in a moment.
 enum PictureFault : int {
@@ -25,5 +30,8 @@ enum PictureFault : int {
 /// bitmap. Null when the file isn't one, is cut short, or asks for more memory than there is; the cause is logged.
 OwnedBitmap load_bmp_file(const std::string& path);
 OwnedBitmap load_bmp_file(const std::string& path, PictureFault& fault);
+
+/// The same from bytes in memory, with the cause in the result instead of the log.
+ReadPicture read_bmp(FileBytes bytes);
 
 }  // namespace nubo

@@ -4,6 +4,7 @@
 #include "codecs/read_picture.h"
 #include "platform/memory_packfile.h"
 #include <allegro.h>
+#include <cstdint>
 
 namespace nubo {
 
@@ -28,8 +29,16 @@ int save_png_pf(PACKFILE* file, BITMAP* bitmap, const RGB* palette);
 /// Reads a PNG from memory, without its alpha.
 ReadPicture read_png(FileBytes bytes);
 
+/// The same, but what is more transparent than not becomes `clear_pixel`.
+ReadPicture read_cut_out_png(FileBytes bytes);
+inline constexpr std::uint32_t clear_pixel = 0xffff00ff;
+
+/// How hard the writer tries to make the bytes few: for keeping, or fast, in a fraction of the time.
+enum PngEffort : int { PNG_FAST = 1, PNG_BEST = 9 };
+
 /// Appends `bitmap` as a PNG. False, with nothing appended, on failure; the cause is in `png_error`.
 bool write_png(BITMAP* bitmap, Bytes& bytes);
+bool write_png(BITMAP* bitmap, Bytes& bytes, PngEffort effort);
 
 /// Makes Allegro's `load_bitmap`, `save_bitmap` and datafiles know PNG. Called once, after the graphics mode is set.
 void register_png();

@@ -20,7 +20,8 @@ constexpr std::uint32_t png_chunk_type(const char (&name)[5]) {
     return word;
 }
 inline constexpr std::uint32_t png_chunk_header = png_chunk_type("IHDR"), png_chunk_palette = png_chunk_type("PLTE"),
-                               png_chunk_pixels = png_chunk_type("IDAT"), png_chunk_end = png_chunk_type("IEND");
+                               png_chunk_alpha = png_chunk_type("tRNS"), png_chunk_pixels = png_chunk_type("IDAT"),
+                               png_chunk_end = png_chunk_type("IEND");
 
 inline constexpr std::uint32_t png_header_length = 13;  // bytes in an IHDR chunk
 inline constexpr int palette_entries = 256;

@@ -16,12 +16,17 @@ constexpr std::size_t fewest_data_bytes = 7;   // no deflated image is shorter
 constexpr std::size_t deflate_limit = 1032;    // bytes that one deflated byte can stand for, at most
 constexpr std::size_t piece_bytes = 1 << 16;
 
+constexpr Color half_clear = 128;  // alpha from which on a pixel shows
+
 /// What the file has told so far.
 struct PngFile {
     PACKFILE* file;
     PngHeader header{};
     std::array<RGB, palette_entries> palette{};
     bool has_palette = false;
+    bool is_cut_out = false;  // then kept: the alpha of the palette's first entries, and what the pixels' indexes were
+    Bytes palette_alpha{};
+    OwnedBitmap indexes{};
 };
 
 struct ChunkStart {
@@ -147,13 +152,27 @@ bool read_palette(PngFile& png, std::uint32_t length) {
     return skip_crc(png.file);
 }
 
+/// More entries than a palette has, or those of another kind of picture, mean nothing here.
+bool read_palette_alpha(PngFile& png, const ChunkStart& chunk) {
+    const bool is_meant = png.is_cut_out && png.header.color_type == PNG_PALETTE && chunk.length <= palette_entries;
+    if (!is_meant) return skip_chunk(png.file, chunk);
+    png.palette_alpha.resize(chunk.length);
+    const auto length = static_cast<long>(chunk.length);
+    if (pack_fread(png.palette_alpha.data(), length, png.file) != length) return png_fail("Cannot read palette!");
+    return skip_crc(png.file);
+}
+
+bool read_chunk(PngFile& png, const ChunkStart& chunk) {
+    if (chunk.type == png_chunk_palette) return read_palette(png, chunk.length);
+    if (chunk.type == png_chunk_alpha) return read_palette_alpha(png, chunk);
+    return skip_chunk(png.file, chunk);
+}
+
 /// Walks to the first data chunk, whose start is returned.
 std::optional<ChunkStart> read_up_to_data(PngFile& png) {
     std::optional<ChunkStart> chunk = read_chunk_start(png.file);
     while (chunk && chunk->type != png_chunk_pixels) {
-        const bool read =
-            chunk->type == png_chunk_palette ? read_palette(png, chunk->length) : skip_chunk(png.file, *chunk);
-        chunk = read ? read_chunk_start(png.file) : std::nullopt;
+        chunk = read_chunk(png, *chunk) ? read_chunk_start(png.file) : std::nullopt;
     }
     if (chunk && png.header.color_type == PNG_PALETTE && !png.has_palette)
         return png_fail("Palette required but not found!"), std::nullopt;
@@ -213,6 +232,7 @@ OwnedBitmap convert_bitmap(PngFile& png, OwnedBitmap bitmap) {
     const bool indexed = png.header.color_type == PNG_PALETTE, alpha = png_has_alpha(png.header.color_type);
     const int depth = indexed ? _color_load_depth(8, 0) : alpha ? _color_load_depth(32, 1) : _color_load_depth(24, 0);
     if (depth == bitmap_color_depth(bitmap.get())) return bitmap;
+    if (!png.palette_alpha.empty()) png.indexes = copy_bitmap(bitmap.get());
     if (depth == 8) {
         png.has_palette = true;
         OwnedBitmap reduced = octree_reduce(bitmap.get(), png.palette.data());
@@ -235,6 +255,29 @@ OwnedBitmap read_image(PngFile& png) {
     return bitmap;
 }
 
+// ---- Cut-outs ------------------------------------------------------------------------------------------------------
+
+void clear_by_alpha(BITMAP* bitmap) {
+    constexpr Color color_bits = 0xffffff;
+    for (int y = 0; y < bitmap->h; ++y) {
+        Color* const pixels = pixels_at(bitmap, 0, y);
+        for (int x = 0; x < bitmap->w; ++x) {
+            const Color alpha = pixels[x] >> _rgb_a_shift_32 & 0xff;
+            pixels[x] = alpha < half_clear ? clear_pixel : pixels[x] & color_bits;
+        }
+    }
+}
+
+void clear_by_index(const PngFile& png, BITMAP* bitmap) {
+    for (int y = 0; y < bitmap->h; ++y) {
+        Color* const pixels = pixels_at(bitmap, 0, y);
+        const std::uint8_t* const indexes = png.indexes->line[y];
+        for (int x = 0; x < bitmap->w; ++x)
+            if (indexes[x] < png.palette_alpha.size() && png.palette_alpha[indexes[x]] < half_clear)
+                pixels[x] = clear_pixel;
+    }
+}
+
 }  // namespace
 
 BITMAP* load_png_pf(PACKFILE* file, RGB* palette) {
@@ -255,6 +298,21 @@ ReadPicture read_png(FileBytes bytes) {
     OwnedBitmap bitmap(load_png_pf(file, nullptr));
     pack_fclose(file);
     return plain_picture(std::move(bitmap), png_error);
+}
+
+ReadPicture read_cut_out_png(FileBytes bytes) {
+    PACKFILE* const file = open_for_reading(bytes);
+    if (file == nullptr) return {nullptr, "there isn't memory enough"};
+    PngFile png{.file = file, .is_cut_out = true};
+    OwnedBitmap bitmap = read_image(png);
+    pack_fclose(file);
+    if (bitmap && png_has_alpha(png.header.color_type) && bitmap_color_depth(bitmap.get()) == 32) {
+        clear_by_alpha(bitmap.get());
+        return {std::move(bitmap), {}};
+    }
+    ReadPicture picture = plain_picture(std::move(bitmap), png_error);
+    if (picture.bitmap && png.indexes) clear_by_index(png, picture.bitmap.get());
+    return picture;
 }
 
 BITMAP* load_png(const char* path, RGB* palette) {

@@ -12,8 +12,6 @@
 namespace nubo {
 namespace {
 
-constexpr int best_compression = 9;
-
 /// A bitmap whose pixels can be read where they stand; nearly all that is written is one.
 bool has_plain_pixels(BITMAP* bitmap) { return bitmap_color_depth(bitmap) == 32 && is_memory_bitmap(bitmap); }
 
@@ -130,7 +128,7 @@ bool write_palette(PACKFILE* file, const RGB* palette) {
 /// Deflates rows as they come, so that the picture's filtered bytes are never in memory as a whole.
 class RowDeflater {
 public:
-    RowDeflater() : good_(deflateInit(&stream_, best_compression) == Z_OK) {}
+    explicit RowDeflater(PngEffort effort) : good_(deflateInit(&stream_, effort) == Z_OK) {}
     ~RowDeflater() { deflateEnd(&stream_); }
     RowDeflater(const RowDeflater&) = delete;
     RowDeflater& operator=(const RowDeflater&) = delete;
@@ -180,41 +178,47 @@ bool deflate_rows(BITMAP* bitmap, const PngHeader& header, RowDeflater& deflater
     return true;
 }
 
-bool write_pixels(PACKFILE* file, BITMAP* bitmap, const PngHeader& header) {
-    RowDeflater deflater;
+bool write_pixels(PACKFILE* file, BITMAP* bitmap, const PngHeader& header, PngEffort effort) {
+    RowDeflater deflater(effort);
     if (!deflate_rows(bitmap, header, deflater)) return png_fail("Cannot allocate memory!");
     // A chunk's length has 31 bits.
     if (deflater.deflated().size() > INT_MAX) return png_fail("Error during compression!");
     return write_chunk(file, png_chunk_pixels, deflater.deflated());
 }
 
-bool write_image(PACKFILE* file, BITMAP* bitmap, const RGB* palette) {
+bool write_image(PACKFILE* file, BITMAP* bitmap, const RGB* palette, PngEffort effort) {
     if (bitmap->w <= 0 || bitmap->h <= 0) return png_fail("Width or height or both of the image are 0!");
     PngHeader header{bitmap->w, bitmap->h, 8, color_type_of(bitmap)};
     header.row_bytes = png_row_bytes(header);
     return write_bytes(file, png_signature) && write_header(file, header) &&
-           (header.color_type != PNG_PALETTE || write_palette(file, palette)) && write_pixels(file, bitmap, header) &&
-           write_chunk(file, png_chunk_end, {});
+           (header.color_type != PNG_PALETTE || write_palette(file, palette)) &&
+           write_pixels(file, bitmap, header, effort) && write_chunk(file, png_chunk_end, {});
+}
+
+bool write_acquired(PACKFILE* file, BITMAP* bitmap, const RGB* palette, PngEffort effort) {
+    acquire_bitmap(bitmap);
+    const bool written = write_image(file, bitmap, palette, effort);
+    release_bitmap(bitmap);
+    return written;
 }
 
 }  // namespace
 
 int save_png_pf(PACKFILE* file, BITMAP* bitmap, const RGB* palette) {
-    acquire_bitmap(bitmap);
-    const bool written = write_image(file, bitmap, palette);
-    release_bitmap(bitmap);
-    return written ? 0 : -1;
+    return write_acquired(file, bitmap, palette, PNG_BEST) ? 0 : -1;
 }
 
-bool write_png(BITMAP* bitmap, Bytes& bytes) {
+bool write_png(BITMAP* bitmap, Bytes& bytes, PngEffort effort) {
     const std::size_t size_before = bytes.size();
     PACKFILE* const file = open_for_writing(bytes);
     if (file == nullptr) return png_fail("Cannot allocate memory!");
-    const bool written = save_png_pf(file, bitmap, nullptr) == 0;
+    const bool written = write_acquired(file, bitmap, nullptr, effort);
     pack_fclose(file);
     if (!written) bytes.resize(size_before);
     return written;
 }
+
+bool write_png(BITMAP* bitmap, Bytes& bytes) { return write_png(bitmap, bytes, PNG_BEST); }
 
 int save_png(const char* path, BITMAP* bitmap, const RGB* palette) {
     PACKFILE* const file = pack_fopen(path, "w");

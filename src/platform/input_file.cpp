@@ -20,7 +20,11 @@ InputFile::~InputFile() {
 }
 
 bool InputFile::read_at(std::size_t at, void* to, std::size_t count) const {
-    if (file_ < 0 || at > size_ || count > size_ - at) return false;
+    if (!is_open() || at > size_ || count > size_ - at) return false;
+    if (file_ < 0) {
+        std::copy_n(memory_.data() + at, count, static_cast<std::uint8_t*>(to));
+        return true;
+    }
     auto* target = static_cast<std::uint8_t*>(to);
     while (count > 0) {
         const ssize_t got = pread(file_, target, count, static_cast<off_t>(at));

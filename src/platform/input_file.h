@@ -2,6 +2,7 @@
 // Reading bytes that may be hostile: only regular files, never past the end.
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -12,11 +13,13 @@ namespace nubo {
 class InputFile {
 public:
     explicit InputFile(const std::string& path);
+    /// The same on bytes that are in memory already, and must live as long.
+    explicit InputFile(std::span<const std::uint8_t> bytes) : memory_(bytes), size_(bytes.size()) {}
     ~InputFile();
     InputFile(const InputFile&) = delete;
     InputFile& operator=(const InputFile&) = delete;
 
-    bool is_open() const { return file_ >= 0; }
+    bool is_open() const { return file_ >= 0 || memory_.data() != nullptr; }
     /// Bytes in the file when it was opened.
     std::size_t size() const { return size_; }
     /// Reads exactly `count` bytes from the offset `at`; false if they aren't all there.
@@ -24,6 +27,7 @@ public:
 
 private:
     int file_ = -1;
+    std::span<const std::uint8_t> memory_;
     std::size_t size_ = 0;
 };
 
