@@ -27,6 +27,7 @@
 #include "state/view.h"
 #include "windows/hand_over.h"
 #include "windows/opened_files.h"
+#include "windows/placement.h"
 #include "windows/scheme.h"
 #include "workspace/folders.h"
 #include "workspace/frame_memory.h"
@@ -213,7 +214,10 @@ std::optional<int> start_program(const std::vector<std::string>& files) {
     UA_log("[ INIT ] : Interrupts installed");
     if (!open_workspace()) return refuse(no_memory);
     if (preferred_font == nullptr) return refuse("System font file is missing. Please reinstall the application.");
-    save_on_display_loss([] { shutdown_program(); });
+    save_on_display_loss([] {
+        end_borrowing();
+        shutdown_program();
+    });
     warn_if_nothing_can_be_saved();
     gui_enabled = 1;
     handlers_locked = 0;

@@ -6,6 +6,7 @@
 #include "paint/cel_pixels.h"
 #include "paint/tool_distance.h"
 #include "state/flow.h"
+#include "state/frames.h"
 #include "state/gui.h"
 #include "state/options.h"
 #include "state/run.h"
@@ -21,6 +22,8 @@
 
 namespace nubo {
 namespace {
+
+BorrowedCel* borrowed = nullptr;  // the one that lives
 
 // ---- Keys ----------------------------------------------------------------------------------------------------------
 
@@ -41,6 +44,12 @@ void flip(void (*reverse)(BITMAP*), bool& is_flipped) {
     reverse(cel);
     reverse(cel_mask);
     is_flipped = !is_flipped;
+}
+
+/// The Cel itself stays as it was.
+void unflip() {
+    if (is_across) flip(reverse_rows, is_across);
+    if (is_down) flip(reverse_columns, is_down);
 }
 
 /// Puts the placement (dx, dy) from where it stood at `from`.
@@ -79,8 +88,7 @@ public:
         is_across = is_down = false;
     }
     ~Floating() {
-        if (is_across) flip(reverse_rows, is_across);  // the Cel itself stays as it was
-        if (is_down) flip(reverse_columns, is_down);
+        unflip();
         cel_place = {};
         arrows_move_cel = 0;
         close_offscreen_box();
@@ -212,7 +220,7 @@ void place_below() {
     run_placement(below_kind, UNDO_TO_SAVE);
 }
 
-BorrowedCel::BorrowedCel(OwnedBitmap picture, int x, int y) : place_(cel_place), x_(cel_x), y_(cel_y) {
+BorrowedCel::BorrowedCel(OwnedBitmap picture, int x, int y) : place_(cel_place), x_(cel_x), y_(cel_y), from_{x, y} {
     OwnedBitmap mask = picture ? copy_bitmap(picture.get()) : nullptr;
     if (!mask) return;
     is_borrowed_ = true;
@@ -220,15 +228,28 @@ BorrowedCel::BorrowedCel(OwnedBitmap picture, int x, int y) : place_(cel_place),
     mask_.reset(std::exchange(cel_mask, mask.release()));
     cel_x = x;
     cel_y = y;
+    borrowed = this;
 }
 
-BorrowedCel::~BorrowedCel() {
+BorrowedCel::~BorrowedCel() { give_back(); }
+
+void BorrowedCel::give_back() {
     if (!is_borrowed_) return;
+    is_borrowed_ = false;
+    borrowed = nullptr;
     replace_bitmap(cel, std::move(cel_));
     replace_bitmap(cel_mask, std::move(mask_));
     cel_place = place_;
     cel_x = x_;
     cel_y = y_;
+}
+
+void end_borrowing() {
+    if (borrowed == nullptr) return;
+    unflip();
+    if (area_floats != 0)
+        blit(cel_mask, current_frame, 0, 0, borrowed->from_.x, borrowed->from_.y, cel_mask->w, cel_mask->h);
+    borrowed->give_back();
 }
 
 void cel_jump(bool to_view) {

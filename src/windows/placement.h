@@ -46,11 +46,19 @@ public:
     explicit operator bool() const { return is_borrowed_; }
 
 private:
+    friend void end_borrowing();
+    void give_back();
+
     OwnedBitmap cel_, mask_;  // those of the Cel set aside
     CelPlace place_;
     int x_, y_;
+    Point from_;  // where the other picture began
     bool is_borrowed_ = false;
 };
+
+/// For when the main flow never comes back, as after the loss of the display: the user's Cel is the Cel again, and a
+/// part of the Frame that floats is back where it was.
+void end_borrowing();
 
 /// Moves the view to the Cel as far as the pan limits let it, or with `to_view` the Cel to the middle of the view.
 void cel_jump(bool to_view);

@@ -332,6 +332,23 @@ TEST_F(CelCommandTest, MoveCutsAndAnchorsInOneStep) {
     EXPECT_EQ(area_floats, 0);
 }
 
+TEST_F(CelCommandTest, ALossOfTheDisplayPutsBackWhatFloatsAndTheCel) {
+    take_tool(TOOL_MOVE);
+    take_cel(make_bitmap(5, 5, blue));
+    cel_x = 9;
+    play([](User& user) -> Script {
+        co_await click_place(user, 42, 51);
+        co_await click_place(user, 40, 50);
+        co_await tap(user, KEY_H);
+        co_await tap(user, KEY_DOWN);
+        end_borrowing();
+        EXPECT_EQ(frame_pixel(42, 50), green);
+        EXPECT_EQ(count_pixels(red), 5);
+        EXPECT_EQ(cel_pixel(4, 4), blue);
+        EXPECT_EQ(cel_x, 9);
+    });
+}
+
 TEST_F(CelCommandTest, MoveReadsTheFrameBeforeTheHole) {
     take_tool(TOOL_MOVE);
     take_ink(INK_GLASS, 128);
