@@ -77,7 +77,7 @@ int modifiers_down() {
 
 KeyState key_state(int value, int modifiers) {
     if (value <= 0) return KEY_IS_UP;
-    const int code = value & ~modifier_bits;
+    const int code = key_code_of(value);
     if (code < 1 || code > key_code_max) {
         UA_log("[ ERROR ] : Key value OOB in hotkey check. Key = %d", code);
         return KEY_IS_BAD;

@@ -10,6 +10,9 @@ int modifiers_down();
 /// Either of the two SHIFT keys is down, whatever else is.
 inline bool shift_is_down() { return (modifiers_down() & key_shift) != 0; }
 
+/// The key code in a key value.
+constexpr int key_code_of(int value) { return value & ~(key_ctrl | key_alt | key_shift); }
+
 /// A key value: is its key down, with exactly these modifiers? A code that no key has is logged.
 enum KeyState : int { KEY_IS_UP, KEY_IS_DOWN, KEY_IS_BAD };
 KeyState key_state(int value, int modifiers);

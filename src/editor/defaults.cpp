@@ -3,6 +3,7 @@
 #include "base/jobs.h"
 #include "framework/actors.h"
 #include "gui/elements.h"
+#include "gui/field_clipboard.h"
 #include "gui/window_drag.h"
 #include "state/run.h"
 
@@ -14,6 +15,7 @@ void UA_initialize_variables() {
     for (int slot = 0; slot < job_slots; ++slot) UA_clear_job(slot);
     UA_initialize_actors();
     for (int slot = 0; slot < gui_slots; ++slot) GUI_clear_element(slot);
+    install_field_clipboard();
     install_window_drag();
 }
 

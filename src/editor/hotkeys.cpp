@@ -6,8 +6,8 @@
 #include "state/cel.h"
 #include "state/flow.h"
 #include "view/view.h"
-#include "windows/activity_menus.h"
 #include "windows/cel_commands.h"
+#include "windows/clipboard.h"
 #include "windows/favorites_window.h"
 #include "windows/file_browser.h"
 #include "windows/frame_jump.h"
@@ -73,8 +73,8 @@ constexpr std::array<HotkeyRow, HOTKEY_COUNT> rows{{
     {HOTKEY_FRAME_JUMP,       HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, frame_jump},
     {HOTKEY_TOOL_OPTION,      HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, toggle_tool_option},
     {HOTKEY_INK_OPTION,       HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, toggle_ink_option},
-    {HOTKEY_COPY,             HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, say_comes_later},
-    {HOTKEY_PASTE,            HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, say_comes_later},
+    {HOTKEY_COPY,             HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, clipboard_copy},
+    {HOTKEY_PASTE,            HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, clipboard_paste},
     {HOTKEY_UNDO,             HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, undo_last},
     {HOTKEY_REDO,             HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, redo_last},
     {HOTKEY_ZOOM_IN,          HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, zoom_in_by_key},
@@ -101,7 +101,18 @@ void wait_after(Hotkey action) {
     while (hotkey_held(action) && mouse_left == 0 && mouse_right == 0) update_screen(UPDATE_NORMAL);
 }
 
+// What each key was down as, with its modifiers, when it last ran a row; 0 once it is up. Until then it runs no row as
+// anything else: of CTRL+C whose CTRL goes up first, no C is left over. Main flow only.
+std::array<int, key_codes> ran_as{};
+
+bool is_left_over(int value) {
+    const int ran = ran_as[at(key_code_of(value))];
+    return ran != 0 && ran != value;
+}
+
 void forget_acted_rows() {
+    for (int code = 0; code < key_codes; ++code)
+        if (key_down[at(code)] == 0) ran_as[at(code)] = 0;
     for (const HotkeyRow& row : rows) {
         bool& rests = acted[at(row.action)];
         if (rests && !hotkey_held(row.action)) rests = false;
@@ -116,8 +127,12 @@ bool acts_in(const HotkeyRow& row, int mode) {
            row.action == HOTKEY_INK;
 }
 
-void run_row(const HotkeyRow& row, int mode) {
+void run_row(const HotkeyRow& row, int mode, int value) {
     if (!acts_in(row, mode) || (row.field == GIVES_WAY && field_has_keyboard())) return;
+    if (mode != HOTKEYS_PAN) {
+        if (is_left_over(value)) return;
+        ran_as[at(key_code_of(value))] = value;
+    }
     if (row.wait == WAIT_AFTER && acted[at(row.action)]) return;
     row.run();
     if (row.wait == WAIT_AFTER) wait_after(row.action);
@@ -132,7 +147,7 @@ bool scan_row(std::size_t index, int modifiers, int mode) {
         const KeyState state = key_state(value, modifiers);
         if (state == KEY_IS_BAD) return false;
         if (mode == HOTKEYS_PAN && arrows_move_cel != 0 && is_arrow(value)) continue;
-        if (state == KEY_IS_DOWN && index < rows.size()) run_row(rows[index], mode);
+        if (state == KEY_IS_DOWN && index < rows.size()) run_row(rows[index], mode, value);
     }
     return true;
 }

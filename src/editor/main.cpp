@@ -2,11 +2,14 @@
 #include "editor/command_line.h"
 #include "editor/loop.h"
 #include "editor/start.h"
+#include "platform/clipboard.h"
 
 int main(int argc, char** argv) {
     const nubo::CommandLine asked = nubo::read_command_line(argc, argv);
     if (asked.answered) return *asked.answered;
     if (const auto code = nubo::start_program(asked.files)) return *code;
     nubo::program_loop();
-    return nubo::shutdown_program();
+    const int code = nubo::shutdown_program();
+    nubo::leave_clipboard();  // last, since it waits for another program
+    return code;
 }

@@ -5,6 +5,7 @@
 #include "gui/mouse.h"
 #include "paint/surfaces.h"
 #include "paint/undo.h"
+#include "platform/clipboard.h"
 #include "platform/display_loss.h"
 #include "platform/input.h"
 #include "state/gui.h"
@@ -90,6 +91,7 @@ void present() {
     } else {
         const DisplayUse use;
         show_picture();
+        serve_clipboard();
         rest_after_picture();
     }
 }

@@ -1,6 +1,8 @@
 // The keys of a text field: those that edit, and those that type what is printed on them.
+#include "base/keys.h"
 #include "base/utf8.h"
 #include "gui/elements.h"
+#include "gui/field_clipboard.h"
 #include "gui/text_field.h"
 #include "state/typing.h"
 #include "state/view.h"
@@ -25,16 +27,14 @@ constexpr std::array<CharacterKey, 21> character_keys{{
     {KEY_SPACE, ' ', ' '},
 }};
 
-bool is_shift_down() { return key_down[KEY_LSHIFT] != 0 || key_down[KEY_RSHIFT] != 0; }
-
 /// The character that the key has on a US keyboard, '\0' for a key without one.
 char character_of(int code) {
     if (code >= KEY_A && code <= KEY_Z) {
-        const bool upper = is_shift_down() || (key_shifts & KB_CAPSLOCK_FLAG) != 0;
+        const bool upper = shift_is_down() || (key_shifts & KB_CAPSLOCK_FLAG) != 0;
         return static_cast<char>((upper ? 'A' : 'a') + code - KEY_A);
     }
     for (const CharacterKey& row : character_keys)
-        if (row.code == code) return is_shift_down() ? row.shifted : row.plain;
+        if (row.code == code) return shift_is_down() ? row.shifted : row.plain;
     return '\0';
 }
 
@@ -95,8 +95,16 @@ bool insert_at_cursor(int slot, std::string_view character) {
     return true;
 }
 
+/// With CTRL a key types nothing: C and V are the clipboard's.
 void type_character(int slot, int code) {
-    insert_at_cursor(slot, typed_by(code));
+    constexpr int rests_until_up = -1'000'000'000;  // ticks
+    if ((modifiers_down() & key_ctrl) == 0) {
+        insert_at_cursor(slot, typed_by(code));
+        return;
+    }
+    key_repeat[at(code)] = rests_until_up;  // or it would type itself when CTRL goes up first
+    if (code == KEY_C) ask_field_clipboard(slot, FIELD_COPIES);
+    if (code == KEY_V) ask_field_clipboard(slot, FIELD_PASTES);
 }
 
 void delete_back(int slot) {
@@ -137,6 +145,16 @@ bool key_acts(int code) {
 }
 
 }  // namespace
+
+void type_text(int slot, std::string_view text) {
+    text = text.substr(0, text.find_first_of(std::string_view("\0\r\n", 3)));
+    while (!text.empty()) {
+        const std::string_view character = text.substr(0, first_character(text).size);
+        text.remove_prefix(character.size());
+        const bool is_control = static_cast<unsigned char>(character.front()) < ' ' || character.front() == '\x7f';
+        if (!is_control && !insert_at_cursor(slot, character)) return;
+    }
+}
 
 void run_text_input(int slot) {
     if (!is_text_field(slot)) return;

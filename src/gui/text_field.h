@@ -2,6 +2,7 @@
 // Text fields: their text, their cursor, the keys that edit them. Called by the timer handler, and by the windows that
 // give a field the keyboard. A slot outside the table is logged, and the call does nothing.
 #include "state/gui.h"
+#include <string_view>
 
 namespace nubo {
 
@@ -20,6 +21,9 @@ void GUI_delete_field(int slot, int position);
 /// Deletes the character at `position`.
 struct Forward {};
 void GUI_delete_field(int slot, int position, Forward);
+
+/// Inserts a text at the cursor, as if typed: its first line, as much of it as the field takes.
+void type_text(int slot, std::string_view text);
 
 /// Bytes in the field. Its numbers, as `cursor` and `field_scroll`, count bytes; a character may have several.
 int field_length(int slot);

@@ -1,5 +1,6 @@
 #include "platform/input.h"
 
+#include "platform/clipboard.h"
 #include "platform/input_queue.h"
 #include "platform/keyboard.h"
 #include "platform/typed_characters.h"
@@ -8,6 +9,7 @@
 #include <algorithm>
 #include <allegro.h>
 #include <allegro/internal/aintern.h>
+#include <array>
 #include <chrono>
 #include <poll.h>
 #include <pthread.h>
@@ -95,15 +97,24 @@ milliseconds time_left(Clock::time_point end) {
     return first_change() != nullptr ? std::min(left, look_again) : left;
 }
 
+/// Sleeps until the X connection has something, at most for the time given. Other programs, which ask for what is on
+/// the clipboard, are answered meanwhile. True when it was the hand.
+bool sleep_for(milliseconds time) {
+    std::array<pollfd, 2> sources{pollfd{ConnectionNumber(_xwin.display), POLLIN, 0},
+                                  pollfd{clipboard_descriptor(), POLLIN, 0}};  // poll passes over one of -1
+    const bool woken = poll(sources.data(), sources.size(), static_cast<int>(time.count())) > 0;
+    if (woken && sources[1].revents != 0) serve_clipboard();
+    return woken && sources[0].revents != 0;
+}
+
 void listen_until(Clock::time_point end, bool (*wanted)()) {
-    pollfd connection{ConnectionNumber(_xwin.display), POLLIN, 0};
     for (bool heard = false;;) {
         _xwin_handle_input();  // first: what Xlib holds already wakes no sleeper
         if (wanted()) return;
         if (heard) align_mouse_after(input_interval);
         const milliseconds left = time_left(end);
         if (left <= milliseconds::zero()) return;
-        heard = poll(&connection, 1, static_cast<int>(left.count())) > 0;
+        heard = sleep_for(left);
     }
 }
 

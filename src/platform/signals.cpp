@@ -17,6 +17,8 @@ void request_exit_on_signals() {
     action.sa_handler = request_exit;
     action.sa_flags = SA_RESTART;
     sigemptyset(&action.sa_mask);
+    // A display or a terminal that goes while it is written to is told by the call that writes.
+    signal(SIGPIPE, SIG_IGN);
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) sigaction(signal, &action, nullptr);
 }
 

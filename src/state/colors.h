@@ -47,7 +47,7 @@ enum SchemeColor : int {
 };
 using Scheme = std::array<Color, SCHEME_COUNT>;
 inline constexpr Scheme default_scheme{0x9e9e9e, 0x646464, 0x3a3a3a, 0xff0000, 0xdbdbdb,
-                                                                0xdadada, 0x000000, 0x404040, 0xfa0c0c, 0x005cbc};
+                                       0xdadada, 0x000000, 0x404040, 0xfa0c0c, 0x005cbc};
 inline constinit Scheme color_scheme = default_scheme;
 
 // ---- Screen tint ---------------------------------------------------------------------------------------------------

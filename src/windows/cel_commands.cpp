@@ -1,11 +1,9 @@
 #include "windows/cel_commands.h"
 
-#include "gui/snapshot.h"
 #include "paint/stroke.h"
 #include "paint/tools.h"
 #include "state/flow.h"
 #include "state/frames.h"
-#include "state/gui.h"
 #include "state/options.h"
 #include "state/run.h"
 #include "windows/confirm_box.h"
@@ -19,16 +17,6 @@
 
 namespace nubo {
 namespace {
-
-/// The drawing menu, if it is up, stays dimly visible while the command runs.
-template <typename Command> void run_over_shadow(Command command) {
-    if (gui::active[slot_window] != 0 && gui::hidden[slot_window] == 0) take_menu_snapshot(menu_snapshot);
-    {
-        const ClearedScreen cleared;
-        command();
-    }
-    clear_menu_shadow();
-}
 
 bool take_area(const Area& area) {
     if (take_cel(copy_of_area(area))) return true;

@@ -1,8 +1,11 @@
 #include "windows/over_frame.h"
 
+#include "gui/elements.h"
+#include "gui/snapshot.h"
 #include "state/colors.h"
 #include "state/run.h"
 #include "state/view.h"
+#include "windows/run_window.h"
 #include <allegro.h>
 
 namespace nubo {
@@ -17,5 +20,14 @@ void show_overlay(int is_shown) {
 
 OverlayShown::OverlayShown() { show_overlay(1); }
 OverlayShown::~OverlayShown() { show_overlay(0); }
+
+void run_over_shadow(void (*command)()) {
+    if (gui::active[slot_window] != 0 && gui::hidden[slot_window] == 0) take_menu_snapshot(menu_snapshot);
+    {
+        const ClearedScreen cleared;
+        command();
+    }
+    clear_menu_shadow();
+}
 
 }  // namespace nubo

@@ -12,4 +12,7 @@ public:
     OverlayShown& operator=(const OverlayShown&) = delete;
 };
 
+/// Runs a command on the cleared screen; the drawing menu, if it is up, stays dimly visible meanwhile.
+void run_over_shadow(void (*command)());
+
 }  // namespace nubo

@@ -1,9 +1,11 @@
 // Text fields under the keyboard.
 #include "gui/text_field.h"
 
+#include "base/jobs.h"
 #include "framework/resources.h"
 #include "gui_kit.h"
 #include "harness/harness.h"
+#include "platform/clipboard.h"
 #include <string>
 
 namespace nubo {
@@ -139,6 +141,51 @@ TEST_F(FieldTest, ACharacterOfSeveralBytesIsOne) {
     EXPECT_EQ(gui::field_scroll[field], 2);
     click_at(100 + 5 + 1, 62);  // behind the first that shows
     EXPECT_EQ(gui::cursor[field], 3);
+}
+
+TEST_F(FieldTest, CtrlWithCAndVCopiesAndPastes) {
+    static std::string copied, there;
+    static const ClipboardStandIn stand_in{
+        [](const ClipboardOffer& offer) {
+            Bytes bytes;
+            offer.encode(offer.kinds.front(), bytes);
+            return copied = offer.kinds.front() + ":" + std::string(bytes.begin(), bytes.end()), true;
+        },
+        [](std::span<const std::string> kinds, const std::function<bool()>&) {
+            return Fetched{FETCH_DONE, kinds.front(), Bytes(there.begin(), there.end())};
+        }};
+    set_clipboard_stand_in(&stand_in);
+    const auto strike_with_ctrl = [](int code) {
+        ::key[KEY_LCONTROL] = 1;
+        tick();
+        ::key[code] = 1;
+        tick();
+        ::key[KEY_LCONTROL] = 0;
+        tick(60);  // the letter stays down and types nothing
+        ::key[code] = 0;
+        tick();
+        UA_run_jobs();
+    };
+    set_text("abc");
+    strike_with_ctrl(KEY_C);
+    EXPECT_EQ(copied, "UTF8_STRING:abc");
+    strike({KEY_END});
+    struct Case {
+        const char *there, *text;
+    };
+    // The field takes 8 characters; what doesn't fit is left out whole.
+    for (const Case& one : {Case{"12\n34", "abc12"},
+                            {"", "abc12"},
+                            {"\t\x7fx", "abc12x"},
+                            {"y\xc3\xa4z", "abc12xy"},
+                            {"xyz", "abc12xyx"}}) {
+        there = one.there;
+        strike_with_ctrl(KEY_V);
+        EXPECT_EQ(text(), one.text);
+    }
+    EXPECT_EQ(gui::cursor[field], 8);
+    strike_with_ctrl(KEY_A);
+    EXPECT_EQ(text(), "abc12xyx");
 }
 
 TEST_F(FieldTest, AHeldKeyRepeatsAfter29TicksEvery5) {

@@ -37,6 +37,7 @@ public:
     Process(const Process&) = delete;
     Process& operator=(const Process&) = delete;
 
+    int id() const { return pid_; }
     void send_signal(int number) const;
     /// The exit code, or 128 and the signal that ended it, as a shell tells it; nothing when it still runs after
     /// `limit`.

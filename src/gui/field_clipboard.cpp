@@ -1,0 +1,65 @@
+#include "gui/field_clipboard.h"
+
+#include "base/jobs.h"
+#include "gui/elements.h"
+#include "gui/text_field.h"
+#include "platform/clipboard.h"
+#include "state/flow.h"
+#include "state/run.h"
+#include <array>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace nubo {
+namespace {
+
+const std::array<std::string, 2> text_kinds{"UTF8_STRING", "text/plain;charset=utf-8"};
+
+// What was copied here last, for as long as it is on the clipboard.
+std::weak_ptr<const std::string> copied;
+
+bool stands(int slot) { return is_text_field(slot) && gui::active[at(slot)] != 0; }
+
+void copy_field(int slot) {
+    std::array<char, field_size> bytes{};
+    GUI_read_field(slot, bytes);
+    const auto text = std::make_shared<const std::string>(bytes.data());
+    if (text->empty()) return;  // which would only take away what is there
+    const bool offered =
+        offer_to_clipboard({{text_kinds.begin(), text_kinds.end()}, [text](const std::string&, Bytes& encoded) {
+                                encoded.assign(text->begin(), text->end());
+                                return true;
+                            }});
+    if (offered) copied = text;
+}
+
+void paste_into_field(int slot) {
+    if (const auto ours = copied.lock()) return type_text(slot, *ours);
+    const Fetched fetched = fetch_from_clipboard(text_kinds, [slot] {
+        update_screen(UPDATE_NORMAL);
+        return exit_requested == 0 && stands(slot);
+    });
+    if (fetched.end == FETCH_DONE && stands(slot))
+        type_text(slot, {reinterpret_cast<const char*>(fetched.bytes.data()), fetched.bytes.size()});
+}
+
+void serve_job(int job_slot) {
+    const int slot = job::arg[at(job_slot)][0], what = job::arg[at(job_slot)][1];
+    UA_clear_job(job_slot);
+    if (!stands(slot)) return;
+    if (what == FIELD_COPIES)
+        copy_field(slot);
+    else
+        paste_into_field(slot);
+}
+
+}  // namespace
+
+void ask_field_clipboard(int slot, FieldClipboard what) {
+    push_to_job(JOB_FIELD_CLIPBOARD, slot, what, 0, 0, 0, 0, 0, 0, 0);
+}
+
+void install_field_clipboard() { set_job_handler(JOB_FIELD_CLIPBOARD, serve_job); }
+
+}  // namespace nubo

@@ -1,0 +1,18 @@
+#pragma once
+// CTRL+C and CTRL+V in a text field. The keys are heard by the timer handler; the clipboard is the main flow's.
+#include "state/run.h"
+
+namespace nubo {
+
+/// The job that is pushed: a number that no other job has.
+inline constexpr JobType JOB_FIELD_CLIPBOARD{33};
+
+enum FieldClipboard : int { FIELD_COPIES, FIELD_PASTES };
+
+/// Leaves it to the main flow to copy the field's text, or to paste at its cursor. Either flow.
+void ask_field_clipboard(int slot, FieldClipboard what);
+
+/// Names what the job does. At start.
+void install_field_clipboard();
+
+}  // namespace nubo
