@@ -16,7 +16,8 @@ int beside_mouse(int mouse, bool anchor_after, int gap, int reach, int size, int
 }  // namespace
 
 void draw_mouse_text(const char* text, int anchor_x, int anchor_y, int line) {
-    constexpr int gap = 7, above = 12, text_h = 5, line_h = 7, outlined = 1;  // outlined, since any picture may lie below
+    constexpr int gap = 7, above = 12, text_h = 5, line_h = 7,
+                  outlined = 1;  // outlined, since any picture may lie below
     UA_set_font(FONT_NARROW, TEXT_YELLOW, 0, 0, 0, outlined, 0, 0);
     const int width = text_width(text);
     const int right = static_cast<int>(zoom_view_w[at(shown.zoom)]);
