@@ -147,6 +147,7 @@ std::uint8_t hard_pixel(int value, int greys) { return 2 * value >= greys ? 1 : 
 /// A pixel of a bitmap without greys is a whole one.
 std::uint8_t soft_pixel(int value, int greys) {
     constexpr int all = 256, full = 255, two = 2;
+    if (greys == all) return static_cast<std::uint8_t>(value);
     if (greys <= two) return value != 0 ? full : 0;
     return static_cast<std::uint8_t>(std::min(value * (all / greys), full));
 }
@@ -154,12 +155,22 @@ std::uint8_t soft_pixel(int value, int greys) {
 template <std::uint8_t (*pixel)(int value, int greys)> void take_pixels(GlyphForm& form, const FT_Bitmap& bitmap) {
     form.width = static_cast<int>(bitmap.width);
     form.height = static_cast<int>(bitmap.rows);
-    form.pixels.reserve(index_of(form.width) * index_of(form.height));
+    form.pixels.resize(index_of(form.width) * index_of(form.height));
+    auto to = form.pixels.begin();
     for (int y = 0; y < form.height; ++y) {
         const std::uint8_t* const row = bitmap.buffer + std::ptrdiff_t{y} * bitmap.pitch;
-        std::transform(row, row + form.width, std::back_inserter(form.pixels),
-                       [&](std::uint8_t value) { return pixel(value, bitmap.num_grays); });
+        to = std::transform(row, row + form.width, to,
+                            [greys = bitmap.num_grays](std::uint8_t value) { return pixel(value, greys); });
     }
+}
+
+/// The same of a bitmap with any bits for a pixel.
+template <std::uint8_t (*pixel)(int value, int greys)> void convert_pixels(GlyphForm& form, const FT_Bitmap& bitmap) {
+    if (bitmap.pixel_mode == FT_PIXEL_MODE_GRAY) return take_pixels<pixel>(form, bitmap);
+    FT_Bitmap bytes;
+    FT_Bitmap_Init(&bytes);
+    if (FT_Bitmap_Convert(library, &bitmap, &bytes, 1) == 0) take_pixels<pixel>(form, bytes);
+    FT_Bitmap_Done(library, &bytes);
 }
 
 template <std::uint8_t (*pixel)(int value, int greys)>
@@ -170,14 +181,9 @@ void render(GlyphForm& form, FT_Glyph shape, FT_Render_Mode mode) {
     if (shape->format != FT_GLYPH_FORMAT_BITMAP && FT_Glyph_To_Bitmap(&rendered, mode, nullptr, 0) != 0) return;
     const OwnedGlyph owned(rendered != shape ? rendered : nullptr);
     const auto* const glyph = reinterpret_cast<FT_BitmapGlyph>(rendered);
-    FT_Bitmap bytes;  // whatever the bits of a pixel were
-    FT_Bitmap_Init(&bytes);
-    if (FT_Bitmap_Convert(library, &glyph->bitmap, &bytes, 1) == 0) {
-        take_pixels<pixel>(form, bytes);
-        form.left = glyph->left;
-        form.top = glyph->top;
-    }
-    FT_Bitmap_Done(library, &bytes);
+    form.left = glyph->left;
+    form.top = glyph->top;
+    convert_pixels<pixel>(form, glyph->bitmap);
 }
 
 const GlyphForm& form_of(CachedGlyph& glyph, TextEdges edges) {
@@ -384,7 +390,8 @@ void font_textout_aa(BITMAP* bitmap, OutlineFont* font, std::string_view text, i
 void font_cover(BITMAP* coverage, OutlineFont* font, std::string_view text, int x, int y, TextEdges edges) {
     constexpr std::uint8_t full = 255;
     const auto set = [edges](std::uint8_t& pixel, std::uint8_t value) {
-        pixel = edges == EDGES_ROUGH || value == full ? full : covered(pixel, value);
+        if (edges == EDGES_ROUGH) value = full;
+        pixel = pixel == 0 || value == full ? value : covered(pixel, value);  // the usual case is plain copying
     };
     draw_text(coverage, font, text, x, y, edges, row_painter<std::uint8_t>(coverage, set));
 }
