@@ -181,6 +181,7 @@ void render(GlyphForm& form, FT_Glyph shape, FT_Render_Mode mode) {
     if (shape->format != FT_GLYPH_FORMAT_BITMAP && FT_Glyph_To_Bitmap(&rendered, mode, nullptr, 0) != 0) return;
     const OwnedGlyph owned(rendered != shape ? rendered : nullptr);
     const auto* const glyph = reinterpret_cast<FT_BitmapGlyph>(rendered);
+    if (glyph->bitmap.buffer == nullptr) return;  // of a blank, or of a bitmap that the file names but doesn't hold
     form.left = glyph->left;
     form.top = glyph->top;
     convert_pixels<pixel>(form, glyph->bitmap);

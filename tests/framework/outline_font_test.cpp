@@ -253,6 +253,16 @@ TEST_F(OutlineFontTest, ABitmapFontHasItsOwnSizeAndHardPixelsEitherWay) {
     }
 }
 
+TEST_F(OutlineFontTest, ABitmapThatTheFileLacksIsNotDrawn) {
+    const std::string whole = bitmap_font;
+    const OwnedFont font = from_memory(whole.substr(0, whole.rfind("BITMAP")) + "ENDCHAR\nENDFONT\n");
+    ASSERT_NE(font, nullptr);
+    const OwnedBitmap drawn = make_bitmap(20, 12);
+    font_textout(drawn.get(), font.get(), "\xc8", 1, 2, 0xffffff);
+    font_textout_aa(drawn.get(), font.get(), "\xc8", 1, 2, 0xffffff);
+    EXPECT_EQ(*pixels_at(drawn.get(), 1, 7), 0u);
+}
+
 // ---- Fonts that lie ------------------------------------------------------------------------------------------------
 
 /// Where a table of the font begins.
