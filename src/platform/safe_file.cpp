@@ -121,21 +121,23 @@ void SafeFile::flush() {
     buffer_.clear();
 }
 
-void SafeFile::sync() {
+void SafeFile::sync() { finish(true); }
+
+void SafeFile::finish(bool lasting) {
     if (file_ < 0) return;
     flush();
-    if (failure_.empty() && system_calls.fsync(file_) != 0) fail("synced");
+    if (lasting && failure_.empty() && system_calls.fsync(file_) != 0) fail("synced");
     // Some file systems tell only here that the bytes found no room.
     if (close(file_) != 0) fail("closed");
     file_ = -1;
 }
 
-bool SafeFile::commit(FolderSync folder_sync) {
-    sync();
+bool SafeFile::commit(FileSync when) {
+    finish(when != SYNC_WITH_DISK);
     if (failure_.empty() && system_calls.rename(unfinished_.c_str(), path_.c_str()) != 0) fail("put in place");
     if (!is_sound()) return false;
     exists_ = false;
-    if (folder_sync == SYNC_FOLDER_NOW) sync_folder(folder_of(path_));
+    if (when == SYNC_NOW) sync_folder(folder_of(path_));
     return true;
 }
 
@@ -179,6 +181,14 @@ void sync_folder(const std::string& folder) {
     if (file < 0 || (system_calls.fsync(file) != 0 && errno != EINVAL))
         UA_log("[ ERROR ] : The folder %s can't be synced: %s", folder.c_str(), std::strerror(errno));
     if (file >= 0) close(file);
+}
+
+bool sync_disk(const std::string& folder) {
+    const int file = system_calls.open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0);
+    const bool synced = file >= 0 && system_calls.syncfs(file) == 0;
+    if (!synced) UA_log("[ ERROR ] : The disk of %s can't be synced: %s", folder.c_str(), std::strerror(errno));
+    if (file >= 0) close(file);
+    return synced;
 }
 
 bool file_exists(const std::string& path) {

@@ -11,8 +11,9 @@ namespace nubo {
 /// Removes what a crash left of files that were being written in a folder of the program's own.
 void remove_unfinished_files(const std::string& folder);
 
-/// Whether a new name in a folder is made to last at once, or with the next file that is put into the same folder.
-enum FolderSync : int { SYNC_FOLDER_NOW, SYNC_FOLDER_WITH_NEXT };
+/// When a new file is made to last through a loss of power: at once; its bytes at once and its name with the next file
+/// that is put into the same folder; or both by `sync_disk`, which takes many files together.
+enum FileSync : int { SYNC_NOW, SYNC_NAME_WITH_NEXT, SYNC_WITH_DISK };
 
 /// A file being written beside its place. Goes without a trace unless `commit` has succeeded.
 class SafeFile {
@@ -35,7 +36,7 @@ public:
     void sync();
 
     /// Puts the file in its place. False after a failure of any step; the cause is logged once, with the path.
-    bool commit(FolderSync sync = SYNC_FOLDER_NOW);
+    bool commit(FileSync when = SYNC_NOW);
 
     /// True as long as nothing has failed; after a failure the cause is logged.
     bool is_sound() const;
@@ -44,6 +45,7 @@ private:
     void open_beside();
     void take_permissions();
     void flush();
+    void finish(bool lasting);
     void fail(const char* step);
 
     std::string path_, unfinished_;
@@ -68,6 +70,10 @@ bool remove_file(const std::string& path);
 
 /// Makes renames and removals in a folder last through a loss of power. A failure is logged; nothing can be done.
 void sync_folder(const std::string& folder);
+
+/// Makes all that was written to the disk of a folder last: for many files far quicker than each by itself. Waits for
+/// the disk. False after a log line with the cause.
+bool sync_disk(const std::string& folder);
 
 /// True if anything has that name, a link to nowhere included.
 bool file_exists(const std::string& path);

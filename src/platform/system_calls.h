@@ -14,6 +14,7 @@ struct SystemCalls {
     int (*open)(const char* path, int flags, mode_t mode);
     ssize_t (*write)(int file, const void* bytes, std::size_t size);
     int (*fsync)(int file);
+    int (*syncfs)(int file);
     int (*rename)(const char* from, const char* to);
     int (*unlink)(const char* path);
 };
@@ -23,6 +24,7 @@ inline constinit SystemCalls system_calls{
     [](const char* path, int flags, mode_t mode) { return ::open(path, flags, mode); },
     [](int file, const void* bytes, std::size_t size) { return ::write(file, bytes, size); },
     [](int file) { return ::fsync(file); },
+    [](int file) { return ::syncfs(file); },
     [](const char* from, const char* to) { return std::rename(from, to); },
     [](const char* path) { return ::unlink(path); },
 };

@@ -6,9 +6,9 @@
 #include "state/run.h"
 #include "state/view.h"
 #include "workspace/frame_memory.h"
-#include "workspace/frame_moves.h"
 #include "workspace/nail.h"
 #include "workspace/notices.h"
+#include "workspace/rename_job.h"
 #include "workspace/rescue.h"
 #include "workspace/workspace_files.h"
 #include <future>
@@ -89,7 +89,7 @@ bool save_frame_and_nail(const Folder& folder, int slot, const std::function<voi
     meanwhile();
     frame_synced.get();
     nail_synced.get();
-    if (!frame.commit(SYNC_FOLDER_WITH_NEXT) || !nail.commit()) return false;
+    if (!frame.commit(SYNC_NAME_WITH_NEXT) || !nail.commit()) return false;
     frame_was_saved(folder, slot);
     return true;
 }

@@ -2,153 +2,76 @@
 
 #include "base/log.h"
 #include "codecs/bmp_file.h"
-#include "platform/input_file.h"
 #include "platform/safe_file.h"
-#include "state/frames.h"
 #include "state/run.h"
 #include "workspace/nail.h"
 #include "workspace/notices.h"
+#include "workspace/rename_job.h"
 #include "workspace/workspace_files.h"
 #include <algorithm>
-#include <array>
-#include <cstdio>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace nubo {
 namespace {
 
-struct Move {
-    char kind = 0;  // 'I' insert, 'D' delete
-    int start = 0, count = 0, frames = 0;
-};
+std::string current(int slot) { return frame_file_name(STEM_CURRENT, slot); }
 
-/// The paths of what takes part in a move.
-struct Row {
-    const Folder& folder;
-    std::string current(int slot) const { return frame_path(folder, STEM_CURRENT, slot); }
-    std::string rescue(int slot) const { return frame_path(folder, STEM_RESCUE, slot); }
-    std::string staged(int i) const { return frame_path(folder, STEM_INSERTED, i); }
-    std::string doomed(int i) const { return frame_path(folder, STEM_DELETED, i); }
-    std::string staged_nail() const { return folder.file("inserted.nal"); }
-    std::string journal() const { return folder.file("frames.job"); }
-};
+std::string staged_nail() { return side_file_name(STEM_INSERTED, "nal"); }
 
-/// Renames if there is a file to rename and its new name is free: if not, that was done before the kill.
-bool advance(const std::string& from, const std::string& to) {
-    return !file_exists(from) || file_exists(to) || rename_file(from, to);
+// ---- The jobs ------------------------------------------------------------------------------------------------------
+
+/// From the far end on, so that each Frame moves to a free slot; the new ones go into those that are opened.
+RenameJob insert_job(const Folder& folder, int start, int count, int frames) {
+    RenameJob job{JOB_INSERT, start, count, frames};
+    for (int slot = frames - 1; slot > start; --slot) job.add(folder, current(slot), current(slot + count));
+    for (int i = 0; i < count; ++i) job.add(folder, frame_file_name(STEM_INSERTED, i), current(start + 1 + i));
+    job.add(folder, nail_file, side_file_name(STEM_BACKUP, "nal"));
+    job.add(folder, staged_nail(), nail_file);
+    return job;
 }
 
-// ---- The journal ---------------------------------------------------------------------------------------------------
-
-bool write_journal(const Row& row, const Move& move) {
-    const std::string line = std::string(1, move.kind) + " " + std::to_string(move.start) + " " +
-                             std::to_string(move.count) + " " + std::to_string(move.frames) + "\n";
-    return write_file(row.journal(), line.data(), line.size());
-}
-
-/// The work under way, if there is some and the files bear it out.
-std::optional<Move> read_journal(const Row& row) {
-    constexpr std::size_t longest = 64;
-    std::vector<std::uint8_t> bytes;
-    if (!read_file(row.journal(), longest, bytes)) return std::nullopt;
-    const std::string line(bytes.begin(), bytes.end());
-    Move move;
-    if (std::sscanf(line.c_str(), "%c %4d %4d %4d", &move.kind, &move.start, &move.count, &move.frames) != 4)
-        return std::nullopt;
-    if (move.start < 0 || move.count < 1 || move.frames < 1 || move.frames > frame_slots) return std::nullopt;
-    if (move.kind == 'I' && move.start < move.frames && move.count <= frame_slots - move.frames &&
-        count_slot_files(row.folder, STEM_CURRENT) + count_slot_files(row.folder, STEM_INSERTED) ==
-            move.frames + move.count)
-        return move;
-    if (move.kind == 'D' && move.count < move.frames && move.start <= move.frames - move.count &&
-        count_slot_files(row.folder, STEM_CURRENT) + count_slot_files(row.folder, STEM_DELETED) == move.frames)
-        return move;
-    return std::nullopt;
-}
-
-/// Removes what an insert has staged and a delete has taken out.
-void remove_leftovers(const Row& row) {
-    for (int i = 0; i < frame_slots; ++i)
-        for (const std::string& file : {row.staged(i), row.doomed(i)})
-            if (file_exists(file)) remove_file(file);
-    if (file_exists(row.staged_nail())) remove_file(row.staged_nail());
-}
-
-// ---- The renames, forth and back -----------------------------------------------------------------------------------
-
-bool carry_out(const Row& row, const Move& move) {
-    bool done = true;
-    if (move.kind == 'I') {
-        for (int slot = move.frames - 1; slot > move.start; --slot)
-            done = done && advance(row.current(slot), row.current(slot + move.count));
-        for (int i = 0; i < move.count; ++i) done = done && advance(row.staged(i), row.current(move.start + 1 + i));
-        return done && (!file_exists(row.staged_nail()) || rename_file(row.staged_nail(), row.folder.file(nail_file)));
-    }
-    for (int i = 0; i < move.count; ++i) done = done && advance(row.current(move.start + i), row.doomed(i));
-    for (int slot = move.start + move.count; slot < move.frames; ++slot)
-        done = done && advance(row.current(slot), row.current(slot - move.count));
-    return done;
-}
-
-bool take_back(const Row& row, const Move& move) {
-    bool done = true;
-    if (move.kind == 'I') {
-        // A new Frame stands in its slot only if it isn't under its staged name any more.
-        for (int i = move.count - 1; i >= 0; --i)
-            done = done && advance(row.current(move.start + 1 + i), row.staged(i));
-        for (int slot = move.start + 1; slot < move.frames; ++slot)
-            done = done && advance(row.current(slot + move.count), row.current(slot));
-        return done;
-    }
-    for (int slot = move.frames - 1; slot >= move.start + move.count; --slot)
-        done = done && advance(row.current(slot - move.count), row.current(slot));
-    for (int i = move.count - 1; i >= 0; --i) done = done && advance(row.doomed(i), row.current(move.start + i));
-    return done;
-}
-
-/// A move that could neither be carried out nor be taken back, until one of the two is possible.
-constinit std::optional<Move> stuck;
-
-/// Does the work under its journal. Where neither forth nor back is possible the journal stays for the next start.
-bool perform(const Row& row, const Move& move) {
-    if (!write_journal(row, move)) {
-        remove_leftovers(row);
-        return false;
-    }
-    if (carry_out(row, move)) return true;
-    stuck = move;
-    end_frame_move(row.folder);
-    return false;
+/// Frames to be deleted are only renamed till the state is on disk.
+RenameJob delete_job(const Folder& folder, int start, int count, int frames) {
+    RenameJob job{JOB_DELETE, start, count, frames};
+    for (int i = 0; i < count; ++i) job.add(folder, current(start + i), frame_file_name(STEM_DELETED, i));
+    for (int slot = start + count; slot < frames; ++slot) job.add(folder, current(slot), current(slot - count));
+    return job;
 }
 
 // ---- Gaps and maps -------------------------------------------------------------------------------------------------
 
-SlotMap map_of(const Move& move) {
+SlotMap map_of(const RenameJob& job) {
     SlotMap map = nothing_moved();
     for (int& from : map) {
-        if (move.kind == 'D' && from >= move.start && from + move.count < frame_slots) from += move.count;
-        if (move.kind == 'I' && from > move.start)
-            from = from > move.start + move.count ? from - move.count : move.start;
+        if (job.kind == JOB_DELETE && from >= job.start && from + job.count < frame_slots) from += job.count;
+        if (job.kind == JOB_INSERT && from > job.start)
+            from = from > job.start + job.count ? from - job.count : job.start;
     }
     return map;
 }
 
 /// A Frame that has only its rescue: a blank one that was painted on and never saved.
-void adopt_rescues(const Row& row) {
-    for (int slot = 0; slot < frame_slots; ++slot) advance(row.rescue(slot), row.current(slot));
+void adopt_rescues(const Folder& folder) {
+    for (int slot = 0; slot < frame_slots; ++slot) {
+        const std::string rescue = frame_path(folder, STEM_RESCUE, slot),
+                          frame = frame_path(folder, STEM_CURRENT, slot);
+        if (file_exists(rescue) && !file_exists(frame)) rename_file(rescue, frame);
+    }
 }
 
 /// Moves Frames down over slots without a file.
-SlotMap close_gaps(const Row& row, bool& moved) {
+SlotMap close_gaps(const Folder& folder, bool& moved) {
     SlotMap map = nothing_moved();
     int free_slot = 0;
     for (int slot = 0; slot < frame_slots; ++slot) {
-        if (!file_exists(row.current(slot))) continue;
+        if (!file_exists(frame_path(folder, STEM_CURRENT, slot))) continue;
         if (slot != free_slot) {
-            if (!rename_file(row.current(slot), row.current(free_slot))) break;
-            advance(row.rescue(slot), row.rescue(free_slot));
+            const auto move = [&](FrameStem stem) {
+                return rename_file(frame_path(folder, stem, slot), frame_path(folder, stem, free_slot));
+            };
+            if (!move(STEM_CURRENT)) break;
+            if (file_exists(frame_path(folder, STEM_RESCUE, slot))) move(STEM_RESCUE);
             UA_log("[ INFO ] : Closed a gap: frame %d is now frame %d", slot, free_slot);
             map[static_cast<unsigned>(free_slot)] = slot;
             moved = true;
@@ -181,59 +104,29 @@ void move_tiles(const SlotMap& map) {
 }  // namespace
 
 bool insert_frame_files(const Folder& folder, int start, int count, BITMAP* picture, BITMAP* nail) {
-    const Row row{folder};
-    bool written = save_bmp_file(row.staged_nail(), nail);
-    for (int i = 0; i < count; ++i) written = written && save_bmp_file(row.staged(i), picture);
-    if (written) return perform(row, {'I', start, count, frame_count});
-    remove_leftovers(row);
+    bool written = save_bmp_file(folder.file(staged_nail()), nail);
+    for (int i = 0; i < count; ++i) written = written && save_bmp_file(frame_path(folder, STEM_INSERTED, i), picture);
+    if (written) return do_job(folder, insert_job(folder, start, count, frame_count));
+    remove_leftovers(folder);
     return false;
 }
 
 bool delete_frame_files(const Folder& folder, int start, int count) {
-    return perform({folder}, {'D', start, count, frame_count});
-}
-
-void take_back_delete(const Folder& folder, int start, int count) {
-    stuck = Move{'D', start, count, frame_count};
-    end_frame_move(folder);
-}
-
-bool frame_move_is_open(const Folder& folder) { return !stuck && file_exists(Row{folder}.journal()); }
-
-bool end_frame_move(const Folder& folder) {
-    const Row row{folder};
-    if (stuck && !take_back(row, *stuck)) return false;
-    if (file_exists(row.journal())) {
-        if (!remove_file(row.journal())) return false;
-        sync_folder(
-            folder.path());  // else a loss of power could bring the journal back without the Frames it speaks of
-    }
-    stuck.reset();
-    remove_leftovers(row);
-    return true;
-}
-
-bool row_is_whole(const Folder& folder) {
-    return !stuck || !file_exists(Row{folder}.journal()) || end_frame_move(folder);
+    return do_job(folder, delete_job(folder, start, count, frame_count));
 }
 
 FrameRepairs repair_frame_files(const Folder& folder) {
-    const Row row{folder};
     FrameRepairs repairs;
     remove_unfinished_files(folder.path());
-    if (const std::optional<Move> move = read_journal(row)) {
-        if (carry_out(row, *move)) {
-            UA_log("[ INFO ] : Finished what the last run began with frame %d", move->start);
-            repairs.moved = true;
-            repairs.frames_before = move->frames;
-            repairs.nail_is_old = move->kind == 'D';
-            repairs.by_journal = map_of(*move);
-        }
-    } else {
-        end_frame_move(folder);
+    remove_unfinished_files(path_of(folder, "../"));
+    if (const std::optional<RenameJob> job = finish_interrupted_job(folder); job && job->kind != JOB_LOAD) {
+        repairs.moved = true;
+        repairs.frames_before = job->frames;
+        repairs.nail_is_old = job->kind == JOB_DELETE;
+        repairs.by_journal = map_of(*job);
     }
-    adopt_rescues(row);
-    repairs.by_gaps = close_gaps(row, repairs.moved);
+    adopt_rescues(folder);
+    repairs.by_gaps = close_gaps(folder, repairs.moved);
     return repairs;
 }
 

@@ -12,6 +12,7 @@
 #include "workspace/frame_moves.h"
 #include "workspace/nail.h"
 #include "workspace/notices.h"
+#include "workspace/rename_job.h"
 #include "workspace/rescue.h"
 #include "workspace/state_file.h"
 #include "workspace/workspace_files.h"
@@ -27,7 +28,7 @@ FrameView& view_of(int slot) { return frame_view[static_cast<unsigned>(slot)]; }
 /// Writes the Frame in memory to its slot, with its thumbnail and its view, and reads the file of the next one.
 bool store_frame(int slot, int next_slot, FramePicture& next) {
     const auto read_next = [&] { next = read_frame_file(workspace_folder(), next_slot); };
-    if (!settle_frame_move() || !save_frame_and_nail(workspace_folder(), slot, read_next)) return false;
+    if (!settle_job() || !save_frame_and_nail(workspace_folder(), slot, read_next)) return false;
     view_of(slot) = {pan_x, pan_y, zoom};
     return true;
 }
@@ -62,7 +63,7 @@ void insert_views(int start, int count, bool blank) {
 /// Puts the new Frames on disk. The Nail in memory shows them only if that went well.
 bool insert_on_disk(int start, int count, BITMAP* picture) {
     const OwnedBitmap old_nail = copy_bitmap(nail_sheet);
-    if (picture == nullptr || !old_nail || !settle_frame_move()) return false;
+    if (picture == nullptr || !old_nail || !settle_job()) return false;
     insert_tiles(start, count, picture);
     if (insert_frame_files(workspace_folder(), start, count, picture, nail_sheet)) return true;
     blit(old_nail.get(), nail_sheet, 0, 0, 0, 0, nail_side, nail_side);
@@ -93,9 +94,9 @@ bool delete_on_disk(int start, int count) {
     if (read.fault == PICTURE_OUT_OF_REACH) return refuse(MESSAGE_FRAME_OUT_OF_REACH);
     // First of all, else a start after a kill would find it newer than the Frame that moves into the slot.
     forget_rescue(folder, frame_index);
-    if (!settle_frame_move() || !delete_frame_files(folder, start, count)) return refuse(MESSAGE_SAVE_FAILED);
+    if (!settle_job() || !delete_frame_files(folder, start, count)) return refuse(MESSAGE_SAVE_FAILED);
     if (!take_frame(folder, next, std::move(read))) {
-        take_back_delete(folder, start, count);
+        take_back_job(folder);
         return refuse(MESSAGE_FRAME_OUT_OF_REACH);
     }
     delete_entries(start, count);

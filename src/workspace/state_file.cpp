@@ -14,6 +14,7 @@
 #include "workspace/frame_moves.h"
 #include "workspace/notices.h"
 #include "workspace/preferred_font.h"
+#include "workspace/rename_job.h"
 #include "workspace/rescue.h"
 #include "workspace/side_files.h"
 #include "workspace/state_fields.h"
@@ -44,11 +45,11 @@ bool write_state(const Folder& folder, const char* name) {
 }
 
 /// The Frame and the pictures beside the state. Each is tried, whatever became of the one before; but a Nail under an
-/// open move would be shifted by it at the next start.
+/// open job would be shifted by it at the next start.
 bool write_pictures(const Folder& folder, const std::string& stem) {
     bool written = save_frame_to_slot(folder, frame_index);
     for (const SideFile kind : {SIDE_CEL, SIDE_TIP}) written = save_side_file(folder, kind, stem) && written;
-    return !frame_move_is_open(folder) && save_side_file(folder, SIDE_NAIL, stem) && written;
+    return !job_is_open(folder) && save_side_file(folder, SIDE_NAIL, stem) && written;
 }
 
 /// The slot to open: the stored one, or the last that has a file.
@@ -84,20 +85,19 @@ bool read_workspace(const char* name, const FrameRepairs& repairs) {
     return true;
 }
 
-constexpr std::array side_endings{"cel", "nal", "tip", "spa"};  // the state last: with it the swap is whole
-
 }  // namespace
 
 bool write_workspace(const Folder& folder, const char* name, bool state_only) {
     const std::string stem = stem_of(name);
+    if (!row_is_whole(folder)) return false;
     const bool written = write_state(folder, name);
-    if (written) end_frame_move(folder);
+    if (written) end_job(folder);
     return (state_only || write_pictures(folder, stem)) && written;
 }
 
-bool settle_frame_move() {
+bool settle_job() {
     const Folder folder = workspace_folder();
-    return (!frame_move_is_open(folder) || write_state(folder, state_file)) && end_frame_move(folder);
+    return (!job_is_open(folder) || write_state(folder, state_file)) && end_job(folder);
 }
 
 bool save_workspace_state(const char* name, bool state_only) {
@@ -137,9 +137,9 @@ void swap_to_alternate() {
         // A Frame that stands there without a state file is somebody's all the same.
         if (file_exists(from) && (!file_exists(to) || set_aside(to))) rename_file(from, to);
     }
-    for (const std::string ending : side_endings) {
-        const std::string from = folder.file("alternate." + ending);
-        if (file_exists(from)) rename_file(from, folder.file("current." + ending));
+    for (const char* ending : side_endings) {
+        const std::string from = folder.file(side_file_name(STEM_ALTERNATE, ending));
+        if (file_exists(from)) rename_file(from, folder.file(side_file_name(STEM_CURRENT, ending)));
     }
     if (!was_locked) handlers_locked = 0;
 }
@@ -147,7 +147,7 @@ void swap_to_alternate() {
 void remove_alternate_files() {
     const Folder folder = workspace_folder();
     for (int slot = 0; slot < frame_slots; ++slot) remove_file(frame_path(folder, STEM_ALTERNATE, slot));
-    for (const std::string ending : side_endings) remove_file(folder.file("alternate." + ending));
+    for (const char* ending : side_endings) remove_file(folder.file(side_file_name(STEM_ALTERNATE, ending)));
 }
 
 }  // namespace nubo

@@ -17,9 +17,9 @@ bool save_workspace_state(const char* name, bool state_only);
 /// The writing alone, to any folder, with `image_dir` as it is.
 bool write_workspace(const Folder& folder, const char* name, bool state_only);
 
-/// Ends the last insert or delete before more is written to the row: writes the state if that couldn't be done then.
-/// False if the disk doesn't let it.
-bool settle_frame_move();
+/// Ends the last insert or delete of Frames before more is written to the row: writes the state if that couldn't be
+/// done then. False if the disk doesn't let it.
+bool settle_job();
 
 /// Reads the state alone. What is missing of it has its default. A file that can't be read is set aside before another
 /// is written over it. False if it wasn't whole.

@@ -12,8 +12,8 @@
 namespace nubo {
 namespace {
 
-constexpr std::array<const char*, STEM_COUNT> stem_names{"current", "alternate", "backup",
-                                                         "rescue",  "inserted",  "deleted"};
+constexpr std::array<const char*, STEM_COUNT> stem_names{"current",  "alternate", "backup", "rescue",
+                                                         "inserted", "deleted",   "loaded"};
 
 std::vector<std::string> unread;
 
@@ -23,6 +23,14 @@ std::string frame_file_name(FrameStem stem, int slot) {
     std::array<char, 32> name{};
     std::snprintf(name.data(), name.size(), "%s.%03d", stem_names[static_cast<unsigned>(stem)], slot);
     return name.data();
+}
+
+std::string side_file_name(FrameStem stem, const char* ending) {
+    return std::string(stem_names[static_cast<unsigned>(stem)]) + "." + ending;
+}
+
+bool is_stem(std::string_view name) {
+    return std::find(stem_names.begin(), stem_names.end(), name) != stem_names.end();
 }
 
 std::string frame_path(const Folder& folder, FrameStem stem, int slot) {

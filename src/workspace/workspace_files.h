@@ -3,12 +3,14 @@
 // nothing that may be the user's is ever written over or removed for being in the way.
 #include "base/bitmap.h"
 #include "platform/folder.h"
+#include <array>
 #include <string>
+#include <string_view>
 
 namespace nubo {
 
 /// The name of a slot's file under one of the stems: "current.007". The first three are Workspaces' own; the others
-/// stand for moments only: a Frame's state against a crash, and Frames on their way into the row or out of it.
+/// stand for moments only: a Frame's state against a crash, and files on their way into the Workspace or out of it.
 enum FrameStem : int {
     STEM_CURRENT,
     STEM_ALTERNATE,
@@ -16,11 +18,20 @@ enum FrameStem : int {
     STEM_RESCUE,
     STEM_INSERTED,
     STEM_DELETED,
+    STEM_LOADED,
     STEM_COUNT
 };
 std::string frame_file_name(FrameStem stem, int slot);
 
-/// The same with the folder's path in front.
+/// The files beside the Frames, in the order in which an archive holds them. The state is the last: with it a Workspace
+/// that comes is whole.
+inline constexpr std::array side_endings{"cel", "nal", "tip", "spa"};
+std::string side_file_name(FrameStem stem, const char* ending);
+
+/// True for what one of the Workspace's own files is called in front of its point.
+bool is_stem(std::string_view name);
+
+/// The path of a slot's file.
 std::string frame_path(const Folder& folder, FrameStem stem, int slot);
 
 /// The number of slots with a file under that stem in a folder.

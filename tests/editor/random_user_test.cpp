@@ -378,7 +378,8 @@ protected:
         setenv("HOME", folder_.path().c_str(), 1);  // where the file browser opens
         UA_log_open();
         UA_load_framework_video(Folder("resource"));
-        system_calls.fsync = [](int) { return 0; };  // no test pulls the plug, and it takes its time
+        system_calls.fsync =
+            system_calls.syncfs = [](int) { return 0; };  // no test pulls the plug, and it takes its time
         std::strncpy(program_dir.data(), folder_.path().c_str(), path_size - 1);
         replace_bitmap(nail_sheet, make_bitmap(nail_tile * nail_columns, nail_tile * nail_columns));
         replace_bitmap(preview_bitmap, make_bitmap(preview_w, preview_h));

@@ -42,6 +42,7 @@ inline void arm(Call call, int n, int error, bool all_later = false) {
             return strikes(CALL_WRITE) ? ssize_t{-1} : real.write(file, bytes, size);
         },
         [](int file) { return strikes(CALL_FSYNC) ? -1 : real.fsync(file); },
+        [](int file) { return strikes(CALL_FSYNC) ? -1 : real.syncfs(file); },
         [](const char* from, const char* to) { return strikes(CALL_RENAME) ? -1 : real.rename(from, to); },
         [](const char* path) { return strikes(CALL_UNLINK) ? -1 : real.unlink(path); },
     };

@@ -32,7 +32,8 @@ class WorkspaceTest : public testing::Test {
 protected:
     void SetUp() override {
         UA_log_open();
-        system_calls.fsync = [](int) { return 0; };  // no test pulls the plug, and it takes its time
+        system_calls.fsync =
+            system_calls.syncfs = [](int) { return 0; };  // no test pulls the plug, and it takes its time
         std::strncpy(program_dir.data(), folder_.path().c_str(), path_size - 1);
         setenv("XDG_STATE_HOME", (folder_.path() + "/state").c_str(), 1);
         std::filesystem::create_directory("resource");
