@@ -335,6 +335,7 @@ enum Label : int {
     LABEL_NOTHING_WRITTEN,
     LABEL_WORK_BROUGHT_BACK,
     LABEL_NOT_SAVED_LAST,
+    LABEL_PREVIOUS_WORKSPACE,
     LABEL_HOTKEY_FIRST = 400,  // Hotkey n at 400 + n
     LABEL_HELP_FIRST = 480,    // HelpTopic t at 480 + t
     LABEL_SLOTS = 536

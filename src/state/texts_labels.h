@@ -283,6 +283,7 @@ inline constexpr auto label_text = with_names(fill_texts<LABEL_SLOTS>({
     {LABEL_NOTHING_WRITTEN, "<NOTHING WILL BE WRITTEN THERE>"},
     {LABEL_WORK_BROUGHT_BACK, "UNSAVED WORK WAS BROUGHT BACK"},
     {LABEL_NOT_SAVED_LAST, "<THE LAST RUN COULDN'T SAVE IT>"},
+    {LABEL_PREVIOUS_WORKSPACE, "PREVIOUS"},
     // Drives
     {drive_label(0), "A:"},
     {drive_label(1), "B:"},

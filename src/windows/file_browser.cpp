@@ -4,15 +4,18 @@
 #include "gui/presses.h"
 #include "gui/text_field.h"
 #include "platform/places.h"
+#include "platform/safe_file.h"
 #include "state/options.h"
 #include "state/run.h"
 #include "state/view.h"
 #include "windows/confirm_box.h"
+#include "windows/file_browser_rows.h"
 #include "windows/file_list.h"
 #include "windows/file_preview.h"
 #include "windows/picture_files.h"
 #include "windows/picture_formats.h"
 #include "windows/run_window.h"
+#include "workspace/archive.h"
 #include "workspace/folders.h"
 #include "workspace/notices.h"
 #include "workspace/preferred_font.h"
@@ -25,96 +28,6 @@ namespace nubo {
 namespace {
 
 namespace fs = std::filesystem;
-
-// ---- The window as rows --------------------------------------------------------------------------------------------
-
-constexpr int filter_count = 9, places_shown = static_cast<int>(place_max);
-enum BrowserSlot : int {
-    BROWSER_PLACE_FIRST = slot_content,
-    BROWSER_PATH_LABEL = BROWSER_PLACE_FIRST + places_shown,
-    BROWSER_FILE_LABEL,
-    BROWSER_PATH,
-    BROWSER_FILE,
-    BROWSER_LIST,
-    BROWSER_FILTER_FIRST,
-    BROWSER_PREVIEW = BROWSER_FILTER_FIRST + filter_count,
-    BROWSER_OKAY,
-    BROWSER_HOME,
-    BROWSER_CANCEL,
-    BROWSER_SLOTS
-};
-
-constexpr ElementRow place_row(int place) {
-    constexpr int first_x = 64, pitch = 15, width = 14;
-    return {.slot = BROWSER_PLACE_FIRST + place, .x = first_x + pitch * place, .y = 2, .w = width};
-}
-
-constexpr ElementRow filter_row(int filter) {
-    constexpr int first_x = 199, first_y = 12, pitch_x = 40, pitch_y = 10, columns = 3;
-    return {.slot = BROWSER_FILTER_FIRST + filter,
-            .x = first_x + pitch_x * (filter % columns),
-            .y = first_y + pitch_y * (filter / columns),
-            .label = static_cast<Label>(LABEL_GIF + filter),
-            .left = ACTION_FLIP_CLICK,
-            .tooltip = static_cast<Message>(MESSAGE_FILTER_GIF + filter)};
-}
-
-using BrowserRows = std::array<ElementRow, BROWSER_SLOTS - slot_content>;
-
-consteval BrowserRows browser_rows() {
-    BrowserRows rows{};
-    const auto add = [&](const ElementRow& row) { rows[at(row.slot - slot_content)] = row; };
-    for (int i = 0; i < places_shown; ++i) add(place_row(i));
-    for (int i = 0; i < filter_count; ++i) add(filter_row(i));
-    constexpr int field_w = 166, caption_w = 29, button_y = 114;
-    add({.slot = BROWSER_PATH_LABEL, .x = 2, .y = 12, .w = caption_w, .label = LABEL_PATH, .fill = &ui_border});
-    add({.slot = BROWSER_FILE_LABEL, .x = 2, .y = 22, .w = caption_w, .label = LABEL_FILE, .fill = &ui_border});
-    add({.slot = BROWSER_PATH, .type = ELEMENT_TEXT_FIELD, .x = 32, .y = 12, .w = field_w, .fill = &ui_shadow});
-    add({.slot = BROWSER_FILE, .type = ELEMENT_TEXT_FIELD, .x = 32, .y = 22, .w = field_w, .fill = &ui_shadow});
-    add({.slot = BROWSER_LIST, .type = ELEMENT_FILE_LIST, .x = 2, .y = 32, .w = 196, .h = 81});
-    add({.slot = BROWSER_PREVIEW,
-         .type = ELEMENT_PREVIEW,
-         .x = 199,
-         .y = 42,
-         .w = preview_w + 2,
-         .h = preview_h + 2,
-         .left = ACTION_CLICK});
-    const auto add_button = [&](int slot, int x, Label label) {
-        constexpr int width = 59;
-        add({.slot = slot,
-             .type = ELEMENT_BUTTON_LIT,
-             .x = x,
-             .y = button_y,
-             .w = width,
-             .label = label,
-             .left = ACTION_CLICK});
-    };
-    add_button(BROWSER_OKAY, 2, LABEL_OKAY);
-    add_button(BROWSER_HOME, 71, LABEL_HOME);
-    add_button(BROWSER_CANCEL, 139, LABEL_CANCEL);
-    return rows;
-}
-constexpr BrowserRows rows = browser_rows();
-static_assert(rows_in_order(rows, &ElementRow::slot, slot_content));
-
-constexpr WindowRow window{.id = WINDOW_FILE_BROWSER,
-                           .place = POS_FILE_BROWSER,
-                           .x = 0,
-                           .y = 115,
-                           .w = 319,
-                           .h = 124,
-                           .child_count = BROWSER_SLOTS,
-                           .title = LABEL_LOAD_FILE,
-                           .title_w = 61,
-                           .elements = rows,
-                           .cancel = BROWSER_CANCEL,
-                           .outside = OUTSIDE_CANCELS,
-                           .keys = KEYS_ESCAPE};
-constexpr FieldLayout field_layout{.visible = 25, .max = 254, .font = FONT_WIDE};
-
-/// What each filter button lets through; JPG and LBM have more endings than their names.
-const std::array<std::vector<std::string_view>, filter_count> filters{
-    {{"GIF"}, {"PCX"}, {"BMP"}, {"PNG"}, {"JPG", "JPEG"}, {"LBM", "IFF", "ILBM"}, {"TTF"}, {"OTF"}, {"WSP"}}};
 
 /// The user's HOME directory: empty while the browser floats.
 std::array<char, path_size>& home_of(BrowserMode mode) {
@@ -168,14 +81,22 @@ class FileBrowser {
 public:
     FileBrowser(BrowserMode mode, FilePurpose purpose)
         : mode_(mode), purpose_(purpose),
-          places_(mode == BROWSE_FOR_FONT ? find_font_places(program_dir.data()) : find_places(program_dir.data())) {}
+          places_(mode == BROWSE_FOR_FONT ? find_font_places(program_dir.data()) : find_places(program_dir.data())),
+          offers_previous_(mode == BROWSE_TO_LOAD && purpose == PURPOSE_ARCHIVE &&
+                           file_exists(previous_workspace_file())) {
+        if (offers_previous_) places_.resize(std::min<std::size_t>(places_.size(), places_beside_previous));
+    }
 
     /// The chosen path, empty after CANCEL.
     std::string run() {
-        const std::string offered = mode_ == BROWSE_TO_SAVE ? image_file.data() : "";
+        const std::string offered = offered_name();
         if (!enter(first_folder(mode_)) && !enter("/")) return {};
         set_text(image_file, offered);
-        WindowRow row = window;
+        WindowRow row = browser_window;
+        if (!offers_previous_) {
+            row.child_count -= 1;
+            row.elements = row.elements.first(row.elements.size() - 1);
+        }
         if (mode_ == BROWSE_TO_SAVE) {
             row.title = LABEL_SAVE_FILE;
             row.focus = BROWSER_FILE;
@@ -190,6 +111,13 @@ public:
 
 private:
     // Building.
+
+    /// The last name, if it is of the kind that is to be saved: no picture is to be lost for a Workspace.
+    std::string offered_name() const {
+        const bool is_archive = file_type_from_extension(image_file.data(), mode_) == FILE_WSP;
+        return mode_ == BROWSE_TO_SAVE && is_archive == (purpose_ == PURPOSE_ARCHIVE) ? image_file.data() : "";
+    }
+
     void fill() {
         for (const int field : {BROWSER_PATH, BROWSER_FILE}) GUI_set_field(field, field_layout, "");
         fill_places();
@@ -247,7 +175,8 @@ private:
     /// Lists the folder. False, where it was and told, if it can't be read or its path is too long to be kept.
     bool enter(const std::string& folder) {
         const std::vector<std::string_view> no_filter;
-        if (folder.size() >= path_size || !file_names.read(folder, filter_ == -1 ? no_filter : filters[at(filter_)])) {
+        if (folder.size() >= path_size ||
+            !file_names.read(folder, filter_ == -1 ? no_filter : browser_filters[at(filter_)])) {
             flash_text(folder.size() >= path_size ? "THE PATH OF THIS FOLDER IS TOO LONG" : "CAN'T OPEN THIS FOLDER");
             return false;
         }
@@ -296,6 +225,7 @@ private:
         if (take_click(BROWSER_HOME) > 0) flip_home();
         serve_filters();
         serve_places();
+        if (offers_previous_ && take_click(BROWSER_PREVIOUS) > 0) pick_previous();
         if (take_click(BROWSER_PREVIEW) > 0) show_preview(true);
         const bool okay = take_click(BROWSER_OKAY) > 0, entered = take_click(BROWSER_FILE) > 0;
         return (okay || entered || doubled || keyed) && commit() ? WINDOW_DONE : WINDOW_STAYS;
@@ -359,12 +289,23 @@ private:
             if (take_click(BROWSER_PLACE_FIRST + static_cast<int>(i)) > 0) go_to(places_[i].folder);
     }
 
-    /// A name without an ending gets that of the lit filter.
+    /// Goes to the Workspace that was put away, and takes its name.
+    void pick_previous() {
+        const fs::path previous = previous_workspace_file();
+        filter_ = -1;
+        fill_filters();
+        go_to(previous.parent_path());
+        const int index = find_file(previous.filename());
+        if (is_entry(index)) pick(index);
+    }
+
+    /// A name without an ending gets that of the lit filter, and a Workspace its own.
     std::string named_path() const {
         const std::string name = field_text(BROWSER_FILE);
-        const bool has_point = name.find('.') != std::string::npos;
-        const bool completes = mode_ == BROWSE_TO_SAVE && filter_ != -1 && !has_point;
-        return absolute_path(completes ? name + "." + std::string(filters[at(filter_)].front()) : name);
+        const bool has_point = name.find('.') != std::string::npos, is_archive = purpose_ == PURPOSE_ARCHIVE;
+        const bool completes = mode_ == BROWSE_TO_SAVE && (filter_ != -1 || is_archive) && !has_point;
+        const int filter = is_archive ? filter_count - 1 : filter_;
+        return absolute_path(completes ? name + "." + std::string(browser_filters[at(filter)].front()) : name);
     }
 
     /// True when a file is chosen for good.
@@ -392,6 +333,7 @@ private:
     BrowserMode mode_;
     FilePurpose purpose_;
     std::vector<Place> places_;
+    bool offers_previous_;
     int filter_ = -1;  // the lit filter button, -1 none
     bool pressed_ = false;
     std::string chosen_;

@@ -5,16 +5,15 @@
 #include "state/flow.h"
 #include "state/frames.h"
 #include "state/options.h"
-#include "windows/activity_menus.h"
 #include "windows/color_files.h"
 #include "windows/file_list.h"
 #include "windows/jpeg_quality_window.h"
 #include "windows/picture_formats.h"
+#include "windows/workspace_archives.h"
 #include "workspace/frame_memory.h"
 #include "workspace/notices.h"
 #include "workspace/preferred_font.h"
-#include <algorithm>
-#include <array>
+#include "workspace/workspace_files.h"
 #include <filesystem>
 
 namespace nubo {
@@ -63,6 +62,11 @@ bool save_picture(const std::string& path) {
     return saved;
 }
 
+/// A Workspace stays one, whatever the user has opened the browser for.
+FilePurpose purpose_of(FileType type, FilePurpose purpose) {
+    return purpose == PURPOSE_PICTURE && type == FILE_WSP ? PURPOSE_ARCHIVE : purpose;
+}
+
 bool told(bool done, const char* yes, const char* no) {
     flash_text(done ? yes : no);
     return done;
@@ -71,37 +75,37 @@ bool told(bool done, const char* yes, const char* no) {
 }  // namespace
 
 bool is_workspace_file(const std::string& path) {
-    constexpr std::array<std::string_view, 7> stems{"current",  "alternate", "backup", "rescue",
-                                                    "inserted", "deleted",   "frames"};
     std::error_code away;
-    const fs::path file = fs::weakly_canonical(path, away);
-    if (file.parent_path() != fs::weakly_canonical(std::string(program_dir.data()) + "/WORKSPACE", away)) return false;
-    return std::find(stems.begin(), stems.end(), file.stem().string()) != stems.end();
+    const fs::path file = fs::weakly_canonical(path, away), program = fs::weakly_canonical(program_dir.data(), away);
+    if (file.parent_path() == program) return file.stem() == "previous" && file.extension() == ".wsp";
+    const bool is_inside = file.parent_path() == fs::weakly_canonical(program / "WORKSPACE", away);
+    return is_inside && (is_stem(file.stem().string()) || file.stem() == "frames");
 }
 
 bool load_file(const std::string& path, FilePurpose purpose) {
-    switch (purpose) {
+    std::error_code no_file;
+    FileType type = file_type_from_extension(path, BROWSE_TO_LOAD);
+    if (type == FILE_UNKNOWN && fs::is_regular_file(path, no_file)) type = file_type_from_magic(path);
+    switch (purpose_of(type, purpose)) {
     case PURPOSE_PICTURE: return load_picture(path);
     case PURPOSE_FAVORITES: return told(load_favorites(path) == 1, "FAVORITES LOADED", "THIS IS NO FILE OF FAVORITES");
     case PURPOSE_SCHEME: return told(load_scheme(path) == 1, "COLOR SCHEME LOADED", "THIS IS NO COLOR SCHEME");
     case PURPOSE_FONT: choose_preferred_font(path); return true;
-    case PURPOSE_ARCHIVE: break;
+    case PURPOSE_ARCHIVE: return load_workspace(path);
     }
-    say_comes_later();
     return false;
 }
 
 bool save_file(const std::string& path, FilePurpose purpose) {
     constexpr const char* failure = "FILE COULD NOT BE SAVED! SEE UA_LOG.TXT";
     if (is_workspace_file(path)) return told(false, "", "THIS NAME BELONGS TO THE WORKSPACE. TAKE ANOTHER");
-    switch (purpose) {
+    switch (purpose_of(file_type_from_extension(path, BROWSE_TO_SAVE), purpose)) {
     case PURPOSE_PICTURE: return save_picture(path);
     case PURPOSE_FAVORITES: return told(save_favorites(path), "FAVORITES SAVED", failure);
     case PURPOSE_SCHEME: return told(save_scheme(path), "COLOR SCHEME SAVED", failure);
-    case PURPOSE_ARCHIVE:
-    case PURPOSE_FONT: break;
+    case PURPOSE_ARCHIVE: return save_workspace(path);
+    case PURPOSE_FONT: break;  // none is written
     }
-    say_comes_later();
     return false;
 }
 

@@ -6,15 +6,16 @@
 
 namespace nubo {
 
-/// Loads the file as the purpose asks: a picture into the Frame, the favourites, the ColorScheme. On failure nothing
-/// changes. True when it was loaded.
+/// Loads the file as the purpose asks: a picture into the Frame, a Workspace, the favourites, the ColorScheme. On
+/// failure nothing changes. True when it was loaded.
 bool load_file(const std::string& path, FilePurpose purpose);
 
-/// Saves the Frame, the favourites or the ColorScheme to the file, wholly or not at all. A JPEG asks for its quality
-/// first. True when it was saved.
+/// Saves the Frame, the Workspace, the favourites or the ColorScheme to the file, wholly or not at all. A JPEG asks for
+/// its quality first. True when it was saved.
 bool save_file(const std::string& path, FilePurpose purpose);
 
-/// True for a name that the program itself uses in its WORKSPACE folder: a picture there would be a lost Frame.
+/// True for a name that the program itself uses in its WORKSPACE folder, or for the Workspace that goes: a picture
+/// there would be a lost Frame.
 bool is_workspace_file(const std::string& path);
 
 }  // namespace nubo

@@ -1,10 +1,10 @@
 #include "windows/workspace_window.h"
 
 #include "state/options.h"
-#include "windows/activity_menus.h"
 #include "windows/confirm_box.h"
+#include "windows/file_browser.h"
 #include "windows/run_window.h"
-#include "workspace/frame_store.h"
+#include "windows/workspace_archives.h"
 #include <array>
 #include <span>
 
@@ -72,15 +72,17 @@ void set_fields() {
 }  // namespace
 
 void workspace_window() {
-    bool files = false, clears = false;
+    bool saves = false, loads = false, clears = false;
     const auto serve = [&] {
-        files = take_click(WORKSPACE_SAVE) > 0 || take_click(WORKSPACE_LOAD) > 0;
+        saves = take_click(WORKSPACE_SAVE) > 0;
+        loads = take_click(WORKSPACE_LOAD) > 0;
         clears = take_click(WORKSPACE_NEW) > 0;
-        return files || clears ? WINDOW_DONE : WINDOW_STAYS;
+        return saves || loads || clears ? WINDOW_DONE : WINDOW_STAYS;
     };
     run_window(window, {.built = set_fields, .show = read_fields, .serve = serve});
-    if (files) say_comes_later();
-    if (clears && confirm(LABEL_CLEAR_WORKSPACE, LABEL_CANNOT_BE_UNDONE)) clear_workspace();
+    if (saves) file_browser(BROWSE_TO_SAVE, PURPOSE_ARCHIVE);
+    if (loads) file_browser(BROWSE_TO_LOAD, PURPOSE_ARCHIVE);
+    if (clears && confirm(LABEL_CLEAR_WORKSPACE, LABEL_CANNOT_BE_UNDONE)) new_workspace();
 }
 
 }  // namespace nubo

@@ -34,7 +34,7 @@ void remove_frame_files() {
 
 }  // namespace
 
-void clear_workspace() {
+bool clear_workspace() {
     handlers_locked = 1;
     settle_rescue();
     OwnedBitmap blank = make_bitmap(view_w, view_h);  // before anything goes
@@ -42,20 +42,22 @@ void clear_workspace() {
         UA_log("[ ERROR ] : WORKSPACE directory unavailable. Aborting clear operation!");
         flash_message(MESSAGE_SAVE_FAILED);
         handlers_locked = 0;
-        return;
+        return false;
     }
     remove_frame_files();
     place_picture(std::move(blank));
     blank_side_content();
     set_workspace_defaults();
     state_format = 13;
-    const bool saved = save_frame_to_slot(workspace_folder(), 0);
-    if (!save_workspace_state(state_file, false) || !saved) flash_message(MESSAGE_SAVE_FAILED);
+    bool saved = save_frame_to_slot(workspace_folder(), 0);
+    saved = save_workspace_state(state_file, false) && saved;
+    if (!saved) flash_message(MESSAGE_SAVE_FAILED);
     // Behind the writing: on disk the old names stay until the next one.
     set_text(workspace_title, "UNNAMED WORKSPACE");
     set_text(workspace_notes, "...");
     browse_in(program_folder());
     handlers_locked = 0;
+    return saved;
 }
 
 }  // namespace nubo

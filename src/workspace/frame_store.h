@@ -27,7 +27,7 @@ bool delete_frames(int start, int count);
 int count_frame_files();
 
 /// Wipes the Workspace: one blank Frame, all else at the defaults. The user has been asked. The file browser then opens
-/// in the program's folder.
-void clear_workspace();
+/// in the program's folder. False, told, if nothing was wiped, or the new Workspace couldn't be written.
+bool clear_workspace();
 
 }  // namespace nubo

@@ -30,6 +30,7 @@ Print saved_print = 0;            // of the Frame as its file holds it
 bool saved_print_wanted = false;  // the Frame was saved and not changed since: take its print at the next chance
 Print rescued_print = 0;          // of the Frame as its rescue holds it, 0 for none
 unsigned last_ticks = 0;          // when the Frame was last looked at
+bool is_held = false;             // no rescue may be written
 
 BITMAP* snapshot = nullptr;  // read by the thread while it runs
 std::jthread writer;         // joins even where the program ends without a stop
@@ -98,7 +99,7 @@ void start_writing(Print print) {
 }  // namespace
 
 void autosave_tick(bool stroke_running) {
-    if (current_frame == nullptr) return;
+    if (current_frame == nullptr || is_held) return;
     take_saved_print();
     const auto now = static_cast<unsigned>(UA_clock_ticks);
     if (stroke_running || now - last_ticks < rescue_ticks || !done) return;
@@ -111,6 +112,13 @@ void autosave_tick(bool stroke_running) {
     if (rescued_print != 0) remove_file(rescue_path(frame_index));
     rescued_print = 0;
 }
+
+RescueHold::RescueHold() {
+    settle_rescue();
+    is_held = true;
+}
+
+RescueHold::~RescueHold() { is_held = false; }
 
 void settle_rescue() { collect(); }
 

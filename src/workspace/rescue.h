@@ -14,6 +14,16 @@ inline constexpr int rescue_seconds = 30;  // between two rescues at the least
 /// that a part of the Frame floats or that a preview shows in it.
 void autosave_tick(bool stroke_running);
 
+/// As long as it lives no rescue is written, and none is under way. For work that draws the screen while the Frame in
+/// memory and the files in WORKSPACE aren't of one Workspace.
+class RescueHold {
+public:
+    RescueHold();
+    ~RescueHold();
+    RescueHold(const RescueHold&) = delete;
+    RescueHold& operator=(const RescueHold&) = delete;
+};
+
 /// Waits for a rescue that is being written. Before anything else touches the Frames on disk.
 void settle_rescue();
 

@@ -175,12 +175,16 @@ void advance_time(int milliseconds) {
 
 // ---- The editor ----------------------------------------------------------------------------------------------------
 
-EditorTest::EditorTest() {
+void make_screen() {
     set_present_hook([] { advance_time(update_ms); });
     pixel_scale = 2;
     screen_w = 2 * view_w;
     screen_h = 2 * view_h;
     if (!create_screen_bitmaps()) std::abort();
+}
+
+EditorTest::EditorTest() {
+    make_screen();
     UA_initialize_variables();
     default_hotkeys();
     hand_over_windows();

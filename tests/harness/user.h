@@ -80,6 +80,9 @@ void note_hand();
 /// due.
 void advance_time(int milliseconds);
 
+/// The bitmaps of the picture, and the time that goes on with each present: what `update_screen` needs.
+void make_screen();
+
 /// The editor as after a start, without files: a black Frame of 320x240, default keys, tool DRAW, ink OPAQUE, brush
 /// white, three tips: 0 one full pixel, 1 a full square of 3x3, 2 the same at tip value 100.
 class EditorTest : public testing::Test {

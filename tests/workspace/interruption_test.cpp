@@ -1,8 +1,11 @@
 // Every operation, ended or failing at each change of a name: what does the next start find? That a file written to a
 // new name fails as a whole, whichever of its calls fails, is told elsewhere.
+#include "harness/user.h"
 #include "platform/faults.h"
 #include "state/messages.h"
 #include "state/view.h"
+#include "workspace/archive.h"
+#include "workspace/archive_file.h"
 #include "workspace/workspace_kit.h"
 
 #include <span>
@@ -12,6 +15,7 @@ namespace nubo {
 namespace {
 
 constexpr int in_file = 3, in_memory = 33;  // the current Frame, as last left and as painted since
+constexpr int other_current = 7;            // that of the archive
 
 struct Operation {
     const char* name;
@@ -29,6 +33,9 @@ const Operation operations[] = {
     {"delete",
      [] { return delete_frames(2, 1) && save_workspace_state(state_file, true); },
      {{1, 2, 3, 4, 5}, {1, 2, 4, 5}}},
+    {"load",
+     [] { return load_workspace_archive("other.wsp") == 0; },
+     {{1, 2, 3, 4, 5}, {1, 2, 33, 4, 5}, {6, other_current}}},
     {"exit", [] { return close_workspace(), true; }, {{1, 2, 3, 4, 5}, {1, 2, 33, 4, 5}}},
     {"clear", [] { return clear_workspace(), true; }, {{1, 2, 3, 4, 5}, {2, 3, 4, 5}, {3, 4, 5}, {4, 5}, {5}, {0}}},
 };
@@ -37,13 +44,16 @@ class InterruptionTest : public WorkspaceTest {
 protected:
     void SetUp() override {
         WorkspaceTest::SetUp();
+        make_screen();
+        make_workspace({6, other_current}, 1);
+        ASSERT_EQ(save_workspace_archive("other.wsp"), 0);
         make_workspace({1, 2, in_file, 4, 5}, 2);
         std::filesystem::rename("WORKSPACE", "original");
     }
 
     /// Runs `act` in a process of its own on a fresh Workspace. Its exit status.
     template <typename Act> int run_apart(Act act) {
-        for (const char* folder : {"WORKSPACE", "state"}) std::filesystem::remove_all(folder);
+        for (const char* left : {"WORKSPACE", "state", "previous.wsp"}) std::filesystem::remove_all(left);
         std::filesystem::copy("original", "WORKSPACE");
         EXPECT_TRUE(open_workspace());
         paint(in_memory);
@@ -55,6 +65,15 @@ protected:
         return WEXITSTATUS(status);
     }
 
+    /// The Workspace that went is whole, and there exactly if another has come.
+    static void expect_previous(bool has_gone, const std::string& when) {
+        ASSERT_EQ(std::filesystem::exists("previous.wsp"), has_gone) << when;
+        if (!has_gone) return;
+        ArchiveContents contents;
+        EXPECT_EQ(read_archive(InputFile("previous.wsp"), contents), nullptr) << when;
+        EXPECT_EQ(contents.head.frame_count, 5) << when;
+    }
+
     /// Starts and compares the row, and that views and thumbnails stand with their Frames.
     void expect_outcome(const std::vector<Ids>& allowed, const std::string& when) {
         ASSERT_TRUE(open_workspace());
@@ -62,14 +81,16 @@ protected:
         EXPECT_NE(std::find(allowed.begin(), allowed.end(), ids), allowed.end()) << when << testing::PrintToString(ids);
         EXPECT_EQ(frame_count, static_cast<int>(ids.size())) << when;
         for (std::size_t slot = 0; slot < ids.size(); ++slot) {
-            if (ids[slot] == 0 || ids[slot] == in_file || ids[slot] == in_memory) continue;
+            if (ids[slot] == 0 || ids[slot] == in_file || ids[slot] == in_memory || ids[slot] == other_current)
+                continue;
             EXPECT_EQ(frame_view[slot].pan_x, ids[slot]) << when;
             // A delete leaves the Nail on disk as it was, so that a kill right behind it brings the old tiles back.
             const int tile = tile_id(static_cast<int>(slot)), old_tile = static_cast<int>(slot) + 1;
             EXPECT_TRUE(tile == ids[slot] || (when.starts_with("delete") && tile == old_tile)) << when << tile;
         }
-        for (const char* part : {"unfinished", "inserted", "deleted", "job"})
+        for (const char* part : {"unfinished", "inserted", "deleted", "loaded", "backup", "job"})
             EXPECT_EQ(files_in_workspace(part), 0) << when << part;
+        expect_previous(ids == Ids{6, other_current}, when);
     }
 };
 
@@ -91,7 +112,7 @@ TEST_F(InterruptionTest, KilledAtAnyCallTheNextStartHasAllFramesInOrder) {
 
 TEST_F(InterruptionTest, FailingAtAnyCallNothingIsLostThatTheUserHas) {
     enum Told : int { TOLD_DONE, TOLD_REFUSED, TOLD_LOST_FRAME, TOLD_NO_MESSAGE };
-    for (const Operation& operation : std::span(operations).first(5))  // what a clear can't remove stays in the row
+    for (const Operation& operation : std::span(operations).first(6))  // what a clear can't remove stays in the row
         for (const bool lasting : {false, true}) {
             int struck_to_the_end = 0;
             for (int n = 0; struck_to_the_end == n; ++n) {

@@ -7,6 +7,7 @@
 #include "framework/outline_font.h"
 #include "framework/resources.h"
 #include "framework/text.h"
+#include "gui/progress_box.h"
 #include "gui/window.h"
 #include "harness/harness.h"
 #include "harness/user.h"
@@ -93,6 +94,12 @@ void lose_cel() {
     place_cel(true, true);
 }
 
+void save_for_long() {
+    constexpr double percent = 60;
+    ProgressBox box(LABEL_SAVING_WORKSPACE);
+    for (;;) box.tell(percent);
+}
+
 std::vector<Exhibit> exhibits() {
     std::vector<Exhibit> all{
         {"DRAWING MENU", build_drawing_menu},
@@ -122,6 +129,7 @@ std::vector<Exhibit> exhibits() {
         {"SSHAPE", [] { run_shape_window(TOOL_SSHAPE); }},
         {"SPIRAL", [] { run_shape_window(TOOL_SPIRAL); }},
         {"TEXT", write_text},
+        {"PROGRESS", save_for_long},
         {"NOTICE", [] { confirm_box(LABEL_LAST_FRAME, LABEL_NONE, false, true); }},
     };
     for (int space = SPACE_VGA; space < SPACE_COUNT; ++space)

@@ -1,0 +1,109 @@
+// SAVE, LOAD and NEW of the Workspace's window, from the press to what stands on disk and on the screen.
+#include "menus_kit.h"
+#include "platform/system_calls.h"
+#include "windows/file_browser.h"
+#include "windows/file_list.h"
+#include "windows/picture_files.h"
+#include "windows/workspace_window.h"
+#include "workspace/archive.h"
+#include "workspace/frame_store.h"
+
+#include <filesystem>
+#include <fstream>
+
+namespace nubo {
+namespace {
+
+namespace fs = std::filesystem;
+
+class WorkspaceArchivesTest : public ActivityTest {
+protected:
+    WorkspaceArchivesTest() {
+        system_calls.fsync = system_calls.syncfs = [](int) { return 0; };
+        replace_bitmap(preview_bitmap, make_bitmap(preview_w, preview_h));
+        fs::create_directory("projects");
+        std::strncpy(default_image_dir.data(), fs::absolute("projects").c_str(), path_size - 1);
+    }
+
+    static void paint(Color color) { clear_to_color(current_frame, static_cast<int>(color)); }
+    static User::Pause press(User& user, Label label) { return click(user, slot_of(label)); }
+    static std::string told() { return status_message == MESSAGE_TOLD ? told_text.data() : ""; }
+    static bool loads() { return menu_id == WINDOW_BOX && gui::label[slot_window + 1] == LABEL_LOADING_WORKSPACE; }
+};
+
+TEST_F(WorkspaceArchivesTest, AreSavedUnderATypedNameAndChosenFromTheList) {
+    paint(0x111111);
+    std::strcpy(image_file.data(), "sprite.png");  // not to be lost for a Workspace
+    play_on(workspace_window, [](User& user) -> Script {
+        co_await user.wait(3);
+        co_await press(user, LABEL_WORKSPACE_SAVE);
+        for (const int key : {KEY_T, KEY_O, KEY_W, KEY_N, KEY_ENTER}) co_await user.tap_key(key);
+        co_await user.wait_until([] { return !told().empty(); });
+    });
+    exit_requested = 0;
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator("projects")) names.push_back(entry.path().filename());
+    ASSERT_EQ(names.size(), 1u);
+    EXPECT_TRUE(has_ending(names[0], "WSP")) << names[0];
+    EXPECT_EQ(told(), "SAVED 1 FRAME TO TOWN.WSP");
+    paint(0x222222);
+    play_on(workspace_window, [](User& user) -> Script {
+        co_await user.wait(3);
+        co_await press(user, LABEL_WORKSPACE_LOAD);
+        EXPECT_EQ(slot_of(LABEL_PREVIOUS_WORKSPACE), -1) << "nothing was put away yet";
+        co_await user.tap_key(KEY_DOWN);
+        co_await user.tap_key(KEY_DOWN);
+        co_await press(user, LABEL_OKAY);
+        co_await user.wait_until([] { return told().starts_with("LOADED"); });
+    });
+    exit_requested = 0;
+    EXPECT_EQ(frame_pixel(5, 5), 0x111111u);
+    EXPECT_EQ(menu_id, WINDOW_DRAWING_MENU);
+    play_on(workspace_window, [](User& user) -> Script {
+        co_await user.wait(3);
+        co_await press(user, LABEL_WORKSPACE_LOAD);
+        co_await press(user, LABEL_PREVIOUS_WORKSPACE);
+        EXPECT_STREQ(image_file.data(), "previous.wsp");
+        co_await press(user, LABEL_OKAY);
+        co_await user.wait_until([] { return frame_pixel(5, 5) == 0x222222u; });
+    });
+}
+
+TEST_F(WorkspaceArchivesTest, NewKeepsTheOldOneAndLoadingRemembersTheCloseButton) {
+    paint(0x333333);
+    insert_frames(0, 1, false);
+    play_on(workspace_window, [](User& user) -> Script {
+        co_await user.wait(3);
+        co_await press(user, LABEL_WORKSPACE_NEW);
+        co_await press(user, LABEL_OKAY);
+        co_await user.wait_until([] { return !told().empty(); });
+    });
+    exit_requested = 0;
+    EXPECT_EQ(frame_count, 1);
+    EXPECT_EQ(frame_pixel(5, 5), 0u);
+    EXPECT_FALSE(save_file("previous.wsp", PURPOSE_ARCHIVE)) << "the next LOAD would write over it";
+    play_on([] { load_file(previous_workspace_file(), PURPOSE_PICTURE); },
+            [](User& user) -> Script {
+                co_await user.wait_until(loads);
+                exit_requested = 1;
+            });
+    EXPECT_EQ(exit_requested, 1);
+    EXPECT_EQ(frame_count, 2);
+    EXPECT_EQ(frame_pixel(5, 5), 0x333333u);
+}
+
+TEST_F(WorkspaceArchivesTest, WithoutRoomForTheOldOneNothingIsCleared) {
+    paint(0x444444);
+    fs::create_directories("previous.wsp/in_the_way");
+    play_on(workspace_window, [](User& user) -> Script {
+        co_await user.wait(3);
+        co_await press(user, LABEL_WORKSPACE_NEW);
+        co_await press(user, LABEL_OKAY);
+        co_await user.wait_until([] { return !told().empty(); });
+    });
+    EXPECT_EQ(frame_pixel(5, 5), 0x444444u);
+    EXPECT_TRUE(told().starts_with("NOTHING CLEARED"));
+}
+
+}  // namespace
+}  // namespace nubo

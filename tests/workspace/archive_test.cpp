@@ -1,0 +1,241 @@
+// Archives, to the byte and back, and what becomes of bent ones, of full disks and of the Workspace that goes. A kill
+// at each step stands in interruption_test.cpp.
+#include "workspace/archive.h"
+
+#include "editor/present.h"
+#include "harness/user.h"
+#include "platform/faults.h"
+#include "state/flow.h"
+#include "state/messages.h"
+#include "workspace/archive_file.h"
+#include "workspace/notices.h"
+#include "workspace/rescue.h"
+#include "workspace/state_fields.h"
+#include "workspace/workspace_kit.h"
+
+#include <fstream>
+#include <map>
+#include <random>
+
+namespace nubo {
+namespace {
+
+namespace fs = std::filesystem;
+using Files = std::map<std::string, std::string>;
+
+std::string bytes_of(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void put(const char* name, const std::string& bytes) { std::ofstream(name, std::ios::binary) << bytes; }
+
+std::string number(std::size_t value) {
+    std::string bytes;
+    for (int shift = 24; shift >= 0; shift -= 8) bytes += static_cast<char>(value >> shift);
+    return bytes;
+}
+
+std::string component(const std::string& bytes) { return number(bytes.size()) + bytes; }
+
+/// A picture of one pixel, as another program would write it: 54 bytes of head, blue, green, red and one of padding.
+std::string one_pixel(int blue, int green, int red) {
+    std::string bytes("BM\x3a\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\1\0\0\0\1\0\0\0\1\0\x18\0\0\0\0\0\4\0\0\0", 38);
+    bytes.resize(54);
+    for (const int part : {blue, green, red, 0}) bytes += static_cast<char>(part);
+    return bytes;
+}
+
+std::string packed_state() {
+    const std::vector<std::uint8_t> bytes = pack_state();
+    return {bytes.begin(), bytes.end()};
+}
+
+class ArchiveTest : public WorkspaceTest {
+protected:
+    void SetUp() override {
+        WorkspaceTest::SetUp();
+        make_screen();
+    }
+
+    static Files workspace_files() {
+        Files files;
+        for (const auto& entry : fs::directory_iterator("WORKSPACE"))
+            files[entry.path().filename()] = bytes_of(entry.path());
+        return files;
+    }
+
+    /// Two Frames of one pixel each, by hand.
+    static std::string small_archive(const std::string& state) {
+        return std::string("nWSP\5CITYX\0", 11) + number(2) + component(one_pixel(1, 2, 3)) +
+               component(one_pixel(0, 0, 9)) + component(one_pixel(7, 7, 7)) + component(one_pixel(4, 4, 4)) +
+               component(one_pixel(5, 5, 5)) + component(state);
+    }
+};
+
+TEST_F(ArchiveTest, IsTheHeadAndTheFilesBehindOneAnother) {
+    make_workspace({7, 8}, 1);
+    std::strcpy(workspace_title.data(), "AB");
+    workspace_notes[0] = '\0';
+    ASSERT_TRUE(save_workspace_state(state_file, false));
+    ASSERT_EQ(save_workspace_archive("a.wsp"), 0);
+    std::string expected("nWSP\2AB\0\0\0\0\2", 12);
+    for (const char* ending : {"000", "001", "cel", "nal", "tip", "spa"})
+        expected += component(bytes_of(std::string("WORKSPACE/current.") + ending));
+    const std::string bytes = bytes_of("a.wsp");
+    EXPECT_EQ(bytes.substr(12, 4), std::string("\0\0\x1d\xe6", 4));  // 54 + 50 rows of 152 bytes
+    EXPECT_TRUE(bytes == expected);
+    EXPECT_EQ(browse_folder().path(), workspace_folder().path());
+}
+
+TEST_F(ArchiveTest, OneWrittenByHandIsReadAndItsCountOfFramesWins) {
+    make_workspace({1, 2, 3}, 2);
+    frame_count = 9;
+    frame_index = 1;
+    std::strcpy(workspace_title.data(), "OF THE STATE");
+    std::strcpy(image_dir.data(), "/not/on/this/machine");
+    put("a.wsp", small_archive(packed_state()));
+    ASSERT_TRUE(open_workspace());
+    paint(33);
+    ASSERT_EQ(load_workspace_archive("a.wsp"), 0);
+    EXPECT_EQ(frame_count, 2);
+    EXPECT_EQ(frame_index, 1);
+    EXPECT_EQ(id_in_memory(), 0x090000);
+    EXPECT_EQ(ids_on_disk(), (Ids{0x030201, 0x090000}));
+    EXPECT_STREQ(workspace_title.data(), "OF THE STATE");
+    EXPECT_EQ(*pixels_at(cel_mask, 0, 0), 0x070707u);
+    EXPECT_EQ(*pixels_at(tip_sheet, 0, custom_tip_y), 0x050505u);
+    EXPECT_EQ(*pixels_at(original_frame, 0, 0), 0x090000u) << "what RESTORE leads to";
+    EXPECT_EQ(take_box(), std::nullopt);
+}
+
+TEST_F(ArchiveTest, BringsEveryFileBackAndTheOneThatWentIsWhole) {
+    make_workspace({1, 2, 3}, 1);
+    ASSERT_TRUE(save_workspace_state(state_file, false));
+    const Files three = workspace_files();
+    ASSERT_EQ(save_workspace_archive("three.wsp"), 0);
+    make_workspace({11, 12, 13, 14, 15, 16, 17, 18, 19, 20}, 4);
+    paint(99);  // on no disk yet
+    ASSERT_EQ(load_workspace_archive("three.wsp"), 0);
+    EXPECT_TRUE(workspace_files() == three);
+    EXPECT_EQ(id_in_memory(), 2);
+    EXPECT_EQ(frame_view[2].pan_x, 3);
+    paint(77);
+    ASSERT_EQ(load_workspace_archive(previous_workspace_file()), 0);
+    EXPECT_EQ(ids_on_disk(), (Ids{11, 12, 13, 14, 99, 16, 17, 18, 19, 20}));
+    EXPECT_EQ(frame_index, 4);
+    ASSERT_EQ(load_workspace_archive(previous_workspace_file()), 0);
+    EXPECT_EQ(ids_on_disk(), (Ids{1, 77, 3}));
+    EXPECT_TRUE(open_workspace());
+    EXPECT_EQ(id_in_memory(), 77);
+}
+
+TEST_F(ArchiveTest, EveryCutAndManyTwistsAreRefusedOrWhole) {
+    make_workspace({1, 2, 3}, 1);
+    replace_bitmap(nail_sheet, make_bitmap(nail_tile, nail_tile));  // little to write, two thousand times
+    const std::string whole = small_archive(packed_state());
+    ArchiveContents contents;
+    for (std::size_t size = 0; size < whole.size(); ++size) {
+        put("cut.wsp", whole.substr(0, size));
+        ASSERT_NE(read_archive(InputFile("cut.wsp"), contents), nullptr) << size;
+    }
+    put("cut.wsp", whole + "x");
+    const Files before = workspace_files();
+    EXPECT_EQ(load_workspace_archive("cut.wsp"), -1);
+    EXPECT_TRUE(logged("[ ERROR ] : Workspace packfile appears to be corrupt. Aborting load!"));
+    EXPECT_TRUE(workspace_files() == before);
+    EXPECT_EQ(id_in_memory(), 2);
+    std::mt19937 random(1);
+    const std::size_t frames_end = 200;  // half of the twists hit the lengths and the pictures
+    for (int i = 0; i < 2000; ++i) {
+        std::string twisted = whole;
+        twisted[random() % (i % 2 ? frames_end : whole.size())] ^= static_cast<char>(1 + random() % 255);
+        put("twisted.wsp", twisted);
+        const Files old = workspace_files();
+        const int old_id = id_in_memory();
+        if (load_workspace_archive("twisted.wsp") == -1) {
+            ASSERT_TRUE(workspace_files() == old) << i;
+            ASSERT_EQ(id_in_memory(), old_id) << i;
+        } else {
+            ASSERT_EQ(count_frame_files(), frame_count) << i;
+            ASSERT_EQ(bytes_of("WORKSPACE/current.001").size(), 58u) << i;
+        }
+    }
+}
+
+TEST_F(ArchiveTest, OnAFullDiskAllStaysAsItIs) {
+    make_workspace({6, 7}, 0);
+    ASSERT_EQ(save_workspace_archive("other.wsp"), 0);
+    put("mine.wsp", "precious");
+    int refused = 0;
+    for (const auto call : {faults::CALL_OPEN, faults::CALL_WRITE, faults::CALL_FSYNC, faults::CALL_RENAME})
+        for (int n = 0, struck = 1; struck != 0; ++n) {
+            faults::arm(call, n, ENOSPC, true);
+            const int saved = save_workspace_archive("mine.wsp");
+            struck = faults::struck();
+            faults::disarm();
+            ASSERT_TRUE(saved == 0 || struck) << call << ' ' << n;
+            ASSERT_EQ(bytes_of("mine.wsp") == "precious", saved == -1) << call << ' ' << n;
+            put("mine.wsp", "precious");
+        }
+    for (const auto call : {faults::CALL_WRITE, faults::CALL_RENAME})
+        for (int n = 0;; ++n) {
+            make_workspace({1, 2, 3}, 1);
+            put("previous.wsp", "older");
+            paint(33 + n);
+            faults::arm(call, n, ENOSPC, true);
+            const int loaded = load_workspace_archive("other.wsp");
+            faults::disarm();
+            if (loaded == 0) break;
+            ++refused;
+            ASSERT_EQ(id_in_memory(), 33 + n) << call;
+            ASSERT_TRUE(save_workspace_state(state_file, false));  // the disk is well again
+            ASSERT_TRUE(bytes_of("previous.wsp") == "older") << call << ' ' << n;
+            ASSERT_EQ(ids_on_disk(), (Ids{1, 33 + n, 3})) << call << ' ' << n;
+        }
+    EXPECT_GT(refused, 10);
+}
+
+TEST_F(ArchiveTest, NoRescueOfTheFrameThatGoesOutlivesIt) {
+    make_workspace({6, 7}, 0);
+    ASSERT_EQ(save_workspace_archive("other.wsp"), 0);
+    make_workspace({1, 2}, 0);
+    fs::copy("WORKSPACE/current.000", "WORKSPACE/rescue.001");  // one that came from somewhere
+    autosave_tick(false);
+    set_present_hook([] {
+        UA_clock_ticks += 500 * rescue_seconds;  // at each picture one is due
+        paint(30 + static_cast<int>(UA_clock_ticks) % 7);
+        EXPECT_FALSE(fs::exists("WORKSPACE/rescue.000"));
+    });
+    ASSERT_EQ(load_workspace_archive("other.wsp"), 0);
+    EXPECT_EQ(ids_on_disk(), (Ids{6, 7}));
+    settle_rescue();
+    EXPECT_EQ(files_in_workspace("rescue"), 0);
+    set_present_hook(nullptr);
+    ASSERT_TRUE(open_workspace());
+    EXPECT_EQ(id_in_memory(), 6);
+}
+
+TEST_F(ArchiveTest, WhatIsBentBesideTheFramesIsRepairedAndTold) {
+    make_workspace({1}, 0);
+    const std::string frames = std::string("nWSP\2AB\0\0\0\0\1", 12) + component(one_pixel(1, 2, 3));
+    put("a.wsp", frames + component("") + component("no picture") + component(one_pixel(5, 5, 5)) + component("x"));
+    ASSERT_EQ(load_workspace_archive("a.wsp"), 0);
+    EXPECT_EQ(id_in_memory(), 0x030201);
+    EXPECT_EQ(cel_mask->w, 16);
+    EXPECT_STREQ(workspace_title.data(), "AB") << "the head's, where the state has none";
+    EXPECT_TRUE(logged("[ INFO ] : Cel container repaired") && logged("[ INFO ] : Nail container repaired"));
+    EXPECT_FALSE(logged("[ INFO ] : Custom tip container repaired"));
+    const auto box = take_box();
+    ASSERT_TRUE(box.has_value());
+    EXPECT_EQ(box->first, LABEL_WORKSPACE_DAMAGED);
+    EXPECT_EQ(load_workspace_archive("none.wsp"), -1);
+    EXPECT_TRUE(logged("[ ERROR ] : Workspace archive is missing or corrupt! Aborting load!"));
+    put("b.wsp", std::string("nWSP\0\0\0\0\0\1", 10) + component("no picture") + component("") + component("") +
+                     component("") + component(packed_state()));
+    EXPECT_EQ(load_workspace_archive("b.wsp"), -1) << "a Frame that is none";
+    EXPECT_EQ(id_in_memory(), 0x030201);
+}
+
+}  // namespace
+}  // namespace nubo
