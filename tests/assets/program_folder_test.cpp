@@ -1,4 +1,4 @@
-// The staged program folder, and the companion that changes its display mode.
+// The staged program folder, and the companions in it.
 #include "codecs/png.h"
 #include "harness/harness.h"
 
@@ -55,6 +55,55 @@ TEST_F(Configure, SaysSoWhenItCannotWrite) {
     std::filesystem::create_directory("config.def");  // a folder stands in the way
     EXPECT_NE(run("3"), 0);
     EXPECT_TRUE(std::filesystem::is_directory("config.def"));
+}
+
+/// The companion that looks into archives, on a copy of the first Workspace.
+class WspCompanion : public testing::Test {
+protected:
+    void SetUp() override {
+        std::filesystem::create_directory("first");
+        for (const char* ending : {"000", "001", "002", "cel", "nal", "tip", "spa"})
+            std::filesystem::copy(NUBO_FOLDER "/WORKSPACE/alternate." + std::string(ending),
+                                  "first/current." + std::string(ending));
+    }
+    static int run(const std::string& words) {
+        return WEXITSTATUS(std::system((NUBO_FOLDER "/nubo-wsp " + words + " >output 2>&1").c_str()));
+    }
+
+    ScratchFolder folder_;
+};
+
+TEST_F(WspCompanion, PutsAFolderInAndTakesItOutAgain) {
+    ASSERT_EQ(run("make a.wsp first"), 0) << text_of("output");
+    EXPECT_EQ(run("check a.wsp"), 0);
+    EXPECT_EQ(run("list a.wsp"), 0);
+    EXPECT_NE(text_of("output").find("frames  3"), std::string::npos);
+    EXPECT_EQ(run("extract a.wsp out"), 0);
+    for (const auto& entry : std::filesystem::directory_iterator("first"))
+        EXPECT_EQ(text_of(entry.path()), text_of("out" / entry.path().filename())) << entry.path();
+    EXPECT_NE(run("extract a.wsp out"), 0) << "nothing is written over";
+    EXPECT_EQ(run("extract --png a.wsp pictures"), 0) << text_of("output");
+    const std::string picture = text_of("pictures/current.001.png");
+    EXPECT_EQ(picture.substr(1, 3), "PNG");
+    EXPECT_FALSE(std::filesystem::exists("pictures/current.001"));
+}
+
+TEST_F(WspCompanion, TellsWhatIsWrong) {
+    ASSERT_EQ(run("make a.wsp first"), 0);
+    const std::string whole = text_of("a.wsp");
+    std::ofstream("cut.wsp", std::ios::binary) << whole.substr(0, whole.size() - 1);
+    std::string bent = whole;
+    bent[bent.find("BM")] = 'X';
+    std::ofstream("bent.wsp", std::ios::binary) << bent;
+    for (const char* words :
+         {"check cut.wsp", "check bent.wsp", "check none.wsp", "extract cut.wsp out", "make b.wsp none"})
+        EXPECT_EQ(run(words), 1) << words;
+    EXPECT_EQ(run("extract bent.wsp out"), 0) << "what can be had of it";
+    for (const char* words : {"", "list", "check a b", "extract --png a.wsp"}) EXPECT_EQ(run(words), 2) << words;
+    EXPECT_EQ(run("--help"), 0);
+    std::filesystem::remove("first/current.cel");
+    EXPECT_EQ(run("make c.wsp first"), 1);
+    EXPECT_FALSE(std::filesystem::exists("c.wsp"));
 }
 
 }  // namespace

@@ -1,0 +1,195 @@
+// nubo-wsp: looks into an archive of a Workspace, takes its files out and puts a folder's files in. It needs no
+// display.
+#include "base/color.h"
+#include "codecs/bmp_file.h"
+#include "codecs/png.h"
+#include "state/frames.h"
+#include "workspace/archive_file.h"
+#include <allegro.h>
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace nubo {
+namespace {
+
+namespace fs = std::filesystem;
+
+enum ExitCode : int { EXIT_DONE, EXIT_FAILED, EXIT_USAGE };
+using Words = std::span<char* const>;
+
+int fail(const std::string& cause) {
+    std::fprintf(stderr, "nubo-wsp: %s\n", cause.c_str());
+    return EXIT_FAILED;
+}
+
+// ---- Looking -------------------------------------------------------------------------------------------------------
+
+/// The contents of the archive; null after a message.
+bool open_archive(const InputFile& file, const std::string& path, ArchiveContents& contents) {
+    if (!file.is_open()) return fail(path + " can't be read"), false;
+    const char* const fault = read_archive(file, contents);
+    return fault == nullptr || (fail(path + " is damaged: " + fault), false);
+}
+
+/// What is wrong with a component, or null. The state has no form that could be told from another.
+const char* fault_of_part(const InputFile& file, const ArchiveContents& contents, int index, BmpHeader& header) {
+    if (index + 1 == component_count(contents.head.frame_count)) return nullptr;
+    return read_picture_head(file, contents.parts[static_cast<unsigned>(index)], header);
+}
+
+int list(Words words) {
+    const InputFile file(words[0]);
+    ArchiveContents contents;
+    if (!open_archive(file, words[0], contents)) return EXIT_FAILED;
+    const int frames = contents.head.frame_count;
+    std::printf("title   %s\nnotes   %s\nframes  %d\n", contents.head.title.c_str(), contents.head.notes.c_str(),
+                frames);
+    for (int i = 0; i < component_count(frames); ++i) {
+        BmpHeader header;
+        const char* const fault = fault_of_part(file, contents, i, header);
+        const std::string size =
+            header.width > 0 ? std::to_string(header.width) + "x" + std::to_string(header.height) : "";
+        std::printf("%-12s %10zu bytes  %s\n", component_name(STEM_CURRENT, i, frames).c_str(),
+                    contents.parts[static_cast<unsigned>(i)].size, fault != nullptr ? fault : size.c_str());
+    }
+    return EXIT_DONE;
+}
+
+int check(Words words) {
+    const InputFile file(words[0]);
+    ArchiveContents contents;
+    if (!open_archive(file, words[0], contents)) return EXIT_FAILED;
+    int faults = 0;
+    for (int i = 0; i < component_count(contents.head.frame_count); ++i) {
+        BmpHeader header;
+        const char* const fault = fault_of_part(file, contents, i, header);
+        if (fault == nullptr) continue;
+        ++faults;
+        fail(component_name(STEM_CURRENT, i, contents.head.frame_count) + ": " + fault);
+    }
+    if (faults > 0) return EXIT_FAILED;
+    std::printf("%s is whole: %d frames\n", words[0], contents.head.frame_count);
+    return EXIT_DONE;
+}
+
+// ---- Taking out ----------------------------------------------------------------------------------------------------
+
+/// Puts a PNG beside the BMP file of that name and removes the latter. False if it is no picture.
+bool turn_into_png(const std::string& path) {
+    const OwnedBitmap picture = load_bmp_file(path);
+    Bytes bytes;
+    return picture && write_png(picture.get(), bytes) && write_file(path + ".png", bytes.data(), bytes.size()) &&
+           remove_file(path);
+}
+
+/// Takes all out that can be: a damaged picture stays as it is, and is told.
+int extract(Words words, bool as_png) {
+    const InputFile file(words[0]);
+    ArchiveContents contents;
+    if (!open_archive(file, words[0], contents)) return EXIT_FAILED;
+    std::error_code error;
+    fs::create_directories(words[1], error);
+    const Folder folder(words[1]);
+    const int frames = contents.head.frame_count, count = component_count(frames);
+    const auto path_of_part = [&](int i) { return folder.file(component_name(STEM_CURRENT, i, frames)); };
+    for (int i = 0; i < count; ++i)
+        for (const char* ending : {"", ".png"})
+            if (file_exists(path_of_part(i) + ending)) return fail(path_of_part(i) + ending + " is there already");
+    CopyBuffer buffer;
+    int result = EXIT_DONE;
+    for (int i = 0; i < count; ++i) {
+        if (unpack_component(file, contents.parts[static_cast<unsigned>(i)], path_of_part(i), buffer) != 0)
+            return fail(path_of_part(i) + " can't be written");
+        if (as_png && i + 1 < count && !turn_into_png(path_of_part(i)))
+            result = fail(path_of_part(i) + " can't be turned into a PNG");
+    }
+    return sync_disk(words[1]) ? result : fail("the disk can't be synced");
+}
+
+// ---- Putting in ----------------------------------------------------------------------------------------------------
+
+/// Title and notes stand in the state, one behind the other.
+void read_names(const Folder& folder, ArchiveHead& head) {
+    constexpr std::size_t names_at = 4632;
+    const InputFile state(folder.file(side_file_name(STEM_CURRENT, "spa")));
+    std::size_t at = names_at;
+    for (std::string* const text : {&head.title, &head.notes}) {
+        std::uint8_t length = 0;
+        if (!state.read_at(at, &length, 1)) return;
+        text->resize(length);
+        if (!state.read_at(at + 1, text->data(), length)) text->clear();
+        at += 1 + std::size_t{length};
+    }
+}
+
+int make(Words words) {
+    const Folder folder(words[1]);
+    ArchiveHead head;
+    while (head.frame_count < frame_slots && file_exists(frame_path(folder, STEM_CURRENT, head.frame_count)))
+        ++head.frame_count;
+    if (head.frame_count == 0) return fail(frame_path(folder, STEM_CURRENT, 0) + " is missing");
+    for (const char* ending : side_endings) {
+        const std::string path = folder.file(side_file_name(STEM_CURRENT, ending));
+        if (!file_exists(path)) return fail(path + " is missing");
+    }
+    read_names(folder, head);
+    SafeFile archive(words[0]);
+    CopyBuffer buffer;
+    if (!write_archive(archive, folder, head, buffer)) return fail("a file in " + folder.path() + " can't be read");
+    return archive.commit() ? EXIT_DONE : fail(std::string(words[0]) + " can't be written");
+}
+
+// ---- The words of the command --------------------------------------------------------------------------------------
+
+constexpr const char* usage =
+    "Usage: nubo-wsp list FILE                  what is in an archive\n"
+    "       nubo-wsp check FILE                 whether it is whole\n"
+    "       nubo-wsp extract [--png] FILE DIR   takes its files out; with --png its pictures as PNG\n"
+    "       nubo-wsp make FILE DIR              makes one of the files current.* in DIR, as extract leaves them\n"
+    "FILE is an archive of Nubo's, ending in .wsp. No file in DIR is written over.\n";
+
+struct Command {
+    std::string_view name, option;
+    std::size_t words;
+    int (*run)(Words);
+};
+constexpr std::array<Command, 5> commands{{
+    {"list", "", 1, list},
+    {"check", "", 1, check},
+    {"extract", "--png", 2, [](Words words) { return extract(words, true); }},
+    {"extract", "", 2, [](Words words) { return extract(words, false); }},
+    {"make", "", 2, make},
+}};
+
+int run(Words words) {
+    if (words.size() == 1 && (words[0] == std::string_view("-h") || words[0] == std::string_view("--help"))) {
+        std::fputs(usage, stdout);
+        return EXIT_DONE;
+    }
+    for (const Command& command : commands) {
+        const std::size_t front = command.option.empty() ? 1 : 2;
+        if (words.size() != front + command.words || words[0] != command.name) continue;
+        const bool has_option = std::string_view(words[1]).starts_with("--");
+        if (has_option ? words[1] != command.option : front == 2) continue;
+        return command.run(words.subspan(front));
+    }
+    std::fputs(usage, stderr);
+    return EXIT_USAGE;
+}
+
+}  // namespace
+}  // namespace nubo
+
+int main(int argument_count, char** arguments) {
+    if (install_allegro(SYSTEM_NONE, &errno, nullptr) != 0) return nubo::EXIT_FAILED;
+    set_color_depth(32);
+    nubo::use_window_color_order();
+    const int code = nubo::run({arguments + 1, static_cast<std::size_t>(argument_count > 0 ? argument_count - 1 : 0)});
+    allegro_exit();
+    return code;
+}
