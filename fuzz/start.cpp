@@ -1,18 +1,45 @@
-// What every fuzzer starts with: Allegro without a display.
+// What every fuzzer starts with: Allegro without a display, and a file for its input.
 #include "fuzz/start.h"
 
 #include "base/color.h"
+#include "base/log.h"
 
 #include <allegro.h>
+#include <cstdio>
 #include <cstdlib>
+#include <filesystem>
+#include <unistd.h>
 
 namespace nubo {
+namespace {
+
+/// The process stays where it was started: its arguments may be relative folders.
+std::string make_folder() {
+    std::string folder = std::filesystem::temp_directory_path() / "nubo-fuzz-XXXXXX";
+    if (mkdtemp(folder.data()) == nullptr || symlink("/dev/null", (folder + "/UA_log.txt").c_str()) != 0) std::abort();
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder);
+    UA_log_open();
+    std::filesystem::current_path(before);
+    return folder;
+}
+
+}  // namespace
 
 int start_fuzzing() {
     if (install_allegro(SYSTEM_NONE, &errno, nullptr) != 0) std::abort();
     set_color_depth(32);
     use_window_color_order();
     return 0;
+}
+
+std::string put_in_file(const std::uint8_t* data, std::size_t size) {
+    static const std::string path = make_folder() + "/input";
+    std::FILE* const file = std::fopen(path.c_str(), "wb");
+    if (file == nullptr) std::abort();
+    std::fwrite(data, 1, size, file);
+    std::fclose(file);
+    return path;
 }
 
 }  // namespace nubo

@@ -2,11 +2,16 @@
 // What the fuzzers share.
 #include <cstddef>
 #include <cstdint>
+#include <string>
 
 namespace nubo {
 
 /// Starts Allegro without a display; returns 0. Once, before the first input.
 int start_fuzzing();
+
+/// Writes an input to a file, for readers that take a path, which it returns. The log, a line for each refusal, leads
+/// nowhere.
+std::string put_in_file(const std::uint8_t* data, std::size_t size);
 
 }  // namespace nubo
 
