@@ -33,8 +33,18 @@ protected:
         command.insert(command.end(), words.begin(), words.end());
         return Process({command, journey.folder(), output, {{"DISPLAY", desktop.name()}}});
     }
+    template <typename Act> bool another_owns_after(Act act) {
+        const Peer peer(desktop.name());
+        const auto before = peer.owner_of("CLIPBOARD");
+        act();
+        return wait_until([&] {
+            const auto now = peer.owner_of("CLIPBOARD");
+            return now != before && now != XCB_NONE;
+        });
+    }
     void there_is(const std::string& kind, const std::string& path) {
-        EXPECT_EQ(tool({"-t", kind, "-i", path}, "/dev/null").wait_for_exit(), 0);
+        // The tool goes on in the background, and may take the clipboard only then.
+        EXPECT_TRUE(another_owns_after([&] { tool({"-t", kind, "-i", path}, "/dev/null").wait_for_exit(); }));
     }
     /// What the tool gets out of the clipboard, as a file.
     std::string fetch_by_tool(const std::string& kind) {
@@ -44,10 +54,7 @@ protected:
         return path;
     }
     void copy_in_program() {
-        const Peer peer(desktop.name());
-        const auto before = peer.owner_of("CLIPBOARD");
-        tap_with_ctrl("c");
-        ASSERT_TRUE(wait_until([&] { return peer.owner_of("CLIPBOARD") != before; }));
+        ASSERT_TRUE(another_owns_after([this] { tap_with_ctrl("c"); }));
     }
     /// Closes the program and gives what the Frame has become.
     Photo close_and_look() {
