@@ -6,6 +6,7 @@
 #include "state/frames.h"
 #include "windows/file_list.h"
 #include "windows/picture_formats.h"
+#include "windows/workspace_archives.h"
 #include "workspace/folders.h"
 #include "workspace/frame_store.h"
 #include "workspace/notices.h"
@@ -32,13 +33,15 @@ bool open_as_frame(const std::string& file) {
     return append_frame(picture.bitmap.get()) || refuse(file, "its Frame can't be written to the workspace");
 }
 
+void open_workspace_file(const std::string& file) {
+    if (!load_workspace(file)) refuse(file, "it can't be loaded");
+}
+
 void say_opened(int count) {
     flash_text(count == 1 ? "OPENED AS A NEW FRAME" : "OPENED " + std::to_string(count) + " PICTURES AS NEW FRAMES");
 }
 
-}  // namespace
-
-void open_files(const std::vector<std::string>& files) {
+void open_pictures(const std::vector<std::string>& files) {
     const int first = frame_count;
     int refused = 0;
     for (const std::string& file : files) {
@@ -49,6 +52,18 @@ void open_files(const std::vector<std::string>& files) {
     if (frame_count == first) return;
     save_workspace_state(state_file, true);
     if (fetch_frame(frame_index, first) && refused == 0) say_opened(frame_count - first);
+}
+
+}  // namespace
+
+void open_files(const std::vector<std::string>& files) {
+    std::vector<std::string> pictures;
+    for (const std::string& file : files)
+        if (file_type_of(file) == FILE_WSP)
+            open_workspace_file(file);
+        else
+            pictures.push_back(file);
+    open_pictures(pictures);
 }
 
 void open_handed_files() {

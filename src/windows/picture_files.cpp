@@ -83,10 +83,7 @@ bool is_workspace_file(const std::string& path) {
 }
 
 bool load_file(const std::string& path, FilePurpose purpose) {
-    std::error_code no_file;
-    FileType type = file_type_from_extension(path, BROWSE_TO_LOAD);
-    if (type == FILE_UNKNOWN && fs::is_regular_file(path, no_file)) type = file_type_from_magic(path);
-    switch (purpose_of(type, purpose)) {
+    switch (purpose_of(file_type_of(path), purpose)) {
     case PURPOSE_PICTURE: return load_picture(path);
     case PURPOSE_FAVORITES: return told(load_favorites(path) == 1, "FAVORITES LOADED", "THIS IS NO FILE OF FAVORITES");
     case PURPOSE_SCHEME: return told(load_scheme(path) == 1, "COLOR SCHEME LOADED", "THIS IS NO COLOR SCHEME");

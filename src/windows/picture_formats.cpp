@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <filesystem>
 
 namespace nubo {
 namespace {
@@ -103,6 +104,13 @@ FileType file_type_from_magic(const std::string& path) {
     if (read_file(path, looked_at, bytes)) return type_of_bytes(bytes);
     UA_log("[ ERROR ] : Failure to read file at OS level! Aborting operation!");
     return FILE_UNKNOWN;
+}
+
+FileType file_type_of(const std::string& path) {
+    std::error_code no_file;
+    const FileType type = file_type_from_extension(path, BROWSE_TO_LOAD);
+    const bool has_bytes = std::filesystem::is_regular_file(path, no_file);
+    return type == FILE_UNKNOWN && has_bytes ? file_type_from_magic(path) : type;
 }
 
 ReadPicture read_picture_file(const std::string& path, FileType& type) {

@@ -27,6 +27,9 @@ FileType file_type_from_extension(std::string_view name, BrowserMode mode);
 /// The type that a file's first bytes tell; FILE_UNKNOWN if they tell none, or, after a log line, if it can't be read.
 FileType file_type_from_magic(const std::string& path);
 
+/// The type that the ending of a file's name tells, or where it tells none, its first bytes.
+FileType file_type_of(const std::string& path);
+
 /// Reads the picture at `path` by the ending of its name, or by its first bytes where they tell another format than
 /// the ending, or where the name has none. The reason why there is no bitmap, or not all of it, is in the log too.
 /// `type` becomes what it was read as.

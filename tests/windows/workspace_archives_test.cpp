@@ -3,6 +3,7 @@
 #include "platform/system_calls.h"
 #include "windows/file_browser.h"
 #include "windows/file_list.h"
+#include "windows/opened_files.h"
 #include "windows/picture_files.h"
 #include "windows/workspace_window.h"
 #include "workspace/archive.h"
@@ -82,14 +83,19 @@ TEST_F(WorkspaceArchivesTest, NewKeepsTheOldOneAndLoadingRemembersTheCloseButton
     EXPECT_EQ(frame_count, 1);
     EXPECT_EQ(frame_pixel(5, 5), 0u);
     EXPECT_FALSE(save_file("previous.wsp", PURPOSE_ARCHIVE)) << "the next LOAD would write over it";
-    play_on([] { load_file(previous_workspace_file(), PURPOSE_PICTURE); },
-            [](User& user) -> Script {
-                co_await user.wait_until(loads);
-                exit_requested = 1;
-            });
+    play_on(
+        [] {
+            open_files({previous_workspace_file(), "none.png"});
+        },
+        [](User& user) -> Script {
+            co_await user.wait_until(loads);
+            exit_requested = 1;
+        });
     EXPECT_EQ(exit_requested, 1);
     EXPECT_EQ(frame_count, 2);
     EXPECT_EQ(frame_pixel(5, 5), 0x333333u);
+    EXPECT_TRUE(load_file(previous_workspace_file(), PURPOSE_PICTURE)) << "also where a picture is looked for";
+    EXPECT_EQ(frame_count, 1);
 }
 
 TEST_F(WorkspaceArchivesTest, WithoutRoomForTheOldOneNothingIsCleared) {
