@@ -151,13 +151,14 @@ Outcome serve_pass(const PlacementKind& kind, Waiting& wait) {
 /// Without memory for it the Cel goes on floating.
 bool anchor(const PlacementKind& kind, UndoSave save) {
     const CelPlace place = cel_place;
+    const int origin_x = cel_x, origin_y = cel_y;
     cel_place.mode = -1;  // what the ink has painted so far shows without the preview
-    if (!commit_cel(kind.committed, save)) {
-        cel_place = place;
-        return false;
-    }
-    if (kind.committed == CEL_PASTE) cel_x = place.x, cel_y = place.y;
-    return true;
+    if (kind.committed == CEL_PASTE)
+        cel_x = place.x, cel_y = place.y;  // the origin of TILE and SCRAPE: before they paint
+    if (commit_cel(kind.committed, save)) return true;
+    cel_place = place;
+    cel_x = origin_x, cel_y = origin_y;
+    return false;
 }
 
 // ---- PASTE and BELOW -----------------------------------------------------------------------------------------------

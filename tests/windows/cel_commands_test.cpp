@@ -130,6 +130,22 @@ TEST_F(CelCommandTest, PasteFloatsUntilItIsAnchoredOrLeft) {
     });
 }
 
+TEST_F(CelCommandTest, ATileIsLaidFromWhereTheCelLands) {
+    grab_sprite();
+    take_ink(INK_TILE);
+    play([](User& user) -> Script {
+        co_await tap(user, KEY_TILDE);
+        co_await tap(user, KEY_RIGHT);
+        refuse_bitmap(0);
+        co_await click_place(user, 10, 10, right_button);
+        EXPECT_EQ(cel_x, 40) << "it still floats";
+        co_await click_place(user, 10, 10, right_button);
+        EXPECT_EQ(frame_pixel(41, 50), red);
+        EXPECT_EQ(frame_pixel(43, 50), green);
+        EXPECT_EQ(cel_x, 41);
+    });
+}
+
 TEST_F(CelCommandTest, AHiddenMenuStaysHiddenAndThePromptShows) {
     grab_sprite();
     play([](User& user) -> Script {
