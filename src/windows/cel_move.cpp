@@ -9,8 +9,10 @@
 #include "windows/corners.h"
 #include "windows/placement.h"
 #include "windows/run_window.h"
+#include "workspace/folders.h"
 #include "workspace/frame_store.h"
 #include "workspace/notices.h"
+#include "workspace/rescue.h"
 #include <utility>
 
 namespace nubo {
@@ -42,6 +44,7 @@ void float_until_it_lands(const Cut& cut) {
     while (place_cel(false, false) == PLACEMENT_LEFT && !put_back(cut))
         if (exit_requested != 0) break;
     area_floats = 0;
+    rescue_landed_area(workspace_folder(), cut.slot);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include "base/log.h"
 #include "platform/safe_file.h"
+#include "state/cel.h"
 #include "state/frames.h"
 #include "state/options.h"
 #include "state/run.h"
@@ -30,6 +31,7 @@ bool store_frame(int slot, int next_slot, FramePicture& next) {
     const auto read_next = [&] { next = read_frame_file(workspace_folder(), next_slot); };
     if (!settle_job() || !save_frame_and_nail(workspace_folder(), slot, read_next)) return false;
     view_of(slot) = {pan_x, pan_y, zoom};
+    if (area_floats != 0) rescue_cut_frame(workspace_folder(), slot);
     return true;
 }
 

@@ -3,6 +3,7 @@
 #include "base/log.h"
 #include "codecs/bmp_file.h"
 #include "platform/safe_file.h"
+#include "state/cel.h"
 #include "state/frames.h"
 #include "state/options.h"
 #include "state/run.h"
@@ -14,6 +15,8 @@
 #include <array>
 #include <atomic>
 #include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -69,7 +72,7 @@ std::string rescue_path(int slot) {
     return note_rescued_work() ? frame_path(rescue_folder(), STEM_CURRENT, slot) : std::string();
 }
 
-/// Joins the thread if it has done its work.
+/// Joins the thread.
 void collect() {
     if (!writer.joinable()) return;
     writer.join();
@@ -122,9 +125,28 @@ RescueHold::~RescueHold() { is_held = false; }
 
 void settle_rescue() { collect(); }
 
+void rescue_cut_frame(const Folder& folder, int slot) {
+    const std::string file = frame_path(folder, STEM_RESCUE, slot);
+    if (undo_age[at(newest_undo)] != undo_free)
+        save_bmp_file(file, undo_slots[at(newest_undo)]);
+    else if (file_exists(file))  // left for the second time: the rescue has to stay newer than what was saved just now
+        utimensat(AT_FDCWD, file.c_str(), nullptr, 0);
+}
+
+void rescue_landed_area(const Folder& folder, int cut_slot) {
+    const std::string file = frame_path(folder, STEM_RESCUE, cut_slot);
+    if (!file_exists(file)) return;
+    collect();
+    rescued_print = 0;
+    start_writing(print_of(current_frame));
+    collect();
+    if (rescued_print != 0 && cut_slot != frame_index) remove_file(file);
+}
+
 void note_frame_saved() { saved_print_wanted = true; }
 
 void forget_rescue(const Folder& folder, int slot) {
+    if (area_floats != 0) return;  // the Frame that it was cut out of has one
     const std::string file = frame_path(folder, STEM_RESCUE, slot);
     if (file_exists(file)) remove_file(file);
     if (slot == frame_index) rescued_print = 0;

@@ -33,6 +33,14 @@ void note_frame_saved();
 /// Removes the rescue of a slot, if there is one.
 void forget_rescue(const Folder& folder, int slot);
 
+/// While an area floats that was cut out of a Frame, that Frame has been left, with the hole in it: its rescue becomes
+/// the Frame as it was before, for a kill would take the area along. `slot` is the Frame that has just been saved.
+void rescue_cut_frame(const Folder& folder, int slot);
+
+/// The area has landed: if it had left its Frame, the Frame in memory is rescued at once, so that the other's rescue
+/// can go.
+void rescue_landed_area(const Folder& folder, int cut_slot);
+
 /// The slot whose rescue is newer than its file, or -1; all other rescues are set aside. Called at start.
 int find_rescue(const Folder& folder);
 

@@ -1,5 +1,6 @@
 #include "workspace/rescue.h"
 
+#include "paint/undo.h"
 #include "platform/faults.h"
 #include "platform/folder_lock.h"
 #include "state/messages.h"
@@ -87,6 +88,32 @@ TEST_F(RescueTest, DeletingAFrameTakesItsRescueAlong) {
     make_older("current.000");
     ASSERT_TRUE(open_workspace());
     EXPECT_EQ(id_in_memory(), 2);
+}
+
+TEST_F(RescueTest, AnAreaThatFloatsOverAnotherFrameIsNotLost) {
+    ASSERT_TRUE(save_undo(false));
+    area_floats = 1;
+    paint(9);                            // the hole
+    for (int way = 0; way < 2; ++way) {  // there, back, and there once more
+        ASSERT_TRUE(fetch_frame(0, 1));
+        if (way == 0) ASSERT_TRUE(fetch_frame(1, 0));
+    }
+    EXPECT_EQ(ids_on_disk(), (Ids{9, 2, 3}));
+    area_floats = 0;  // killed
+    ASSERT_TRUE(open_workspace());
+    EXPECT_TRUE(frame_index == 0 && id_in_memory() == 1 && status_message == MESSAGE_RESCUED);
+    // It lands on the other Frame instead: the kill comes right after.
+    ASSERT_TRUE(save_undo(false));
+    area_floats = 1;
+    paint(9);
+    ASSERT_TRUE(fetch_frame(0, 1));
+    paint(77);
+    area_floats = 0;
+    rescue_landed_area(workspace_folder(), 0);
+    EXPECT_EQ(files_in_workspace("rescue"), 1);
+    ASSERT_TRUE(open_workspace());
+    EXPECT_TRUE(frame_index == 1 && id_in_memory() == 77);
+    EXPECT_EQ(ids_on_disk(), (Ids{9, 2, 3}));
 }
 
 // ---- An end that can't write ---------------------------------------------------------------------------------------
