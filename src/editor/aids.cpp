@@ -82,7 +82,7 @@ void draw_measure_lines() {
 void draw_measured_distance() {
     std::array<char, 32> text;
     std::snprintf(text.data(), text.size(), "%d, %d", shown.pixel_x - measure_x, shown.pixel_y - measure_y);
-    draw_mouse_text(text.data(), measure_x, measure_y);
+    put_mouse_text(text.data(), measure_x, measure_y);
 }
 
 }  // namespace

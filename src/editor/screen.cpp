@@ -10,6 +10,7 @@
 #include "gui/draw.h"
 #include "gui/hit_test.h"
 #include "gui/mouse.h"
+#include "gui/mouse_text.h"
 #include "gui/sliders.h"
 #include "paint/cel_paste.h"
 #include "paint/stroke.h"
@@ -202,7 +203,9 @@ void update_screen(int mode) {
     take_view_snapshot();
     if (!frame_covers_screen()) draw_background();
     if (normal) prepare_overlay();
-    draw_frame(normal && (tool_preview_on != 0 || measure_x != -1));
+    const bool with_overlay = normal && (tool_preview_on != 0 || measure_x != -1);
+    draw_frame(with_overlay);
+    draw_mouse_texts(with_overlay);
     if (normal && aids && opt_crosshair_strength != 0) draw_crosshairs();
     if (normal && aids) draw_cursor_below_gui();
     draw_menu_shadow();

@@ -167,7 +167,7 @@ void draw_stretched_preview(int x, int y) {
     std::array<char, 32> text;
     const auto percent = [](int size, int of) { return static_cast<int>(100LL * size / of); };
     std::snprintf(text.data(), text.size(), "%d%%, %d%%", percent(across.size(), cel->w), percent(down.size(), cel->h));
-    draw_mouse_text(text.data(), cel_place.x, cel_place.y);
+    put_mouse_text(text.data(), cel_place.x, cel_place.y);
 }
 
 bool overlaps_view(int x, int y) {

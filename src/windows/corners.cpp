@@ -41,7 +41,7 @@ void draw_area(Point first) {
     std::array<char, 32> text;
     std::snprintf(text.data(), text.size(), "%d X %d", area.width(), area.height());
     const bool distance_stands_there = measure_x != -1;
-    draw_mouse_text(text.data(), first.x, first.y, distance_stands_there ? 1 : 0);
+    put_mouse_text(text.data(), first.x, first.y, distance_stands_there ? 1 : 0);
 }
 
 /// False if the user leaves; SHIFT counts as the button goes down.
