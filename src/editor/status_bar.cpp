@@ -49,7 +49,7 @@ void draw_coordinates(int row) {
         UA_text(screen_buffer, x, row + text_dy, text.data());
     };
     set_font(at.font, TEXT_GRAY);
-    if (tool_preview_on != 0 && placing_text[0] != '\0')
+    if (tool_preview != -1 && placing_text[0] != '\0')
         UA_text(screen_buffer, at.mouse, row + text_dy, placing_text.data());
     else
         draw(at.mouse, "MOUSE > |c24%d,%d", shown.mouse_x, shown.mouse_y);

@@ -6,7 +6,9 @@
 #include "state/frames.h"
 #include "state/options.h"
 #include "state/run.h"
+#include "state/shape.h"
 #include "state/view.h"
+#include <cstring>
 
 namespace nubo {
 namespace {
@@ -40,6 +42,21 @@ TEST_F(AidsTest, TheStatusBarStandsWhereItIsNotInTheWay) {
     EXPECT_EQ(bar_row_with(100, -1), -1);
     shown.status_message = status_bar_only;  // asked for whatever the option says
     EXPECT_EQ(bar_row_with(100, -1), 0);
+}
+
+TEST_F(AidsTest, TheStatusBarForgetsTheShapeWithItsTool) {
+    const auto picture = [] {
+        clear_to_color(screen_buffer, static_cast<int>(white));
+        draw_status_bar();
+        const Color* const pixels = pixels_at(screen_buffer, 0, 0);
+        return std::vector<Color>(pixels, pixels + view_w * view_h);
+    };
+    tool_preview_on = 1;  // a Cel floats
+    const std::vector<Color> mouse = picture();
+    std::strcpy(placing_text.data(), "SIZE > 9 X 9");
+    EXPECT_TRUE(picture() == mouse);
+    tool_preview = TOOL_BOX;
+    EXPECT_FALSE(picture() == mouse);
 }
 
 TEST_F(AidsTest, AMeasureLastsFromPressToPress) {
