@@ -119,12 +119,15 @@ void forget_acted_rows() {
     }
 }
 
-/// True when a scan of `mode` runs the row. While a tool waits the user may change what it will paint with.
+/// What a tool that waits will paint with, which the user may change meanwhile.
+bool changes_paint(Hotkey action) {
+    return action == HOTKEY_TOOL_OPTION || action == HOTKEY_BRUSH_TIP || action == HOTKEY_INK;
+}
+
+/// True when a scan of `mode` runs the row.
 bool acts_in(const HotkeyRow& row, int mode) {
     if (mode == HOTKEYS_NODES && row.action == HOTKEY_QUICK_PAN) return true;
-    if (mode != HOTKEYS_TOOL) return row.mode == mode;
-    return row.mode == HOTKEYS_MODAL || row.action == HOTKEY_TOOL_OPTION || row.action == HOTKEY_BRUSH_TIP ||
-           row.action == HOTKEY_INK;
+    return mode == HOTKEYS_TOOL ? changes_paint(row.action) : row.mode == mode;
 }
 
 void run_row(const HotkeyRow& row, int mode, int value) {

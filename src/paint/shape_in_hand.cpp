@@ -27,7 +27,7 @@ void ShapeInHand::commit() {
 
 bool KeyPress::happens() {
     const bool was_down = was_down_;
-    was_down_ = ::key[code_] != 0;
+    was_down_ = key_down[at(code_)] != 0;
     return was_down_ && !was_down;
 }
 

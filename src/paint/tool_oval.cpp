@@ -55,6 +55,7 @@ bool place_width() {
     oval = {};
     is_set = false;
     for (;;) {
+        check_hotkeys(HOTKEYS_MODAL);
         const HandStep hand = wait.pass();
         if (hand == HAND_RIGHT) toggle_window();
         if (hand == HAND_ESCAPES) return false;

@@ -20,6 +20,7 @@ bool place_corners() {
     Waiting wait({.hotkeys = HOTKEYS_TOOL});
     KeyPress takes_back(KEY_BACKSPACE);
     for (;;) {
+        check_hotkeys(HOTKEYS_MODAL);
         const HandStep hand = wait.pass();
         if (hand == HAND_LEFT) add_corner(line_end(point_list.back(), wait.point()));
         if (hand == HAND_RIGHT || hand == HAND_ESCAPES) return hand == HAND_RIGHT;

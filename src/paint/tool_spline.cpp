@@ -84,6 +84,7 @@ bool place_nodes() {
     Waiting wait({.hotkeys = HOTKEYS_TOOL});
     KeyPress takes_back(KEY_BACKSPACE);
     for (;;) {
+        check_hotkeys(HOTKEYS_MODAL);
         const HandStep hand = wait.pass();
         if (hand == HAND_LEFT) serve_press(wait);
         if (hand == HAND_RIGHT || hand == HAND_ESCAPES) return hand == HAND_RIGHT;

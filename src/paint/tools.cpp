@@ -3,6 +3,7 @@
 #include "gui/waiting.h"
 #include "paint/stroke.h"
 #include "paint/tool_table.h"
+#include "state/flow.h"
 #include "state/shape.h"
 #include "state/shared.h"
 #include "state/stroke.h"
@@ -44,7 +45,7 @@ void draw_tool_preview() {
 void run_press_tool(BrushTool tool) { draw_to_frame(pixel_x, pixel_y, tool, active_ink(), brush_tip); }
 
 bool wait_for_point(int slot) {
-    Waiting wait;
+    Waiting wait({.hotkeys = HOTKEYS_TOOL});
     const bool clicked = wait.for_click();
     if (clicked) click_points[at(slot)] = wait.point();
     return clicked;

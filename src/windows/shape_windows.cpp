@@ -209,7 +209,7 @@ void drag_shape(Point press) {
     const Point before = click_points[0];
     grip = running->moves_points ? press : Point{press.x - before.x, press.y - before.y};
     shape_box_shown = 1;
-    Waiting wait({.hotkeys = HOTKEYS_MODAL});
+    Waiting wait({.hotkeys = HOTKEYS_TOOL});
     HandStep hand = HAND_RESTS;
     while (hand == HAND_RESTS) hand = wait.pass();
     shape_box_shown = 0;
@@ -249,6 +249,7 @@ void link_sliders() {
 }
 
 WindowPass serve() {
+    check_hotkeys(HOTKEYS_TOOL);
     if (take_click(flip_slot(running->values.size())) > 0) {
         flipped = flipped == 0 ? 1 : 0;
         show_flip();

@@ -85,7 +85,7 @@ TEST_F(ShapeToolTest, PolyTakesCornersBackHoldsThemAndCloses) {
         co_await user.release_key(KEY_LSHIFT);
         co_await press_and_release(user, 150, 150);
         EXPECT_NE(*pixels_at(overlay, 85, 80), transparent_color) << "the preview joins the corners";
-        co_await press_key(user, KEY_BACKSPACE);
+        co_await user.tap_key(KEY_BACKSPACE);
         co_await press_and_release(user, 20, 18);
         co_await press_and_release(user, 10, 18);
         co_await right_click(user, 100, 100);
@@ -93,6 +93,21 @@ TEST_F(ShapeToolTest, PolyTakesCornersBackHoldsThemAndCloses) {
     EXPECT_EQ(count_pixels(white), 2 * 11 + 2 * 7);
     EXPECT_EQ(undo_steps(), 1);
     expect_at_rest("POLY");
+}
+
+TEST_F(ShapeToolTest, KeysChangeThePaintBetweenTheClicks) {
+    take(TOOL_BOX, 0, 0);
+    play([](User& user) -> Script {
+        co_await press_and_release(user, 10, 10);
+        co_await user.tap_key(KEY_INSERT);
+        co_await press_key(user, KEY_9_PAD);
+        EXPECT_EQ(menu_id, WINDOW_INK);
+        co_await right_click(user, 100, 100);
+        EXPECT_EQ(menu_id, WINDOW_DRAWING_MENU);
+        EXPECT_EQ(tool_preview, TOOL_BOX) << "not the tool's right press";
+        co_await press_and_release(user, 20, 18);
+    });
+    EXPECT_EQ(count_pixels(white), 11 * 9) << "filled";
 }
 
 TEST_F(ShapeToolTest, OneCornerIsATipOrAPixel) {
@@ -182,7 +197,7 @@ TEST_F(ShapeToolTest, SplineMovesNodesAndTakesThemBack) {
         co_await press_and_release(user, 10, 10);
         co_await press_and_release(user, 110, 50);
         co_await press_and_release(user, 200, 150);
-        co_await press_key(user, KEY_BACKSPACE);
+        co_await user.tap_key(KEY_BACKSPACE);
         co_await press_and_release(user, 13, 15);  // near the first: it follows the mouse
         co_await user.move_to(10, 80);
         co_await right_click(user, 10, 80);  // and is put back

@@ -96,6 +96,25 @@ TEST_F(ShapeWindowsTest, ADragCarriesTheShapeUntilTheNextPress) {
     }
 }
 
+TEST_F(ShapeWindowsTest, KeysChangeThePaintAndTheWindowComesBack) {
+    take_tool(TOOL_SSHAPE);
+    play([](User& user) -> Script {
+        co_await click_place(user, 100, 60);
+        gui::slider_value[at(slot_of(LABEL_MAGNITUDE) + 1)] = 10;
+        co_await user.wait(4);
+        co_await user.tap_key(KEY_INSERT);
+        co_await user.hold_key(KEY_9_PAD);
+        co_await user.release_key(KEY_9_PAD);
+        EXPECT_EQ(menu_id, WINDOW_INK);
+        co_await right_click_outside(user);
+        EXPECT_EQ(menu_id, WINDOW_SUPERSHAPE);
+        EXPECT_EQ(gui::slider_value[at(slot_of(LABEL_MAGNITUDE) + 1)], 10);
+        co_await click(user, slot_of(LABEL_OKAY));
+    });
+    EXPECT_EQ(*pixels_at(current_frame, 100, 60), white) << "filled";
+    EXPECT_NEAR(count_pixels(white), 3.14 * 10 * 10, 30);
+}
+
 TEST_F(ShapeWindowsTest, LeavingPaintsNothingAndKeepsNothing) {
     for (const BrushTool tool : {TOOL_RPOLY, TOOL_SSHAPE, TOOL_SPIRAL}) {
         take_tool(tool);
