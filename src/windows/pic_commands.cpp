@@ -3,6 +3,7 @@
 #include "base/log.h"
 #include "paint/surfaces.h"
 #include "paint/undo.h"
+#include "workspace/notices.h"
 #include <utility>
 
 namespace nubo {
@@ -11,8 +12,10 @@ namespace {
 bool take_original() {
     OwnedBitmap frame = original_frame != nullptr ? copy_bitmap(original_frame) : nullptr;
     const bool taken = frame && adopt_frame(std::move(frame));
-    if (!taken) UA_log("[ ERROR ] : Not enough memory to restore the frame");
-    return taken;
+    if (taken) return true;
+    UA_log("[ ERROR ] : Not enough memory to restore the frame");
+    flash_message(MESSAGE_NO_MEMORY);
+    return false;
 }
 
 }  // namespace
@@ -28,8 +31,10 @@ void restore_frame() {
 void restore_frame_by_key() {
     if (!save_undo(false)) return;
     const int width = frame_w, height = frame_h;
-    // A state of another size can't be brought back by undo.
-    if (take_original() && (frame_w != width || frame_h != height)) reset_undo_slots();
+    if (!take_original())
+        drop_undo();
+    else if (frame_w != width || frame_h != height)  // a state of another size can't be brought back by undo
+        reset_undo_slots();
 }
 
 }  // namespace nubo

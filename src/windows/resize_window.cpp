@@ -12,6 +12,7 @@
 #include "windows/number_field.h"
 #include "windows/run_window.h"
 #include "workspace/resize_frame.h"
+#include <algorithm>
 #include <array>
 
 namespace nubo {
@@ -150,8 +151,8 @@ void fill_fields(Resizing& state) {
 }
 
 void show_preview(const Resizing& state) {
-    const std::array<int, 5> words{state.anchor, frame_w, frame_h, read_number(RESIZE_WIDTH),
-                                   read_number(RESIZE_HEIGHT)};
+    const auto typed = [](int slot) { return std::clamp(read_number(slot), 0, max_frame_side); };
+    const std::array<int, 5> words{state.anchor, frame_w, frame_h, typed(RESIZE_WIDTH), typed(RESIZE_HEIGHT)};
     for (int i = 0; i < static_cast<int>(words.size()); ++i)
         parameter_of(RESIZE_PREVIEW, static_cast<PreviewWord>(i)) = static_cast<std::int16_t>(words[at(i)]);
 }

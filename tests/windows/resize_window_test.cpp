@@ -3,6 +3,7 @@
 #include "windows/number_field.h"
 #include "windows/resize_window.h"
 #include "windows/sheet_tool.h"
+#include <algorithm>
 
 namespace nubo {
 namespace {
@@ -90,6 +91,16 @@ TEST_F(ResizeWindowTest, QuickCropCutsBetweenTwoClicks) {
         }
         EXPECT_EQ(frame_h, 15);
         EXPECT_EQ(count_pixels(red), 5 * 5);
+    });
+}
+
+TEST_F(ResizeWindowTest, RestoreWithoutMemorySaysSoAndLeavesNoStep) {
+    play([](User& user) -> Script {
+        refuse_bitmap(1);  // after the undo state
+        co_await tap(user, KEY_R);
+        refuse_bitmap(-1);
+        EXPECT_EQ(status_message, MESSAGE_NO_MEMORY);
+        EXPECT_TRUE(std::ranges::all_of(undo_age, [](int age) { return age == undo_free; }));
     });
 }
 
