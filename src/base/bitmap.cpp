@@ -1,5 +1,6 @@
 #include "base/bitmap.h"
 
+#include "base/bitmap_memory.h"
 #include "state/frames.h"
 #include <climits>
 #include <fstream>
@@ -37,14 +38,18 @@ OwnedBitmap make_uncleared_bitmap(int width, int height) {
 
 OwnedBitmap make_bitmap(int width, int height, Color color) {
     OwnedBitmap bitmap = make_uncleared_bitmap(width, height);
-    if (bitmap) clear_to_color(bitmap.get(), static_cast<int>(color));
+    if (!bitmap) return nullptr;
+    take_rows(bitmap.get(), 0, height);
+    clear_to_color(bitmap.get(), static_cast<int>(color));
     return bitmap;
 }
 
 OwnedBitmap copy_bitmap(BITMAP* source) {
     if (!may_be_made(source->w, source->h)) return nullptr;
     OwnedBitmap copy(create_bitmap_ex(bitmap_color_depth(source), source->w, source->h));
-    if (copy) blit(source, copy.get(), 0, 0, 0, 0, source->w, source->h);
+    if (!copy) return nullptr;
+    take_rows(copy.get(), 0, source->h);
+    blit(source, copy.get(), 0, 0, 0, 0, source->w, source->h);
     return copy;
 }
 

@@ -1,5 +1,6 @@
 #include "codecs/bmp_file.h"
 
+#include "base/bitmap_memory.h"
 #include "base/color.h"
 #include "base/log.h"
 #include "codecs/bmp_header.h"
@@ -266,6 +267,7 @@ Refusal read_picture(const InputFile& file, OwnedBitmap& bitmap) {
     if (packed && !runs_can_fill(header, file.size() - header.pixels_at)) return {PICTURE_MALFORMED, "it is cut short"};
     bitmap = memory_bears(header) ? make_uncleared_bitmap(header.width, header.height) : nullptr;
     if (!bitmap) return {PICTURE_OUT_OF_REACH, "there isn't memory enough"};
+    take_rows(bitmap.get(), 0, header.height);
     if (packed) return {read_runs(file, header, bitmap.get()), "its pixels can't be read"};
     return {read_rows(file, header, bitmap.get()) ? PICTURE_FINE : PICTURE_OUT_OF_REACH, "its pixels can't be read"};
 }

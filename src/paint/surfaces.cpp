@@ -1,5 +1,6 @@
 #include "paint/surfaces.h"
 
+#include "base/bitmap_memory.h"
 #include "paint/gradient_geometry.h"
 #include <algorithm>
 #include <cstring>
@@ -27,18 +28,20 @@ bool adopt_frame(OwnedBitmap frame) {
 }
 
 void clear_stroke_mask() {
+    take_rows(stroke_mask, mask_rows, stroke_mask->h - mask_rows);
     clear_to_color(stroke_mask, 0);
     mask_rows = stroke_mask->h;
     update_gradient_geometry();
 }
 
 bool clear_some_rows(BITMAP* bitmap, int& rows) {
-    constexpr int bytes_at_once = 1 << 20;
+    constexpr int bytes_at_once = 2 << 20;
     const auto row_bytes = static_cast<std::size_t>(bitmap->w) * sizeof(Color);
     const int end = std::min(rows + 1 + bytes_at_once / static_cast<int>(row_bytes), bitmap->h);
-    const bool is_more = rows < end;
+    if (rows >= end) return false;
+    take_rows(bitmap, rows, end - rows);
     for (; rows < end; ++rows) std::memset(bitmap->line[rows], 0, row_bytes);
-    return is_more;
+    return true;
 }
 
 bool prepare_stroke_mask() { return stroke_mask != nullptr && clear_some_rows(stroke_mask, mask_rows); }

@@ -1,5 +1,6 @@
 #include "paint/undo.h"
 
+#include "base/bitmap_memory.h"
 #include "base/log.h"
 #include "paint/surfaces.h"
 #include "state/frames.h"
@@ -63,7 +64,9 @@ int spare_rows = 0;
 /// many bitmaps as there are states, and not twice the depth.
 OwnedBitmap take_idle() {
     if (BITMAP** const idle = find_idle()) return OwnedBitmap(std::exchange(*idle, nullptr));
-    return OwnedBitmap(fits_frame(spare) ? std::exchange(spare, nullptr) : nullptr);
+    if (!fits_frame(spare)) return nullptr;
+    take_rows(spare, spare_rows, spare->h - spare_rows);
+    return OwnedBitmap(std::exchange(spare, nullptr));
 }
 
 /// Whether the next state of a chain will need memory that neither chain has.
