@@ -5,6 +5,7 @@
 #include "paint/undo.h"
 #include "state/cel.h"
 #include "state/flow.h"
+#include "state/run.h"
 #include "view/view.h"
 #include "windows/cel_commands.h"
 #include "windows/clipboard.h"
@@ -97,8 +98,9 @@ std::array<bool, HOTKEY_COUNT> acted{};
 
 /// A press of the mouse ends the wait, or a click with the key still down would be lost; the row rests all the same.
 void wait_after(Hotkey action) {
+    const auto is_waited_for = [=] { return hotkey_held(action) && mouse_left == 0 && mouse_right == 0; };
     acted[at(action)] = true;
-    while (hotkey_held(action) && mouse_left == 0 && mouse_right == 0) update_screen(UPDATE_NORMAL);
+    while (is_waited_for() && exit_requested == 0) update_screen(UPDATE_NORMAL);
 }
 
 // What each key was down as, with its modifiers, when it last ran a row; 0 once it is up. Until then it runs no row as

@@ -40,8 +40,11 @@ TEST_F(AidsTest, TheStatusBarStandsWhereItIsNotInTheWay) {
         EXPECT_EQ(bar_row_with(at.mouse, at.window_y), at.row) << at.mouse << ", " << at.window_y;
     opt_status_bar = 0;
     EXPECT_EQ(bar_row_with(100, -1), -1);
-    shown.status_message = status_bar_only;  // asked for whatever the option says
-    EXPECT_EQ(bar_row_with(100, -1), 0);
+    // Asked for, or a loss that has to be told, whatever the option says.
+    for (const int message : {status_bar_only, int{MESSAGE_SAVE_FAILED}, int{MESSAGE_FRAME_OUT_OF_REACH}}) {
+        shown.status_message = message;
+        EXPECT_EQ(bar_row_with(100, -1), 0) << message;
+    }
 }
 
 TEST_F(AidsTest, TheStatusBarForgetsTheShapeWithItsTool) {

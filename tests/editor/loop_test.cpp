@@ -52,6 +52,18 @@ TEST_F(LoopTest, AStrokeThatEndsWithTheButtonDownIsNotBegunAgain) {
     });
 }
 
+TEST_F(LoopTest, AKeyThatIsHeldHoldsUpNoEnd) {
+    play([](User& user) -> Script {
+        co_await user.move_to(100, 60);
+        co_await user.hold_key(KEY_X);  // CLEAR, which waits for the key to rise
+        EXPECT_EQ(frame_pixel(0, 0), mask_color);
+        exit_requested = 1;
+        co_await user.wait(100);
+        ADD_FAILURE() << "the program goes on";
+        co_await user.release_key(KEY_X);
+    });
+}
+
 TEST_F(LoopTest, WaitingBoxesAreShownOneByOneOverTheDrawingMenu) {
     play([](User& user) -> Script {
         co_await user.wait(4);

@@ -17,6 +17,7 @@ namespace nubo {
 namespace {
 
 constexpr Color red = 0xff0000, teal = 0x0a9c7b;
+constexpr int middle_button = 4;
 Color result;
 
 class ColorWindowTest : public EditorTest {
@@ -192,6 +193,11 @@ TEST_F(NodesTest, NodesOutOfViewAreJumpedTo) {
                 co_await user.hold_key(KEY_0_PAD);
                 co_await user.release_key(KEY_0_PAD);
                 EXPECT_EQ(pan_x, 500 - 160);
+                ::mouse_b = middle_button;
+                co_await user.move_to(190, 119);
+                ::mouse_b = 0;
+                co_await user.wait(4);
+                EXPECT_EQ(pan_x, 600 - 160);
                 CLICK_RIGHT(300, 200);
             });
     reposition_gradient(INK_OPAQUE);  // logged, and returns at once
