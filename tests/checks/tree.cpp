@@ -8,7 +8,7 @@ namespace nubo {
 
 namespace {
 
-constexpr std::size_t longest_file = 450;  // lines
+constexpr std::size_t longest_file = 450, longest_function = 45;  // lines
 
 /// The storey of a path below src/, 0 for the ground; -1 when it is in none.
 int storey_of(std::string_view path) {
@@ -57,6 +57,25 @@ std::string fault_of_line(std::string_view path, std::string_view line) {
     if (has_static_owner(line)) return "a static owner of a bitmap";
     return {};
 }
+
+/// Finds functions by how they are laid out: each ends with a bracket alone in a line, under the first letter of the
+/// line that it begins with, at the left or, in a class, one step from there.
+class FunctionLengths {
+public:
+    /// The number of lines of the function that ends here, or 0; `begin` becomes the number of its first line.
+    std::size_t length_at(std::size_t number, std::string_view line, std::size_t& begin) {
+        constexpr std::size_t step = 4;
+        const std::size_t indent = line.find_first_not_of(' ');
+        if (indent != 0 && indent != step) return 0;
+        std::size_t& begun = begun_[indent / step];
+        if (line.substr(indent) == "}") return begin = begun, number - begun + 1;
+        if (line[indent] != '}' && line[indent] != '#') begun = number;
+        return 0;
+    }
+
+private:
+    std::array<std::size_t, 2> begun_{};
+};
 
 std::string without_ending(std::string_view path) { return std::string(path.substr(0, path.rfind('.'))); }
 
@@ -116,11 +135,17 @@ std::vector<std::string> faults_of(std::string_view path, std::string_view text)
     const std::string where(path);
     if (path.starts_with("src/") && storey_of(path.substr(4)) < 0) faults.push_back(where + " stands in no storey");
     std::istringstream lines(code_only(text));
-    std::size_t number = 0;
+    std::size_t number = 0, begin = 0;
+    FunctionLengths functions;
+    const auto add = [&](std::size_t at, const std::string& fault) {
+        faults.push_back(where + ":" + std::to_string(at) + " " + fault);
+    };
     for (std::string line; std::getline(lines, line);) {
-        ++number;
         const std::string fault = fault_of_line(path, line);
-        if (!fault.empty()) faults.push_back(where + ":" + std::to_string(number) + " " + fault);
+        if (!fault.empty()) add(number + 1, fault);
+        const std::size_t length = functions.length_at(++number, line, begin);
+        if (length > longest_function && !path.starts_with("tests/"))
+            add(begin, "has a function of " + std::to_string(length) + " lines");
     }
     if (number > longest_file) faults.push_back(where + " has " + std::to_string(number) + " lines");
     return faults;

@@ -71,6 +71,14 @@ TEST(Tree, EachFaultIsFound) {
     }
     EXPECT_EQ(faults_of("src/gui/a.cpp", std::string(451, '\n')),
               std::vector<std::string>{"src/gui/a.cpp has 451 lines"});
+    const std::string body(44, '\n'), method = "class A {\n    A()\n        : a() {" + body + "    }\n};\n";
+    const std::string function = "\nint a(int b,\n      int c) {" + body + "}\n\nint b() {\n}\n";
+    EXPECT_EQ(faults_of("src/gui/a.cpp", function),
+              std::vector<std::string>{"src/gui/a.cpp:2 has a function of 46 lines"});
+    EXPECT_EQ(faults_of("src/gui/a.cpp", method),
+              std::vector<std::string>{"src/gui/a.cpp:2 has a function of 46 lines"});
+    EXPECT_TRUE(faults_of("src/gui/a.cpp", "enum A {" + body + "};\n").empty());
+    EXPECT_TRUE(faults_of("tests/gui/a.cpp", function).empty());
     IncludeGraph graph;
     add_includes(graph, "src/gui/a.cpp", "#include \"gui/a.h\"\n#include \"gui/b.h\"\n");
     add_includes(graph, "src/gui/b.h", "#include \"state/c.h\"\n");

@@ -70,18 +70,20 @@ TEST_F(BmpFile, IsWrittenAsAllegroWritesItAndReadBackByBoth) {
     }
 }
 
-TEST_F(BmpFile, OfEachFormGivesItsPixels) {
+/// A picture of four columns in a form of the format.
+struct FormCase {
+    const char* name;
+    int height, bits, packing;
+    Bytes between, pixels;
+    std::vector<int> expected;  // from the top row
+};
+
+std::vector<FormCase> form_cases() {
     constexpr int red = 0xff0000, green = 0x00ff00, blue = 0x0000ff, white = 0xffffff;
     const Bytes palette{0, 0, 0xff, 0, 0, 0xff, 0, 0, 0xff, 0, 0, 0, 0xff, 0xff, 0xff, 0};  // red, green, blue, white
     const Bytes two(palette.begin(), palette.begin() + 8);
     const Bytes masks_565{0, 0xf8, 0, 0, 0xe0, 7, 0, 0, 0x1f, 0, 0, 0};
-    struct Case {
-        const char* name;
-        int height, bits, packing;
-        Bytes between, pixels;
-        std::vector<int> expected;  // four columns, from the top row
-    };
-    const std::vector<Case> cases{
+    return {
         {"1 bit", 1, 1, 0, two, {0x50, 0, 0, 0}, {red, green, red, green}},
         {"4 bits", 1, 4, 0, palette, {0x01, 0x23, 0, 0}, {red, green, blue, white}},
         {"8 bits, bottom row first",
@@ -116,7 +118,10 @@ TEST_F(BmpFile, OfEachFormGivesItsPixels) {
          {white, red, green, red, green, green, green, blue}},
         {"run length 4", 1, 4, 2, palette, {3, 0x12, 0, 3, 0x30, 0, 0, 1}, {green, blue, green, white}},
     };
-    for (const Case& c : cases) {
+}
+
+TEST_F(BmpFile, OfEachFormGivesItsPixels) {
+    for (const FormCase& c : form_cases()) {
         const OwnedBitmap picture = load_bytes(make_bmp(4, c.height, c.bits, c.packing, c.between, c.pixels));
         ASSERT_TRUE(picture) << c.name;
         for (std::size_t i = 0; i < c.expected.size(); ++i)

@@ -41,7 +41,7 @@ void expect_places(const std::vector<Place>& places) {
     for (const Place& place : places) EXPECT_EQ(place.get(), place.value) << "offset " << place.offset;
 }
 
-std::vector<Place> state_places() {
+std::vector<Place> places_of_choices() {
     return {byte_at(0, TOOL_TEXT, tool_slots[0]),
             byte_at(5, TOOL_BOX, tool_slots[5]),
             byte_at(6, INK_XOR, ink_slots[0]),
@@ -66,8 +66,11 @@ std::vector<Place> state_places() {
             word_at(56, 64, spiral_values.wraps),
             word_at(64, 1, spiral_values.flip),
             word_at(68, 45, polygon_values.angle),
-            word_at(76, 32, polygon_values.sides),
-            word_at(80, 0x010203, color_slots[0]),
+            word_at(76, 32, polygon_values.sides)};
+}
+
+std::vector<Place> places_of_colors_and_options() {
+    return {word_at(80, 0x010203, color_slots[0]),
             word_at(116, 0x040506, color_slots[9]),
             word_at(120, 0x070809, favorites[0]),
             word_at(1140, 0xfffffe, favorites[255]),
@@ -88,6 +91,12 @@ std::vector<Place> state_places() {
             word_at(1432 + 17 * 64 + 8, 31, tool_options[TOOL_SPRAY][OPTION_SPRAY_RADIUS]),
             word_at(1432 + 7 * 64 + 12, 100, ink_options[INK_GRAIN][OPTION_GRAIN_FREQUENCY]),
             word_at(4628, -5, ink_options[49][7])};
+}
+
+std::vector<Place> state_places() {
+    std::vector<Place> places = places_of_choices();
+    for (const Place& place : places_of_colors_and_options()) places.push_back(place);
+    return places;
 }
 
 /// A state file as its table of offsets tells, with all texts empty but the title and the image file.

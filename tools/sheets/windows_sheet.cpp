@@ -100,6 +100,25 @@ void save_for_long() {
     for (;;) box.tell(percent);
 }
 
+/// The windows that look different by what they are opened for.
+void add_kinds(std::vector<Exhibit>& all) {
+    for (int space = SPACE_VGA; space < SPACE_COUNT; ++space)
+        all.push_back({std::string("COLOR ").append(label_text[at(LABEL_VGA + space)]), [space] {
+                           colorspace = space;
+                           color_window(EDIT_BRUSH_COLOR);
+                       }});
+    for (int tool = TOOL_BOX; tool < TOOL_COUNT; ++tool)
+        all.push_back({std::string("TOOL ").append(label_text[at(LABEL_TOOL_FIRST + tool)]), [tool] {
+                           tool_slots[0] = tool;
+                           tool_window(0);
+                       }});
+    for (int ink = INK_ADD; ink < INK_COUNT; ++ink)
+        all.push_back({std::string("INK ").append(label_text[at(LABEL_INK_FIRST + ink)]), [ink] {
+                           ink_slots[0] = ink;
+                           ink_window(0);
+                       }});
+}
+
 std::vector<Exhibit> exhibits() {
     std::vector<Exhibit> all{
         {"DRAWING MENU", build_drawing_menu},
@@ -132,21 +151,7 @@ std::vector<Exhibit> exhibits() {
         {"PROGRESS", save_for_long},
         {"NOTICE", [] { confirm_box(LABEL_LAST_FRAME, LABEL_NONE, false, true); }},
     };
-    for (int space = SPACE_VGA; space < SPACE_COUNT; ++space)
-        all.push_back({std::string("COLOR ").append(label_text[at(LABEL_VGA + space)]), [space] {
-                           colorspace = space;
-                           color_window(EDIT_BRUSH_COLOR);
-                       }});
-    for (int tool = TOOL_BOX; tool < TOOL_COUNT; ++tool)
-        all.push_back({std::string("TOOL ").append(label_text[at(LABEL_TOOL_FIRST + tool)]), [tool] {
-                           tool_slots[0] = tool;
-                           tool_window(0);
-                       }});
-    for (int ink = INK_ADD; ink < INK_COUNT; ++ink)
-        all.push_back({std::string("INK ").append(label_text[at(LABEL_INK_FIRST + ink)]), [ink] {
-                           ink_slots[0] = ink;
-                           ink_window(0);
-                       }});
+    add_kinds(all);
     return all;
 }
 
