@@ -2,6 +2,7 @@
 
 #include "base/log.h"
 #include "platform/file_inbox.h"
+#include "platform/window_focus.h"
 #include "state/flow.h"
 #include "state/frames.h"
 #include "windows/file_list.h"
@@ -44,11 +45,10 @@ void say_opened(int count) {
 void open_pictures(const std::vector<std::string>& files) {
     const int first = frame_count;
     int refused = 0;
-    for (const std::string& file : files) {
-        flash_text("ONE MOMENT...");
-        update_screen(UPDATE_NORMAL);
+    flash_text("ONE MOMENT...");
+    update_screen(UPDATE_NORMAL);
+    for (const std::string& file : files)
         if (!open_as_frame(file)) ++refused;
-    }
     if (frame_count == first) return;
     save_workspace_state(state_file, true);
     if (fetch_frame(frame_index, first) && refused == 0) say_opened(frame_count - first);
@@ -67,7 +67,10 @@ void open_files(const std::vector<std::string>& files) {
 }
 
 void open_handed_files() {
-    if (const std::vector<std::string> files = take_handed_files(); !files.empty()) open_files(files);
+    const std::vector<std::string> files = take_handed_files();
+    if (files.empty()) return;
+    raise_window();
+    open_files(files);
 }
 
 }  // namespace nubo

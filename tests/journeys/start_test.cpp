@@ -133,6 +133,21 @@ TEST(Start, TheWorkIsSavedWhenTheDisplayGoes) {
     EXPECT_EQ(journey.log_lines().back(), "[ END ] : Closing log.");
 }
 
+TEST(Start, AnotherStartHandsItsFilesToTheWindowThatIsOpen) {
+    Journey journey;
+    std::filesystem::create_directories(journey.path("WORKSPACE"));
+    std::filesystem::create_directories(journey.path("pictures"));
+    write_bmp(journey.path("WORKSPACE/current.000"), 320, 240, black);
+    write_bmp(journey.path("pictures/white.bmp"), 320, 240, white);
+    ASSERT_TRUE(journey.start());
+    Process second({{journey.path("nubo"), "white.bmp"}, journey.path("pictures"), journey.path("second.txt"), {}});
+    EXPECT_EQ(second.wait_for_exit(), 0);
+    EXPECT_TRUE(journey.comes_to_show(64, 54, white));
+    EXPECT_EQ(journey.close(), 0);
+    EXPECT_EQ(read_bmp(journey.path("WORKSPACE/current.001")).at(64, 54), white);
+    EXPECT_FALSE(std::filesystem::exists(journey.path("pictures/UA_log.txt")));
+}
+
 TEST(Start, TheWindowIsAsLargeAsConfiguredOrAsTheDesktopAllows) {
     struct Case {
         char mode;
