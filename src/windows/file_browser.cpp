@@ -199,6 +199,7 @@ private:
         file_cursor = index;
         show_file(BROWSER_LIST, index);
         const FolderEntry entry = file_names[at(index)];
+        name_at_pick_ = field_text(BROWSER_FILE);
         if (entry.is_folder) return;
         set_text(image_file, entry.name);
         show_name(entry.name);
@@ -251,21 +252,16 @@ private:
         return false;
     }
 
-    /// The list has the keyboard when no field has, and else the keys that no field knows. True for ENTER on a file.
+    /// The list has the keyboard when no field has, and else the keys that no field knows. True for ENTER.
     bool serve_keys() {
         const int code = keys_.take();
         const bool is_of_list = code == KEY_UP || code == KEY_DOWN || code == KEY_PGUP || code == KEY_PGDN;
         if (code == 0 || (is_text_field(key_focus) && !is_of_list)) return false;
         if (code == KEY_TAB) GUI_set_key_focus(BROWSER_FILE, true);
         if (code == KEY_BACKSPACE) go_to(absolute_path(".."));
-        const bool enters = code == KEY_ENTER || code == KEY_ENTER_PAD;
-        if (enters && is_entry(file_cursor) && file_names[at(file_cursor)].is_folder) {
-            open_entry(file_cursor);
-            return false;
-        }
         const int index = file_of_key(code, file_cursor);
         if (index != file_cursor && is_entry(index)) pick(index);
-        return enters;
+        return code == KEY_ENTER || code == KEY_ENTER_PAD;
     }
 
     static bool is_entry(int index) { return index >= 0 && at(index) < file_names.size(); }
@@ -308,8 +304,18 @@ private:
         return absolute_path(completes ? name + "." + std::string(browser_filters[at(filter)].front()) : name);
     }
 
+    /// A folder that the keys have come to, and no name typed since.
+    bool stands_on_folder() const {
+        return is_entry(file_cursor) && file_names[at(file_cursor)].is_folder &&
+               field_text(BROWSER_FILE) == name_at_pick_;
+    }
+
     /// True when a file is chosen for good.
     bool commit() {
+        if (stands_on_folder()) {
+            open_entry(file_cursor);
+            return false;
+        }
         if (field_text(BROWSER_FILE).empty()) return false;
         const std::string path = named_path();
         if (is_folder(path)) {
@@ -336,7 +342,7 @@ private:
     bool offers_previous_;
     int filter_ = -1;  // the lit filter button, -1 none
     bool pressed_ = false;
-    std::string chosen_;
+    std::string chosen_, name_at_pick_;  // the latter: in the FILE field when an entry was chosen last
     KeyTaps keys_;
 };
 

@@ -2,7 +2,6 @@
 
 #include "base/log.h"
 #include "gui/window.h"
-#include "state/flow.h"
 #include "state/frames.h"
 #include "state/options.h"
 #include "windows/color_files.h"
@@ -20,14 +19,6 @@ namespace nubo {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// Before work that may take more than half a second.
-void say_busy(std::size_t amount) {
-    constexpr std::size_t takes_long = 4'000'000;  // pixels, or bytes of a compressed file
-    if (amount < takes_long) return;
-    flash_text("ONE MOMENT...");
-    update_screen(UPDATE_NORMAL);
-}
 
 std::string size_text(const BITMAP* picture) { return std::to_string(picture->w) + "X" + std::to_string(picture->h); }
 

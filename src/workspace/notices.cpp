@@ -1,5 +1,6 @@
 #include "workspace/notices.h"
 
+#include "state/flow.h"
 #include "state/options.h"
 #include "state/run.h"
 #include "state/view.h"
@@ -33,6 +34,13 @@ void flash_text(const std::string& text) {
     const std::size_t length = std::min(text.size(), told_text.size() - 1);
     std::replace_copy(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(length), told_text.begin(), '|', '!');
     flash_message(MESSAGE_TOLD);
+}
+
+void say_busy(std::size_t amount) {
+    constexpr std::size_t takes_long = 1'000'000;  // the colours of a GIF are learned from as many in that time
+    if (amount < takes_long) return;
+    flash_text("ONE MOMENT...");
+    update_screen(UPDATE_NORMAL);
 }
 
 void mark_damage() { workspace_damaged = 1; }

@@ -2,6 +2,7 @@
 // What the Workspace has to tell the user: a box, or a flash of the status bar.
 #include "state/boxes.h"
 #include "state/messages.h"
+#include <cstddef>
 #include <optional>
 #include <string>
 
@@ -19,6 +20,10 @@ void flash_message(Message message);
 /// Flashes a text that isn't in the table, in capitals, of at most `told_text`'s length. A bar in it, which would begin
 /// a colour code, shows as a "!".
 void flash_text(const std::string& text);
+
+/// Before work on so many pixels, or bytes of a compressed picture: if it may take more than half a second, the status
+/// bar says so and is shown at once.
+void say_busy(std::size_t amount);
 
 /// Something on disk was missing, damaged or out of range and has been repaired: the user is told once, on entering
 /// the program loop, by a box that the start leaves.

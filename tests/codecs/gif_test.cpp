@@ -304,6 +304,19 @@ TEST(GifWriter, FindsItsColoursAsTold) {
     }
 }
 
+TEST(GifWriter, KeepsBlackAndWhite) {
+    const OwnedBitmap bitmap = make_bitmap(9, 9, 0xffffff);
+    *pixels_at(bitmap.get(), 3, 3) = 0;
+    *pixels_at(bitmap.get(), 5, 5) = 0xff0000;
+    for (const GifReduction reduction : {REDUCTION_FAST, REDUCTION_BEST}) {
+        Bytes bytes;
+        ASSERT_TRUE(write_gif(bitmap.get(), reduction, bytes));
+        const ReadPicture back = read_gif(bytes);
+        ASSERT_TRUE(back.bitmap) << back.cause;
+        EXPECT_TRUE(same_pixels(back.bitmap.get(), bitmap.get())) << reduction;  // 63 of 63 is full brightness
+    }
+}
+
 TEST(GifWriter, ReportsWhatItCannotWrite) {
     const ScratchFolder folder;
     const OwnedBitmap bitmap = make_bitmap(8, 8, 0x123456);

@@ -2,14 +2,17 @@
 #include "windows/file_browser.h"
 
 #include "base/color.h"
-#include "codecs/jpeg.h"
+#include "codecs/picture_files.h"
 #include "harness/harness.h"
 #include "menus_kit.h"
+#include "platform/faults.h"
 #include "windows/color_files.h"
 #include "windows/file_list.h"
+#include "windows/file_preview.h"
 #include "windows/jpeg_quality_window.h"
 #include "windows/picture_files.h"
 #include "windows/picture_formats.h"
+#include "workspace/frame_memory.h"
 #include <filesystem>
 #include <fstream>
 
@@ -165,6 +168,7 @@ TEST_F(FileBrowserTest, AFileIsOverwrittenOnlyWhenTheUserSaysSo) {
     EXPECT_EQ(*pixels_at(saved.bitmap.get(), 5, 5), 0x123456u);
 }
 
+// The drawing menu is hidden meanwhile, and what a lost display would save is the Frame.
 TEST_F(FileBrowserTest, TheQualityIsSeenAndTheFrameComesBack) {
     new_frame(64, 64);
     for (int i = 0; i < 64 * 64; ++i)
@@ -172,14 +176,146 @@ TEST_F(FileBrowserTest, TheQualityIsSeenAndTheFrameComesBack) {
     jpeg_quality = 3;
     static std::vector<Color> before;
     before = frame_pixels();
+    build_drawing_menu();
     play_on([] { EXPECT_EQ(jpeg_quality_window(), -1); },
             [](User& user) -> Script {
                 co_await user.wait(3);
                 EXPECT_NE(frame_pixels(), before);
+                EXPECT_EQ(slot_of(LABEL_USER), -1);
                 co_await user.tap_key(KEY_ESC);
             });
     EXPECT_EQ(frame_pixels(), before);
     EXPECT_EQ(jpeg_quality, 3);
+    EXPECT_NE(slot_of(LABEL_USER), -1);
+    play_on([] { EXPECT_EQ(jpeg_quality_window(), 8); },
+            [](User& user) -> Script {
+                co_await user.wait(3);
+                const int okay = slot_of(LABEL_OKAY);
+                co_await user.move_to(middle_x(okay - 1), middle_y(okay - 1));  // the slider: 5 a notch
+                co_await user.turn_wheel(1);
+                co_await click(user, slot_of(LABEL_VIEW));
+                EXPECT_NE(frame_pixels(), before);
+                end_frame_preview();
+                EXPECT_EQ(frame_pixels(), before);
+                co_await click(user, okay);
+            });
+    EXPECT_EQ(frame_pixels(), before);
+    EXPECT_EQ(jpeg_quality, 8);
+}
+
+// ---- Names, folders, keys ------------------------------------------------------------------------------------------
+
+TEST_F(FileBrowserTest, WhateverItsNameAFileIsFoundByItsRow) {
+    static constexpr std::array names{"-x.png", "A.png", "a.png", "|c21 #\xe4\xc3\xa9.png"};
+    for (int i = 0; i < static_cast<int>(names.size()); ++i) {
+        new_frame(10 + i, 10);
+        ASSERT_TRUE(write_picture_file(names[at(i)], current_frame));
+    }
+    play_on(
+        [] {
+            for (int i = 0; i < static_cast<int>(names.size()); ++i) {
+                load_frame_command();
+                EXPECT_EQ(frame_w, 10 + i) << names[at(i)];
+            }
+        },
+        [](User& user) -> Script {
+            for (int i = 0; i < static_cast<int>(names.size()); ++i) {
+                co_await user.wait(300);  // or the next click were the second one of two
+                EXPECT_EQ(file_names[at(i + 1)].name, names[at(i)]);
+                co_await click_row(user, i + 1);
+                co_await click_row(user, i + 1);
+            }
+        });
+}
+
+TEST_F(FileBrowserTest, KeysWalkTheListAndAFolderThatHasGoneIsTold) {
+    for (const char* name : {"a.png", "b.png", "c.png"}) {
+        new_frame(10 + name[0] - 'a', 10);
+        ASSERT_TRUE(write_picture_file(name, current_frame));
+    }
+    for (const char* name : {"away", "sub"}) fs::create_directory(name);
+    std::strncpy(default_image_dir.data(), (folder_.path() + "/sub").c_str(), path_size - 1);
+    play_on(load_frame_command, [](User& user) -> Script {
+        co_await user.wait(3);
+        co_await user.tap_key(KEY_BACKSPACE);
+        EXPECT_TRUE(is_shown("c.png"));
+        fs::remove("away");
+        co_await click_row(user, 1);
+        EXPECT_EQ(status_message, MESSAGE_TOLD);
+        EXPECT_TRUE(is_shown("c.png"));
+        fs::create_directory("away");
+        key_focus = -1;
+        co_await user.tap_key(KEY_S);
+        co_await click(user, slot_of(LABEL_OKAY));
+        EXPECT_FALSE(is_shown("c.png")) << "OKAY enters the folder that the keys have come to";
+        co_await user.tap_key(KEY_BACKSPACE);
+        co_await user.tap_key(KEY_C);
+        EXPECT_STREQ(image_file.data(), "c.png");
+        co_await user.tap_key(KEY_UP);
+        co_await user.tap_key(KEY_ENTER);
+    });
+    EXPECT_EQ(frame_w, 11);
+}
+
+TEST_F(FileBrowserTest, FiltersPlacesAndHomeAnswer) {
+    put("a.png", "x");
+    put("b.jpeg", "x");
+    play_on(load_frame_command, [](User& user) -> Script {
+        co_await user.wait(3);
+        co_await click(user, slot_of(LABEL_JPG));
+        EXPECT_TRUE(is_shown("b.jpeg") && !is_shown("a.png"));
+        co_await click(user, slot_of(LABEL_PNG));
+        EXPECT_TRUE(is_shown("a.png") && !is_shown("b.jpeg"));
+        co_await click(user, slot_of(LABEL_PNG));
+        EXPECT_TRUE(is_shown("a.png") && is_shown("b.jpeg"));
+        co_await click(user, slot_of(LABEL_FLOAT));
+        EXPECT_STREQ(default_image_dir.data(), "");
+        co_await click(user, slot_of(drive_label('C' - 'A')));
+        EXPECT_STREQ(image_dir.data(), "/");
+        co_await click(user, slot_of(LABEL_HOME));
+        EXPECT_STREQ(default_image_dir.data(), "/");
+        co_await right_click_outside(user);
+    });
+    EXPECT_STREQ(image_dir.data(), "/");
+}
+
+TEST_F(FileBrowserTest, ThePreviewSaysWhyItShowsNothing) {
+    new_frame(30, 30, 0x00ff00);
+    ASSERT_TRUE(write_picture_file("a.png", current_frame));
+    put("bad.png", "x");
+    const auto shows = [](PreviewMessage kind) {
+        const OwnedBitmap seen = copy_bitmap(preview_bitmap);
+        set_preview_message(kind);
+        return same_pixels(seen.get(), preview_bitmap);
+    };
+    opt_file_preview_limit = 0;
+    const auto preview = [&](const char* name, FilePreview mode, bool asked) {
+        opt_file_preview = mode;
+        preview_picture(folder_.path() + "/" + name, file_type_from_extension(name, BROWSE_TO_LOAD), asked);
+    };
+    preview("a.png", PREVIEW_LIMIT, false);
+    EXPECT_TRUE(shows(PREVIEW_TOO_LARGE));
+    preview("a.png", PREVIEW_LIMIT, true);
+    EXPECT_EQ(*pixels_at(preview_bitmap, 50, 40), 0x00ff00u);
+    preview("a.png", PREVIEW_NONE, false);
+    EXPECT_TRUE(shows(PREVIEW_DISABLED));
+    preview("bad.png", PREVIEW_ALL, false);
+    EXPECT_TRUE(shows(PREVIEW_BORKED));
+    preview("a.wsp", PREVIEW_ALL, false);
+    EXPECT_TRUE(shows(PREVIEW_UNAVAILABLE));
+}
+
+TEST_F(FileBrowserTest, AFullDiskLeavesTheOldFileAndNoOther) {
+    for (const char* name : {"p.gif", "p.pcx", "p.bmp", "p.png", "p.jpg", "p.lbm"}) {
+        put(name, "old");
+        faults::arm(faults::CALL_WRITE, 0, ENOSPC, true);
+        EXPECT_FALSE(write_picture_file(name, current_frame)) << name;
+        EXPECT_TRUE(faults::struck()) << name;
+        faults::disarm();
+        EXPECT_EQ(fs::file_size(name), 3u) << name;
+        fs::remove(name);
+        EXPECT_TRUE(fs::is_empty(".")) << name;
+    }
 }
 
 }  // namespace
