@@ -157,7 +157,8 @@ int find_rescue(const Folder& folder) {
     for (int slot = 0; slot < frame_slots; ++slot) {
         const std::string file = frame_path(folder, STEM_RESCUE, slot);
         if (!file_exists(file)) continue;
-        if (found < 0 && time_of_file(file) > time_of_file(frame_path(folder, STEM_CURRENT, slot)))
+        // Files of one instant have one time, since the clock goes in steps.
+        if (found < 0 && time_of_file(file) >= time_of_file(frame_path(folder, STEM_CURRENT, slot)))
             found = slot;
         else
             set_aside(file, aside_spare);  // clocks may be wrong

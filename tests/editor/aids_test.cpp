@@ -1,6 +1,7 @@
 // The status bar, the measured distance and the two hold commands.
 #include "base/bitmap.h"
 #include "editor/status_bar.h"
+#include "framework/resources.h"
 #include "gui/elements.h"
 #include "harness/user.h"
 #include "state/frames.h"
@@ -54,6 +55,7 @@ TEST_F(AidsTest, TheStatusBarForgetsTheShapeWithItsTool) {
         const Color* const pixels = pixels_at(screen_buffer, 0, 0);
         return std::vector<Color>(pixels, pixels + view_w * view_h);
     };
+    UA_load_framework_video(Folder(NUBO_FOLDER "/resource"));
     tool_preview_on = 1;  // a Cel floats
     const std::vector<Color> mouse = picture();
     std::strcpy(placing_text.data(), "SIZE > 9 X 9");

@@ -7,6 +7,7 @@
 #include "state/run.h"
 #include "state/shape.h"
 #include "state/stroke.h"
+#include "state/windows.h"
 
 #include <algorithm>
 #include <cmath>

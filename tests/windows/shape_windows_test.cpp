@@ -112,7 +112,7 @@ TEST_F(ShapeWindowsTest, KeysChangeThePaintAndTheWindowComesBack) {
         co_await click(user, slot_of(LABEL_OKAY));
     });
     EXPECT_EQ(*pixels_at(current_frame, 100, 60), white) << "filled";
-    EXPECT_NEAR(count_pixels(white), 3.14 * 10 * 10, 30);
+    EXPECT_NEAR(count_pixels(white), 3.14 * 10.5 * 10.5, 15);
 }
 
 TEST_F(ShapeWindowsTest, LeavingPaintsNothingAndKeepsNothing) {

@@ -96,12 +96,16 @@ TEST_F(RescueTest, AnAreaThatFloatsOverAnotherFrameIsNotLost) {
     paint(9);                            // the hole
     for (int way = 0; way < 2; ++way) {  // there, back, and there once more
         ASSERT_TRUE(fetch_frame(0, 1));
-        if (way == 0) ASSERT_TRUE(fetch_frame(1, 0));
+        if (way == 0) {
+            ASSERT_TRUE(fetch_frame(1, 0));
+        }
     }
     EXPECT_EQ(ids_on_disk(), (Ids{9, 2, 3}));
     area_floats = 0;  // killed
     ASSERT_TRUE(open_workspace());
-    EXPECT_TRUE(frame_index == 0 && id_in_memory() == 1 && status_message == MESSAGE_RESCUED);
+    EXPECT_EQ(frame_index, 0);
+    EXPECT_EQ(id_in_memory(), 1);
+    EXPECT_EQ(status_message, MESSAGE_RESCUED);
     // It lands on the other Frame instead: the kill comes right after.
     ASSERT_TRUE(save_undo(false));
     area_floats = 1;
