@@ -132,8 +132,7 @@ TEST_F(InterruptionTest, FailingAtAnyCallNothingIsLostThatTheUserHas) {
                 EXPECT_NE(told, TOLD_LOST_FRAME) << when;
                 auto allowed = operation.outcomes;
                 if (told == TOLD_REFUSED)  // and what was painted reached the disk at the end
-                    for (Ids& ids : allowed)
-                        if (ids[2] == in_file) ids[2] = in_memory;
+                    for (Ids& ids : allowed) std::ranges::replace(ids, in_file, in_memory);
                 expect_outcome(allowed, when);
                 if (HasFailure()) return;
                 if (told != 100) ++struck_to_the_end;
