@@ -54,6 +54,7 @@ inline constexpr int text_tones = 8, first_tone = 128, tone_kept = -1;
 enum TextColor : int {
     TEXT_OWN_COLORS = 0,
     TEXT_GRAY = 21,
+    TEXT_FRAME_RATE = 23,  // orange
     TEXT_YELLOW = 24,
     TEXT_GREEN = 32,
     TEXT_RED = 34,
