@@ -29,11 +29,19 @@ bool may_be_made(long long width, long long height) {
     return bytes <= largest_bytes && (bytes <= unasked_bytes || bytes <= available_bytes());
 }
 
+/// Null if it can't or may not be had.
+OwnedBitmap make_of_depth(int depth, int width, int height) {
+    if (!may_be_made(width, height)) return nullptr;
+    OwnedBitmap bitmap(create_bitmap_ex(depth, width, height));
+    if (bitmap) prefer_large_pages(bitmap.get());
+    return bitmap;
+}
+
 }  // namespace
 
 OwnedBitmap make_uncleared_bitmap(int width, int height) {
     if (width < 1 || height < 1 || width > max_frame_side || height > max_frame_side) return nullptr;
-    return may_be_made(width, height) ? OwnedBitmap(create_bitmap_ex(32, width, height)) : nullptr;
+    return make_of_depth(32, width, height);
 }
 
 OwnedBitmap make_bitmap(int width, int height, Color color) {
@@ -45,8 +53,7 @@ OwnedBitmap make_bitmap(int width, int height, Color color) {
 }
 
 OwnedBitmap copy_bitmap(BITMAP* source) {
-    if (!may_be_made(source->w, source->h)) return nullptr;
-    OwnedBitmap copy(create_bitmap_ex(bitmap_color_depth(source), source->w, source->h));
+    OwnedBitmap copy = make_of_depth(bitmap_color_depth(source), source->w, source->h);
     if (!copy) return nullptr;
     take_rows(copy.get(), 0, source->h);
     blit(source, copy.get(), 0, 0, 0, 0, source->w, source->h);
