@@ -103,7 +103,8 @@ constexpr double strength_factor(int strength, int tip) {
 template <typename Paint> void cover_run(const TipRun& run, int coverage, Paint paint) {
     Color* __restrict__ const frame = run.frame;  // the surfaces never overlap
     Color* __restrict__ const mask = run.mask;
-    for (int i = 0; i < run.length; ++i) {
+    const int length = run.length;  // for all the compiler knows, a pixel that is set might be the run's own length
+    for (int i = 0; i < length; ++i) {
         const Color old = frame[i], painted = paint(i, old);
         const Color taken = static_cast<int>(mask[i]) < coverage ? ~Color{0} : 0;  // all bits or none
         frame[i] = old ^ ((old ^ painted) & taken);
