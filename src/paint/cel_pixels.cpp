@@ -9,30 +9,32 @@
 namespace nubo {
 namespace {
 
-constexpr int chunk = 64;  // pixels of which one test tells whether all match
+/// Tells where a row has pixels that don't match, a chunk at once as far as all of it does.
+class Contents {
+public:
+    Contents(Color background, int tolerance)
+        : matches_(background, tolerance), chunk_matches_(background, tolerance) {}
 
-/// True if a pixel of the stretch doesn't match. Without an early end, so that it runs four pixels a step.
-bool has_content(const Color* pixels, int count, NearColor matches) {
-    int content = 0;
-    for (int i = 0; i < count; ++i) content |= matches(pixels[i]) ? 0 : 1;
-    return content != 0;
-}
+    /// The first of `count` pixels that doesn't match, or `count`.
+    int first(const Color* pixels, int count) const {
+        int i = 0;
+        while (i + NearChunk::pixels <= count && chunk_matches_(pixels + i)) i += NearChunk::pixels;
+        while (i < count && matches_(pixels[i])) ++i;
+        return i;
+    }
 
-/// The first of `count` pixels that doesn't match, or `count`.
-int first_content(const Color* pixels, int count, NearColor matches) {
-    int i = 0;
-    while (i + chunk <= count && !has_content(pixels + i, chunk, matches)) i += chunk;
-    while (i < count && matches(pixels[i])) ++i;
-    return i;
-}
+    /// The last of `count` pixels that doesn't match, or -1.
+    int last(const Color* pixels, int count) const {
+        int end = count;
+        while (end >= NearChunk::pixels && chunk_matches_(pixels + end - NearChunk::pixels)) end -= NearChunk::pixels;
+        while (end > 0 && matches_(pixels[end - 1])) --end;
+        return end - 1;
+    }
 
-/// The last of `count` pixels that doesn't match, or -1.
-int last_content(const Color* pixels, int count, NearColor matches) {
-    int end = count;
-    while (end >= chunk && !has_content(pixels + end - chunk, chunk, matches)) end -= chunk;
-    while (end > 0 && matches(pixels[end - 1])) --end;
-    return end - 1;
-}
+private:
+    NearColor matches_;
+    NearChunk chunk_matches_;
+};
 
 template <typename Change> void for_each_row(BITMAP* bitmap, Change change) {
     for (int y = 0; y < bitmap->h; ++y) change(pixels_at(bitmap, 0, y), bitmap->w);
@@ -72,16 +74,16 @@ void mask_cel(BITMAP* bitmap, Color color) {
 
 // Each row is read from both its ends only as far as it can widen the area, so no pixel is read twice.
 std::optional<Area> content_area(BITMAP* bitmap, Color background, int tolerance) {
-    const NearColor matches(background, tolerance);
+    const Contents contents(background, tolerance);
     Area area{bitmap->w, bitmap->h, -1, -1};
     for (int y = 0; y < bitmap->h; ++y) {
         const Color* const row = pixels_at(bitmap, 0, y);
         const int unknown = area.right < 0 ? bitmap->w : area.left;
-        const int left = first_content(row, unknown, matches);
+        const int left = contents.first(row, unknown);
         const int from = area.right < 0 ? left : area.right + 1;
-        const int right = from + last_content(row + from, bitmap->w - from, matches);
+        const int right = from + contents.last(row + from, bitmap->w - from);
         const bool between = area.right >= 0 && left == unknown && right < from &&
-                             first_content(row + area.left, area.width(), matches) < area.width();
+                             contents.first(row + area.left, area.width()) < area.width();
         if (left == unknown && right < from && !between) continue;
         area = {std::min(area.left, left), std::min(area.top, y), std::max(area.right, right), y};
     }

@@ -2,6 +2,8 @@
 // `colors_match` for loops over many pixels.
 #include "base/color.h"
 #include <algorithm>
+#include <array>
+#include <cstdint>
 #include <cstdlib>
 
 namespace nubo {
@@ -21,6 +23,40 @@ public:
 
 private:
     int red_, green_, blue_, tolerance_;
+};
+
+/// Tells whether a whole chunk of pixels matches. Byte by byte, sixteen in one step, where `NearColor` takes four
+/// pixels.
+class NearChunk {
+public:
+    static constexpr int pixels = 64;
+
+    NearChunk(Color color, int tolerance) : matches_any_(tolerance > 0) {
+        for (std::size_t i = 0; i < bytes; ++i) {
+            constexpr int top_byte = 24;
+            const int bits = static_cast<int>(i % sizeof(Color)) * 8,
+                      component = static_cast<int>(color >> bits & 0xff);
+            const bool counts = bits < top_byte;
+            lowest_[i] = static_cast<std::uint8_t>(counts ? std::max(component - tolerance + 1, 0) : 0);
+            highest_[i] = static_cast<std::uint8_t>(counts ? std::min(component + tolerance - 1, 255) : 255);
+        }
+    }
+
+    bool operator()(const Color* chunk) const {
+        const auto* const byte = reinterpret_cast<const std::uint8_t*>(chunk);
+        std::uint8_t moved = 0;  // by being held to the range of what matches
+        for (std::size_t i = 0; i < bytes; ++i) {
+            const std::uint8_t value = byte[i], lowest = lowest_[i], highest = highest_[i];
+            const std::uint8_t raised = value < lowest ? lowest : value;
+            moved |= (raised > highest ? highest : raised) ^ value;
+        }
+        return moved == 0 && matches_any_;
+    }
+
+private:
+    static constexpr std::size_t bytes = pixels * sizeof(Color);
+    std::array<std::uint8_t, bytes> lowest_, highest_;
+    bool matches_any_;
 };
 
 }  // namespace nubo
