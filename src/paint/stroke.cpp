@@ -59,6 +59,7 @@ void draw_to_frame(int x, int y, int brush, int ink, int style) {
     if (save_undo(false)) {
         clear_stroke_mask();
         commit_tool({x, y, brush, ink, style});
+        release_stroke_mask();
     }
     end_shape_commit();
 }

@@ -10,7 +10,8 @@ namespace nubo {
 
 namespace {
 
-int mask_rows = 0;  // of `stroke_mask`, whose memory has been touched
+int mask_rows = 0;          // of `stroke_mask`, that are clear
+bool mask_is_used = false;  // since it was cleared: none of them may be
 
 }  // namespace
 
@@ -19,7 +20,7 @@ bool adopt_frame(OwnedBitmap frame) {
         OwnedBitmap mask = make_uncleared_bitmap(frame->w, frame->h);
         if (!mask) return false;
         replace_bitmap(stroke_mask, std::move(mask));
-        mask_rows = 0;
+        release_stroke_mask();
     }
     replace_bitmap(current_frame, std::move(frame));
     frame_w = current_frame->w;
@@ -28,14 +29,20 @@ bool adopt_frame(OwnedBitmap frame) {
 }
 
 void clear_stroke_mask() {
-    take_rows(stroke_mask, mask_rows, stroke_mask->h - mask_rows);
-    clear_to_color(stroke_mask, 0);
-    mask_rows = stroke_mask->h;
+    if (mask_is_used) mask_rows = 0;
+    while (clear_some_rows(stroke_mask, mask_rows)) {
+    }
+    mask_is_used = true;
     update_gradient_geometry();
 }
 
+void release_stroke_mask() {
+    mask_rows = 0;
+    mask_is_used = false;
+}
+
 bool clear_some_rows(BITMAP* bitmap, int& rows) {
-    constexpr int bytes_at_once = 2 << 20;
+    constexpr int bytes_at_once = 4 << 20;
     const auto row_bytes = static_cast<std::size_t>(bitmap->w) * sizeof(Color);
     const int end = std::min(rows + 1 + bytes_at_once / static_cast<int>(row_bytes), bitmap->h);
     if (rows >= end) return false;
@@ -44,6 +51,8 @@ bool clear_some_rows(BITMAP* bitmap, int& rows) {
     return true;
 }
 
-bool prepare_stroke_mask() { return stroke_mask != nullptr && clear_some_rows(stroke_mask, mask_rows); }
+bool prepare_stroke_mask() {
+    return stroke_mask != nullptr && !mask_is_used && clear_some_rows(stroke_mask, mask_rows);
+}
 
 }  // namespace nubo

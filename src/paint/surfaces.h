@@ -14,11 +14,15 @@ bool adopt_frame(OwnedBitmap frame);
 /// the gradients follows their nodes.
 void clear_stroke_mask();
 
+/// Ends what `clear_stroke_mask` began: nobody reads the map any more, and it may be cleared for the next stroke while
+/// the program rests.
+void release_stroke_mask();
+
 /// Zeroes the next rows of a bitmap whose first `rows` rows are done, about a millisecond's work; false when all are.
 /// The system hands new memory over page by page: so it is there before a stroke has to wait for it.
 bool clear_some_rows(BITMAP* bitmap, int& rows);
 
-/// Such a step toward a coverage map that is new; false when it is ready or in use.
+/// Such a step toward a coverage map that is new or was released; false when it is clear or in use.
 bool prepare_stroke_mask();
 
 /// The snapshot of the running stroke: the undo slot last saved. Null before the first save.

@@ -27,6 +27,23 @@ protected:
     }
 };
 
+TEST_F(StrokeTest, CoverageMapIsClearedAtRestButNotDuringAStroke) {
+    const auto mark = [](int y) -> Color& { return *pixels_at(stroke_mask, 0, y); };
+    const int last = stroke_mask->h - 1;
+    begin_stroke();
+    mark(0) = mark(last) = 7;
+    EXPECT_FALSE(prepare_stroke_mask());
+    EXPECT_EQ(mark(0), 7U);
+    clear_stroke_mask();  // by a commit, which releases nothing
+    EXPECT_EQ(mark(0) | mark(last), 0U);
+    mark(0) = mark(last) = 7;
+    release_stroke_mask();
+    EXPECT_TRUE(prepare_stroke_mask());
+    EXPECT_EQ(mark(0), 0U);
+    clear_stroke_mask();
+    EXPECT_EQ(mark(last), 0U);
+}
+
 TEST_F(StrokeTest, RefusesNumbersOutOfRangeWithALine) {
     const ScratchFolder scratch;
     UA_log_open();
