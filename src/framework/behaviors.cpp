@@ -14,14 +14,14 @@ bool is_actor(int who) { return who >= 0 && who < actor_count; }
 
 /// Counts an actor's life down.
 void age_actor(int who) {
-    Shared<int>& left = actor::Self_Destruct[static_cast<std::size_t>(who)];
+    auto& left = actor::Self_Destruct[static_cast<std::size_t>(who)];
     if (left != forever && (left -= 1) < 1) UA_destroy_actor(who, "UA_behavior_handler");
 }
 
 /// True when a slot's delay is over; a free slot's is never.
 bool is_due(std::size_t who, std::size_t slot) {
     if (actor::BEHAVIOR[who][slot].acquire() == BEHAVIOR_NONE) return false;
-    Shared<int>& accum = actor::Behavior_accum[who][slot];
+    auto& accum = actor::Behavior_accum[who][slot];
     if ((accum += 1) <= actor::Behavior_delay[who][slot]) return false;
     accum = 0;
     return true;
@@ -58,15 +58,17 @@ int check_behavior(int who, Behavior behavior) {
 
 void BE_clear_behavior(int who, int slot) {
     if (!UA_check_who_slot(who, slot, "BE_clear_behavior()!")) return;
-    const auto w = static_cast<std::size_t>(who), s = static_cast<std::size_t>(slot);
+    const std::size_t w = at(who), s = at(slot);
     actor::BEHAVIOR[w][s] = BEHAVIOR_NONE;
     actor::Behavior_delay[w][s] = 0;
     actor::Behavior_accum[w][s] = 0;
-    for (Shared<int>& param : actor::Behavior_param[w][s]) param = 0;
-    if (actor::Kill_on_end[w][s] != 0) UA_destroy_actor(who, "BE_clear_behavior");
+    for (auto& param : actor::Behavior_param[w][s]) param = 0;
+    if (actor::Kill_on_end[w][s]) UA_destroy_actor(who, "BE_clear_behavior");
 }
 
-void BE_palette_control(int who, int slot) {
+/// Moves the screen's tint toward a strength: red, green, blue, strength, step. It ends when the strength is reached
+/// with moves to spare; with a step below 1 it only sets the colour, and stays.
+static void BE_palette_control(int who, int slot) {
     if (!UA_check_who_slot(who, slot, "BE_palette_control()!")) return;
     const auto& param = actor::Behavior_param[static_cast<std::size_t>(who)][static_cast<std::size_t>(slot)];
     tint_r = param[TINT_RED];
@@ -84,13 +86,10 @@ void BE_palette_control(int who, int slot) {
     }
 }
 
-void UA_check_behaviors(int who, int slot) {
-    if (!UA_check_who_slot(who, slot, "UA_check_behaviors")) return;
-    switch (static_cast<Behavior>(
-        actor::BEHAVIOR[static_cast<std::size_t>(who)][static_cast<std::size_t>(slot)].acquire())) {
-    case BEHAVIOR_NONE: break;
-    case BEHAVIOR_PALETTE_CONTROL: BE_palette_control(who, slot); break;
-    }
+int UA_check_behaviors(int who, int slot) {
+    if (!UA_check_who_slot(who, slot, "UA_check_behaviors")) return 0;
+    if (actor::BEHAVIOR[at(who)][at(slot)].acquire() == BEHAVIOR_PALETTE_CONTROL) BE_palette_control(who, slot);
+    return 0;
 }
 
 void UA_behavior_handler() {
@@ -110,8 +109,11 @@ void UA_tint_screen(int r, int g, int b, int target, int delay, int step) {
         UA_log("[ ERROR ] : Couldn't assign object for screen tint");
         return;
     }
-    const auto w = static_cast<std::size_t>(who);
-    if (!is_running) UA_destroy_actor(who, "UA_tint_screen");
+    const std::size_t w = at(who);
+    if (!is_running) {
+        actor::Mode[w] = ACTOR_HIDDEN;
+        actor::Psuedo[w] = 0;
+    }
     actor::Behavior_delay[w][0] = delay;
     actor::Kill_on_end[w][0] = 1;
     auto& param = actor::Behavior_param[w][0];

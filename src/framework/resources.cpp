@@ -69,6 +69,13 @@ BITMAP* load_needed_bitmap(const Folder& folder, const char* name) {
     return bitmap;
 }
 
+/// The sheets of a game, which the editor doesn't fill.
+void create_placeholder_sheets() {
+    constexpr int side = 2;
+    for (BITMAP** const sheet : {&actor_sheet, &glow_sheet, &tile_sheet, &scene_sheet})
+        replace_bitmap(*sheet, make_bitmap(side, side, transparent_color));
+}
+
 /// Numbers of a text, one a line.
 class NumberLines {
 public:
@@ -139,6 +146,7 @@ void UA_black_to_mask(BITMAP* bitmap) {
 void UA_load_framework_video(const Folder& folder) {
     replace_bitmap(gui_sheet, OwnedBitmap(load_needed_bitmap(folder, "UA_GUI")));
     UA_black_to_mask(gui_sheet);
+    create_placeholder_sheets();
     destroy_bitmap(load_needed_bitmap(folder, "PALETTE"));
     set_palette(global_palette.data());
     UA_init_text_colors();

@@ -8,6 +8,12 @@ namespace nubo {
 
 inline constinit BITMAP* gui_sheet = nullptr;  // UA_GUI: every sprite of the interface, 0xff00ff where nothing is
 
+// Sheets of a game, 0xff00ff where nothing is: 2x2 placeholders until it puts its own in their place.
+inline constinit BITMAP* actor_sheet = nullptr;  // cels of 32x32
+inline constinit BITMAP* glow_sheet = nullptr;   // glows over them, in cells of the same size
+inline constinit BITMAP* tile_sheet = nullptr;   // tiles of 12x12 in cells of 16x16
+inline constinit BITMAP* scene_sheet = nullptr;  // what a scene's background is made of
+
 // ---- The object library: outlines of polygon actors ----------------------------------------------------------------
 
 inline constexpr int library_objects = 200, library_pairs_max = 253, library_header = 4;
