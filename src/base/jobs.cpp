@@ -7,9 +7,6 @@
 namespace nubo {
 namespace {
 
-/// Of the jobs whose sounds, scripts and game effects the editor has not.
-void drop_job(int slot) { UA_clear_job(slot); }
-
 void wait_as_told(int slot) {
     const int ticks = job::arg[static_cast<std::size_t>(slot)][0];
     UA_clear_job(slot);
@@ -19,7 +16,7 @@ void wait_as_told(int slot) {
 constexpr std::size_t job_types = 64;
 constexpr std::array<JobHandler, job_types> handlers_of_the_start() {
     std::array<JobHandler, job_types> handlers{};
-    for (const JobType type : {JOB_SOUND, JOB_NOTHING, JOB_FOG, JOB_SCRIPT_WAIT, JOB_DUST}) handlers[type] = drop_job;
+    handlers[JOB_NOTHING] = UA_clear_job;
     handlers[JOB_WAIT] = wait_as_told;
     return handlers;
 }
@@ -36,18 +33,20 @@ int claim_slot() {
 
 }  // namespace
 
-int push_to_job(int type, int a1, int a2, int a3, int a4, int a5, int a6, int a7, int script_slot, int delay) {
+int fill_job_slot(int type, const std::array<int, job_arguments>& arguments, int script_slot, int delay) {
     const int slot = claim_slot();
-    if (slot < 0) {
-        UA_log("[ ERROR ] : Ran out of job queue slots in call to push_to_job! Job = %d", type);
-        return -1;
-    }
+    if (slot < 0) return -1;
     const auto at = static_cast<std::size_t>(slot);
-    const std::array<int, job_arguments> arguments{a1, a2, a3, a4, a5, a6, a7};
     for (std::size_t i = 0; i < arguments.size(); ++i) job::arg[at][i] = arguments[i];
     job::script_slot[at] = script_slot;
     job::delay[at] = delay;
     job::type[at].publish(type);
+    return slot;
+}
+
+int push_to_job(int type, int a1, int a2, int a3, int a4, int a5, int a6, int a7, int script_slot, int delay) {
+    const int slot = fill_job_slot(type, {a1, a2, a3, a4, a5, a6, a7}, script_slot, delay);
+    if (slot < 0) UA_log("[ ERROR ] : Ran out of job queue slots in call to push_to_job! Job = %d", type);
     return slot;
 }
 

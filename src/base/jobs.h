@@ -8,7 +8,11 @@ namespace nubo {
 /// taken.
 int push_to_job(int type, int a1, int a2, int a3, int a4, int a5, int a6, int a7, int script_slot, int delay);
 
-/// The lowest free slot, -1 if none.
+/// The same for callers that have words of their own for a full queue: -1 without a log line.
+int fill_job_slot(int type, const std::array<int, job_arguments>& arguments, int script_slot, int delay);
+
+/// The lowest free slot, -1 if none. Another flow may take it before the caller does: who wants it fills it by the
+/// calls above.
 int UA_free_job_slot();
 
 /// The lowest slot of that type, or of any when `type` is -1; -1 if none.
@@ -21,8 +25,8 @@ void UA_clear_job(int slot);
 /// push a job.
 using JobHandler = void (*)(int slot);
 
-/// Names the action of a type, 0 to 63. Called at start by the rooms that own the actions. Those that no room owns are
-/// known here: waiting, and dropping what the editor has no use for. A type that no one knows keeps its slot.
+/// Names the action of a type, 0 to 63. Called at start by the rooms that own the actions; waiting and doing nothing
+/// are known here. A type that no one knows keeps its slot.
 void set_job_handler(JobType type, JobHandler handler);
 
 /// Runs each job without a delay left, in ascending order. At the end of every screen update.

@@ -2,6 +2,7 @@
 
 #include "base/jobs.h"
 #include "framework/actors.h"
+#include "framework/framework_jobs.h"
 #include "gui/elements.h"
 #include "gui/field_clipboard.h"
 #include "gui/window_drag.h"
@@ -15,6 +16,7 @@ void UA_initialize_variables() {
     for (int slot = 0; slot < job_slots; ++slot) UA_clear_job(slot);
     UA_initialize_actors();
     for (int slot = 0; slot < gui_slots; ++slot) GUI_clear_element(slot);
+    install_framework_jobs();
     install_field_clipboard();
     install_window_drag();
 }

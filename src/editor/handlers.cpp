@@ -5,6 +5,7 @@
 #include "base/timebase.h"
 #include "framework/actors.h"
 #include "framework/bubbles.h"
+#include "framework/sound.h"
 #include "gui/tick.h"
 #include "state/run.h"
 #include "state/view.h"
@@ -19,9 +20,6 @@ constexpr int period_60_hz = 19886, period_45_hz = 26515, period_10_hz = 119318,
 
 /// The step of the script interpreter, for which the editor loads no script.
 void script_tick() {}
-
-/// Clears the play guards of the sound samples, of which the editor loads none.
-void sound_tick() {}
 
 /// What the paint engine and the ants live by.
 void editor_tick() {
@@ -50,7 +48,7 @@ std::array<Handler, 8> timer_handlers() {
              {UA_behavior_handler, period_140_hz},
              {GUI_tick, GUI_tick_period()},
              {cursor_tick, period_10_hz},
-             {sound_tick, period_5_hz},
+             {UA_sound_tick, period_5_hz},
              {UA_timebase_tick, period_500_hz}}};
 }
 

@@ -12,6 +12,7 @@
 #include "platform/memory_packfile.h"
 #include "platform/safe_file.h"
 #include "state/resources.h"
+#include "state/sound.h"
 #include <algorithm>
 #include <climits>
 #include <cstdlib>
@@ -52,9 +53,9 @@ bool is_up_to_date(const char* source, const char* target) {
     stop_with_message("A critical resource file is missing. Please reinstall the program.", name);
 }
 
-/// The GIF that a resource stands for, taken out of its cover; nothing if there is none.
-std::optional<Bytes> read_payload(const Folder& folder, const char* name) {
-    const std::string covered = folder.file(name), plain = covered + ".gif";
+/// The file of that kind that a resource stands for, taken out of its cover; nothing if there is none.
+std::optional<Bytes> read_payload(const Folder& folder, const char* name, const char* kind) {
+    const std::string covered = folder.file(name), plain = covered + kind;
     // What can't be scrambled, on a full disk or a read-only one, is read as it lies there.
     if (file_exists(plain) && !UA_convert_resource(plain.c_str(), covered.c_str())) return read_resource(plain);
     const auto file = read_resource(covered);
@@ -129,12 +130,32 @@ bool UA_convert_resource(const char* source, const char* target) {
 }
 
 BITMAP* UA_load_resource_bitmap(const Folder& folder, const char* name) {
-    const auto payload = read_payload(folder, name);
+    const auto payload = read_payload(folder, name, ".gif");
     PACKFILE* const file = payload ? open_for_reading(*payload) : nullptr;
     if (file == nullptr) return nullptr;
     BITMAP* const bitmap = load_gif_pf(file, global_palette.data());
     pack_fclose(file);
     return bitmap;
+}
+
+bool UA_load_resource_sample(const Folder& folder, const char* name, int slot, float gain) {
+    if (slot < 0 || slot >= sample_slots) {
+        UA_log("[ ERROR ] : Sample slot is out of range while loading a sample! Slot = %d", slot);
+        return false;
+    }
+    const auto payload = read_payload(folder, name, ".wav");
+    PACKFILE* const file = payload ? open_for_reading(*payload) : nullptr;
+    SAMPLE* const sample = file != nullptr ? load_wav_pf(file) : nullptr;
+    if (file != nullptr) pack_fclose(file);
+    if (sample == nullptr) {
+        UA_log("[ ERROR ] : Resource file holds no sample! File = %s", name);
+        return false;
+    }
+    if (sound::sample[at(slot)] != nullptr) destroy_sample(sound::sample[at(slot)]);
+    sound::sample[at(slot)] = sample;
+    sound::gain[at(slot)] = gain;
+    sound::valid[at(slot)] = SAMPLE_LOADED;
+    return true;
 }
 
 void UA_black_to_mask(BITMAP* bitmap) {

@@ -1,6 +1,6 @@
 #pragma once
-// The files that the program reads at start: its display mode, the scrambled images of the folder "resource", the
-// object library; and the tools that make such files. `folder` is the folder "resource".
+// The files that the program reads at start: its display mode, the scrambled images and samples of the folder
+// "resource", the object library; and the tools that make such files. `folder` is the folder "resource".
 #include "platform/folder.h"
 #include <allegro.h>
 #include <array>
@@ -21,6 +21,11 @@ bool UA_convert_resource(const char* source, const char* target);
 /// `global_palette`. A plain `name`.gif that is newer is converted first. Null when the file holds no picture; without
 /// the file the program ends with a message box and -1.
 BITMAP* UA_load_resource_bitmap(const Folder& folder, const char* name);
+
+/// Loads the scrambled WAV file `name` into a sample slot, which plays at `gain`, a cut from 0 to 1, less than the
+/// volume; a plain `name`.wav that is newer is converted first. False, with the slot as it was and after a line in the
+/// log, when the file holds no sample or the slot is none; without the file the program ends as above.
+bool UA_load_resource_sample(const Folder& folder, const char* name, int slot, float gain);
 
 /// Black becomes 0xff00ff, which nothing draws.
 void UA_black_to_mask(BITMAP* bitmap);

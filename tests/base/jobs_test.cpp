@@ -1,6 +1,7 @@
 #include "base/jobs.h"
 
 #include "base/log.h"
+#include "framework/framework_jobs.h"
 #include "gui/window_drag.h"
 #include "harness/harness.h"
 
@@ -67,6 +68,7 @@ TEST(Jobs, RunInOrderWhenTheirDelayIsUpAndMayPushIntoTheirOwnSlot) {
 TEST(Jobs, EachTypeToldLeavesItsSlot) {
     for (const JobType type : {JOB_SOUND, JOB_NOTHING, JOB_FOG, JOB_SCRIPT_WAIT, JOB_DUST, JOB_WAIT, JOB_WINDOW_DRAG})
         push(type);
+    install_framework_jobs();
     install_window_drag();
     UA_run_jobs();
     EXPECT_EQ(UA_find_job(-1), -1);
