@@ -7,6 +7,8 @@
 #include "editor/aids.h"
 #include "editor/present.h"
 #include "editor/status_bar.h"
+#include "framework/actors.h"
+#include "framework/text.h"
 #include "gui/draw.h"
 #include "gui/hit_test.h"
 #include "gui/mouse.h"
@@ -16,6 +18,7 @@
 #include "paint/stroke.h"
 #include "paint/tools.h"
 #include "state/cel.h"
+#include "state/console.h"
 #include "state/flow.h"
 #include "state/frames.h"
 #include "state/gui.h"
@@ -29,6 +32,7 @@
 #include <allegro.h>
 #include <cmath>
 #include <span>
+#include <string>
 
 namespace nubo {
 namespace {
@@ -158,6 +162,15 @@ void draw_tint() {
     trans_rectfill(screen_buffer, 0, 0, view_w, view_h, pack_color(tint_r, tint_g, tint_b), tint_strength);
 }
 
+/// For who builds on the framework: the console switches it on.
+void draw_frame_rate() {
+    constexpr int x = 160, rate_y = 5, actors_y = 15;
+    if (show_fps == 0) return;
+    set_font(FONT_NARROW, TEXT_FRAME_RATE);
+    UA_text(screen_buffer, x, rate_y, std::to_string(fps));
+    UA_text(screen_buffer, x, actors_y, std::to_string(UA_count_actors()));
+}
+
 void take_view_snapshot() {
     shown = {.pan_x = pan_x,
              .pan_y = pan_y,
@@ -214,6 +227,7 @@ void update_screen(int mode) {
     if (normal && aids) draw_cursor_over_gui();
     if (!normal && aids) draw_stroke_cursor();
     draw_status_bar();
+    draw_frame_rate();
     if (aids) {
         draw_tint();
         present();

@@ -9,6 +9,7 @@ namespace {
 
 constexpr std::array toolkit_rows{
     DrawerRow{ELEMENT_TEXT, draw_value_text},
+    DrawerRow{ELEMENT_CONSOLE, draw_console},
     DrawerRow{ELEMENT_CAPTION, draw_caption},
     DrawerRow{ELEMENT_SWATCH_WAIT, draw_swatch_wait},
     DrawerRow{ELEMENT_BOX, draw_box},

@@ -33,4 +33,8 @@ void draw_swatch_wait(int slot);
 void draw_list(int slot);
 void draw_text_field(int slot);
 
+// ---- The console: console.cpp --------------------------------------------------------------------------------------
+
+void draw_console(int slot);
+
 }  // namespace nubo
