@@ -8,6 +8,7 @@
 #include "editor/present.h"
 #include "editor/status_bar.h"
 #include "framework/actors.h"
+#include "framework/screen_effects.h"
 #include "framework/text.h"
 #include "gui/draw.h"
 #include "gui/hit_test.h"
@@ -157,11 +158,6 @@ void draw_menu_shadow() {
     if (shadow) trans_blit(shadow.get(), screen_buffer, at.x, at.y, shadow_strength);
 }
 
-void draw_tint() {
-    if (tint_r == -1 || tint_strength == 0) return;
-    trans_rectfill(screen_buffer, 0, 0, view_w, view_h, pack_color(tint_r, tint_g, tint_b), tint_strength);
-}
-
 /// For who builds on the framework: the console switches it on.
 void draw_frame_rate() {
     constexpr int x = 160, rate_y = 5, actors_y = 15;
@@ -205,6 +201,7 @@ bool create_screen_bitmaps() {
     replace_bitmap(checker_sheet, make_bitmap(checker_patterns * pattern_side, pattern_side));
     replace_bitmap(stripe_pattern, make_bitmap(pattern_side, pattern_side, fixed_black));
     if (!screen_buffer || !menu_snapshot || !overlay || !checker_sheet || !stripe_pattern) return false;
+    if (!create_effect_bitmaps()) return false;
     draw_checkers();
     draw_stripes();
     return true;
@@ -213,6 +210,7 @@ bool create_screen_bitmaps() {
 void update_screen(int mode) {
     const bool normal = mode == UPDATE_NORMAL, aids = picking_color == 0;
     write_sliders();
+    UA_snapshot_actors();
     take_view_snapshot();
     if (!frame_covers_screen()) draw_background();
     if (normal) prepare_overlay();
@@ -229,7 +227,7 @@ void update_screen(int mode) {
     draw_status_bar();
     draw_frame_rate();
     if (aids) {
-        draw_tint();
+        UA_draw_tint();
         present();
         if (normal) renew_input();  // while a stroke paints nobody asks for the keys: what is struck then waits
     }

@@ -119,10 +119,4 @@ void UA_load_actor_list(const Folder& folder, int who);
 /// Writes an actor's fields of the game, its place, its behaviours and its first 64 way points into the log.
 void UA_dump_actor(int who);
 
-// ---- The screen tint -----------------------------------------------------------------------------------------------
-
-/// Starts a fade of the whole screen in a colour toward the strength `target`, 0 to 254, by `step` on every tick after
-/// `delay` others, or turns the running one there. The screen update draws it from `tint_r` and so on. Main flow.
-void UA_tint_screen(int r, int g, int b, int target, int delay, int step);
-
 }  // namespace nubo

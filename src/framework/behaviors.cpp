@@ -27,12 +27,6 @@ bool is_due(std::size_t who, std::size_t slot) {
     return true;
 }
 
-int running_tint() {
-    for (int who = actor_first + 1; who < actor_count; ++who)
-        if (actor::Profession[static_cast<std::size_t>(who)] == PROFESSION_TINT) return who;
-    return actor_none;
-}
-
 }  // namespace
 
 int get_free_behavior(int who) {
@@ -99,32 +93,6 @@ void UA_behavior_handler() {
         for (int slot = 0; slot < behavior_slots; ++slot)
             if (is_due(static_cast<std::size_t>(who), static_cast<std::size_t>(slot))) UA_check_behaviors(who, slot);
     }
-}
-
-void UA_tint_screen(int r, int g, int b, int target, int delay, int step) {
-    int who = running_tint();
-    const bool is_running = who != actor_none;
-    if (!is_running) who = UA_spawn_blank_element(0, 0);
-    if (who == actor_none) {
-        UA_log("[ ERROR ] : Couldn't assign object for screen tint");
-        return;
-    }
-    const std::size_t w = at(who);
-    if (!is_running) {
-        actor::Mode[w] = ACTOR_HIDDEN;
-        actor::Psuedo[w] = 0;
-    }
-    actor::Behavior_delay[w][0] = delay;
-    actor::Kill_on_end[w][0] = 1;
-    auto& param = actor::Behavior_param[w][0];
-    param[TINT_RED] = r;
-    param[TINT_GREEN] = g;
-    param[TINT_BLUE] = b;
-    param[TINT_TARGET] = target;
-    param[TINT_STEP] = step;
-    actor::Type[w] = ACTOR_TINT;
-    actor::Profession[w] = PROFESSION_TINT;
-    actor::BEHAVIOR[w][0].publish(BEHAVIOR_PALETTE_CONTROL);
 }
 
 }  // namespace nubo

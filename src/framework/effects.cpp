@@ -28,16 +28,6 @@ void clip_run(int& source_at, int& target_at, int& length, int source_size, int 
     length = std::min({length - cut, source_size - source_at, target_end - target_at});
 }
 
-/// The colour at a place, 0xff00ff outside.
-Color color_at(BITMAP* bitmap, int x, int y) {
-    return frame_contains(bitmap, x, y) ? *pixels_at(bitmap, x, y) : transparent_color;
-}
-
-struct Neighbour {
-    int dx, dy;
-};
-constexpr std::array<Neighbour, 4> neighbours{{{0, -1}, {0, 1}, {-1, 0}, {1, 0}}};
-
 }  // namespace
 
 Color UA_palette_color(int index) {
@@ -84,14 +74,6 @@ void UA_replace_tones(BITMAP* bitmap, int a, int b, int c, int d, int new_a, int
 void UA_replace_indices(BITMAP* bitmap, int a, int b, int c, int d, int new_a, int new_b, int new_c, int new_d) {
     const auto color = [](int index) { return index < 0 ? -1 : static_cast<int>(UA_palette_color(index)); };
     UA_replace_tones(bitmap, a, b, c, d, color(new_a), color(new_b), color(new_c), color(new_d));
-}
-
-void UA_pixel_effect(BITMAP* source, BITMAP* target, int sx, int sy, int tx, int ty, int mode, int a, int, int) {
-    if (mode != EFFECT_OUTLINE || color_at(source, sx, sy) == transparent_color) return;
-    const Color outline = UA_palette_color(a);
-    for (const auto& [dx, dy] : neighbours)
-        if (frame_contains(target, tx + dx, ty + dy) && color_at(source, sx + dx, sy + dy) == transparent_color)
-            *pixels_at(target, tx + dx, ty + dy) = outline;
 }
 
 }  // namespace nubo

@@ -32,10 +32,32 @@ void UA_replace_tones(BITMAP* bitmap, int a, int b, int c, int d, int new_a, int
 /// The same with the new colours as palette indices, -1 skips one.
 void UA_replace_indices(BITMAP* bitmap, int a, int b, int c, int d, int new_a, int new_b, int new_c, int new_d);
 
-enum PixelEffect : int { EFFECT_OUTLINE = 10 };
-/// One pixel of an effect, read at (sx, sy), written round (tx, ty). EFFECT_OUTLINE: round a pixel that isn't 0xff00ff,
-/// each of the four neighbours that is outside the source or 0xff00ff there becomes the palette colour `a` in the
-/// target, if it lies inside. `b` and `mask` have no effect on an outline.
+// ---- Pixel effects -------------------------------------------------------------------------------------------------
+
+/// What `UA_pixel_effect` does round one pixel. An outline sets each of the four neighbours that is outside the source
+/// or 0xff00ff there, if it lies inside the target: up, down, left, right.
+enum PixelEffect : int {
+    EFFECT_NONE = 0,
+    EFFECT_OUTLINE_BLACK = 1,
+    EFFECT_SPECKLE_WHITE = 3,  // the pixel toward white, at a random strength below 25
+    EFFECT_SPECKLE_BLACK = 4,
+    EFFECT_SPECKLE_STRONG = 6,  // toward white, at a random strength from `a` / 2 to `a`
+    EFFECT_YELLOW = 8,          // the pixel becomes yellow
+    EFFECT_OUTLINE = 10,        // in the palette colour `a`
+    EFFECT_OUTLINE_MASKED = 11,
+    EFFECT_OUTLINE_FLICKERS = 12,  // at a random strength
+    EFFECT_OUTLINE_WHITE = 13,
+    EFFECT_OUTLINE_YELLOW = 14,
+    EFFECT_FADED = 16,        // the pixel itself at the strength `b`
+    EFFECT_FADED_ALONE = 17,  // the same; a translucent actor isn't drawn under it
+    EFFECT_OUTLINE_WHITE_FLICKERS = 18,
+    EFFECT_OUTLINE_BLACK_MASKED = 31,  // these take `mask` in the place of 0xff00ff, as does OUTLINE_MASKED
+    EFFECT_OUTLINE_WHITE_MASKED = 32,
+    EFFECT_OUTLINE_YELLOW_MASKED = 38
+};
+
+/// One pixel of an effect, a PixelEffect or another number that does nothing, read at (sx, sy), written at or round
+/// (tx, ty). Nothing happens where (sx, sy) lies outside the source or is 0xff00ff there.
 void UA_pixel_effect(BITMAP* source, BITMAP* target, int sx, int sy, int tx, int ty, int mode, int a, int b, int mask);
 
 }  // namespace nubo

@@ -1,6 +1,7 @@
 #include "framework/framework_jobs.h"
 
 #include "base/jobs.h"
+#include "framework/screen_effects.h"
 #include "framework/sound.h"
 #include "state/shared.h"
 #include <array>
@@ -23,11 +24,14 @@ void run_sound(int slot) {
     sfx_play(arguments[0], arguments[1], arguments[2]);
 }
 
+void run_fog(int slot) { UA_draw_fog(take_arguments(slot)[0]); }
+
 }  // namespace
 
 void install_framework_jobs() {
     set_job_handler(JOB_SOUND, run_sound);
-    for (const JobType type : {JOB_FOG, JOB_SCRIPT_WAIT, JOB_DUST}) set_job_handler(type, UA_clear_job);
+    set_job_handler(JOB_FOG, run_fog);
+    for (const JobType type : {JOB_SCRIPT_WAIT, JOB_DUST}) set_job_handler(type, UA_clear_job);
 }
 
 }  // namespace nubo

@@ -1,6 +1,7 @@
 #include "framework/actors.h"
 
 #include "base/log.h"
+#include "framework/screen_effects.h"
 #include "harness/harness.h"
 #include "state/colors.h"
 #include "state/run.h"
