@@ -43,6 +43,7 @@ void say_opened(int count) {
 }
 
 void open_pictures(const std::vector<std::string>& files) {
+    if (files.empty()) return;
     const int first = frame_count;
     int refused = 0;
     flash_text("ONE MOMENT...");

@@ -3,6 +3,7 @@
 
 #include "harness/user.h"
 #include "platform/file_inbox.h"
+#include "state/view.h"
 #include "windows/picture_formats.h"
 #include "workspace/workspace_kit.h"
 
@@ -33,6 +34,9 @@ protected:
 TEST_F(OpenedFilesTest, EachBecomesAFrameAtTheEndAndTheFirstIsShown) {
     workspace_.make_workspace({1, 2}, 0);
     clear_to_color(current_frame, 9);  // unsaved work
+    const int said_before = status_message;
+    open_files({});  // a start without any
+    EXPECT_EQ(status_message, said_before);
     put("a.png", 11);
     put("b c.bmp", 12);
     std::ofstream("bad.png") << "no picture";
