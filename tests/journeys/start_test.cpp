@@ -5,6 +5,7 @@
 #include <csignal>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace nubo {
@@ -116,6 +117,34 @@ TEST(Start, WhatItCantRunWithoutIsToldInAWindow) {
                       "The file CONFIG.DEF is missing. Rerun the configuration program, or reinstall the game.");
     expect_in_order(journey.log_lines(),
                     {"[ FATAL ] : Cannot locate CONFIG.DEF. Rerun configuration program, or reinstall the game!"});
+}
+
+TEST(Start, AFolderThatTakesNoFilesIsToldOfAtOnce) {
+    Journey journey;
+    std::filesystem::create_directories(journey.path("WORKSPACE"));
+    write_bmp(journey.path("WORKSPACE/current.000"), 320, 240, black);
+    rlimit own{};
+    getrlimit(RLIMIT_FSIZE, &own);
+    const rlimit less_than_a_frame{64 << 10, own.rlim_max};
+    std::signal(SIGXFSZ, SIG_IGN);  // the program inherits both: to it the disk is full
+    setrlimit(RLIMIT_FSIZE, &less_than_a_frame);
+    ASSERT_TRUE(journey.start());
+    setrlimit(RLIMIT_FSIZE, &own);
+    EXPECT_NE(journey.log().find("can't be given room"), std::string::npos);
+
+    journey.move_to(20, 30);
+    const auto box_is_up = [&] {
+        const Spot corner = journey.spot(100, 90), end = journey.spot(220, 130);
+        const Photo middle = journey.desktop().photo({0, corner.x, corner.y, end.x - corner.x, end.y - corner.y});
+        return std::ranges::any_of(middle.pixels, [](std::uint32_t pixel) { return pixel != black; });
+    };
+    EXPECT_TRUE(wait_until(box_is_up));
+    journey.desktop().press_key("Escape");
+    journey.desktop().release_key("Escape");
+    EXPECT_TRUE(wait_until([&] { return !box_is_up(); }));
+    EXPECT_TRUE(journey.draw_line({60, 50}, {150, 140}, white)) << "painting goes on";
+    EXPECT_NE(journey.close(), 0) << "what could not be saved is told by the exit";
+    EXPECT_EQ(read_bmp(journey.path("WORKSPACE/current.000")).at(64, 54), black) << "the old file is whole";
 }
 
 TEST(Start, TheWorkIsSavedWhenTheDisplayGoes) {
