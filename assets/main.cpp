@@ -7,6 +7,7 @@
 #include "framework/resources.h"
 #include "framework/text.h"
 #include "gui_sheet.h"
+#include "icons.h"
 #include "logo.h"
 #include "program_files.h"
 #include "schemes.h"
@@ -21,7 +22,7 @@ namespace {
 namespace fs = std::filesystem;
 
 struct Places {
-    fs::path sources, program_folder, contact_sheet;
+    fs::path sources, program_folder, contact_sheet, icons;
 };
 
 // ---- The files, one function each ----------------------------------------------------------------------------------
@@ -56,6 +57,8 @@ bool make_logo(Studio& studio) {
     studio.logo = studio.panels.back().picture.get();
     return true;
 }
+
+bool make_desktop_icons(Studio& studio) { return make_icons(studio.logo, studio.places.icons); }
 
 bool make_tips(Studio& studio) {
     if (!make_picture(studio, "tips.txt", "resource/brushie.PNG", draw_tip_sheet, 17, 15)) return false;
@@ -158,15 +161,17 @@ bool make_contact_sheet(Studio& studio) {
 }
 
 // The palette comes before all that is drawn in it, the contact sheet last.
-constexpr bool (*makers[])(Studio& studio) = {make_config, make_logo,         make_tips,    make_palette,
-                                              make_fonts,  make_gui,          make_schemes, make_objects,
-                                              make_first,  make_contact_sheet};
+constexpr bool (*makers[])(Studio& studio) = {make_config,  make_logo,  make_desktop_icons, make_tips,
+                                              make_palette, make_fonts, make_gui,           make_schemes,
+                                              make_objects, make_first, make_contact_sheet};
 
 bool make_all(const Places& places) {
     std::error_code error;
-    for (const char* folder : {"resource", "fonts", "SCHEMES", "WORKSPACE"}) {
-        fs::create_directories(places.program_folder / folder, error);
-        if (error) return std::fprintf(stderr, "%s: %s\n", folder, error.message().c_str()), false;
+    const fs::path& program = places.program_folder;
+    for (const fs::path& folder :
+         {program / "resource", program / "fonts", program / "SCHEMES", program / "WORKSPACE", places.icons}) {
+        fs::create_directories(folder, error);
+        if (error) return std::fprintf(stderr, "%s: %s\n", folder.c_str(), error.message().c_str()), false;
     }
     Studio studio;
     studio.places = places;
@@ -179,14 +184,14 @@ bool make_all(const Places& places) {
 }  // namespace nubo
 
 int main(int argument_count, char** arguments) {
-    if (argument_count != 4) {
-        std::fprintf(stderr, "Usage: nubo-assets SOURCE_FOLDER PROGRAM_FOLDER CONTACT_SHEET.png\n");
+    if (argument_count != 5) {
+        std::fprintf(stderr, "Usage: nubo-assets SOURCE_FOLDER PROGRAM_FOLDER CONTACT_SHEET.png ICONS_FOLDER\n");
         return 2;
     }
     if (install_allegro(SYSTEM_NONE, &errno, nullptr) != 0) return 1;
     set_color_depth(32);
     nubo::use_window_color_order();
-    const bool made = nubo::make_all({arguments[1], arguments[2], arguments[3]});
+    const bool made = nubo::make_all({arguments[1], arguments[2], arguments[3], arguments[4]});
     allegro_exit();
     return made ? 0 : 1;
 }

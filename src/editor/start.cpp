@@ -19,12 +19,14 @@
 #include "platform/program_folder.h"
 #include "platform/safe_file.h"
 #include "platform/signals.h"
+#include "platform/window_marks.h"
 #include "state/cel.h"
 #include "state/frames.h"
 #include "state/options.h"
 #include "state/run.h"
 #include "state/stroke.h"
 #include "state/view.h"
+#include "windows/emblem.h"
 #include "windows/hand_over.h"
 #include "windows/opened_files.h"
 #include "windows/placement.h"
@@ -41,6 +43,7 @@
 #include <filesystem>
 #include <string>
 #include <unistd.h>
+#include <vector>
 
 namespace nubo {
 namespace {
@@ -99,6 +102,7 @@ bool start_allegro() {
     UA_log("[ INIT ] : Initialized Allegro");
     install_input();
     set_window_title(program_title);
+    name_window_class();
     set_close_button_callback(request_exit_by_close_button);
     request_exit_on_signals();
     return true;
@@ -132,6 +136,19 @@ bool load_application_images() {
     blit(tips.get(), tip_sheet, 0, 0, 0, 0, tip_sheet_w, tip_image_h);
     UA_log("[ INIT ] : Loaded application video resources");
     return true;
+}
+
+/// In the sizes that desktops show. Without memory for one the window goes without it.
+void show_icon() {
+    std::vector<OwnedBitmap> icons;
+    std::vector<BITMAP*> pictures;
+    const OwnedBitmap whole = draw_icon(logo);
+    for (const int side : {16, 24, 32, 48, 64, 128})
+        if (OwnedBitmap icon = whole ? scaled_icon(whole.get(), side) : nullptr) {
+            pictures.push_back(icon.get());
+            icons.push_back(std::move(icon));
+        }
+    set_window_icon(pictures);
 }
 
 bool find_resource_folder() {
@@ -205,6 +222,7 @@ std::optional<int> start_program(const std::vector<std::string>& files) {
     UA_log("[ INIT ] : Loaded application audio resources");
     UA_log("[ INIT ] : Loaded framework audio resources");
     if (!load_application_images()) return cannot_start;
+    show_icon();
     load_framework_resources();
     build_palette_tables();
     if (!create_work_bitmaps()) return refuse(no_memory);

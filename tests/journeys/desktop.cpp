@@ -116,18 +116,26 @@ void Desktop::ask_manager(unsigned long window, const char* request) {
     XSync(display_, False);
 }
 
-/// The first word of a property that holds numbers, 0 when the window hasn't got it.
-unsigned long Desktop::property(unsigned long window, const char* name) {
+/// The words of a property that holds numbers, none when the window hasn't got it.
+std::vector<unsigned long> Desktop::words_of(unsigned long window, const char* name) {
+    constexpr long most = 1 << 20;
     Atom type = None;
     int bits = 0;
-    unsigned long count = 0, left = 0, word = 0;
+    unsigned long count = 0, left = 0;
     unsigned char* bytes = nullptr;
-    if (XGetWindowProperty(display_, window, XInternAtom(display_, name, False), 0, 1, False, AnyPropertyType, &type,
+    std::vector<unsigned long> words;
+    if (XGetWindowProperty(display_, window, XInternAtom(display_, name, False), 0, most, False, AnyPropertyType, &type,
                            &bits, &count, &left, &bytes) == Success &&
-        bits == 32 && count > 0)
-        word = *reinterpret_cast<unsigned long*>(bytes);  // Xlib hands 32-bit words over as longs
+        bits == 32)
+        words.assign(reinterpret_cast<unsigned long*>(bytes), reinterpret_cast<unsigned long*>(bytes) + count);
     if (bytes != nullptr) XFree(bytes);
-    return word;
+    return words;
+}
+
+/// The first of them, or 0.
+unsigned long Desktop::property(unsigned long window, const char* name) {
+    const std::vector<unsigned long> words = words_of(window, name);
+    return words.empty() ? 0 : words.front();
 }
 
 // ---- The user's hands ----------------------------------------------------------------------------------------------
@@ -224,6 +232,23 @@ std::optional<Pane> Desktop::find_window(const std::string& title) {
     }
     if (bytes != nullptr) XFree(bytes);
     return found;
+}
+
+std::string Desktop::class_of(const Pane& pane) {
+    XClassHint hint{};
+    if (XGetClassHint(display_, pane.id, &hint) == 0) return {};
+    const std::string both = std::string(hint.res_name) + " " + hint.res_class;
+    XFree(hint.res_name);
+    XFree(hint.res_class);
+    return both;
+}
+
+std::vector<unsigned long> Desktop::icon_sides(const Pane& pane) {
+    const std::vector<unsigned long> words = words_of(pane.id, "_NET_WM_ICON");
+    std::vector<unsigned long> sides;
+    for (std::size_t at = 0; at + 1 < words.size() && words[at] == words[at + 1]; at += 2 + words[at] * words[at + 1])
+        sides.push_back(words[at]);
+    return sides;
 }
 
 void Desktop::close_window(const Pane& pane) { ask_manager(pane.id, "_NET_CLOSE_WINDOW"); }

@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 struct _XDisplay;  // Xlib's; its header, full of macros, stays out of the tests
 
@@ -62,6 +63,9 @@ public:
 
     /// The mapped window of that title, if there is one now.
     std::optional<Pane> find_window(const std::string& title);
+    /// What tells a desktop which program the window is of: its class, "name Class", and the sides of its icons.
+    std::string class_of(const Pane& pane);
+    std::vector<unsigned long> icon_sides(const Pane& pane);
     /// Closes it as the button in its frame does: the window manager asks the program to.
     void close_window(const Pane& pane);
 
@@ -70,6 +74,7 @@ private:
     void start_manager(const std::string& folder);
     bool manages_windows();
     void ask_manager(unsigned long window, const char* request);
+    std::vector<unsigned long> words_of(unsigned long window, const char* name);
     unsigned long property(unsigned long window, const char* name);
 
     std::string name_;

@@ -189,6 +189,9 @@ TEST(Start, TheWindowIsAsLargeAsConfiguredOrAsTheDesktopAllows) {
         ASSERT_TRUE(journey.start()) << one.mode << " on " << one.screen_width;
         EXPECT_EQ(journey.window().width, one.width) << one.mode << " on " << one.screen_width;
         EXPECT_EQ(journey.window().height, one.width * 3 / 4) << one.mode << " on " << one.screen_width;
+        EXPECT_EQ(journey.desktop().class_of(journey.window()), "nubo Nubo") << "as nubo.desktop names it";
+        EXPECT_EQ(journey.desktop().icon_sides(journey.window()),
+                  (std::vector<unsigned long>{16, 24, 32, 48, 64, 128}));
         EXPECT_EQ(journey.close(), 0);
     }
 }
