@@ -10,6 +10,7 @@
 #include "state/view.h"
 #include "windows/options_window.h"
 #include <algorithm>
+#include <allegro.h>
 #include <cstdio>
 #include <cstring>
 
@@ -80,6 +81,16 @@ template <std::size_t N> void set_text(std::array<char, N>& buffer, const char* 
     std::strncpy(buffer.data(), text, N - 1);
 }
 
+// ---- Keys ----------------------------------------------------------------------------------------------------------
+
+/// Beside the default keys: what other programs have taught the hands, and zoom keys for those without a number pad.
+void set_second_keys() {
+    hotkeys[HOTKEY_UNDO][KEY_ALTERNATE] = key_ctrl | KEY_Z;
+    hotkeys[HOTKEY_REDO][KEY_ALTERNATE] = key_ctrl | KEY_Y;
+    hotkeys[HOTKEY_ZOOM_IN][KEY_ALTERNATE] = KEY_EQUALS;
+    hotkeys[HOTKEY_ZOOM_OUT][KEY_ALTERNATE] = KEY_MINUS;
+}
+
 }  // namespace
 
 bool set_first_colors(const ArtSource& source) {
@@ -105,8 +116,13 @@ bool set_first_scheme(const ArtSource& source) {
 }
 
 void set_first_settings() {
+    constexpr int cursor_keeps_its_size = 1;
     default_hotkeys();
+    set_second_keys();
     set_option_defaults();
+    opt_undo_depth = undo_depth_max;          // slots are made when they are needed
+    opt_cursor_zoom = cursor_keeps_its_size;  // grown, its arms would hide the pixels beside it
+    opt_crosshair_scaling = 0;
     sfx_volume = music_volume = 255;
     frame_pacing = 1;
 }

@@ -4,7 +4,8 @@
 
 namespace nubo {
 
-/// The options of `user.def` and the default keys, as the windows' own DEFAULTS buttons set them.
+/// The options of `user.def` and the keys: those that the windows' own DEFAULTS buttons set, but for what suits a
+/// newcomer better.
 void set_first_settings();
 
 /// Tools, inks, shapes and names of the first Workspace. What the Frames were painted with is replaced.

@@ -46,7 +46,7 @@ constexpr std::array<HotkeyRow, HOTKEY_COUNT> rows{{
     {HOTKEY_CEL_ONE_COLOR,    HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, ask_to_convert_cel},
     {HOTKEY_CEL_TURN,         HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, turn_cel},
     {HOTKEY_PIC_CLEAR,        HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, clear_frame},
-    {HOTKEY_PIC_RESTORE,      HOTKEYS_MAIN,  WAIT_AFTER, IS_FREE,   restore_frame_by_key},
+    {HOTKEY_PIC_RESTORE,      HOTKEYS_MAIN,  WAIT_AFTER, IS_FREE,   restore_frame},
     {HOTKEY_PIC_SAVE,         HOTKEYS_MAIN,  NO_WAIT,    IS_FREE,   save_frame_command},
     {HOTKEY_PIC_LOAD,         HOTKEYS_MAIN,  NO_WAIT,    IS_FREE,   load_frame_command},
     {HOTKEY_FRAME_CLONE,      HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, clone_frame},

@@ -48,12 +48,19 @@ void draw_coordinates(int row) {
         std::snprintf(text.data(), text.size(), format, a, b);
         UA_text(screen_buffer, x, row + text_dy, text.data());
     };
+    // On the menu there is no pixel to point at, but there is time to read what the picture is like.
+    const bool on_menu = shown.hover != -1 && tool_preview == -1;
     set_font(at.font, TEXT_GRAY);
-    if (tool_preview != -1 && placing_text[0] != '\0')
+    if (on_menu)
+        draw(at.mouse, "SIZE > |c24%dX%d", frame_w, frame_h);
+    else if (tool_preview != -1 && placing_text[0] != '\0')
         UA_text(screen_buffer, at.mouse, row + text_dy, placing_text.data());
     else
         draw(at.mouse, "MOUSE > |c24%d,%d", shown.mouse_x, shown.mouse_y);
-    draw(at.pixel, "|c21PIXEL > |c24%d,%d", shown.pixel_x, shown.pixel_y);
+    if (on_menu)
+        draw(at.pixel, "|c21ZOOM > |c24%dX", zoom_scale[static_cast<std::size_t>(shown.zoom)], 0);
+    else
+        draw(at.pixel, "|c21PIXEL > |c24%d,%d", shown.pixel_x, shown.pixel_y);
     TextBuffer text;
     std::snprintf(text.data(), text.size(), "|c21FRAME > |c32%02d", static_cast<int>(frame_index));
     UA_text(screen_buffer, at.frame, row + text_dy, text.data());

@@ -53,6 +53,8 @@ inline Word& variant_middle_of(int slot) { return gui::row_values[at(slot)][0]; 
 // ---- `aux` ---------------------------------------------------------------------------------------------------------
 
 inline Short& parameter_of(int slot, int index) { return gui::aux[at(slot * gui::aux_parameters + index)]; }
+/// ELEMENT_LIST: the entry that stands out from the others, -1 none.
+inline Short& marked_entry_of(int slot) { return parameter_of(slot, 0); }
 /// ELEMENT_MAP_...: the slots of the three sliders.
 inline Short& map_slider_of(int slot, int index) { return parameter_of(slot, index); }
 

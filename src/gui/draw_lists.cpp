@@ -1,6 +1,7 @@
 #include "gui/draw_lists.h"
 
 #include "framework/text.h"
+#include "gui/columns.h"
 #include "gui/draw_elements.h"
 #include "gui/text_field.h"
 #include "state/run.h"
@@ -35,13 +36,14 @@ int row_right(std::size_t s) {
     return row_w < 0 ? x + gui::slider_ox[s] - slider_gap : x + row_w;
 }
 
-void draw_row(int slot, int row, TextColor color) {
+void draw_row(int slot, int row, const ListColors& colors) {
     const std::size_t s = at(slot);
     const int entry = row + gui::slider_value[s];
     if (entry < 0 || entry >= list_row_max) return;
     const std::string_view text = text_of_label(gui::row_ids[s][at(entry)]);
     if (text.empty()) return;
     const int font = std::clamp<int>(gui::row_font[s], 0, font_slot_count - 1);
+    const TextColor color = entry == marked_entry_of(slot) ? colors.marked : colors.text;
     set_font(static_cast<Font>(font), color);  // again for each row, since a label may hold colour codes
     constexpr int text_left = 3;
     const int rise = (gui::row_h[s] - font_slots[at(font)].cell_h) / 2;
@@ -61,7 +63,7 @@ void draw_list_in(int slot, const ListColors& colors) {
         rectfill(screen_buffer, gui::x[s] + 2, top, row_right(s), top + gui::row_h[s] - 1,
                  static_cast<int>(colors.row));
     }
-    for (int i = 0; i < gui::rows[s]; ++i) draw_row(slot, i, colors.text);
+    for (int i = 0; i < gui::rows[s]; ++i) draw_row(slot, i, colors);
 }
 
 void draw_field_in(int slot, const FieldColors& colors) {
@@ -80,7 +82,7 @@ void draw_field_in(int slot, const FieldColors& colors) {
     }
 }
 
-void draw_list(int slot) { draw_list_in(slot, {color_of(slot), ui_border, ui_shadow, TEXT_LIGHT}); }
+void draw_list(int slot) { draw_list_in(slot, {color_of(slot), ui_border, ui_shadow, TEXT_LIGHT, TEXT_SELECTED}); }
 
 void draw_text_field(int slot) {
     const bool refused = gui::invalid[at(slot)] != 0;

@@ -6,7 +6,7 @@ namespace nubo {
 
 struct ListColors {
     Color fill, border, row;
-    TextColor text;
+    TextColor text, marked;
 };
 void draw_list_in(int slot, const ListColors& colors);
 

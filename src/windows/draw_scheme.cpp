@@ -43,7 +43,7 @@ void draw_scheme_field(int slot) {
 
 void draw_scheme_list(int slot) {
     draw_list_in(slot, {color_scheme[SCHEME_BACKGROUND], color_scheme[SCHEME_BORDER], color_scheme[SCHEME_SHADOW],
-                        TEXT_PREVIEW_LIGHT});
+                        TEXT_PREVIEW_LIGHT, TEXT_PREVIEW_SELECTED});
 }
 
 }  // namespace nubo

@@ -1,5 +1,6 @@
 #include "windows/favorites_window.h"
 
+#include "base/keys.h"
 #include "gui/columns.h"
 #include "state/view.h"
 #include "windows/color_window.h"
@@ -29,12 +30,12 @@ enum FavoritesSlot : int {
 
 // clang-format off
 constexpr std::array<ElementRow, FAVORITES_FIXED_SLOTS - slot_content> rows{{
-    // slot          type                  x   y   w   h  label                 left
-    {FAVORITES_SAVE, ELEMENT_BUTTON_LIT,   2, 12, 30,  9, LABEL_WORKSPACE_SAVE, ACTION_CLICK},
-    {FAVORITES_LOAD, ELEMENT_BUTTON_LIT,  33, 12, 30,  9, LABEL_WORKSPACE_LOAD, ACTION_CLICK},
-    {FAVORITES_NUKE, ELEMENT_BUTTON_LIT, 266,  2, 52,  9, LABEL_NUKE,           ACTION_CLICK},
-    {FAVORITES_UP,   ELEMENT_ARROW,      266, 12, 52, 14, LABEL_NONE,           ACTION_CLICK},
-    {FAVORITES_DOWN, ELEMENT_ARROW,      266, 27, 52, 14, LABEL_NONE,           ACTION_CLICK},
+    // slot          type                  x   y   w   h  label                 left          right        tooltip
+    {FAVORITES_SAVE, ELEMENT_BUTTON_LIT,   2, 12, 30,  9, LABEL_WORKSPACE_SAVE, ACTION_CLICK, ACTION_NONE, MESSAGE_FAVORITES_SAVE},
+    {FAVORITES_LOAD, ELEMENT_BUTTON_LIT,  33, 12, 30,  9, LABEL_WORKSPACE_LOAD, ACTION_CLICK, ACTION_NONE, MESSAGE_FAVORITES_LOAD},
+    {FAVORITES_NUKE, ELEMENT_BUTTON_LIT, 266,  2, 52,  9, LABEL_NUKE,           ACTION_CLICK, ACTION_NONE, MESSAGE_FAVORITES_NUKE},
+    {FAVORITES_UP,   ELEMENT_ARROW,      266, 12, 52, 14, LABEL_NONE,           ACTION_CLICK, ACTION_NONE, MESSAGE_FAVORITES_SCROLL},
+    {FAVORITES_DOWN, ELEMENT_ARROW,      266, 27, 52, 14, LABEL_NONE,           ACTION_CLICK, ACTION_NONE, MESSAGE_FAVORITES_SCROLL},
 }};
 // clang-format on
 static_assert(rows_in_order(rows, &ElementRow::slot, slot_content));
@@ -62,7 +63,7 @@ void build_swatch(int slot, int x, int y) {
                    .h = swatch_h,
                    .left = ACTION_CLICK,
                    .right = ACTION_CLICK_RIGHT,
-                   .tooltip = MESSAGE_COLOR_SLOT},
+                   .tooltip = MESSAGE_FAVORITE},
                   window_x(), window_y());
 }
 
@@ -99,6 +100,8 @@ void serve_swatches() {
         if (click == 0 || color == nullptr) continue;
         if (click == click_right)
             *color = color_window(EDIT_GIVEN_COLOR, *color);
+        else if (shift_is_down())
+            *color = brush_color;
         else
             brush_color = *color;
     }

@@ -3,8 +3,8 @@
 
 namespace nubo {
 
-/// Runs the window until the user leaves it. A left press takes a slot's colour as the brush colour, a right press
-/// chooses a new one for the slot.
+/// Runs the window until the user leaves it. A left press takes a slot's colour as the brush colour, with SHIFT the
+/// slot takes the brush's; a right press chooses a new one for the slot.
 void favorites_window();
 
 }  // namespace nubo

@@ -10,6 +10,7 @@
 #include "state/run.h"
 #include "state/texts_help.h"
 #include "windows/draw_elements.h"
+#include "windows/emblem.h"
 #include "windows/run_window.h"
 #include <array>
 
@@ -68,8 +69,7 @@ template <typename Visit> int lay_out(std::string_view text, Visit visit) {
 // ---- The text element ----------------------------------------------------------------------------------------------
 
 constexpr int backdrop_side = 198, backdrop_x = 9, backdrop_y = 12, backdrop_strength = 38;
-constexpr int emblem_x = 70, emblem_side = 33;  // in the logo
-BITMAP* help_backdrop = nullptr;                // the window owns it while it is open
+BITMAP* help_backdrop = nullptr;  // the window owns it while it is open
 
 /// The emblem of the logo, enlarged; null without one.
 OwnedBitmap make_backdrop() {
@@ -85,6 +85,7 @@ void show_topic(int index) {
     gui::has_slider[HELP_TEXT] = 0;
     gui::slider_value[HELP_TEXT] = 0;
     help_topic_of(HELP_TEXT) = index;
+    marked_entry_of(HELP_LIST) = static_cast<std::int16_t>(index - 1);  // none for the text of the opening
     if (stops > 1) GUI_set_vertical_slider(HELP_TEXT, text_slider_x, 0, stops, wheel_rows);
 }
 

@@ -3,6 +3,7 @@
 #include "base/keys.h"
 #include "base/log.h"
 #include "gui/columns.h"
+#include "gui/shapes.h"
 #include "state/flow.h"
 #include "state/texts_keys.h"
 #include "windows/confirm_box.h"
@@ -82,10 +83,11 @@ constexpr ListLayout list_layout{
 constexpr int slider_x = 306, wheel_rows = 2;
 constexpr int slider_stops = HOTKEY_COUNT - key_rows_shown + 1;  // the rows without an action are out of its reach
 
-constexpr std::array<ElementRow, 3> prompt_rows{{
+constexpr std::array<ElementRow, 4> prompt_rows{{
     answer_row(PROMPT_OKAY, 2, 50, 59, LABEL_OKAY),
     answer_row(PROMPT_CANCEL, 120, 50, 59, LABEL_CANCEL),
     {.slot = PROMPT_TEXT, .type = ELEMENT_TEXT, .x = 0, .y = 22, .w = 180, .text_color = TEXT_BUTTON},
+    {.slot = PROMPT_ACTION, .type = ELEMENT_TEXT, .x = 0, .y = 36, .w = 180, .text_color = TEXT_SELECTED},
 }};
 static_assert(rows_in_order(prompt_rows, &ElementRow::slot, slot_content));
 
@@ -134,7 +136,7 @@ void serve_keys(int first) {
         const int click = take_click(slot);
         if (click == click_right) key_value = key_unmapped;
         if (click <= 0) return;
-        const int chosen = key_prompt();
+        const int chosen = key_prompt(static_cast<Label>(LABEL_HOTKEY_FIRST + row));
         if (chosen != no_key_chosen) key_value = chosen;
     });
 }
@@ -185,14 +187,15 @@ void read_keys(int& chosen, std::string& text) {
 
 }  // namespace
 
-int key_prompt() {
+int key_prompt(Label action) {
     int chosen = no_key_chosen;
     std::string text(key_names[key_awaiting_input]);
     const auto show = [&] {
         read_keys(chosen, text);
         gui::value_text[PROMPT_TEXT] = text.c_str();
     };
-    return run_window(prompt_window, {.show = show}) == WINDOW_DONE ? chosen : no_key_chosen;
+    const auto built = [&] { gui::value_text[PROMPT_ACTION] = text_of_label(action).data(); };
+    return run_window(prompt_window, {.built = built, .show = show}) == WINDOW_DONE ? chosen : no_key_chosen;
 }
 
 void hotkey_window() {

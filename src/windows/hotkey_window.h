@@ -20,7 +20,8 @@ enum HotkeyWindowSlot : int {
 };
 static_assert(HOTKEYS_OKAY == 25);
 
-enum KeyPromptSlot : int { PROMPT_OKAY = slot_content, PROMPT_CANCEL, PROMPT_TEXT, PROMPT_SLOTS = 6 };
+enum KeyPromptSlot : int { PROMPT_OKAY = slot_content, PROMPT_CANCEL, PROMPT_TEXT, PROMPT_ACTION, PROMPT_SLOTS };
+static_assert(PROMPT_SLOTS == 6);
 
 /// Lets the user remap, clear and restore keys until OKAY or CANCEL. A change acts at once; CANCEL takes all of them
 /// back.
@@ -28,8 +29,8 @@ void hotkey_window();
 
 inline constexpr int no_key_chosen = -1;
 
-/// Asks for one key combination in a window of its own: its value, or `no_key_chosen`.
-int key_prompt();
+/// Asks for one key combination in a window that names the action: its value, or `no_key_chosen`.
+int key_prompt(Label action);
 
 /// True if the key of row `major`, side `minor`, stands on any other row too. An unmapped key never does, and the other
 /// side of the row isn't compared. Numbers outside the table are logged and give false.

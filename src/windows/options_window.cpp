@@ -96,7 +96,8 @@ void build_radio(int row, const UserOption& option) {
                        .y = control_y + row * row_h,
                        .w = columns.w[at(i)],
                        .label = choice.label,
-                       .left = ACTION_RADIO},
+                       .left = ACTION_RADIO,
+                       .tooltip = option_message(option.label)},
                       window_x(), window_y());
         radio_value_of(slot) = static_cast<std::int16_t>(choice.value);
         gui::value_ptr[at(slot)] = option.word;
@@ -112,6 +113,7 @@ void build_slider(int row, const UserOption& option) {
                    .x = control_x,
                    .y = control_y + row * row_h,
                    .w = slider_w,
+                   .tooltip = option_message(option.label),
                    .range = {option.lowest, option.highest, option.step}},
                   window_x(), window_y());
     GUI_link_slider(slot, option.word);
@@ -128,6 +130,13 @@ void build_controls(int first) {
         else
             build_slider(row, option);
     }
+}
+
+/// What is said of a row of the list, -1 for none, that begins with the option `first`.
+Message message_of_row(int first, int row) {
+    const std::size_t index = at(first + row);
+    const bool is_option = row >= 0 && index < user_options.size() && user_options[index].word != nullptr;
+    return is_option ? option_message(user_options[index].label) : MESSAGE_NONE;
 }
 
 void finish_window() {
@@ -148,7 +157,9 @@ void options_window() {
     constexpr int none_built = -1;
     int built = none_built;
     const auto show = [&] {
-        if (const int first = gui::slider_value[OPTION_LIST]; first != built) build_controls(built = first);
+        const int first = gui::slider_value[OPTION_LIST];
+        if (first != built) build_controls(built = first);
+        gui::tooltip[OPTION_LIST] = static_cast<std::int16_t>(message_of_row(first, gui::hover_row[OPTION_LIST]));
     };
     const auto serve = [&] {
         if (take_click(OPTION_DEFAULTS) > 0) {

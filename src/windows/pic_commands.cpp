@@ -25,10 +25,6 @@ void clear_frame() {
 }
 
 void restore_frame() {
-    if (take_original()) reset_undo_slots();
-}
-
-void restore_frame_by_key() {
     if (!save_undo(false)) return;
     const int width = frame_w, height = frame_h;
     if (!take_original())

@@ -6,10 +6,8 @@ namespace nubo {
 /// Fills the Frame with `mask_color`; can be undone.
 void clear_frame();
 
-/// The Frame as it was last brought into memory, at the size that it had then. In the menu's form this ends the undo
-/// history. The hotkey's form can be undone unless the size changes. Without memory for it nothing changes, and the log
-/// tells.
+/// The Frame as it was last brought into memory, at the size that it had then; can be undone unless the size changes.
+/// Without memory for it nothing changes, and the log tells.
 void restore_frame();
-void restore_frame_by_key();
 
 }  // namespace nubo

@@ -12,6 +12,7 @@
 #include "state/stroke.h"
 #include "state/texts_labels.h"
 #include "state/view.h"
+#include "windows/hotkey_window.h"
 #include "workspace/nail.h"
 #include "workspace/user_settings.h"
 #include "workspace/workspace.h"
@@ -181,6 +182,15 @@ TEST_F(FirstStart, TheSettingsHoldTheKeysAndTheNewcomersOptions) {
     EXPECT_TRUE(has_key(HOTKEY_EXIT, KEY_Q));
     EXPECT_TRUE(has_key(HOTKEY_RAPID_EXIT, 0));
     EXPECT_EQ(hotkeys[HOTKEY_PAN_RIGHT][KEY_ALTERNATE], KEY_D);
+    EXPECT_EQ(hotkeys[HOTKEY_UNDO][KEY_ALTERNATE], key_ctrl | KEY_Z);
+    EXPECT_EQ(hotkeys[HOTKEY_REDO][KEY_ALTERNATE], key_ctrl | KEY_Y);
+    EXPECT_EQ(hotkeys[HOTKEY_ZOOM_IN][KEY_ALTERNATE], KEY_EQUALS);
+    EXPECT_EQ(hotkeys[HOTKEY_ZOOM_OUT][KEY_ALTERNATE], KEY_MINUS);
+    for (int row = 0; row < hotkey_rows; ++row)
+        for (const KeySide side : {KEY_PRIMARY, KEY_ALTERNATE}) EXPECT_FALSE(dupe_hotkey_check(row, side)) << row;
+    EXPECT_EQ(opt_undo_depth, undo_depth_max);
+    EXPECT_EQ(opt_cursor_zoom, 1) << "off: it keeps its size";
+    EXPECT_EQ(opt_crosshair_scaling, 0);
     EXPECT_EQ(opt_tooltips, 1);
     EXPECT_EQ(opt_tool_distance, 1);
     EXPECT_EQ(opt_crosshair_strength, 60);

@@ -1,5 +1,6 @@
 // The interface's texts: what the fonts, the boxes and the status bar ask of every one of them.
 #include "state/messages.h"
+#include "state/options.h"
 #include "state/texts_help.h"
 #include "state/texts_keys.h"
 #include "state/texts_labels.h"
@@ -50,6 +51,12 @@ TEST(Texts, UseUpperCaseOfTheFontsCharactersAndWholeColourCodes) {
         std::erase(words, '|');  // line breaks
         expect_readable(std::array{std::string_view(words)});
     }
+}
+
+TEST(Texts, EveryOptionIsExplained) {
+    for (const UserOption& option : user_options)
+        EXPECT_EQ(option.word == nullptr, tooltip_text[option_message(option.label)] == spare_text)
+            << label_text[static_cast<std::size_t>(option.label)];
 }
 
 TEST(Texts, MessagesFitTheScreenInTheWideFont) {

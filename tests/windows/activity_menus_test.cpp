@@ -63,8 +63,15 @@ TEST_F(MenuTest, PicClearsAndRestores) {
         co_await click(user, slot_of(LABEL_PIC_RESTORE));
         EXPECT_EQ(count_pixels(green), 50 * 40);
         EXPECT_EQ(frame_w, 50);
-        co_await click(user, DRAWING_UNDO);  // the history has ended
+        co_await click(user, DRAWING_UNDO);  // the history has ended: no step has another size
         EXPECT_EQ(count_pixels(green), 50 * 40);
+        co_await click(user, DRAWING_PIC);
+        co_await click(user, slot_of(LABEL_PIC_CLEAR));
+        co_await click(user, DRAWING_PIC);
+        co_await click(user, slot_of(LABEL_PIC_RESTORE));
+        EXPECT_EQ(count_pixels(green), 50 * 40);
+        co_await click(user, DRAWING_UNDO);
+        EXPECT_EQ(count_pixels(red), 50 * 40) << "of the same size it can be undone";
     });
 }
 

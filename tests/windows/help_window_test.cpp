@@ -1,6 +1,6 @@
 #include "windows/help_window.h"
 
-#include "gui/elements.h"
+#include "gui/columns.h"
 #include "harness/user.h"
 #include "state/options.h"
 #include "state/texts_help.h"
@@ -32,12 +32,14 @@ TEST_F(HelpWindowTest, ATopicShowsUntilExitAndTheStatusBarComesBack) {
     play_on(help_window, [](User& user) -> Script {
         co_await user.wait(4);
         EXPECT_EQ(opt_status_bar, 0);
+        EXPECT_EQ(marked_entry_of(slot_content), -1);
         const int list = slot_content, text = list + 1;
         // The third row of the list: rows of 10 from y 2 + 12 + 1.
         co_await user.move_to(40, 2 + 12 + 1 + 25);
         co_await user.press_left(40, 2 + 12 + 1 + 25);
         co_await user.release_left();
         EXPECT_EQ(gui::label[at(text)], help_index(HELP_BRUSH_COLOR));
+        EXPECT_EQ(marked_entry_of(list), 2) << "the third topic stands out";
         co_await user.press_right(200, 100);  // neither a right press nor a key leaves
         co_await user.release_right();
         EXPECT_EQ(menu_id, 20);

@@ -45,6 +45,7 @@ TEST_F(HotkeyWindowTest, AKeyOfAScrolledRowIsRemappedAndCleared) {
         co_await click(user, primary(1));  // row 3
         EXPECT_EQ(menu_id, WINDOW_BOX);
         EXPECT_STREQ(prompt_text(), "AWAITING INPUT");
+        EXPECT_STREQ(gui::value_text[PROMPT_ACTION], "CEL MENU - BELOW") << "row 3 of the table";
         for (const int code : {KEY_LSHIFT, KEY_ALTGR, KEY_RCONTROL}) co_await user.hold_key(code);
         EXPECT_STREQ(prompt_text(), "AWAITING INPUT") << "modifiers alone are no key";
         co_await user.hold_key(KEY_Z);

@@ -58,6 +58,8 @@ TEST_F(OptionsTest, AScrolledListHasTheControlsOfItsRows) {
         co_await user.move_to(100, 123 + 50);
         for (int notch = 0; notch < 12; ++notch) co_await user.turn_wheel(-1);  // by two rows, to the last nine
         co_await user.wait(4);
+        EXPECT_EQ(gui::tooltip[slot_content], option_message(user_options[19 + 3].label))
+            << "of the row under the mouse";
         // The last row of the view is UNDO DEPTH, a slider: the wheel down moves it by one.
         co_await user.move_to(200, 123 + 14 + 8 * 10 + 4);
         co_await user.turn_wheel(-1);
@@ -82,6 +84,11 @@ TEST_F(OptionsTest, AFavoriteBecomesTheBrushColorAndTheWheelTurnsThePage) {
         brush_color = 0;
         CLICK(first_row);
         EXPECT_EQ(brush_color, 0x123456U);
+        brush_color = 0x654321;
+        co_await user.hold_key(KEY_LSHIFT);
+        CLICK(first_row);
+        co_await user.release_key(KEY_LSHIFT);
+        EXPECT_EQ(favorites[19], 0x654321U) << "with SHIFT the slot takes the brush's colour";
         co_await user.move_to(100, 20);
         co_await user.press_right(100, 20);
         co_await user.release_right();

@@ -76,7 +76,7 @@ TEST_F(ResizeTest, RestoreBringsTheOldSizeBackAndTheUserIsTold) {
     ASSERT_TRUE(resize_frame(frame_index, 2, 2, 0, false));
     EXPECT_EQ(status_message, MESSAGE_RESIZED);
     EXPECT_LE(pan_x, 2);
-    restore_frame_by_key();
+    restore_frame();
     expect_part(0, 0, 10, 7, -1);
     EXPECT_EQ(frame_w, 10);
 }

@@ -139,7 +139,7 @@ std::vector<Exhibit> exhibits() {
         {"ABOUT", about_box},
         {"OPTIONS", options_window},
         {"KEYS", hotkey_window},
-        {"KEY PROMPT", [] { key_prompt(); }},
+        {"KEY PROMPT", [] { key_prompt(LABEL_HOTKEY_FIRST); }},
         {"SCHEME", scheme_window},
         {"FAVORITES", favorites_window},
         {"FILES", save_frame_command},
