@@ -4,10 +4,12 @@
 #include "gui/presses.h"
 #include "paint/spectrum.h"
 #include "windows/color_elements.h"
+#include "windows/hex_field.h"
 #include "windows/run_window.h"
 #include "windows/screen_pick.h"
 #include <algorithm>
 #include <array>
+#include <string>
 #include <utility>
 
 namespace nubo {
@@ -64,8 +66,8 @@ constexpr ElementRow slider_row(int index) {
             .range = component_range};
 }
 
-constexpr ElementRow caption_row(int slot, int y, Label label) {
-    return {.slot = slot, .x = 2, .y = y, .w = 156, .label = label, .fill = &ui_border};
+constexpr ElementRow caption_row(int slot, int y, Label label, int w = 156) {
+    return {.slot = slot, .x = 2, .y = y, .w = w, .label = label, .fill = &ui_border};
 }
 
 /// The steps stand in two halves, beside the middle. Their number is the cell's label.
@@ -81,6 +83,16 @@ constexpr ElementRow variant_row(int first, ElementType type, int index, int y) 
             .left = ACTION_CLICK_ONE,
             .tooltip = MESSAGE_COLOR_VARIATION};
 }
+
+/// Beside the first caption.
+constexpr ElementRow digits_row{.slot = COLOR_HEX,
+                                .type = ELEMENT_TEXT_FIELD,
+                                .x = 114,
+                                .y = 32,
+                                .w = 44,
+                                .left = ACTION_FOCUS,
+                                .tooltip = MESSAGE_HEX_COLOR,
+                                .fill = &ui_shadow};
 
 using ColorRows = std::array<ElementRow, COLOR_SLOTS - slot_content>;
 
@@ -107,7 +119,7 @@ consteval ColorRows color_rows() {
          .left = ACTION_CLICK,
          .right = ACTION_CLICK_RIGHT,
          .tooltip = MESSAGE_SPECTRUM});
-    add(caption_row(COLOR_CAPTION_HUE, 32, LABEL_VARIANCE_HUE));
+    add(caption_row(COLOR_CAPTION_HUE, 32, LABEL_VARIANCE_HUE, 111));  // the field of digits beside it
     add(caption_row(COLOR_CAPTION_LIGHT, 52, LABEL_VARIANCE_LIGHT));
     add(caption_row(COLOR_CAPTION_SATURATION, 72, LABEL_VARIANCE_SATURATION));
     for (int i = 0; i < variant_count; ++i) add(variant_row(COLOR_HUE_FIRST, ELEMENT_VARIANT_HUE, i, 42));
@@ -121,6 +133,7 @@ consteval ColorRows color_rows() {
          .h = 59,
          .left = ACTION_CLICK_ONE_INSIDE,
          .tooltip = MESSAGE_COLOR_MAP});
+    add(digits_row);
     return rows;
 }
 
@@ -148,6 +161,8 @@ struct Edit {
     Color& color;
     Color start_color;
     std::array<int, slider_count> start_sliders{};
+    std::string digits{};  // as last seen in the field
+    bool types = false;    // the field had the keyboard then
 };
 
 Colorspace space_shown() { return static_cast<Colorspace>(colorspace); }
@@ -175,6 +190,23 @@ void follow_sliders(Edit& edit) {
     const auto sliders = sliders_shown();
     edit.color = sliders == edit.start_sliders ? edit.start_color
                                                : sliders_to_color(space_shown(), sliders[0], sliders[1], sliders[2]);
+}
+
+/// The colour that the user has typed, to the bit, or else the edited one in the field.
+void follow_digits(Edit& edit) {
+    const bool types = key_focus == COLOR_HEX;
+    if (types && !edit.types) gui::cursor[COLOR_HEX] = 0;  // where six digits take the place of all
+    edit.types = types;
+    const std::string digits = read_hex_field(COLOR_HEX);
+    const auto typed = digits == edit.digits ? std::nullopt : color_of_digits(digits);
+    edit.digits = digits;
+    if (typed) {
+        edit.color = *typed;
+        start_sliders(edit);
+    } else if (color_of_digits(digits) != edit.color && (digits.size() == hex_digit_count || !types)) {
+        edit.digits = show_hex_color(COLOR_HEX, edit.color);
+    }
+    if (take_click(COLOR_HEX) > 0) key_focus = -1;  // ENTER
 }
 
 Color& color_to_edit(int mode, Color& given) {
@@ -281,8 +313,12 @@ void serve_press_on_screen() {
 
 Color color_window(int mode, Color color) {
     Edit edit{.color = color_to_edit(mode, color), .start_color = 0};
-    const auto show = [&] {
+    const auto follow = [&] {
         follow_sliders(edit);
+        follow_digits(edit);
+    };
+    const auto show = [&] {
+        follow();
         refresh_swatches(edit);
     };
     const auto serve = [&] {
@@ -291,7 +327,7 @@ Color color_window(int mode, Color color) {
         serve_spectrum();
         serve_variants_and_map();
         serve_press_on_screen();
-        follow_sliders(edit);
+        follow();
         return WINDOW_STAYS;
     };
     run_window(window, {.built = [&] { finish_window(edit); }, .show = show, .serve = serve});

@@ -24,6 +24,7 @@ enum ColorWindowSlot : int {
     COLOR_LIGHT_FIRST = COLOR_HUE_FIRST + 14,         // fourteen, from 7 to -7
     COLOR_SATURATION_FIRST = COLOR_LIGHT_FIRST + 14,  // fourteen, from 7 to -7
     COLOR_MAP = COLOR_SATURATION_FIRST + 14,
+    COLOR_HEX,  // text field: the colour as six hex digits
     COLOR_SLOTS
 };
 

@@ -106,8 +106,9 @@ private:
 
 bool is_clicked(const WindowRow& window, int element) { return element != 0 && take_click(window.base + element) > 0; }
 
+/// A field that has the keyboard takes the window's key as a character.
 bool key_cancels(const WindowRow& window) {
-    if (window.key == HOTKEY_COUNT || !hotkey_held(window.key)) return false;
+    if (window.key == HOTKEY_COUNT || is_text_field(key_focus) || !hotkey_held(window.key)) return false;
     wait_while_held(window.key);
     return true;
 }

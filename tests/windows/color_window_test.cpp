@@ -94,6 +94,38 @@ TEST_F(ColorWindowTest, EveryFieldGivesItsColor) {
     });
 }
 
+TEST_F(ColorWindowTest, AColorIsShownAndTypedByItsNumber) {
+    brush_color = teal;
+    play_on(edit_brush, [](User& user) -> Script {
+        const auto shown_digits = [] {
+            std::array<char, 16> text{};
+            GUI_read_field(COLOR_HEX, text);
+            return std::string(text.data());
+        };
+        co_await user.wait(8);
+        EXPECT_EQ(shown_digits(), "0A9C7B");
+        CLICK_LEFT(20, 163);                 // VGA, whose sliders have no such colours
+        CLICK_LEFT(114 + 20, 147 + 32 + 4);  // its digits
+        for (const int code : {KEY_C, KEY_0, KEY_G, KEY_F, KEY_F}) co_await user.tap_key(code);
+        EXPECT_EQ(menu_id, WINDOW_COLOR) << "C is a digit here, and not the window's key";
+        EXPECT_EQ(shown_digits(), "C0FF7B") << "digits take each other's place, G is none";
+        EXPECT_EQ(brush_color, 0xc0ff7bU);
+        co_await user.tap_key(KEY_BACKSPACE);
+        EXPECT_EQ(shown_digits(), "C0F7B");
+        EXPECT_NE(gui::invalid[COLOR_HEX], 0);
+        EXPECT_EQ(brush_color, 0xc0ff7bU) << "five digits are no colour yet";
+        co_await user.tap_key(KEY_E);
+        EXPECT_EQ(brush_color, 0xc0fe7bU);
+        co_await user.tap_key(KEY_ENTER);
+        EXPECT_EQ(key_focus, -1);
+        CLICK_LEFT(20, 20);  // the Frame, which is black
+        EXPECT_EQ(shown_digits(), "000000") << "it follows what is picked otherwise";
+        CLICK_RIGHT(160, 60);
+        co_await user.wait(4);
+    });
+    EXPECT_EQ(brush_color, 0U);
+}
+
 TEST_F(ColorWindowTest, FoldInvertAndPickChangeTheSpectrum) {
     ::rectfill(current_frame, 0, 0, 40, 40, static_cast<int>(red));
     spectrum_start = 1;

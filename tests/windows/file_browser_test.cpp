@@ -119,6 +119,15 @@ TEST_F(FileBrowserTest, ColorsKeepTheirFormToTheByte) {
     EXPECT_EQ(load_favorites("f"), 1);
     EXPECT_EQ(favorites[0], 0x010203u);
     EXPECT_EQ(favorites[255], 0xa0b0c0u);
+    ASSERT_TRUE(save_favorites("f.gpl"));  // a form for others, told by its contents when it comes back
+    fs::rename("f.gpl", "g");
+    favorites.fill(0);
+    EXPECT_EQ(load_favorites("g"), 1);
+    EXPECT_EQ(favorites[255], 0xa0b0c0u);
+    put("two.pal", "JASC-PAL\r\n0100\r\n2\r\n9 9 9\r\n7 7 7\r\n");
+    EXPECT_EQ(load_favorites("two.pal"), 1);
+    EXPECT_EQ(favorites[1], 0x070707u);
+    EXPECT_EQ(favorites[2], color_scheme[SCHEME_BACKGROUND]) << "blank behind a palette of two";
     put("s", "SCH" + std::string(38, '\0') + "\x7f");  // a byte short
     EXPECT_EQ(load_scheme("s"), -1);
     put("s", "SCH" + std::string(36, '\0') + "\x7f\x01\x02\x03");  // the top byte of a colour is none's
