@@ -9,7 +9,7 @@
 #include "editor/status_bar.h"
 #include "framework/actors.h"
 #include "framework/screen_effects.h"
-#include "framework/text.h"
+#include "gui/console.h"
 #include "gui/draw.h"
 #include "gui/hit_test.h"
 #include "gui/mouse.h"
@@ -19,7 +19,6 @@
 #include "paint/stroke.h"
 #include "paint/tools.h"
 #include "state/cel.h"
-#include "state/console.h"
 #include "state/flow.h"
 #include "state/frames.h"
 #include "state/gui.h"
@@ -33,7 +32,6 @@
 #include <allegro.h>
 #include <cmath>
 #include <span>
-#include <string>
 
 namespace nubo {
 namespace {
@@ -156,15 +154,6 @@ void draw_menu_shadow() {
     if (at.x < 0 || at.w < 1) return;
     const OwnedBitmap shadow(create_sub_bitmap(menu_snapshot, at.x, at.y, at.w, at.h));
     if (shadow) trans_blit(shadow.get(), screen_buffer, at.x, at.y, shadow_strength);
-}
-
-/// For who builds on the framework: the console switches it on.
-void draw_frame_rate() {
-    constexpr int x = 160, rate_y = 5, actors_y = 15;
-    if (show_fps == 0) return;
-    set_font(FONT_NARROW, TEXT_FRAME_RATE);
-    UA_text(screen_buffer, x, rate_y, std::to_string(fps));
-    UA_text(screen_buffer, x, actors_y, std::to_string(UA_count_actors()));
 }
 
 void take_view_snapshot() {

@@ -1,5 +1,6 @@
 #include "gui/console.h"
 
+#include "framework/actors.h"
 #include "framework/console.h"
 #include "framework/text.h"
 #include "gui/draw_elements.h"
@@ -13,6 +14,7 @@
 #include "state/run.h"
 #include <allegro.h>
 #include <cctype>
+#include <string>
 
 namespace nubo {
 namespace {
@@ -135,6 +137,14 @@ void draw_console(int slot) {
         if (line == 0 && cursor_phase < phases_lit)
             vline(screen_buffer, x + width, y - 1, y + line_h - 2, text_colors[TEXT_GRAY][0]);
     }
+}
+
+void draw_frame_rate() {
+    constexpr int x = 160, rate_y = 5, actors_y = 15;
+    if (show_fps == 0) return;
+    set_font(FONT_NARROW, TEXT_FRAME_RATE);
+    UA_text(screen_buffer, x, rate_y, std::to_string(fps));
+    UA_text(screen_buffer, x, actors_y, std::to_string(UA_count_actors()));
 }
 
 char UA_console_key(int code) {

@@ -9,6 +9,9 @@ namespace nubo {
 /// shown again only when a key has changed a line.
 void UA_console(int paused);
 
+/// Draws the pictures of the last second and the number of actors, if SHOWFPS has switched that on. Main flow.
+void draw_frame_rate();
+
 /// The character that a key types into the console, upper case; '\0' for a key that types none of ASCII.
 char UA_console_key(int code);
 
