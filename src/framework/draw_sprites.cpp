@@ -45,6 +45,23 @@ void pose_actor(int who, BITMAP* picture, PoseOrigin origin) {
     wave_pose_columns(drawn::Wave[w][wave_vertical], origin);
 }
 
+/// A picture that is at most mirrored still stands where it was put.
+bool is_moved(int who) {
+    const std::size_t w = at(who);
+    return turn_of(who) != pose_upright || drawn::Shift_x[w] != 0 || drawn::Shift_y[w] != 0 ||
+           drawn::Wave[w][wave_horizontal].amplitude != 0 || drawn::Wave[w][wave_vertical].amplitude != 0;
+}
+
+/// Draws what of the scratch the picture takes, with the picture's own corner at `corner`.
+void draw_pose(int who, const BITMAP* picture, PoseOrigin origin, ScreenPlace corner, const ActorLook& look) {
+    if (is_moved(who)) {
+        draw_picture(sprite_scratch, {corner.x - origin.x, corner.y - origin.y}, look);
+        return;
+    }
+    const OwnedBitmap part = sheet_part(sprite_scratch, origin.x, origin.y, picture->w, picture->h);
+    if (part) draw_picture(part.get(), corner, look);
+}
+
 void add_glow(int who, PoseOrigin origin) {
     const std::size_t w = at(who);
     if (drawn::Glow_col[w] == glow_none) return;
@@ -123,7 +140,7 @@ void mask_object(int who) {
     pose_actor(who, cel.get(), origin);
     recolor_pose(who);
     add_glow(who, origin);
-    draw_picture(sprite_scratch, {place.x - origin.x, place.y - origin.y}, look_of(who));
+    draw_pose(who, cel.get(), origin, place, look_of(who));
 }
 
 void mask_text(int who) {
@@ -138,8 +155,7 @@ void mask_text(int who) {
     draw_letter(who);
     pose_actor(who, letter_scratch, letter_origin);
     add_glow(who, letter_origin);
-    draw_picture(sprite_scratch, {place.x - letter_at.x - letter_origin.x, place.y - letter_at.y - letter_origin.y},
-                 letter_look(who));
+    draw_pose(who, letter_scratch, letter_origin, {place.x - letter_at.x, place.y - letter_at.y}, letter_look(who));
 }
 
 }  // namespace nubo

@@ -1,4 +1,4 @@
-// The fog: a mask that is clear in the middle of the screen and thickens toward its edge.
+// The fog: a mask round the middle of the screen. What its values mean is up to who draws by it.
 #include "base/bitmap.h"
 #include "framework/actors.h"
 #include "framework/screen_effects.h"
@@ -9,10 +9,10 @@ namespace nubo {
 namespace {
 
 constexpr int fog_actor = actor_last - 1;
-constexpr int thickening_from = 1, thinning_from = 330;
+constexpr int growing_from = 1, shrinking_from = 330;  // densities
 enum FogParam : std::size_t { FOG_DENSITY, FOG_STEP };
 
-constexpr int thick = 1, clear = 255;
+constexpr int around = 1, core = 255;
 constexpr int gradient_first = 1, gradient_last = 150;
 constexpr int inner_rings[] = {176, 208, 240};
 constexpr int center_y = 99, center_first = 159, center_last = 161;
@@ -32,19 +32,19 @@ void UA_set_fog(int step, int delay) {
     const std::size_t w = at(fog_actor), s = at(slot);
     actor::Behavior_delay[w][s] = delay;
     actor::Behavior_accum[w][s] = 0;
-    actor::Behavior_param[w][s][FOG_DENSITY] = step > 0 ? thickening_from : thinning_from;
+    actor::Behavior_param[w][s][FOG_DENSITY] = step > 0 ? growing_from : shrinking_from;
     actor::Behavior_param[w][s][FOG_STEP] = step;
     actor::BEHAVIOR[w][s].publish(BEHAVIOR_CONTROL_FOG);
 }
 
 void UA_draw_fog(int density) {
     if (fog_mask == nullptr) return;
-    clear_to_color(fog_mask, thick);
+    clear_to_color(fog_mask, around);
     int radius = density;
     for (int value = gradient_first; value <= gradient_last; ++value) draw_ring(radius--, value);
     for (const int value : inner_rings) draw_ring(radius--, value);
     if (radius < 0) return;
-    for (int x = center_first; x <= center_last; ++x) circlefill(fog_mask, x, center_y, radius, clear);
+    for (int x = center_first; x <= center_last; ++x) circlefill(fog_mask, x, center_y, radius, core);
 }
 
 }  // namespace nubo

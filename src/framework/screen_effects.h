@@ -18,12 +18,12 @@ void UA_draw_tint();
 
 // ---- The fog -------------------------------------------------------------------------------------------------------
 
-/// Has actor 48 thicken the fog from a density of 1 by `step`, or, with a step below 1, thin it from 330, on every tick
-/// of 140 Hz after `delay` others. A fog that drifts already is turned. Without a free behaviour nothing happens.
+/// Has actor 48 move the fog's density by `step` on every tick of 140 Hz after `delay` others: from 1 on, or, with a
+/// step below 1, from 330 down. A fog that drifts already is turned. Without a free behaviour nothing happens.
 void UA_set_fog(int step, int delay);
 
-/// Draws `fog_mask`: how clear it is round the middle of the screen, from 1, nothing, to 255. The hole is as wide as
-/// `density` says, 1 to 331. Job 8 does it.
+/// Draws `fog_mask`, whose values rise from 1 round about to 255 in the middle; `density`, 1 to 331, is how far from
+/// there it reaches. Job 8 does it.
 void UA_draw_fog(int density);
 
 // ---- The screenshot ------------------------------------------------------------------------------------------------
