@@ -31,7 +31,8 @@ constexpr double all = 100;
 
 }  // namespace
 
-ProgressBox::ProgressBox(Label title) {
+ProgressBox::ProgressBox(Label title)
+    : disk_waits_([this](const auto& wait, std::size_t bytes) { draw_beside(wait, bytes); }) {
     GUI_close_window();
     key_focus = -1;
     WindowRow row = window;
@@ -44,17 +45,24 @@ ProgressBox::~ProgressBox() { GUI_close_window(); }
 
 void ProgressBox::tell(double percent) {
     progress_of(PROGRESS_BAR) = static_cast<std::int16_t>(percent);
-    if (percent >= all || std::chrono::steady_clock::now() - drawn_ >= drawn_every) draw();
+    percent >= all ? draw() : draw_if_due();
 }
 
-void ProgressBox::run_beside(const std::function<void()>& work) {
-    // Where no thread is to be had the work is done at `get`.
-    std::future<void> done = std::async(std::launch::async | std::launch::deferred, work);
+/// A long wait has a thread of its own; where none is to be had it is made at `get`.
+void ProgressBox::draw_beside(const std::function<void()>& wait, std::size_t bytes) {
+    constexpr std::size_t takes_long = 1'000'000;
+    if (bytes < takes_long) return wait(), draw_if_due();
+    std::future<void> done = std::async(std::launch::async | std::launch::deferred, wait);
     while (done.wait_for(drawn_every) == std::future_status::timeout) draw();
     done.get();
 }
 
+void ProgressBox::draw_if_due() {
+    if (std::chrono::steady_clock::now() - drawn_ >= drawn_every) draw();
+}
+
 void ProgressBox::draw() {
+    const DiskWaits no_picture(nullptr);  // if the display is lost here, the work is saved without one
     update_screen(UPDATE_NORMAL);
     drawn_ = std::chrono::steady_clock::now();
 }

@@ -1,13 +1,15 @@
 #pragma once
 // A box with a bar that moves, in the place of whatever window stood. Main flow only.
+#include "platform/safe_file.h"
 #include "state/labels.h"
 #include <chrono>
 #include <functional>
 
 namespace nubo {
 
-/// On screen as long as it lives; nothing stands there afterwards, so whoever opens it brings back what belongs there.
-/// The close button and signals are remembered by `exit_requested` and end nothing here.
+/// On screen as long as it lives, and alive while the main flow waits for the disk; nothing stands there afterwards, so
+/// whoever opens it brings back what belongs there. The close button and signals are remembered by `exit_requested` and
+/// end nothing here.
 class ProgressBox {
 public:
     explicit ProgressBox(Label title);
@@ -19,12 +21,12 @@ public:
     /// all is done.
     void tell(double percent);
 
-    /// Runs what waits for the disk on a thread of its own and keeps the screen alive meanwhile.
-    void run_beside(const std::function<void()>& work);
-
 private:
+    void draw_beside(const std::function<void()>& wait, std::size_t bytes);
+    void draw_if_due();
     void draw();
     std::chrono::steady_clock::time_point drawn_{};
+    DiskWaits disk_waits_;
 };
 
 }  // namespace nubo

@@ -9,8 +9,10 @@
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
+#include <limits>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace nubo {
 
@@ -37,6 +39,20 @@ std::filesystem::path behind_links(std::filesystem::path path) {
 
 std::string folder_of(const std::filesystem::path& path) {
     return path.has_parent_path() ? path.parent_path().string() : ".";
+}
+
+thread_local const DiskWaiter* disk_waiter = nullptr;
+
+/// One of the two calls that wait for the disk, with its result and `errno`.
+int wait_for_disk(int (*sync)(int), int file, std::size_t bytes) {
+    int result = 0, cause = 0;
+    const auto wait = [&] {
+        result = sync(file);
+        cause = errno;
+    };
+    disk_waiter != nullptr&&* disk_waiter ? (*disk_waiter)(wait, bytes) : wait();
+    errno = cause;
+    return result;
 }
 
 /// Writes all bytes, however many pieces the system takes them in.
@@ -107,6 +123,7 @@ bool SafeFile::is_sound() const {
 
 void SafeFile::write(const void* bytes, std::size_t size) {
     const auto* from = static_cast<const std::uint8_t*>(bytes);
+    size_ += size;
     while (size > 0 && failure_.empty()) {
         const std::size_t part = std::min(size, buffer_size - buffer_.size());
         buffer_.insert(buffer_.end(), from, from + part);
@@ -126,7 +143,7 @@ void SafeFile::sync() { finish(true); }
 void SafeFile::finish(bool lasting) {
     if (file_ < 0) return;
     flush();
-    if (lasting && failure_.empty() && system_calls.fsync(file_) != 0) fail("synced");
+    if (lasting && failure_.empty() && wait_for_disk(system_calls.fsync, file_, size_) != 0) fail("synced");
     // Some file systems tell only here that the bytes found no room.
     if (close(file_) != 0) fail("closed");
     file_ = -1;
@@ -178,14 +195,15 @@ void remove_unfinished_files(const std::string& folder) {
 void sync_folder(const std::string& folder) {
     const int file = system_calls.open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0);
     // A file system that can't sync a folder says EINVAL: its names are as safe as they get.
-    if (file < 0 || (system_calls.fsync(file) != 0 && errno != EINVAL))
+    if (file < 0 || (wait_for_disk(system_calls.fsync, file, 0) != 0 && errno != EINVAL))
         UA_log("[ ERROR ] : The folder %s can't be synced: %s", folder.c_str(), std::strerror(errno));
     if (file >= 0) close(file);
 }
 
 bool sync_disk(const std::string& folder) {
     const int file = system_calls.open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0);
-    const bool synced = file >= 0 && system_calls.syncfs(file) == 0;
+    constexpr std::size_t whole_disk = std::numeric_limits<std::size_t>::max();
+    const bool synced = file >= 0 && wait_for_disk(system_calls.syncfs, file, whole_disk) == 0;
     if (!synced) UA_log("[ ERROR ] : The disk of %s can't be synced: %s", folder.c_str(), std::strerror(errno));
     if (file >= 0) close(file);
     return synced;
@@ -195,5 +213,11 @@ bool file_exists(const std::string& path) {
     struct stat status;
     return lstat(path.c_str(), &status) == 0;
 }
+
+// ---- Waiting for the disk ------------------------------------------------------------------------------------------
+
+DiskWaits::DiskWaits(DiskWaiter waiter) : waiter_(std::move(waiter)), before_(std::exchange(disk_waiter, &waiter_)) {}
+
+DiskWaits::~DiskWaits() { disk_waiter = before_; }
 
 }  // namespace nubo

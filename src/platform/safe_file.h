@@ -3,6 +3,7 @@
 // one. Whatever fails, the old file is as it was. Renaming and removing go by here too.
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -50,6 +51,7 @@ private:
 
     std::string path_, unfinished_;
     std::vector<std::uint8_t> buffer_;
+    std::size_t size_ = 0;  // of what was written so far
     int file_ = -1;
     bool exists_ = false;  // under its unfinished name
     std::string failure_;  // empty: all went well
@@ -77,5 +79,23 @@ bool sync_disk(const std::string& folder);
 
 /// True if anything has that name, a link to nowhere included.
 bool file_exists(const std::string& path);
+
+// ---- Waiting for the disk ------------------------------------------------------------------------------------------
+
+/// Runs `wait`, which waits until so many bytes are on the disk, to its end: beside a picture that goes on, say.
+using DiskWaiter = std::function<void(const std::function<void()>& wait, std::size_t bytes)>;
+
+/// As long as it lives, this thread waits for the disk by `waiter`; by an empty one as if there were none.
+class DiskWaits {
+public:
+    explicit DiskWaits(DiskWaiter waiter);
+    ~DiskWaits();
+    DiskWaits(const DiskWaits&) = delete;
+    DiskWaits& operator=(const DiskWaits&) = delete;
+
+private:
+    DiskWaiter waiter_;
+    const DiskWaiter* before_;
+};
 
 }  // namespace nubo

@@ -6,7 +6,6 @@
 #include "workspace/archive.h"
 #include "workspace/frame_store.h"
 #include "workspace/notices.h"
-#include "workspace/state_file.h"
 #include <filesystem>
 
 namespace nubo {
@@ -18,11 +17,7 @@ std::string frames_text() { return std::to_string(frame_count) + (frame_count ==
 
 bool save_workspace(const std::string& path) {
     const ClearedScreen cleared;
-    if (!save_workspace_state(state_file, false)) {
-        flash_text("THE WORKSPACE COULD NOT BE SAVED! SEE UA_LOG.TXT");
-        return false;
-    }
-    if (save_workspace_archive(path) != 0) return false;
+    if (!archive_workspace(path)) return false;
     flash_text("SAVED " + frames_text() + " TO " + shown_file_name(std::filesystem::path(path).filename()));
     return true;
 }

@@ -17,6 +17,8 @@
 namespace nubo {
 namespace {
 
+constexpr const char* not_saved = "THE WORKSPACE COULD NOT BE SAVED! SEE UA_LOG.TXT";
+
 bool refuse(const char* line, const char* told) {
     UA_log("[ ERROR ] : %s", line);
     flash_text(told);
@@ -44,12 +46,22 @@ bool write_whole(SafeFile& archive, ProgressBox& box) {
     return write_archive(archive, workspace_folder(), head_in_memory(), buffer);
 }
 
+bool save_with_box(const std::string& path, ProgressBox& box) {
+    if (!reach_workspace()) return refuse("WORKSPACE directory unavailable. Aborting save!", not_saved);
+    SafeFile archive(path);
+    const bool written = write_whole(archive, box) && archive.commit();
+    box.tell(100);
+    browse_in(workspace_folder());
+    if (!written) flash_text(not_saved);
+    return written;
+}
+
 // ---- Loading: what is new, beside what stands -----------------------------------------------------------------------
 
 /// The Workspace that goes. It lasts from the next `sync_disk` on.
 bool stage_previous() {
-    if (!save_workspace_state(state_file, false)) return false;
     ProgressBox box(LABEL_SAVING_WORKSPACE);
+    if (!save_workspace_state(state_file, false)) return false;
     SafeFile archive(path_of(workspace_folder(), previous_staged));
     return write_whole(archive, box) && archive.commit(SYNC_WITH_DISK);
 }
@@ -70,8 +82,7 @@ bool stage_components(const InputFile& archive, const ArchiveContents& contents)
         const ArchivePart& part = contents.parts[static_cast<unsigned>(i)];
         if (!is_missing(contents, i) && unpack_component(archive, part, name, buffer) != 0) return false;
     }
-    bool synced = false;
-    box.run_beside([&] { synced = sync_disk(workspace_folder().path()) && sync_disk(program_folder().path()); });
+    const bool synced = sync_disk(workspace_folder().path()) && sync_disk(program_folder().path());
     box.tell(100);
     return synced;
 }
@@ -150,16 +161,15 @@ bool load_checked(const std::string& path) {
 int save_workspace_archive(const std::string& path) {
     const RescueHold hold;
     ProgressBox box(LABEL_SAVING_WORKSPACE);
-    constexpr const char* told = "THE WORKSPACE COULD NOT BE SAVED! SEE UA_LOG.TXT";
-    if (!reach_workspace()) return refuse("WORKSPACE directory unavailable. Aborting save!", told), -1;
-    SafeFile archive(path);
-    bool written = write_whole(archive, box);
-    if (written) box.run_beside([&] { archive.sync(); });
-    written = written && archive.commit();
-    box.tell(100);
-    browse_in(workspace_folder());
-    if (!written) flash_text(told);
-    return written ? 0 : -1;
+    return save_with_box(path, box) ? 0 : -1;
+}
+
+bool archive_workspace(const std::string& path) {
+    const RescueHold hold;
+    ProgressBox box(LABEL_SAVING_WORKSPACE);
+    if (save_workspace_state(state_file, false)) return save_with_box(path, box);
+    flash_text(not_saved);
+    return false;
 }
 
 int load_workspace_archive(const std::string& path) {
@@ -168,9 +178,7 @@ int load_workspace_archive(const std::string& path) {
     return 0;
 }
 
-bool keep_previous_workspace() {
-    return save_workspace_state(state_file, false) && save_workspace_archive(previous_workspace_file()) == 0;
-}
+bool keep_previous_workspace() { return archive_workspace(previous_workspace_file()); }
 
 std::string previous_workspace_file() { return path_of(workspace_folder(), previous_workspace); }
 

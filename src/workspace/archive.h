@@ -11,6 +11,9 @@ namespace nubo {
 /// WORKSPACE.
 int save_workspace_archive(const std::string& path);
 
+/// Saves what is in memory, and then all as `save_workspace_archive` does. False after a failure.
+bool archive_workspace(const std::string& path);
+
 /// Puts the Workspace of the archive `path` in the place of the one that stands, which is saved and goes into the one
 /// file `previous.wsp` beside WORKSPACE. All is checked before. -1 after a failure: nothing has changed, on disk and in
 /// memory. 0 when the new Workspace stands; what is missing or bent beside its Frames is repaired, and a box tells it.

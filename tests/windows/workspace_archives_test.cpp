@@ -96,6 +96,8 @@ TEST_F(WorkspaceArchivesTest, NewKeepsTheOldOneAndLoadingRemembersTheCloseButton
     EXPECT_EQ(frame_pixel(5, 5), 0x333333u);
     EXPECT_TRUE(load_file(previous_workspace_file(), PURPOSE_PICTURE)) << "also where a picture is looked for";
     EXPECT_EQ(frame_count, 1);
+    open_files({previous_workspace_file()});
+    EXPECT_EQ(told(), "LOADED 2 FRAMES. THE OLD ONES ARE IN PREVIOUS.WSP");
 }
 
 TEST_F(WorkspaceArchivesTest, WithoutRoomForTheOldOneNothingIsCleared) {

@@ -6,6 +6,7 @@
 #include "harness/user.h"
 #include "platform/faults.h"
 #include "state/flow.h"
+#include "state/gui.h"
 #include "state/messages.h"
 #include "workspace/archive_file.h"
 #include "workspace/notices.h"
@@ -13,9 +14,12 @@
 #include "workspace/state_fields.h"
 #include "workspace/workspace_kit.h"
 
+#include <atomic>
 #include <fstream>
 #include <map>
 #include <random>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace nubo {
 namespace {
@@ -194,6 +198,31 @@ TEST_F(ArchiveTest, OnAFullDiskAllStaysAsItIs) {
             ASSERT_EQ(ids_on_disk(), (Ids{1, 33 + n, 3})) << call << ' ' << n;
         }
     EXPECT_GT(refused, 10);
+}
+
+/// A disk that is ready only when a picture was shown meanwhile.
+std::atomic<int> disk_waits, frozen_waits;
+int wait_for_picture(int) {
+    const int before = frames_shown;
+    for (int tries = 0; tries < 2000 && frames_shown == before; ++tries) usleep(1000);
+    ++disk_waits;
+    if (frames_shown == before) ++frozen_waits;
+    return 0;
+}
+int wait_with_large_file(int file) {
+    struct stat status {};
+    return fstat(file, &status) == 0 && status.st_size > 1'000'000 ? wait_for_picture(file) : 0;
+}
+
+TEST_F(ArchiveTest, ThePictureGoesOnWhileTheDiskIsWaitedFor) {
+    make_workspace({1, 2}, 0);
+    ASSERT_TRUE(take_as_changed(make_bitmap(800, 600)));
+    system_calls.fsync = wait_with_large_file;
+    ASSERT_TRUE(archive_workspace("a.wsp"));
+    EXPECT_EQ(disk_waits, 2) << "for the Frame and for the archive";
+    system_calls.syncfs = wait_for_picture;
+    ASSERT_EQ(load_workspace_archive("a.wsp"), 0);
+    EXPECT_EQ(frozen_waits, 0);
 }
 
 TEST_F(ArchiveTest, NoRescueOfTheFrameThatGoesOutlivesIt) {

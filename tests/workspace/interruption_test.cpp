@@ -110,6 +110,24 @@ TEST_F(InterruptionTest, KilledAtAnyCallTheNextStartHasAllFramesInOrder) {
         }
 }
 
+TEST_F(InterruptionTest, AnArchiveBeingSavedIsTheOldOneOrTheNewWhereverTheProgramIsKilled) {
+    bool was_old = false, was_new = false;
+    for (int n = 0, status = faults::stop_status; status == faults::stop_status; ++n) {
+        const auto replaced = std::filesystem::copy_options::overwrite_existing;
+        std::filesystem::copy_file("other.wsp", "mine.wsp", replaced);
+        status = run_apart([&] {
+            faults::arm(faults::CALL_ANY, n, faults::stop_here);
+            return archive_workspace("mine.wsp") ? 0 : 1;
+        });
+        ArchiveContents contents;
+        ASSERT_EQ(read_archive(InputFile("mine.wsp"), contents), nullptr) << n;
+        (contents.head.frame_count == 2 ? was_old : was_new) = true;
+        expect_outcome({{1, 2, in_file, 4, 5}, {1, 2, in_memory, 4, 5}}, "save ended at " + std::to_string(n));
+        if (HasFailure()) return;
+    }
+    EXPECT_TRUE(was_old && was_new);
+}
+
 TEST_F(InterruptionTest, FailingAtAnyCallNothingIsLostThatTheUserHas) {
     enum Told : int { TOLD_DONE, TOLD_REFUSED, TOLD_LOST_FRAME, TOLD_NO_MESSAGE };
     for (const Operation& operation : std::span(operations).first(6))  // what a clear can't remove stays in the row
