@@ -5,6 +5,7 @@
 #include "codecs/png.h"
 #include "state/frames.h"
 #include "workspace/archive_file.h"
+#include <algorithm>
 #include <allegro.h>
 #include <array>
 #include <cerrno>
@@ -141,7 +142,7 @@ int make(Words words) {
     SafeFile archive(words[0]);
     CopyBuffer buffer;
     if (!write_archive(archive, folder, head, buffer)) return fail("a file in " + folder.path() + " can't be read");
-    return archive.commit() ? EXIT_DONE : fail(std::string(words[0]) + " can't be written");
+    return archive.commit() ? check(words) : fail(std::string(words[0]) + " can't be written");
 }
 
 // ---- The words of the command --------------------------------------------------------------------------------------
@@ -150,7 +151,8 @@ constexpr const char* usage =
     "Usage: nubo-wsp list FILE                  what is in an archive\n"
     "       nubo-wsp check FILE                 whether it is whole\n"
     "       nubo-wsp extract [--png] FILE DIR   takes its files out; with --png its pictures as PNG\n"
-    "       nubo-wsp make FILE DIR              makes one of the files current.* in DIR, as extract leaves them\n"
+    "       nubo-wsp make FILE DIR              makes one of the files current.* in DIR, as extract leaves them, and "
+    "checks it\n"
     "FILE is an archive of Nubo's, ending in .wsp. No file in DIR is written over.\n";
 
 struct Command {
@@ -167,10 +169,8 @@ constexpr std::array<Command, 5> commands{{
 }};
 
 int run(Words words) {
-    if (words.size() == 1 && (words[0] == std::string_view("-h") || words[0] == std::string_view("--help"))) {
-        std::fputs(usage, stdout);
-        return EXIT_DONE;
-    }
+    const auto asks_for_help = [](std::string_view word) { return word == "-h" || word == "--help"; };
+    if (std::ranges::any_of(words, asks_for_help)) return std::fputs(usage, stdout), EXIT_DONE;
     for (const Command& command : commands) {
         const std::size_t front = command.option.empty() ? 1 : 2;
         if (words.size() != front + command.words || words[0] != command.name) continue;

@@ -100,7 +100,10 @@ TEST_F(WspCompanion, TellsWhatIsWrong) {
         EXPECT_EQ(run(words), 1) << words;
     EXPECT_EQ(run("extract bent.wsp out"), 0) << "what can be had of it";
     for (const char* words : {"", "list", "check a b", "extract --png a.wsp"}) EXPECT_EQ(run(words), 2) << words;
-    EXPECT_EQ(run("--help"), 0);
+    for (const char* words : {"--help", "list --help", "make -h"}) EXPECT_EQ(run(words), 0) << words;
+    std::filesystem::copy("bent.wsp", "first/current.003");
+    EXPECT_EQ(run("make d.wsp first"), 1) << "what the program would refuse";
+    std::filesystem::remove("first/current.003");
     std::filesystem::remove("first/current.cel");
     EXPECT_EQ(run("make c.wsp first"), 1);
     EXPECT_FALSE(std::filesystem::exists("c.wsp"));
