@@ -35,6 +35,7 @@ void copy_field(int slot) {
 }
 
 void paste_into_field(int slot) {
+    serve_clipboard();  // another program may have copied just now
     if (const auto ours = copied.lock()) return type_text(slot, *ours);
     const Fetched fetched = fetch_from_clipboard(text_kinds, [slot] {
         update_screen(UPDATE_NORMAL);

@@ -61,7 +61,8 @@ std::optional<FetchEnd> ask_for(xcb_atom_t kind, milliseconds patience, const st
 /// Asks for the kinds that the owner has, in our order, until one is given.
 Fetched fetch_first(std::span<const std::string> kinds, const std::vector<std::uint32_t>& offered,
                     const std::function<bool()>& goes_on) {
-    constexpr milliseconds content_patience(2000);
+    // The owner lives, or it hadn't said what it has: a PNG of 4096x4096 takes some programs several seconds to make.
+    constexpr milliseconds content_patience(10'000);
     for (const std::string& kind : kinds) {
         const xcb_atom_t atom = clipboard->wire->atom(kind);
         if (std::ranges::find(offered, atom) == offered.end()) continue;

@@ -26,8 +26,9 @@ struct Fetched {
 };
 
 /// Fetches the first of `kinds` that the clipboard's owner has, from another program. An owner that doesn't say within
-/// a second what it has, or lets two pass without a piece of it, is given up. While it is waited for, `goes_on` is
-/// called some 50 times a second; false ends the wait. What the program itself offers it knows, and finds nothing here.
+/// a second what it has, takes more than ten to begin to give it, or lets two pass without a further piece, is given
+/// up, and one that has gone at once. While it is waited for, `goes_on` is called some 50 times a second; false ends
+/// the wait. What the program itself offers it knows, and finds nothing here.
 Fetched fetch_from_clipboard(std::span<const std::string> kinds, const std::function<bool()>& goes_on);
 
 /// Answers what other programs ask. With each picture, whether the program rests behind it or not.

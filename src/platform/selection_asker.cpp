@@ -23,6 +23,8 @@ void SelectionAsker::ask(xcb_atom_t kind, std::chrono::milliseconds patience) {
     kind_ = kind;
     by_pieces_ = false;
     state_ = ASKER_WAITS;
+    owner_ = wire_.owner_of(selection_);
+    wire_.watch(owner_, true);  // for good, since it may be asking for ours, too
     time_ = wire_.server_time();
     deadline_ = std::chrono::steady_clock::now() + patience;
     wire_.ask_owner(selection_, kind, property_, time_);
@@ -33,8 +35,16 @@ void SelectionAsker::give_up(const char* cause) {
     state_ = ASKER_GAVE_UP;
 }
 
+/// Its window is destroyed with its connection; before we watched it, a request to it was refused.
+bool SelectionAsker::is_end_of_owner(const xcb_generic_event_t& event) const {
+    if (event_code(event) == XCB_DESTROY_NOTIFY)
+        return reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window == owner_;
+    return event_code(event) == 0 && reinterpret_cast<const xcb_generic_error_t&>(event).resource_id == owner_;
+}
+
 void SelectionAsker::hear(const xcb_generic_event_t& event) {
     if (state_ != ASKER_WAITS) return;
+    if (is_end_of_owner(event)) return give_up("has gone");
     if (event_code(event) == XCB_SELECTION_NOTIFY) {
         hear_answer(reinterpret_cast<const xcb_selection_notify_event_t&>(event));
     } else if (event_code(event) == XCB_PROPERTY_NOTIFY && by_pieces_) {

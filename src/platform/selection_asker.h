@@ -31,12 +31,14 @@ public:
 
 private:
     void give_up(const char* cause);
+    bool is_end_of_owner(const xcb_generic_event_t& event) const;
     void hear_answer(const xcb_selection_notify_event_t& answer);
     void take_answer();
     void take_piece();
 
     SelectionWire& wire_;
     xcb_atom_t selection_, kind_ = XCB_NONE, property_ = XCB_NONE;
+    xcb_window_t owner_ = XCB_NONE;
     xcb_timestamp_t time_ = 0;
     unsigned asked_ = 0;
     AskerState state_ = ASKER_GAVE_UP;

@@ -56,12 +56,13 @@ ReadPicture read_cut_out_gif(FileBytes bytes) {
 ReadPicture read_listed_picture(FileBytes list) {
     const std::optional<std::string> path = only_local_file({reinterpret_cast<const char*>(list.data()), list.size()});
     if (!path) return {nullptr, "it doesn't name a single file of this machine"};
-    if (file_type_from_magic(*path) == FILE_PNG) {
+    FileType type = file_type_from_magic(*path);
+    if (type == FILE_PNG || type == FILE_GIF) {
         constexpr std::size_t file_size_max = std::size_t{1} << 30;
         Bytes bytes;
-        if (read_file(*path, file_size_max, bytes)) return read_cut_out_png(bytes);
+        if (read_file(*path, file_size_max, bytes))
+            return type == FILE_PNG ? read_cut_out_png(bytes) : read_cut_out_gif(bytes);
     }
-    FileType type = FILE_UNKNOWN;
     return read_picture_file(*path, type);
 }
 
@@ -87,8 +88,21 @@ OwnedBitmap read_fetched(const Fetched& fetched) {
     return std::move(picture.bitmap);
 }
 
+/// A pass of waiting for another program's picture; one that comes soon needs no words. False when the user leaves.
+bool wait_for_picture(std::optional<Waiting>& wait, int pass) {
+    constexpr int told_from = 15;  // of 50 a second
+    if (!wait) wait.emplace();
+    if (pass == told_from) {
+        set_told_text("WAITING FOR THE PICTURE. RIGHT CLICK CANCELS");
+        wait->set_prompt(MESSAGE_TOLD);
+    }
+    const HandStep hand = wait->pass();
+    return hand != HAND_RIGHT && hand != HAND_ESCAPES;
+}
+
 /// What is there; null with FETCH_DONE: a picture that can't be read.
 FetchEnd fetch_picture(OwnedBitmap& picture) {
+    serve_clipboard();  // another program may have copied just now
     if (const auto ours = copied.lock()) {
         picture = copy_bitmap(ours.get());
         return FETCH_DONE;
@@ -96,11 +110,8 @@ FetchEnd fetch_picture(OwnedBitmap& picture) {
     std::vector<std::string> kinds;
     for (const PictureKind& kind : picture_kinds) kinds.emplace_back(kind.name);
     std::optional<Waiting> wait;  // most pictures come before the next look
-    const Fetched fetched = fetch_from_clipboard(kinds, [&wait] {
-        if (!wait) wait.emplace();
-        const HandStep hand = wait->pass();
-        return hand != HAND_RIGHT && hand != HAND_ESCAPES;
-    });
+    const Fetched fetched =
+        fetch_from_clipboard(kinds, [&wait, pass = 0]() mutable { return wait_for_picture(wait, pass++); });
     if (fetched.end == FETCH_DONE) picture = read_fetched(fetched);
     return fetched.end;
 }

@@ -21,6 +21,9 @@ void flash_message(Message message);
 /// a colour code, shows as a "!".
 void flash_text(const std::string& text);
 
+/// Such a text for a prompt, which is MESSAGE_TOLD then.
+void set_told_text(const std::string& text);
+
 /// Before work on so many pixels, or bytes of a compressed picture: if it may take more than half a second, the status
 /// bar says so and is shown at once.
 void say_busy(std::size_t amount);

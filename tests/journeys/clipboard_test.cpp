@@ -124,20 +124,21 @@ TEST_F(Clipboard, OwnersThatStallOrDieLeaveTheProgramAsItWas) {
     begin_with(logical_width, logical_height, black);
     enum Fault {
         SAYS_NOTHING,
-        NAMES_ITS_KINDS,
+        DIES_WHEN_ASKED,
         STOPS_BETWEEN_PIECES,
         DIES_BETWEEN_PIECES,
         GIVES_RUBBISH,
         IS_TOO_LARGE
     };
     for (const Fault fault :
-         {SAYS_NOTHING, NAMES_ITS_KINDS, STOPS_BETWEEN_PIECES, DIES_BETWEEN_PIECES, GIVES_RUBBISH, IS_TOO_LARGE}) {
+         {SAYS_NOTHING, DIES_WHEN_ASKED, STOPS_BETWEEN_PIECES, DIES_BETWEEN_PIECES, GIVES_RUBBISH, IS_TOO_LARGE}) {
         Peer owner(desktop.name());
-        bool asked = false;
+        bool asked = false, dies = false;
         owner.on_request = [&](const Peer::Request& request) {
             asked = true;
             if (fault == SAYS_NOTHING) return;
             if (request.target == owner.atom("TARGETS")) return owner.give_kinds(request, {"image/png"});
+            dies = dies || fault == DIES_WHEN_ASKED;
             if (fault == GIVES_RUBBISH) owner.give(request, "image/png", "This is no picture.");
             if (fault == IS_TOO_LARGE) owner.begin_pieces(request, 0x7fffffff);
             if (fault == STOPS_BETWEEN_PIECES || fault == DIES_BETWEEN_PIECES) owner.begin_pieces(request, 2'000'000);
@@ -152,7 +153,7 @@ TEST_F(Clipboard, OwnersThatStallOrDieLeaveTheProgramAsItWas) {
         tap_with_ctrl("v");
         const bool told = wait_until([&] {
             owner.serve();
-            if (gave && fault == DIES_BETWEEN_PIECES) owner.die();
+            if (dies || (gave && fault == DIES_BETWEEN_PIECES)) owner.die();
             return journey.log().find("clipboard", log_before) != std::string::npos;
         });
         EXPECT_TRUE(asked) << fault;
@@ -165,6 +166,37 @@ TEST_F(Clipboard, OwnersThatStallOrDieLeaveTheProgramAsItWas) {
     const Photo frame = close_and_look();
     EXPECT_EQ(frame.at(64, 54), white);
     EXPECT_EQ(frame.at(200, 54), black);
+}
+
+TEST_F(Clipboard, AnOwnerThatTakesItsTimeIsWaitedForUntilTheUserLeaves) {
+    begin_with(logical_width, logical_height, black);
+    write_bmp(journey.path("late.bmp"), logical_width, logical_height, orange);
+    std::ifstream file(journey.path("late.bmp"), std::ios::binary);
+    const std::string picture{std::istreambuf_iterator<char>(file), {}};
+    Peer owner(desktop.name());
+    std::optional<Peer::Request> asked;
+    owner.on_request = [&](const Peer::Request& request) {
+        if (request.target == owner.atom("TARGETS"))
+            owner.give_kinds(request, {"image/bmp"});
+        else
+            asked = request;
+    };
+    owner.own("CLIPBOARD");
+    const auto is_asked_for = [&] {
+        asked.reset();
+        tap_with_ctrl("v");
+        return wait_until([&] { return owner.serve(), asked.has_value(); });
+    };
+    ASSERT_TRUE(is_asked_for());
+    desktop.press_key("Escape");
+    desktop.release_key("Escape");
+    ASSERT_TRUE(journey.draw_line({60, 50}, {150, 140}, white)) << "the user has left";
+    ASSERT_TRUE(is_asked_for());
+    constexpr Milliseconds making_a_large_picture(3000);
+    EXPECT_FALSE(
+        wait_until([&] { return journey.log().find("[ WARNING ]") != std::string::npos; }, making_a_large_picture));
+    owner.give(*asked, "image/bmp", picture);
+    EXPECT_TRUE(journey.comes_to_show(64, 54, orange));
 }
 
 TEST_F(Clipboard, APictureOutlivesTheProgramWithAManager) {
