@@ -178,7 +178,7 @@ TEST_F(ActivityTest, TheWorkspaceWindowKeepsItsTextsAndClearsAfterAsking) {
             co_await click(user, slot_of(LABEL_WORKSPACE));
             co_await click(user, slot_of(LABEL_WORKSPACE_NEW));
             co_await click(user, sure ? okay_slot : cancel_slot);
-            EXPECT_EQ(menu_id, WINDOW_DRAWING_MENU);
+            co_await user.wait_until([] { return menu_id == WINDOW_DRAWING_MENU; });  // behind the progress box
             EXPECT_EQ(frame_pixel(0, 0), sure ? 0U : red);
         }
     });
