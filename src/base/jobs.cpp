@@ -22,7 +22,7 @@ constexpr std::array<JobHandler, job_types> handlers_of_the_start() {
 }
 constinit std::array<JobHandler, job_types> job_handlers = handlers_of_the_start();
 
-constexpr int being_filled = -1;  // the type of a slot that is taken but not yet whole; no job to anyone else
+constexpr int being_filled = -1;  // the type of a slot that is filled, or run, just now; no job to anyone else
 
 /// Takes the lowest free slot, -1 if none. Both flows push, and may look at the same slot at the same time.
 int claim_slot() {
@@ -60,6 +60,14 @@ int UA_find_job(int type) {
     return -1;
 }
 
+bool renew_job(JobType type, const std::array<int, job_arguments>& arguments) {
+    const int slot = UA_find_job(type);
+    if (slot < 0 || !job::type[at(slot)].claim(type, being_filled)) return false;
+    for (std::size_t i = 0; i < arguments.size(); ++i) job::arg[at(slot)][i] = arguments[i];
+    job::type[at(slot)].publish(type);
+    return true;
+}
+
 void UA_clear_job(int slot) {
     const auto at = static_cast<std::size_t>(slot);
     for (auto& argument : job::arg[at]) argument = 0;
@@ -74,8 +82,8 @@ void UA_run_jobs() {
     for (std::size_t slot = 0; slot < job_slots; ++slot) {
         const int type = job::type[slot].acquire();
         if (type <= JOB_NONE || type >= static_cast<int>(job_types) || job::delay[slot] > 0) continue;
-        if (const JobHandler handler = job_handlers[static_cast<std::size_t>(type)]; handler != nullptr)
-            handler(static_cast<int>(slot));
+        const JobHandler handler = job_handlers[static_cast<std::size_t>(type)];
+        if (handler != nullptr && job::type[slot].claim(type, being_filled)) handler(static_cast<int>(slot));
     }
 }
 

@@ -18,6 +18,9 @@ int UA_free_job_slot();
 /// The lowest slot of that type, or of any when `type` is -1; -1 if none.
 int UA_find_job(int type);
 
+/// Gives the waiting job of a type new arguments; its delay stays. False when none waits, or when it is run just now.
+bool renew_job(JobType type, const std::array<int, job_arguments>& arguments);
+
 /// Zeroes the fields of a slot.
 void UA_clear_job(int slot);
 

@@ -1,5 +1,6 @@
 #include "base/random.h"
 
+#include "state/shared.h"
 #include <algorithm>
 #include <bit>
 #include <cstdio>
@@ -9,7 +10,11 @@
 namespace nubo {
 namespace {
 
+using SeedWords = std::array<std::uint32_t, MersenneTwister::state_words>;
+
 int (*random_source)(int n) = nullptr;
+std::array<Shared<std::uint32_t>, MersenneTwister::state_words>
+    words_for_handlers{};  // their flow seeds itself by them
 
 /// A bounded number by rejection: the masked output is drawn anew until it is in range, so that none is favoured.
 int bounded(MersenneTwister& generator, int n) {
@@ -37,21 +42,31 @@ struct FileCloser {
     void operator()(std::FILE* file) const { std::fclose(file); }
 };
 
-void seed_generator(MersenneTwister& generator) {
-    std::array<std::uint32_t, MersenneTwister::state_words> words{};
+bool read_seed(SeedWords& words) {
     const std::unique_ptr<std::FILE, FileCloser> urandom(std::fopen("/dev/urandom", "rb"));
-    const bool read = urandom && std::all_of(words.begin(), words.end(), [&](std::uint32_t& word) {
-                          return std::fread(&word, sizeof word, 1, urandom.get()) == 1;
-                      });
-    if (read)
+    return urandom && std::all_of(words.begin(), words.end(), [&](std::uint32_t& word) {
+               return std::fread(&word, sizeof word, 1, urandom.get()) == 1;
+           });
+}
+
+void seed_generator(MersenneTwister& generator) {
+    if (SeedWords words{}; read_seed(words))
         generator.seed(words);
     else
         generator.seed(time_seed());
 }
 
+/// A handler draws on a thread of its own, whose generator hasn't been seeded.
+void seed_this_flow() {
+    SeedWords words{};
+    std::copy(words_for_handlers.begin(), words_for_handlers.end(), words.begin());
+    random_second.seed(words);
+}
+
 }  // namespace
 
 void MersenneTwister::seed(std::uint32_t word) {
+    is_seeded_ = true;
     state_[0] = word;
     for (std::uint32_t i = 1; i < state_words; ++i)
         state_[i] = 1812433253U * (state_[i - 1] ^ (state_[i - 1] >> 30)) + i;
@@ -101,6 +116,7 @@ std::uint32_t MersenneTwister::next() {
 void UA_seed_random() {
     seed_generator(random_first);
     seed_generator(random_second);
+    for (auto& word : words_for_handlers) word = random_second.next();
 }
 
 int UA_random(int n) {
@@ -108,7 +124,11 @@ int UA_random(int n) {
     return bounded(random_first, n);
 }
 
-int UA_random_b(int n) { return bounded(random_second, n); }
+int UA_random_b(int n) {
+    if (n > 1 && random_source != nullptr) return random_source(n);
+    if (!random_second.is_seeded()) seed_this_flow();
+    return bounded(random_second, n);
+}
 
 void set_random_source(int (*source)(int n)) { random_source = source; }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <random>
+#include <thread>
 
 namespace nubo {
 namespace {
@@ -33,6 +34,19 @@ TEST(RandomNumbers, StayInRangeAndReachBothEnds) {
         ++seen[static_cast<std::size_t>(drawn)];
     }
     for (const int count : seen) EXPECT_GT(count, 50);  // 100 each on average
+}
+
+TEST(RandomNumbers, EachFlowHasAFrameworksGeneratorOfItsOwn) {
+    UA_seed_random();
+    random_second.seed(5489U);
+    std::mt19937 reference(5489U);
+    std::array<int, 64> seen{};
+    const auto draw = [&seen] {
+        for (int i = 0; i < 2000; ++i) ++seen[static_cast<std::size_t>(UA_random_b(64))];
+    };
+    std::thread(draw).join();
+    for (const int count : seen) EXPECT_GT(count, 5);  // it is seeded; 31 each on average
+    EXPECT_EQ(UA_random_b(64), static_cast<int>(reference() & 63)) << "the other flow stepped this one's";
 }
 
 }  // namespace
