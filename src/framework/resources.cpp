@@ -4,6 +4,7 @@
 #include "base/log.h"
 #include "base/random.h"
 #include "codecs/gif.h"
+#include "framework/number_lines.h"
 #include "framework/packer.h"
 #include "framework/scrambler.h"
 #include "framework/text.h"
@@ -14,9 +15,9 @@
 #include "state/resources.h"
 #include "state/sound.h"
 #include <algorithm>
-#include <climits>
 #include <cstdlib>
 #include <filesystem>
+#include <new>
 #include <optional>
 #include <string>
 #include <vector>
@@ -77,29 +78,6 @@ void create_placeholder_sheets() {
         replace_bitmap(*sheet, make_bitmap(side, side, transparent_color));
 }
 
-/// Numbers of a text, one a line.
-class NumberLines {
-public:
-    explicit NumberLines(const Bytes& text) : text_(text.begin(), text.end()) {}
-    /// True once a number was asked for where no whole line was left.
-    bool has_ended() const { return has_ended_; }
-    /// The next line's number; 0 for a line without one and behind the end. A long line goes on as the next one.
-    int next() {
-        constexpr std::size_t longest_line = 79;
-        const std::size_t line_feed = text_.find('\n', at_);
-        const std::size_t line_end = line_feed == std::string::npos ? text_.size() : line_feed + 1;
-        const std::string line = text_.substr(at_, std::min(line_end - at_, longest_line));
-        at_ += line.size();
-        has_ended_ = has_ended_ || (at_ == text_.size() && line_feed == std::string::npos);
-        return static_cast<int>(std::clamp(std::strtol(line.c_str(), nullptr, 10), long{INT_MIN}, long{INT_MAX}));
-    }
-
-private:
-    std::string text_;
-    std::size_t at_ = 0;
-    bool has_ended_ = false;
-};
-
 /// False when the count of pairs is not one that a record can hold.
 bool read_library_object(NumberLines& lines, LibraryObject& object) {
     for (int& value : object.header) value = lines.next();
@@ -111,6 +89,46 @@ bool read_library_object(NumberLines& lines, LibraryObject& object) {
         object.pairs[i].radius = lines.next();
     }
     return true;
+}
+
+// ---- Packed files --------------------------------------------------------------------------------------------------
+
+/// What `work` gives; without the memory for it the program ends after the line `error`.
+template <typename Work> bool in_memory(const char* error, const char* file, Work work) {
+    try {
+        return work();
+    } catch (const std::bad_alloc&) {
+        UA_log(error);
+        stop_with_message("The program ran out of memory! Reboot, or close some active programs and try again.", file);
+    }
+}
+
+bool pack_resource(const char* source, const char* target) {
+    const auto plain = read_resource(source);
+    if (!plain) {
+        UA_log("[ ERROR ] : Missing resource file while compressing!");
+        stop_with_message("A critical resource file is missing. Please reinstall the application.", source);
+    }
+    const auto packed = pack_bytes(*plain);
+    if (!packed) {
+        UA_log("[ ERROR ] : Resource file is too long to be compressed! File = %s", source);
+        return false;
+    }
+    return write_file(target, packed->data(), packed->size());
+}
+
+bool unpack_resource(const char* source, const char* target) {
+    const auto packed = read_resource(source);
+    if (!packed) {
+        UA_log("[ ERROR ] : Missing resource file while decompressing!");
+        stop_with_message("A critical resource file is missing. Please reinstall the game.", source);
+    }
+    const auto plain = unpack_bytes(*packed);
+    if (!plain) {
+        UA_log("[ ERROR ] : Resource file is no sound container! File = %s", source);
+        return false;
+    }
+    return write_file(target, plain->data(), plain->size());
 }
 
 }  // namespace
@@ -204,31 +222,13 @@ void UA_load_object_library(const Folder& folder) {
 // ---- Packed files --------------------------------------------------------------------------------------------------
 
 bool UA_pack_resource(const char* source, const char* target) {
-    const auto plain = read_resource(source);
-    if (!plain) {
-        UA_log("[ ERROR ] : Missing resource file while compressing!");
-        stop_with_message("A critical resource file is missing. Please reinstall the application.", source);
-    }
-    const auto packed = pack_bytes(*plain);
-    if (!packed) {
-        UA_log("[ ERROR ] : Resource file is too long to be compressed! File = %s", source);
-        return false;
-    }
-    return write_file(target, packed->data(), packed->size());
+    return in_memory("[ ERROR ] : Ran out of memory allocating deflation buffer!", source,
+                     [&] { return pack_resource(source, target); });
 }
 
 bool UA_unpack_resource(const char* source, const char* target) {
-    const auto packed = read_resource(source);
-    if (!packed) {
-        UA_log("[ ERROR ] : Missing resource file while decompressing!");
-        stop_with_message("A critical resource file is missing. Please reinstall the game.", source);
-    }
-    const auto plain = unpack_bytes(*packed);
-    if (!plain) {
-        UA_log("[ ERROR ] : Resource file is no sound container! File = %s", source);
-        return false;
-    }
-    return write_file(target, plain->data(), plain->size());
+    return in_memory("[ ERROR ] : Ran out of memory allocating inflation buffer.", source,
+                     [&] { return unpack_resource(source, target); });
 }
 
 bool UA_is_packed(const char* file) {
