@@ -21,16 +21,23 @@ template <typename Visit> void visit_template_fields(Visit visit) {
               Can_flip, Move_stops_anim, Reserved_e, Reserved_f, Shift_x, Shift_y);
 }
 
-/// The same with the other columns, those of the behaviours and the lists included, but for `BEHAVIOR`.
+/// The same with the other columns of single values, those of the behaviours included, but for `BEHAVIOR`.
 template <typename Visit> void visit_further_fields(Visit visit) {
     using namespace actor;
     const auto visit_all = [&](auto&... columns) { (visit(columns), ...); };
     visit_all(Psuedo, Name, Anim_Delay, Anim_Lock, Act_accum, Act_delay, Behavior_delay, Behavior_accum, Behavior_param,
-              Kill_on_end, actor::Wave, Anim_cels, Idle_cels, Move_queue, Vertex_count, Vertex_angle, Vertex_radius,
-              Poly_fade_start, Poly_fade_end, Poly_wobble, Poly_wobble_phase, Poly_wobble_phase_2, Particle_total,
-              Particle_spread_x, Particle_spread_y, Particle_rest, Particle_life, Particle_life_spread, Particle,
-              Plasma_width, Plasma_cool_period, Plasma_feed_period, Plasma_shift_period, Plasma_feeds, Plasma_cooling,
-              Plasma_diameter, Plasma_growth, Plasma_decay, Plasma_height, Plasma_cells);
+              Kill_on_end, Vertex_count, Poly_fade_start, Poly_fade_end, Poly_wobble, Poly_wobble_phase,
+              Poly_wobble_phase_2, Particle_total, Particle_spread_x, Particle_spread_y, Particle_rest, Particle_life,
+              Particle_life_spread, Plasma_width, Plasma_cool_period, Plasma_feed_period, Plasma_shift_period,
+              Plasma_feeds, Plasma_cooling, Plasma_diameter, Plasma_growth, Plasma_decay);
+}
+
+/// The same with the lists: most of the table's bytes.
+template <typename Visit> void visit_list_fields(Visit visit) {
+    using namespace actor;
+    const auto visit_all = [&](auto&... columns) { (visit(columns), ...); };
+    visit_all(actor::Wave, Anim_cels, Idle_cels, Move_queue, Vertex_angle, Vertex_radius, Particle, Plasma_height,
+              Plasma_cells);
 }
 
 }  // namespace nubo

@@ -23,18 +23,23 @@ const char* destroy_refusal(int who) {
 
 template <typename Field> constinit const Field clean_field{};
 
-/// Gives a field its reset value. Most hold it, and the memory of an actor that was never used isn't asked for.
+/// Gives a field its reset value, which most hold.
 template <typename Field> void reset_field(Field& field) {
     if (!(field == clean_field<Field>)) field = clean_field<Field>;
 }
 
-void reset_fields(std::size_t who) {
+void reset_fields(std::size_t who, bool with_lists) {
     // The numbers of the behaviours go first, so that the handler doesn't run one on fields half reset.
     for (auto& behavior : actor::BEHAVIOR[who]) behavior = BEHAVIOR_NONE;
     const auto reset = [who](auto& column) { reset_field(column[who]); };
     visit_template_fields(reset);
     visit_further_fields(reset);
+    if (with_lists) visit_list_fields(reset);
 }
+
+/// Rows that were handed out. The lists of others are as they were built, and aren't looked at: the start would wait
+/// for their memory.
+constinit std::array<Shared<bool>, actor_count> has_been_someone{};
 
 /// Resets a row and frees it. It is taken as long as this lasts, so that the other flow doesn't get it half reset; one
 /// that was just grabbed stays its spawner's.
@@ -43,8 +48,11 @@ void reset_actor(std::size_t who) {
     const std::int16_t held = type;
     const bool is_grabbed = held == ACTOR_CLAIMED && !Init_sweep;
     if (!is_grabbed && !type.claim(held, ACTOR_CLAIMED)) return;  // the other flow has just been here
-    reset_fields(who);
-    if (!is_grabbed) type.publish(ACTOR_FREE);
+    reset_fields(who, has_been_someone[who] || (held != ACTOR_FREE && !is_grabbed));
+    if (is_grabbed)
+        has_been_someone[who] = true;
+    else
+        type.publish(ACTOR_FREE);
 }
 
 bool is_wanted(int value, int wanted) { return wanted == actor_any || value == wanted; }
@@ -74,7 +82,7 @@ void UA_destroy_actor(int who, const char* tag) {
     }
     const std::size_t w = at(who);
     if (Init_sweep) actor::Suicide_buddy[w] = actor::App_link[w] = -1;
-    const auto hook = static_cast<void (*)(int)>(app_hook::destroyed);
+    const auto hook = app_hook::destroyed.acquire();
     if (actor::App_link[w] != -1 && hook != nullptr) hook(who);
     const int buddy = actor::Suicide_buddy[w];
     reset_actor(w);

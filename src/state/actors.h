@@ -215,7 +215,7 @@ inline constinit auto Pixel_elements = filled<Shared<std::int16_t>, actor_count>
 inline constinit Shared<std::int16_t> Controlled_actor = 0;  // the one that the user steers; puppets watch it
 inline constinit Shared<bool> Init_sweep = false;            // the whole table is wiped, the protected rows too
 
-/// What a game hangs in; null is none. All but `drawn` are called by either flow.
+/// What a game hangs in by `publish`; null is none. All but `drawn` are called by either flow.
 namespace app_hook {
 inline constinit Shared<void (*)(int who)> destroyed = nullptr;  // before the reset of one with an `App_link`
 inline constinit Shared<void (*)(int who)> drawn = nullptr;      // after each drawn actor
