@@ -2,7 +2,6 @@
 #include "fuzz/start.h"
 
 #include "base/color.h"
-#include "base/log.h"
 
 #include <allegro.h>
 #include <cstdio>
@@ -13,14 +12,9 @@
 namespace nubo {
 namespace {
 
-/// The process stays where it was started: its arguments may be relative folders.
 std::string make_folder() {
     std::string folder = std::filesystem::temp_directory_path() / "nubo-fuzz-XXXXXX";
-    if (mkdtemp(folder.data()) == nullptr || symlink("/dev/null", (folder + "/UA_log.txt").c_str()) != 0) std::abort();
-    const std::filesystem::path before = std::filesystem::current_path();
-    std::filesystem::current_path(folder);
-    UA_log_open();
-    std::filesystem::current_path(before);
+    if (mkdtemp(folder.data()) == nullptr) std::abort();
     return folder;
 }
 
