@@ -5,6 +5,7 @@
 #include "base/timebase.h"
 #include "framework/actors.h"
 #include "framework/bubbles.h"
+#include "framework/script_tick.h"
 #include "framework/sound.h"
 #include "gui/tick.h"
 #include "state/run.h"
@@ -17,9 +18,6 @@ namespace {
 
 constexpr int period_500_hz = 2386, period_140_hz = 8522, period_120_hz = 9943, period_100_hz = 11931;
 constexpr int period_60_hz = 19886, period_45_hz = 26515, period_10_hz = 119318, period_5_hz = 238636;
-
-/// The step of the script interpreter, for which the editor loads no script.
-void script_tick() {}
 
 /// What the paint engine and the ants live by.
 void editor_tick() {
@@ -43,7 +41,7 @@ void UA_framework_tick() {
 
 std::array<Handler, 8> timer_handlers() {
     return {{{UA_bubble_tick, period_45_hz},
-             {script_tick, period_100_hz},
+             {UA_script_tick, period_100_hz},
              {UA_framework_tick, period_45_hz},
              {UA_behavior_handler, period_140_hz},
              {GUI_tick, GUI_tick_period()},

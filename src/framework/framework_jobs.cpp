@@ -1,7 +1,9 @@
 #include "framework/framework_jobs.h"
 
 #include "base/jobs.h"
+#include "framework/actors.h"
 #include "framework/screen_effects.h"
+#include "framework/scripts.h"
 #include "framework/sound.h"
 #include "state/shared.h"
 #include <array>
@@ -26,12 +28,27 @@ void run_sound(int slot) {
 
 void run_fog(int slot) { UA_draw_fog(take_arguments(slot)[0]); }
 
+void run_script_wait(int slot) {
+    const int script_slot = job::script_slot[at(slot)];
+    UA_clear_job(slot);
+    tell_script_of_last_object(script_slot);
+}
+
+/// At the place of the first object, which the game moves.
+void run_dust(int slot) {
+    constexpr int particles = 8, heading = 0, delay = 14, self_destruct = 150;
+    UA_clear_job(slot);
+    IS_spawn_dust_emitter(actor::Pos_x[actor_first], actor::Pos_y[actor_first], 0, particles, heading, delay,
+                          self_destruct);
+}
+
 }  // namespace
 
 void install_framework_jobs() {
     set_job_handler(JOB_SOUND, run_sound);
     set_job_handler(JOB_FOG, run_fog);
-    for (const JobType type : {JOB_SCRIPT_WAIT, JOB_DUST}) set_job_handler(type, UA_clear_job);
+    set_job_handler(JOB_SCRIPT_WAIT, run_script_wait);
+    set_job_handler(JOB_DUST, run_dust);
 }
 
 }  // namespace nubo
