@@ -131,9 +131,9 @@ ActorLook letter_look(int who) {
 }  // namespace
 
 void mask_object(int who) {
-    if (who < 0 || who >= actor_count || !is_sprite(who) || sprite_scratch == nullptr) return;
+    if (who < 0 || who >= actor_count || sprite_scratch == nullptr) return;
     const ScreenPlace place = place_of(who);
-    if (is_out_of_view(who, place, cel_side, cel_side)) return;
+    if (is_out_of_view(who, place, cel_side, cel_side) || !is_sprite(who)) return;
     const OwnedBitmap cel = cel_of(who);
     if (!cel) return;
     constexpr PoseOrigin origin = pose_origin(cel_side, cel_side);
