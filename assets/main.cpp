@@ -5,6 +5,7 @@
 #include "first_start.h"
 #include "font_sheet.h"
 #include "framework/resources.h"
+#include "framework/script_compiler.h"
 #include "framework/text.h"
 #include "gui_sheet.h"
 #include "icons.h"
@@ -12,9 +13,12 @@
 #include "program_files.h"
 #include "schemes.h"
 #include "specimen.h"
+#include "stage_art.h"
 #include "tip_sheet.h"
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 
 namespace nubo {
 namespace {
@@ -144,6 +148,33 @@ bool make_objects(Studio& studio) {
     return text && write_bytes(place_of(studio, "resource/obj_lib.def"), *text);
 }
 
+/// The scripts of nubo-stage as its interpreter takes them.
+bool make_scripts(Studio& studio) {
+    std::ifstream file(studio.places.sources / "scripts.txt");
+    const std::string text{std::istreambuf_iterator<char>(file), {}};
+    const Bytes code = compile_scripts(text);
+    if (code.empty()) return std::fprintf(stderr, "scripts.txt holds no script\n"), false;
+    return write_bytes(place_of(studio, "resource/mojo.def"), std::string(code.begin(), code.end()));
+}
+
+/// The sheets and the sound of nubo-stage.
+bool make_stage(Studio& studio) {
+    const auto source = source_of(studio, "stamps.txt");
+    const auto stamps = source ? read_stamps(*source) : std::nullopt;
+    if (!stamps) return false;
+    const auto make_sheet = [&](const char* place, const OwnedBitmap& sheet, int cell) {
+        OwnedBitmap picture = sheet ? finish_sheet(studio, place, sheet.get()) : nullptr;
+        if (!picture) return false;
+        studio.panels.push_back({std::move(picture), cell, cell});
+        return true;
+    };
+    const OwnedBitmap glow = draw_glow_sheet(studio.palette);  // far too wide for the contact sheet
+    return make_sheet("resource/UA_ACTORS", draw_actor_sheet(*stamps, studio.palette), 32) &&
+           make_sheet("resource/UA_TILES", draw_tile_sheet(*stamps, studio.palette), 16) && glow &&
+           write_resource(place_of(studio, "resource/UA_GLOW"), glow.get(), studio.palette) &&
+           write_covered(place_of(studio, "resource/UA_CHIME"), chime_wav()) && make_scripts(studio);
+}
+
 /// The settings and the Workspace of a newcomer, painted with what was made before.
 bool make_first(Studio& studio) {
     std::vector<OwnedBitmap> frames;
@@ -163,7 +194,7 @@ bool make_contact_sheet(Studio& studio) {
 // The palette comes before all that is drawn in it, the contact sheet last.
 constexpr bool (*makers[])(Studio& studio) = {make_config,  make_logo,  make_desktop_icons, make_tips,
                                               make_palette, make_fonts, make_gui,           make_schemes,
-                                              make_objects, make_first, make_contact_sheet};
+                                              make_objects, make_stage, make_first,         make_contact_sheet};
 
 bool make_all(const Places& places) {
     std::error_code error;

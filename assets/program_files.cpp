@@ -52,17 +52,21 @@ bool write_png(const fs::path& place, BITMAP* picture) {
     return put_in_place(made, place);
 }
 
-bool write_resource(const fs::path& place, BITMAP* sheet, const ArtPalette& palette) {
+bool write_covered(const fs::path& place, const std::string& bytes) {
     // Any seed will do. A fixed one makes the same file of the same art every time.
     constexpr int seed = 3;
+    const auto scrambled = scramble_bytes({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()}, seed);
+    return write_bytes(place, std::string(scrambled.begin(), scrambled.end()));
+}
+
+bool write_resource(const fs::path& place, BITMAP* sheet, const ArtPalette& palette) {
     const fs::path plain = place.string() + ".plain";
     const AllegroPalette colors = to_allegro_palette(palette);
     if (save_gif(plain.c_str(), sheet, colors.data()) != 0) return fail(plain, "can't be written");
     const std::string gif = file_bytes(plain);
     std::error_code error;
     fs::remove(plain, error);
-    const auto scrambled = scramble_bytes({reinterpret_cast<const std::uint8_t*>(gif.data()), gif.size()}, seed);
-    return write_bytes(place, std::string(scrambled.begin(), scrambled.end()));
+    return write_covered(place, gif);
 }
 
 }  // namespace nubo

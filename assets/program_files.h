@@ -11,6 +11,9 @@ bool write_bytes(const std::filesystem::path& place, const std::string& bytes);
 /// Writes a 32-bit picture as PNG.
 bool write_png(const std::filesystem::path& place, BITMAP* picture);
 
+/// Writes a file under the cover in which the program reads its resources.
+bool write_covered(const std::filesystem::path& place, const std::string& bytes);
+
 /// Writes an 8-bit sheet as a scrambled GIF in the palette, the form in which the program reads its sheets.
 bool write_resource(const std::filesystem::path& place, BITMAP* sheet, const ArtPalette& palette);
 
