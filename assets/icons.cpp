@@ -12,8 +12,7 @@ namespace {
 constexpr int sides[] = {16, 24, 32, 48, 64, 128, 256};
 constexpr int alpha_shift = 24;
 
-// ---- A Workspace: three Frames on a pile, the first with a picture
-// -----------------------------------------------------
+// ---- A Workspace: three Frames on a pile, the first with a picture --------------------------------------------------
 
 constexpr Color outline = 0xff180c24, paper = 0xfffff8ec;
 constexpr int picture_side = icon_side / 2, card_side = picture_side + 4, card_step = 5, cards = 3;
@@ -37,8 +36,7 @@ OwnedBitmap draw_workspace_icon(BITMAP* program_icon) {
     return icon;
 }
 
-// ---- Files
-// -----------------------------------------------------------------------------------------------------------
+// ---- Files ----------------------------------------------------------------------------------------------------------
 
 /// A square for each run of one colour in a row, so that it stays sharp at any size.
 std::string svg_of(BITMAP* icon) {

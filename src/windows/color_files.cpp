@@ -15,8 +15,7 @@
 namespace nubo {
 namespace {
 
-// ---- The program's own form: three letters and big-endian words
-// --------------------------------------------------------
+// ---- The program's own form: three letters and big-endian words -----------------------------------------------------
 
 constexpr std::string_view favorites_letters = "COL", scheme_letters = "SCH";
 constexpr std::size_t letter_count = 3, color_size = 4;
@@ -36,8 +35,7 @@ void write_own(std::span<const Color> colors, std::string_view letters, Bytes& b
         for (int shift = 24; shift >= 0; shift -= 8) bytes.push_back(static_cast<std::uint8_t>(color >> shift));
 }
 
-// ---- The forms of the favourites
-// ---------------------------------------------------------------------------------------
+// ---- The forms of the favourites ------------------------------------------------------------------------------------
 
 struct FavoritesFormat {
     std::string_view ending;  // in capitals, with its point; empty: of any other name

@@ -29,11 +29,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string target;  // where the pictures go
-Stamps stamps;       // the artwork's sprites, which the user draws again
+std::string target;              // where the pictures go
+const Stamps* stamps = nullptr;  // the artwork's sprites, which the user draws again; main owns them
 
-// ---- The program as delivered
-// -------------------------------------------------------------------------------------------
+// ---- The program as delivered ---------------------------------------------------------------------------------------
 
 void copy_program_folder() {
     for (const char* part : {"resource", "WORKSPACE", "fonts"})
@@ -72,8 +71,7 @@ private:
     ScratchFolder folder_;
 };
 
-// ---- What the scripts share
-// ---------------------------------------------------------------------------------------------
+// ---- What the scripts share -----------------------------------------------------------------------------------------
 
 /// Writes what the screen shows, three times as large, as the window is at a first start.
 void take_picture(const char* name) {
@@ -91,8 +89,7 @@ Point on_screen(int x, int y) {
 
 constexpr int rest = 60;  // updates till a message or a tooltip has come
 
-// ---- The README: a scribble, an ink, a colour
-// -----------------------------------------------------------------------------
+// ---- The README: a scribble, an ink, a colour -----------------------------------------------------------------------
 
 constexpr std::array<Point, 9> wave{
     {{80, 110}, {96, 92}, {116, 96}, {128, 118}, {146, 132}, {166, 118}, {178, 96}, {200, 92}, {224, 112}}};
@@ -136,8 +133,7 @@ Script choose_color(User& user) {
     co_await user.wait(rest);
 }
 
-// ---- From sprite to sheet
-// -------------------------------------------------------------------------------------------------
+// ---- From sprite to sheet -------------------------------------------------------------------------------------------
 
 constexpr int side = 16, near_zoom = 4;
 constexpr std::array<const char*, 3> poses{"hero-1", "hero-2", "hero-3"};
@@ -176,7 +172,7 @@ Script paint_pose(User& user) {
     const int halfway = pose == 0 ? side * 2 / 3 : -1;
     for (int y = 0; y < side; ++y) {
         for (int x = 0; x < side; ++x) {
-            const Color wanted = *pixels_at(stamps.at(poses[at(pose)]).get(), x, y);
+            const Color wanted = *pixels_at(stamps->at(poses[at(pose)]).get(), x, y);
             const Color color = wanted == transparent_color ? mask_color : wanted;
             if (*pixels_at(current_frame, x, y) == color) continue;
             brush_color = color;
@@ -256,9 +252,9 @@ int main(int argc, char** argv) {
     fs::create_directories(argv[1]);
     target = fs::absolute(argv[1]);
     const auto source = read_art(NUBO_ART "/stamps.txt");
-    auto read = source ? read_stamps(*source) : std::nullopt;
+    const auto read = source ? read_stamps(*source) : std::nullopt;
     if (!read) return 1;
-    stamps = std::move(*read);
+    stamps = &*read;
     const DeliveredEditor editor;
     for (const auto script : {scribble, choose_ink, choose_color, make_small_frame, paint_pose, paint_pose, paint_pose,
                               look_at_the_board, lay_out_sheet, fill_sheet})
