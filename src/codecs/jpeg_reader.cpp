@@ -1,5 +1,4 @@
 // Reading a JPEG.
-#include "base/log.h"
 #include "codecs/jpeg.h"
 #include "codecs/jpeg_error.h"
 #include "codecs/rgb_rows.h"
@@ -92,17 +91,11 @@ ReadPicture read_jpeg(FileBytes bytes) {
     return picture;
 }
 
-BITMAP* load_jpeg(const char* path) {
+ReadPicture load_jpeg(const std::string& path) {
     std::vector<std::uint8_t> bytes;
-    if (!read_file(path, SIZE_MAX, bytes)) {
-        std::fprintf(stderr, "can't open %s\n", path);
-        return nullptr;
-    }
-    ReadPicture picture = read_jpeg(bytes);
-    if (!picture.cause.empty())
-        UA_log("[ ERROR ] : The picture %s %s: %s", path, picture.bitmap ? "is not whole" : "can't be loaded",
-               picture.cause.c_str());
-    return picture.bitmap.release();
+    if (read_file(path, picture_file_max, bytes)) return read_jpeg(bytes);
+    std::fprintf(stderr, "can't open %s\n", path.c_str());
+    return {nullptr, "the file can't be read"};
 }
 
 }  // namespace nubo

@@ -86,11 +86,11 @@ bool write_jpeg(BITMAP* bitmap, int quality, Bytes& bytes) {
     return true;
 }
 
-bool save_jpeg(const char* path, BITMAP* bitmap, int quality) {
+bool save_jpeg(const std::string& path, BITMAP* bitmap, int quality) {
     Bytes bytes;
     if (!write_jpeg(bitmap, quality, bytes)) return false;
     if (write_file(path, bytes.data(), bytes.size())) return true;
-    std::fprintf(stderr, "can't open %s\n", path);
+    std::fprintf(stderr, "can't open %s\n", path.c_str());
     UA_log("[ ERROR ] : Couldn't open new or existing JPG for saving!");
     return false;
 }

@@ -8,8 +8,9 @@
 
 namespace nubo {
 
-/// The bytes of a whole file.
+/// The bytes of a whole file, at most this many.
 using FileBytes = std::span<const std::uint8_t>;
+inline constexpr std::size_t picture_file_max = std::size_t{1} << 30;
 
 /// What a reader makes of a file's bytes.
 struct ReadPicture {

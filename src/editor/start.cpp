@@ -243,9 +243,7 @@ std::optional<int> start_program(const std::vector<std::string>& files) {
     UA_log(" ");
     editor_running = 1;
     fade_in();
-    apply_scheme(SCHEME_TO_INTERFACE);
-    recolor_gui_sheet(color_scheme[SCHEME_BACKGROUND], color_scheme[SCHEME_BORDER], color_scheme[SCHEME_SHADOW],
-                      color_scheme[SCHEME_BACKGROUND]);
+    wear_scheme();
     open_files(files);
     return std::nullopt;
 }

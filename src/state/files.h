@@ -3,8 +3,7 @@
 
 namespace nubo {
 
-/// What a file is, by the ending of its name or by its first bytes. The first nine stand for the endings of the table;
-/// of them the first six are pictures.
+/// What a file is, by the ending of its name or by its first bytes.
 enum FileType : int {
     FILE_UNKNOWN = -1,
     FILE_GIF,
@@ -20,9 +19,6 @@ enum FileType : int {
     FILE_SCHEME,
     FILE_TYPE_COUNT
 };
-inline constexpr int picture_type_count = FILE_LBM + 1, ending_count = FILE_WSP + 1;
-
-constexpr bool is_picture_type(FileType type) { return type >= FILE_GIF && type < picture_type_count; }
 
 /// What the user opens the browser for.
 enum FilePurpose : int { PURPOSE_PICTURE = 1, PURPOSE_FONT, PURPOSE_ARCHIVE, PURPOSE_FAVORITES, PURPOSE_SCHEME };

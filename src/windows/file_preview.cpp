@@ -98,8 +98,8 @@ void preview_picture(const std::string& path, FileType type, bool asked) {
     if (opt_file_preview == PREVIEW_NONE) return set_preview_message(PREVIEW_DISABLED);
     if (opt_file_preview == PREVIEW_LIMIT && !asked && is_over_limit(path))
         return set_preview_message(PREVIEW_TOO_LARGE);
-    if (type >= FILE_WSP) return set_preview_message(PREVIEW_UNAVAILABLE);
-    say_busy(InputFile(path).size());
+    if (type == FILE_WSP) return set_preview_message(PREVIEW_UNAVAILABLE);
+    const BusyNotice notice(InputFile(path).size());
     FileType read_as = FILE_UNKNOWN;
     const ReadPicture picture = read_picture_file(path, read_as);
     if (!picture.bitmap) return set_preview_message(PREVIEW_BORKED);

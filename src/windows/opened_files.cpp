@@ -3,7 +3,6 @@
 #include "base/log.h"
 #include "platform/file_inbox.h"
 #include "platform/window_focus.h"
-#include "state/flow.h"
 #include "state/frames.h"
 #include "windows/file_list.h"
 #include "windows/picture_formats.h"
@@ -46,8 +45,7 @@ void open_pictures(const std::vector<std::string>& files) {
     if (files.empty()) return;
     const int first = frame_count;
     int refused = 0;
-    flash_text("ONE MOMENT...");
-    update_screen(UPDATE_NORMAL);
+    const BusyNotice notice;
     for (const std::string& file : files)
         if (!open_as_frame(file)) ++refused;
     if (frame_count == first) return;

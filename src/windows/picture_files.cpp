@@ -8,6 +8,8 @@
 #include "windows/file_list.h"
 #include "windows/jpeg_quality_window.h"
 #include "windows/picture_formats.h"
+#include "windows/run_window.h"
+#include "windows/scheme.h"
 #include "windows/workspace_archives.h"
 #include "workspace/frame_memory.h"
 #include "workspace/notices.h"
@@ -29,7 +31,7 @@ bool load_picture(const std::string& path) {
         flash_text("THERE IS NO SUCH FILE");
         return false;
     }
-    say_busy(fs::file_size(path, no_file));
+    const BusyNotice notice(fs::file_size(path, no_file));
     FileType type = FILE_UNKNOWN;
     ReadPicture picture = read_picture_file(path, type);
     const bool is_whole = picture.cause.empty();
@@ -37,25 +39,35 @@ bool load_picture(const std::string& path) {
         flash_text("THIS PICTURE CAN'T BE READ. SEE UA_LOG.TXT");
         return false;
     }
-    const std::string what = size_text(current_frame) + " " + std::string(picture_format(type).ending);
+    const std::string what = size_text(current_frame) + " " + std::string(file_format(type).ending);
     flash_text(is_whole ? "LOADED " + what : "DAMAGED FILE. LOADED WHAT THERE IS: " + what);
     return true;
 }
 
 bool save_picture(const std::string& path) {
     if (file_type_from_extension(path, BROWSE_TO_SAVE) == FILE_JPG && jpeg_quality_window() == -1) return false;
-    say_busy(static_cast<std::size_t>(frame_w) * static_cast<std::size_t>(frame_h));
+    const BusyNotice notice(static_cast<std::size_t>(frame_w) * static_cast<std::size_t>(frame_h));
     const bool saved = write_picture_file(path, current_frame);
     std::error_code away;
     const std::string bytes = saved ? std::to_string(fs::file_size(path, away)) : "";
-    flash_text(saved ? "SAVED " + shown_file_name(fs::path(path).filename()) + ", " + bytes + " BYTES"
+    flash_text(saved ? "SAVED " + bytes + " BYTES TO " + shown_file_name(fs::path(path).filename())
                      : "FILE COULD NOT BE SAVED! SEE UA_LOG.TXT");
     return saved;
 }
 
-/// A Workspace stays one, whatever the user has opened the browser for.
+/// A Workspace or a file of colours is what it is, also where a picture is looked for. No picture is a font.
 FilePurpose purpose_of(FileType type, FilePurpose purpose) {
-    return purpose == PURPOSE_PICTURE && type == FILE_WSP ? PURPOSE_ARCHIVE : purpose;
+    const bool tells = purpose == PURPOSE_PICTURE && type != FILE_UNKNOWN && file_format(type).purpose != PURPOSE_FONT;
+    return tells ? file_format(type).purpose : purpose;
+}
+
+/// The scheme window shows a scheme first; without it the interface takes it at once.
+bool load_scheme_for(FilePurpose purpose, const std::string& path) {
+    if (load_scheme(path) != 1) return false;
+    if (purpose == PURPOSE_SCHEME) return true;
+    const ClearedScreen cleared;  // whose window comes back in the new colours
+    wear_scheme();
+    return true;
 }
 
 bool told(bool done, const char* yes, const char* no) {
@@ -77,7 +89,7 @@ bool load_file(const std::string& path, FilePurpose purpose) {
     switch (purpose_of(file_type_of(path), purpose)) {
     case PURPOSE_PICTURE: return load_picture(path);
     case PURPOSE_FAVORITES: return told(load_favorites(path) == 1, "FAVORITES LOADED", "THIS IS NO FILE OF FAVORITES");
-    case PURPOSE_SCHEME: return told(load_scheme(path) == 1, "COLOR SCHEME LOADED", "THIS IS NO COLOR SCHEME");
+    case PURPOSE_SCHEME: return told(load_scheme_for(purpose, path), "COLOR SCHEME LOADED", "THIS IS NO COLOR SCHEME");
     case PURPOSE_FONT: choose_preferred_font(path); return true;
     case PURPOSE_ARCHIVE: return load_workspace(path);
     }

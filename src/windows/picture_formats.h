@@ -1,6 +1,6 @@
 #pragma once
-// The picture formats, a row each: how a file of it is known, read and written. Whoever asks for one tells the user.
-// A new format is a codec and a row of the table.
+// The kinds of files, a row each: how one is known and, if it is a picture, read and written. Whoever asks for one
+// tells the user. A new format is a codec and a row of the table.
 #include "codecs/read_picture.h"
 #include "state/files.h"
 #include <string>
@@ -8,17 +8,21 @@
 
 namespace nubo {
 
-struct PictureFormat {
+struct FileFormat {
     FileType type = FILE_UNKNOWN;
-    std::string_view ending;   // in capitals, of three letters
-    std::string_view magic;    // bytes by which a file of it is known; empty: none
-    std::size_t magic_at = 0;  // where they stand
-    ReadPicture (*read)(const std::string& path) = nullptr;
+    std::string_view ending{};                                          // in capitals, of three letters; empty: none
+    std::string_view magic{};                                           // by which a file of it is known; empty: none
+    std::size_t magic_at = 0;                                           // where these bytes stand
+    ReadPicture (*read)(const std::string& path) = nullptr;             // of pictures alone, like the next
     bool (*write)(const std::string& path, BITMAP* picture) = nullptr;  // wholly, or false after a log line
+    FilePurpose purpose = PURPOSE_PICTURE;                              // for which it is loaded
 };
 
-/// The row of a picture's type.
-const PictureFormat& picture_format(FileType type);
+/// The row of a type; FILE_UNKNOWN has none.
+const FileFormat& file_format(FileType type);
+
+/// True for a type of pictures.
+bool is_picture_type(FileType type);
 
 /// The type that the ending of `name` tells, FILE_UNKNOWN without one: the name is longer than three bytes, and the
 /// fourth from its end is a point. With BROWSE_FOR_FONT only fonts count.

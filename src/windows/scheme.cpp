@@ -123,4 +123,10 @@ void recolor_gui_sheet(Color background, Color border, Color shadow, Color backg
     paint_ends(blend_color(shadow, fixed_black, end_dimmed_by));
 }
 
+void wear_scheme() {
+    apply_scheme(SCHEME_TO_INTERFACE);
+    recolor_gui_sheet(color_scheme[SCHEME_BACKGROUND], color_scheme[SCHEME_BORDER], color_scheme[SCHEME_SHADOW],
+                      color_scheme[SCHEME_BACKGROUND]);
+}
+
 }  // namespace nubo

@@ -21,6 +21,10 @@ enum SchemeCarry : int {
 /// Any other mode does nothing. The sprites follow by `recolor_gui_sheet`.
 void apply_scheme(int mode);
 
+/// The whole interface takes the colours of `color_scheme`: colours, text colours, sprites. What stands on the screen
+/// keeps the old ones till it is built again.
+void wear_scheme();
+
 /// Paints the sprites of `gui_sheet` that follow the scheme, and the text colour of the values beside slider knobs.
 /// `background2` is the ground of what is lit. A sheet that is missing or too small is left alone.
 void recolor_gui_sheet(Color background, Color border, Color shadow, Color background2);

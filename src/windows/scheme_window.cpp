@@ -159,8 +159,7 @@ void scheme_window() {
     const auto take_swatches = [] { apply_scheme(SCHEME_FROM_SWATCHES); };
     const WindowPass end = run_window(window, {.built = finish_window, .show = take_swatches, .serve = serve});
     if (end == WINDOW_CANCELLED) color_scheme = kept;
-    apply_scheme(SCHEME_TO_INTERFACE);
-    paint_sheet(color_scheme);
+    wear_scheme();
     build_drawing_menu();  // in the new colours
 }
 

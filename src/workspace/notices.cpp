@@ -5,8 +5,14 @@
 #include "state/run.h"
 #include "state/view.h"
 #include <algorithm>
+#include <string_view>
 
 namespace nubo {
+namespace {
+
+constexpr std::string_view one_moment = "ONE MOMENT...";
+
+}  // namespace
 
 void queue_box(Label first, Label second) {
     const auto begin = pending_boxes.begin(), end = begin + pending_box_count;
@@ -40,11 +46,19 @@ void flash_text(const std::string& text) {
     flash_message(MESSAGE_TOLD);
 }
 
-void say_busy(std::size_t amount) {
-    constexpr std::size_t takes_long = 1'000'000;  // the colours of a GIF are learned from as many in that time
+BusyNotice::BusyNotice(std::size_t amount) {
+    // A PNG of noise has as many pixels packed in that time, and one of few colours as many bytes unpacked, of which
+    // each may stand for a thousand.
+    constexpr std::size_t takes_long = 150'000;
     if (amount < takes_long) return;
-    flash_text("ONE MOMENT...");
+    flash_text(std::string(one_moment));
     update_screen(UPDATE_NORMAL);
+}
+
+BusyNotice::~BusyNotice() {
+    if (status_message != MESSAGE_TOLD || told_text.data() != one_moment) return;  // what came of it is told
+    status_message = status_coordinates;
+    status_timer = 0;
 }
 
 void mark_damage() { workspace_damaged = 1; }

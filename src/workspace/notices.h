@@ -3,6 +3,7 @@
 #include "state/boxes.h"
 #include "state/messages.h"
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -24,9 +25,15 @@ void flash_text(const std::string& text);
 /// Such a text for a prompt, which is MESSAGE_TOLD then.
 void set_told_text(const std::string& text);
 
-/// Before work on so many pixels, or bytes of a compressed picture: if it may take more than half a second, the status
-/// bar says so and is shown at once.
-void say_busy(std::size_t amount);
+/// As long as it lives, the status bar asks for patience, shown at once: around work on `amount` pixels to be written
+/// or bytes to be read, if that may take half a second; without an amount always.
+class BusyNotice {
+public:
+    explicit BusyNotice(std::size_t amount = SIZE_MAX);
+    ~BusyNotice();
+    BusyNotice(const BusyNotice&) = delete;
+    BusyNotice& operator=(const BusyNotice&) = delete;
+};
 
 /// Something on disk was missing, damaged or out of range and has been repaired: the user is told once, on entering
 /// the program loop, by a box that the start leaves.

@@ -106,10 +106,12 @@ TEST(Jpeg, WritesWhatItReadsBackAndFilesThatKeepTheOldOne) {
     EXPECT_FALSE(save_jpeg("missing/a.jpg", bitmap.get(), 90));
     const OwnedBitmap wide = make_bitmap(65501, 1);
     EXPECT_FALSE(save_jpeg("a.jpg", wide.get(), 90)) << "the format's sides end at 65,500";
-    const OwnedBitmap loaded(load_jpeg("a.jpg"));
-    ASSERT_TRUE(loaded);
-    EXPECT_TRUE(same_pixels(loaded.get(), back.bitmap.get()));
-    EXPECT_FALSE(OwnedBitmap(load_jpeg("missing.jpg")));
+    const ReadPicture loaded = load_jpeg("a.jpg");
+    ASSERT_TRUE(loaded.bitmap);
+    EXPECT_TRUE(same_pixels(loaded.bitmap.get(), back.bitmap.get()));
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(load_jpeg("missing.jpg").bitmap);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "can't open missing.jpg\n");
     EXPECT_NE(log_text().find("[ ERROR ] : Couldn't open new or existing JPG for saving!"), std::string::npos);
     UA_log_close();
 }

@@ -59,9 +59,7 @@ public:
         std::strncpy(program_dir.data(), folder_.path().c_str(), path_size - 1);
         load_user_settings();
         if (!load_pictures() || font_system_init() != 0 || !open_workspace()) std::abort();
-        apply_scheme(SCHEME_TO_INTERFACE);
-        recolor_gui_sheet(color_scheme[SCHEME_BACKGROUND], color_scheme[SCHEME_BORDER], color_scheme[SCHEME_SHADOW],
-                          color_scheme[SCHEME_BACKGROUND]);
+        wear_scheme();
         handlers_locked = 0;
     }
     ~DeliveredEditor() override { font_system_exit(); }
