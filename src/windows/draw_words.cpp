@@ -7,6 +7,7 @@
 #include "state/run.h"
 #include "state/tools.h"
 #include "windows/draw_elements.h"
+#include "windows/file_list.h"
 #include "windows/key_names.h"
 #include <array>
 #include <cstdio>
@@ -32,11 +33,14 @@ void draw_hotkey(int slot) {
 
 void draw_file_name(int slot) {
     constexpr std::size_t length_shown = 21;
-    std::string name(font_name.data(), strnlen(font_name.data(), font_name.size()));
+    constexpr int cell_w = 6, top = 2;
+    std::string name = shown_file_name(font_name.data());
     if (name.size() > length_shown) name = name.substr(0, length_shown) + "...";
     const bool lit = is_lit(slot);
     GUI_box(slot, lit ? ui_highlight_back : color_of(slot), ui_border);
-    GUI_center_text(slot, name, lit ? TEXT_RED : TEXT_BUTTON);
+    set_font(FONT_WIDE, lit ? TEXT_RED : TEXT_BUTTON);
+    const int x = gui::x[at(slot)] + 1 + (gui::w[at(slot)] - cell_w * static_cast<int>(name.size())) / 2;
+    UA_text_as_is(screen_buffer, x, gui::y[at(slot)] + top, name, cell_w);
 }
 
 /// The lines of a tool or an ink.

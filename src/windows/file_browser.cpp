@@ -40,13 +40,20 @@ std::string path_in(const std::string& folder, const std::string& name) {
     return folder == "/" ? folder + name : folder + "/" + name;
 }
 
-/// What the user has typed or chosen, as an absolute path without "..".
-std::string absolute_path(const std::string& typed) {
-    const std::string path = expand_home(typed);
-    const bool is_absolute = !path.empty() && path.front() == '/';
-    std::string plain = fs::path(is_absolute ? path : path_in(image_dir.data(), path)).lexically_normal();
+/// The path without ".." and a slash at its end.
+std::string plain_path(const std::string& path) {
+    std::string plain = fs::path(path).lexically_normal();
     while (plain.size() > 1 && plain.back() == '/') plain.pop_back();
     return plain;
+}
+
+/// The path of what the list names.
+std::string path_of_entry(const std::string& name) { return plain_path(path_in(image_dir.data(), name)); }
+
+/// What the user has typed, as an absolute path.
+std::string absolute_path(const std::string& typed) {
+    const std::string path = expand_home(typed);
+    return path.starts_with('/') ? plain_path(path) : path_of_entry(path);
 }
 
 bool is_folder(const std::string& path) {
@@ -65,14 +72,12 @@ std::string field_text(int slot) {
     return text.data();
 }
 
-/// Where the browser opens: at home, where it was, or else in the user's pictures; for a font where that one lies.
-std::string first_folder(BrowserMode mode) {
-    const bool is_for_font = mode == BROWSE_FOR_FONT;
+/// Where the browser opens, the next where one can't be entered: at home, where it was, or, the first time, in the
+/// user's pictures; for a font where that one lies.
+std::array<std::string, 4> first_folders(BrowserMode mode) {
     const std::string image = image_dir[0] != '\0' ? browse_folder().path() : pictures_folder();
-    const std::string last = is_for_font ? font_folder().path() : image;
-    const std::array<std::string, 3> wanted{home_of(mode).data(), last, program_dir.data()};
-    const auto found = std::find_if(wanted.begin(), wanted.end(), is_folder);
-    return found != wanted.end() ? *found : "/";
+    const std::string last = mode == BROWSE_FOR_FONT ? font_folder().path() : image;
+    return {home_of(mode).data(), last, program_dir.data(), "/"};
 }
 
 // ---- The browser ---------------------------------------------------------------------------------------------------
@@ -90,7 +95,9 @@ public:
     /// The chosen path, empty after CANCEL.
     std::string run() {
         const std::string offered = offered_name();
-        if (!enter(first_folder(mode_)) && !enter("/")) return {};
+        const auto folders = first_folders(mode_);
+        const auto enters = [&](const std::string& folder) { return is_folder(folder) && enter(folder); };
+        if (std::none_of(folders.begin(), folders.end(), enters)) return {};
         set_text(image_file, offered);
         WindowRow row = browser_window;
         if (!offers_previous_) {
@@ -112,10 +119,13 @@ public:
 private:
     // Building.
 
-    /// The last name, if it is of the kind that is to be saved: no picture is to be lost for a Workspace.
+    /// The last name, if it is of the kind that is to be saved: no picture is to be lost for a Workspace, or for
+    /// colours, whose files have no ending.
     std::string offered_name() const {
-        const bool is_archive = file_type_from_extension(image_file.data(), mode_) == FILE_WSP;
-        return mode_ == BROWSE_TO_SAVE && is_archive == (purpose_ == PURPOSE_ARCHIVE) ? image_file.data() : "";
+        const FileType type = file_type_from_extension(image_file.data(), mode_);
+        const bool is_of_kind =
+            type == FILE_UNKNOWN ? purpose_ != PURPOSE_ARCHIVE : file_format(type).purpose == purpose_;
+        return mode_ == BROWSE_TO_SAVE && is_of_kind ? image_file.data() : "";
     }
 
     void fill() {
@@ -132,7 +142,7 @@ private:
         for (std::size_t i = 0; i < places_.size(); ++i) {
             const std::size_t slot = at(BROWSER_PLACE_FIRST) + i;
             gui::label[slot] = drive_label(places_[i].letter - 'A');
-            gui::left_action[slot] = ACTION_PUSH_IN;
+            gui::left_action[slot] = ACTION_CLICK;  // the lit place too: its own folder may lie further up
         }
     }
 
@@ -192,7 +202,7 @@ private:
         show_folder();
     }
 
-    void open_entry(int index) { go_to(absolute_path(file_names[at(index)].name)); }
+    void open_entry(int index) { go_to(path_of_entry(file_names[at(index)].name)); }
 
     /// Takes a file's name, and shows what is in the file.
     void pick(int index) {
@@ -258,7 +268,7 @@ private:
         const bool is_of_list = code == KEY_UP || code == KEY_DOWN || code == KEY_PGUP || code == KEY_PGDN;
         if (code == 0 || (is_text_field(key_focus) && !is_of_list)) return false;
         if (code == KEY_TAB) GUI_set_key_focus(BROWSER_FILE, true);
-        if (code == KEY_BACKSPACE) go_to(absolute_path(".."));
+        if (code == KEY_BACKSPACE) go_to(path_of_entry(".."));
         const int index = file_of_key(code, file_cursor);
         if (index != file_cursor && is_entry(index)) pick(index);
         return code == KEY_ENTER || code == KEY_ENTER_PAD;

@@ -106,7 +106,7 @@ bool save_workspace_state(const char* name, bool state_only) {
     if (!reach_workspace()) return false;
     UA_log("[ SPA ] : Workspace save at: %s", program_dir.data());
     const auto kept_dir = image_dir;
-    image_dir = browse_dir;  // where the user is now
+    if (image_dir[0] != '\0') image_dir = browse_dir;  // where the user is now, who has been there
     const bool written = write_workspace(workspace_folder(), name, state_only);
     image_dir = kept_dir;
     browse_in(program_folder());

@@ -12,6 +12,7 @@
 #include "windows/jpeg_quality_window.h"
 #include "windows/picture_files.h"
 #include "windows/picture_formats.h"
+#include "workspace/folders.h"
 #include "workspace/frame_memory.h"
 #include <filesystem>
 #include <fstream>
@@ -88,6 +89,35 @@ TEST_F(FileBrowserTest, EachFormatBringsBackWhatItTook) {
     }
 }
 
+// A GIF has six bits a channel; near its edges a JPEG is off by more.
+TEST_F(FileBrowserTest, OtherProgramsReadWhatIsSaved) {
+    if (std::system("command -v pngtopnm >/dev/null") != 0) GTEST_SKIP() << "netpbm isn't here";
+    struct Case {
+        const char *name, *reader;
+        int off_by = 0, edge = 0;
+    };
+    opt_gif_reduction = REDUCTION_BEST;
+    jpeg_quality = 100;
+    new_frame(64, 48, 0x3163c5);
+    rectfill(current_frame, 32, 0, 63, 47, 0xfd0240);
+    for (const Case& one : {Case{"p.gif", "giftopnm", 3}, Case{"p.pcx", "pcxtoppm"}, Case{"p.bmp", "bmptopnm"},
+                            Case{"p.png", "pngtopnm"}, Case{"p.jpg", "jpegtopnm", 3, 8}}) {
+        ASSERT_TRUE(write_picture_file(one.name, current_frame));
+        ASSERT_EQ(std::system((std::string(one.reader) + " p.* >out 2>errors").c_str()), 0) << one.name;
+        fs::remove(one.name);
+        Bytes pixels;
+        const std::string head = "P6\n64 48\n255\n";
+        ASSERT_TRUE(read_file("out", SIZE_MAX, pixels) && pixels.size() == head.size() + 64 * 48 * 3) << one.name;
+        int wrong = 0;
+        for (int i = 0; i < 64 * 48 * 3; ++i) {
+            const int x = i / 3 % 64, value = pixels[head.size() + at(i)];
+            const int wanted = static_cast<int>(frame_pixel(x, i / 3 / 64) >> (16 - 8 * (i % 3)) & 0xff);
+            if ((x < 32 - one.edge || x >= 32 + one.edge) && std::abs(value - wanted) > one.off_by) ++wrong;
+        }
+        EXPECT_EQ(wrong, 0) << one.name;
+    }
+}
+
 TEST_F(FileBrowserTest, WhatCantBeReadOrWrittenChangesNothing) {
     new_frame(20, 10, 0x445566);
     put("bad.png", "garbage");
@@ -133,6 +163,13 @@ TEST_F(FileBrowserTest, ColorsKeepTheirFormToTheByte) {
     put("s", "SCH" + std::string(36, '\0') + "\x7f\x01\x02\x03");  // the top byte of a colour is none's
     EXPECT_EQ(load_scheme("s"), 1);
     EXPECT_EQ(color_scheme.back(), 0x010203u);
+    color_scheme.fill(0x405060);
+    ASSERT_TRUE(save_scheme("s"));
+    color_scheme.fill(0);
+    favorites.fill(0);
+    EXPECT_TRUE(load_file("s", PURPOSE_PICTURE) && load_file("f", PURPOSE_PICTURE));
+    EXPECT_EQ(ui_background, 0x405060u) << "looked for as a picture it is worn at once";
+    EXPECT_EQ(favorites[255], 0xa0b0c0u);
 }
 
 TEST_F(FileBrowserTest, ADoubleClickLoadsAndFoldersAreEntered) {
@@ -266,7 +303,7 @@ TEST_F(FileBrowserTest, KeysWalkTheListAndAFolderThatHasGoneIsTold) {
     EXPECT_EQ(frame_w, 11);
 }
 
-TEST_F(FileBrowserTest, FiltersAnswer) {
+TEST_F(FileBrowserTest, FiltersPlacesAndHomeAnswer) {
     put("a.png", "x");
     put("b.jpeg", "x");
     play_on(load_frame_command, [](User& user) -> Script {
@@ -277,8 +314,36 @@ TEST_F(FileBrowserTest, FiltersAnswer) {
         EXPECT_TRUE(is_shown("a.png") && !is_shown("b.jpeg"));
         co_await click(user, slot_of(LABEL_PNG));
         EXPECT_TRUE(is_shown("a.png") && is_shown("b.jpeg"));
+        co_await click(user, slot_of(LABEL_FLOAT));
+        EXPECT_STREQ(default_image_dir.data(), "");
+        const int root = slot_of(drive_label('C' - 'A'));
+        EXPECT_EQ(gui::type[at(root)], ELEMENT_BUTTON_DOWN) << "the folder lies in it, and in no nearer place";
+        co_await click(user, root);
+        EXPECT_STREQ(image_dir.data(), "/");
+        co_await click(user, slot_of(LABEL_HOME));
+        EXPECT_STREQ(default_image_dir.data(), "/");
         co_await right_click_outside(user);
     });
+    EXPECT_EQ(browse_folder().path(), "/");
+}
+
+TEST_F(FileBrowserTest, ItOpensInThePicturesTheFirstTimeAndWhereItWasWithoutItsHome) {
+    setenv("HOME", folder_.path().c_str(), 1);
+    unsetenv("XDG_CONFIG_HOME");
+    for (const char* name : {"Pictures", "Pictures/last"}) fs::create_directory(name);
+    default_image_dir.fill('\0');
+    const auto opens_in = [](const std::string& folder) {
+        play_on(load_frame_command, [](User& user) -> Script {
+            co_await user.wait(3);
+            co_await user.tap_key(KEY_ESC);
+        });
+        EXPECT_EQ(image_dir.data(), folder);
+        exit_requested = 0;
+    };
+    opens_in(folder_.path() + "/Pictures");
+    browse_in(Folder(folder_.path() + "/Pictures/last"));
+    std::strncpy(default_image_dir.data(), "/not/there", path_size - 1);
+    opens_in(folder_.path() + "/Pictures/last");
 }
 
 TEST_F(FileBrowserTest, ThePreviewSaysWhyItShowsNothing) {

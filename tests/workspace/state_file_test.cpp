@@ -238,6 +238,11 @@ TEST_F(WorkspaceTest, FileBrowserOpensWhereTheLastOperationLeftIt) {
         EXPECT_EQ(browse_folder().path(), after);
     }
     EXPECT_EQ(std::filesystem::current_path(), home);  // the process itself stays where it is
+    image_dir.fill('\0');
+    insert_frames(0, 1, true);
+    save_workspace_state(state_file, true);
+    open_workspace();
+    EXPECT_STREQ(image_dir.data(), "") << "nobody has looked for a picture yet";
 }
 
 // ---- The user's settings -------------------------------------------------------------------------------------------
