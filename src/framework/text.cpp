@@ -138,6 +138,19 @@ bool is_near_screen(const FontSlot& font, int x, int y) {
 
 bool is_font_slot(int slot) { return slot >= 0 && slot < font_slot_count; }
 
+bool has_glyph(char32_t code) {
+    constexpr int undefined = 0;
+    const auto& glyph_x = font_slots[static_cast<std::size_t>(text_attributes.font_slot)].glyph_x;
+    return code < glyph_x.size() && glyph_x[code] != undefined;
+}
+
+/// Of the size of a capital.
+void draw_empty_box(BITMAP* target, int x, int y, int cell_w) {
+    constexpr int height = 5, gap = 1;
+    const int color = text_colors[static_cast<std::size_t>(text_attributes.color_row)][0];
+    rect(target, x, y, x + cell_w - gap - 1, y + height - 1, color);
+}
+
 void set_unless_kept(int& attribute, int value) {
     if (value != attribute_kept) attribute = value;
 }
@@ -194,14 +207,14 @@ int UA_text(BITMAP* target, int x, int y, std::string_view text) {
 }
 
 void UA_text_as_is(BITMAP* target, int x, int y, std::string_view text, int cell_w) {
-    constexpr int undefined = 0;
     for (; !text.empty(); x += cell_w) {
-        const std::size_t size = first_character(text).size;
-        const auto byte = static_cast<unsigned char>(text.front());
-        const FontSlot& font = font_slots[static_cast<std::size_t>(text_attributes.font_slot)];
-        const bool is_lacking = size > 1 || font.glyph_x[byte] == undefined;
-        UA_text(target, x, y, is_lacking ? "?" : text.substr(0, 1));
-        text.remove_prefix(size);
+        const Utf8Character next = first_character(text);
+        text.remove_prefix(next.size);
+        const auto code = static_cast<char>(next.code);
+        if (has_glyph(next.code))
+            UA_text(target, x, y, {&code, 1});
+        else
+            draw_empty_box(target, x, y, cell_w);
     }
 }
 

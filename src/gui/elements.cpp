@@ -1,8 +1,9 @@
 #include "gui/elements.h"
 
+#include "base/utf8.h"
 #include "framework/traps.h"
 #include <algorithm>
-#include <cstring>
+#include <string_view>
 
 namespace nubo {
 namespace {
@@ -66,6 +67,17 @@ void place(int slot, ElementType type, int x, int y, int w, int h) {
     gui::w[s] = static_cast<std::int16_t>(w);
     gui::h[s] = static_cast<std::int16_t>(h);
     gui::hidden[s] = 0;
+}
+
+/// Bytes of as many of the text's characters as fit into a field that takes `max` of them.
+std::size_t size_of_characters(std::string_view text, int max) {
+    std::size_t size = 0;
+    for (; max > 0 && size < text.size(); --max) {
+        const std::size_t end = size + first_character(text.substr(size)).size;
+        if (end >= field_size) break;
+        size = end;
+    }
+    return size;
 }
 
 /// Shows the slot: last, so that the handler meets no element that is half built.
@@ -218,7 +230,7 @@ void GUI_link_slider(int slot, Word* value) {
 void GUI_set_field(int slot, const FieldLayout& layout, const char* text) {
     if (!GUI_check_window(slot, "GUI_set_field")) return;
     const std::size_t s = at(slot);
-    const std::size_t length = strnlen(text, at(std::min(layout.max, field_size - 1)));
+    const std::size_t length = size_of_characters(text, layout.max);
     for (std::size_t i = 0; i < field_size; ++i) gui::text[s][i] = i < length ? text[i] : '\0';
     gui::cursor[s] = gui::field_scroll[s] = 0;
     gui::field_visible[s] = layout.visible;

@@ -76,7 +76,7 @@ void GUI_set_list(int slot, const ListLayout& layout, Label first, int count);
 void GUI_link_slider(int slot, Word* value);
 
 struct FieldLayout {
-    int visible = 0, max = 0;  // characters that fit, and that it takes at most
+    int visible = 0, max = 0;  // characters that fit, and that it takes at most, within `field_size` bytes
     Font font = FONT_WIDE;
 };
 /// Makes the element a text field (`ELEMENT_TEXT_FIELD`, left action ACTION_FOCUS) that holds a copy of `text`.

@@ -31,7 +31,6 @@ void show_left_of_cursor(int slot) {
 
 void move_right(int slot) {
     const std::size_t s = at(slot);
-    if (gui::cursor[s] >= gui::field_max[s]) return;
     gui::cursor[s] = field_step_on(slot, gui::cursor[s]);
     while (field_columns(slot, gui::field_scroll[s], gui::cursor[s]) > gui::field_visible[s])
         gui::field_scroll[s] = field_step_on(slot, gui::field_scroll[s]);
@@ -51,12 +50,9 @@ void focus_next(int slot) {
 
 // ---- Keys ----------------------------------------------------------------------------------------------------------
 
-/// All bytes of a character, or none where they don't fit.
+/// False where it doesn't fit.
 bool insert_at_cursor(int slot, std::string_view character) {
-    const int cursor = gui::cursor[at(slot)], size = static_cast<int>(character.size());
-    if (size == 0 || field_length(slot) + size > gui::field_max[at(slot)]) return false;
-    for (int i = 0; i < size; ++i)
-        if (GUI_insert_field(slot, character[at(i)], cursor + i) == 0) return false;
+    if (GUI_insert_field(slot, character, gui::cursor[at(slot)]) == 0) return false;
     move_right(slot);
     return true;
 }

@@ -10,19 +10,16 @@
 namespace nubo {
 namespace {
 
-/// Most characters of the field; the buffer's last byte ends the text.
-int capacity(int slot) { return std::clamp<int>(gui::field_max[at(slot)], 0, field_size - 1); }
-
-/// Keeps the text within the field's own size.
-void cut_at_capacity(int slot) {
-    for (int i = capacity(slot); i < field_size; ++i) gui::text[at(slot)][at(i)] = '\0';
-}
-
 /// Moves the bytes from `end` on down to `start`.
 void close_gap(int slot, int start, int end) {
     auto& text = gui::text[at(slot)];
     for (int i = start; i < field_size; ++i, ++end) text[at(i)] = end < field_size ? char{text[at(end)]} : '\0';
-    cut_at_capacity(slot);
+}
+
+/// Moves the bytes from `start` on up to `end`.
+void open_gap(int slot, int start, int end) {
+    auto& text = gui::text[at(slot)];
+    for (int to = field_size - 1; to >= end; --to) text[at(to)] = text[at(to - end + start)];
 }
 
 /// A field's bytes as they are now, to be looked at as text: the other flow may write to the field meanwhile.
@@ -80,8 +77,10 @@ int step_by_columns(int slot, int position, int columns) {
 }
 
 int field_columns(int slot, int from, int to) {
+    const FieldBytes bytes(slot);
+    std::string_view rest = bytes.from(from).substr(0, at(std::max(to - from, 0)));
     int columns = 0;
-    for (const int end = std::min(to, field_length(slot)); from < end; from = field_step_on(slot, from)) ++columns;
+    for (; !rest.empty(); ++columns) rest.remove_prefix(first_character(rest).size);
     return columns;
 }
 
@@ -109,25 +108,25 @@ void GUI_set_key_focus(int slot, bool to_end) {
         gui::cursor[s] = cursor_under_mouse(slot, font_slots[at(font)].advance['A']);
 }
 
-int GUI_insert_field(int slot, char character, int position) {
+int GUI_insert_field(int slot, std::string_view character, int position) {
     if (!GUI_check_window(slot, "GUI_insert_field")) return 0;
-    if (position < 0 || position >= capacity(slot) || field_length(slot) >= capacity(slot)) return 0;
-    auto& text = gui::text[at(slot)];
-    for (int i = field_size - 1; i > position; --i) text[at(i)] = text[at(i - 1)];
-    cut_at_capacity(slot);
-    text[at(position)] = character;
+    const int length = field_length(slot), size = static_cast<int>(character.size());
+    if (position < 0 || position > length || size == 0 || length + size >= field_size) return 0;
+    if (field_columns(slot, 0, length) >= gui::field_max[at(slot)]) return 0;
+    open_gap(slot, position, position + size);
+    for (const char byte : character) gui::text[at(slot)][at(position++)] = byte;
     return 1;
 }
 
 void GUI_delete_field(int slot, int position) {
     if (!GUI_check_window(slot, "GUI_delete_field")) return;
-    if (position < 1 || position > capacity(slot) || gui::cursor[at(slot)] <= 0) return;
+    if (position < 1 || position > field_length(slot) || gui::cursor[at(slot)] <= 0) return;
     close_gap(slot, field_step_back(slot, position), position);
 }
 
 void GUI_delete_field(int slot, int position, Forward) {
     if (!GUI_check_window(slot, "GUI_delete_field")) return;
-    if (position >= 0 && position < capacity(slot)) close_gap(slot, position, field_step_on(slot, position));
+    if (position >= 0 && position < field_length(slot)) close_gap(slot, position, field_step_on(slot, position));
 }
 
 }  // namespace nubo

@@ -12,8 +12,9 @@ void GUI_set_key_focus(int slot, bool to_end);
 /// The cursor behind the last character, with as much of the text before it as the field shows.
 void scroll_field_to_end(int slot);
 
-/// Inserts the character before `position`; 1 if it went in, 0 when the field is full or the position lies outside.
-int GUI_insert_field(int slot, char character, int position);
+/// Inserts all bytes of a character before `position`; 1 if they went in, 0 when the field has no room for them, in
+/// characters or in bytes, or the position lies outside.
+int GUI_insert_field(int slot, std::string_view character, int position);
 
 /// Deletes the character before `position`: all bytes of it.
 void GUI_delete_field(int slot, int position);

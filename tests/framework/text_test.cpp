@@ -75,6 +75,22 @@ TEST_F(TextTest, DrawsAGlyphAtItsPlaceInItsColours) {
     EXPECT_EQ(painted(), 7 + 5 * 7);
 }
 
+// Names of files and what users type: no colour codes, a cell a character, boxes for what the font lacks.
+TEST_F(TextTest, AsItIsEachCharacterHasItsCell) {
+    set_font(FONT_WIDE, TEXT_LIGHT);
+    text_colors[TEXT_LIGHT][0] = 0x123456;
+    UA_text_as_is(target_.get(), 10, 20,
+                  "d|c01\xc3\xa9\xe9"
+                  "d",
+                  7);
+    const auto is_box = [&](int x) {
+        return at(x, 20) == 0x123456u && at(x + 5, 24) == 0x123456u && at(x + 2, 22) == paper && at(x + 6, 20) == paper;
+    };
+    EXPECT_TRUE(is_box(10 + 5 * 7) && is_box(10 + 6 * 7));
+    for (const int cell : {0, 7}) EXPECT_NE(at(10 + cell * 7 + 2, 22), paper) << "a d, hanging by 2";
+    for (const int cell : {1, 2, 3, 4}) EXPECT_NE(at(10 + cell * 7, 20), paper);
+}
+
 TEST_F(TextTest, MeasuresWhatItDraws) {
     // By hand: A 6, blank 4, d 7, undefined 8, characters of a broken code 3 each, codes nothing.
     const std::pair<std::string_view, int> cases[] = {

@@ -66,7 +66,7 @@ TEST_F(FieldTest, KeysStruckBetweenTwoTicksTypeInTheirOrder) {
     EXPECT_EQ(text(), "nuboo");
 }
 
-// What X tells of a key goes before its place; the field takes 8 bytes, and no half of a letter.
+// What X tells of a key goes before its place. The field takes 8 characters, of however many bytes.
 TEST_F(FieldTest, KeysTypeWhatIsPrintedOnThem) {
     const auto strike_key = [](int code, char32_t character) {
         note_key(code, true, character);
@@ -80,11 +80,13 @@ TEST_F(FieldTest, KeysTypeWhatIsPrintedOnThem) {
     EXPECT_EQ(text(), "\u00e4\u0436\"");
     strike_key(KEY_E, U'\u20ac');
     EXPECT_EQ(text(), "\u00e4\u0436\"\u20ac");
+    for (int i = 0; i < 4; ++i) strike_key(KEY_E, U'\u00e9');
     strike_key(KEY_A, U'a');
-    EXPECT_EQ(text(), "\u00e4\u0436\"\u20ac");
+    EXPECT_EQ(text(), "\u00e4\u0436\"\u20ac\u00e9\u00e9\u00e9\u00e9");
     strike_key(KEY_BACKSPACE, 0);
-    strike_key(KEY_E, U'e');
-    EXPECT_EQ(text(), "\u00e4\u0436\"e");
+    strike_key(KEY_A, U'a');
+    EXPECT_EQ(text(), "\u00e4\u0436\"\u20ac\u00e9\u00e9\u00e9"
+                      "a");
 }
 
 TEST_F(FieldTest, EditingKeysMoveAndDelete) {
@@ -126,7 +128,7 @@ TEST_F(FieldTest, WhatIsDeletedToStaysInView) {
 
 TEST_F(FieldTest, ACharacterOfSeveralBytesIsOne) {
     set_text("\xc3\xa9\xe2\x82\xac"
-             "ab");  // e with acute, Euro: the field takes 8 bytes
+             "ab");  // e with acute, Euro
     strike({KEY_RIGHT, KEY_RIGHT, KEY_X});
     EXPECT_EQ(text(), "\xc3\xa9\xe2\x82\xacxab");
     EXPECT_EQ(gui::cursor[field], 6);
@@ -177,15 +179,26 @@ TEST_F(FieldTest, CtrlWithCAndVCopiesAndPastes) {
     for (const Case& one : {Case{"12\n34", "abc12"},
                             {"", "abc12"},
                             {"\t\x7fx", "abc12x"},
-                            {"y\xc3\xa4z", "abc12xy"},
-                            {"xyz", "abc12xyx"}}) {
+                            {"y\xc3\xa4z", "abc12xy\xc3\xa4"},
+                            {"xyz", "abc12xy\xc3\xa4"}}) {
         there = one.there;
         strike_with_ctrl(KEY_V);
         EXPECT_EQ(text(), one.text);
     }
-    EXPECT_EQ(gui::cursor[field], 8);
+    EXPECT_EQ(gui::cursor[field], 9);
     strike_with_ctrl(KEY_A);
-    EXPECT_EQ(text(), "abc12xyx");
+    EXPECT_EQ(text(), "abc12xy\xc3\xa4");
+}
+
+TEST_F(FieldTest, ALongFieldEndsWithItsBytesAndWithWholeCharacters) {
+    std::string euros;
+    for (int i = 0; i < 100; ++i) euros += "\xe2\x82\xac";
+    GUI_set_field(field, {.visible = 5, .max = 120}, euros.c_str());
+    EXPECT_EQ(text(), euros.substr(0, 255));
+    strike({KEY_END, KEY_A});
+    EXPECT_EQ(text(), euros.substr(0, 255)) << "255 bytes are all that a field has";
+    strike({KEY_BACKSPACE, KEY_A, KEY_B, KEY_C, KEY_D});
+    EXPECT_EQ(text(), euros.substr(0, 252) + "abc");
 }
 
 TEST_F(FieldTest, AHeldKeyRepeatsAfter29TicksEvery5) {
