@@ -12,15 +12,10 @@
 #include <vector>
 #include FT_FREETYPE_H
 #include FT_BITMAP_H
-#include FT_GLYPH_H
+#include FT_OUTLINE_H
 
 namespace nubo {
 namespace {
-
-struct GlyphDestroyer {
-    void operator()(FT_Glyph glyph) const { FT_Done_Glyph(glyph); }
-};
-using OwnedGlyph = std::unique_ptr<FT_GlyphRec_, GlyphDestroyer>;
 
 /// A glyph as pixels, a byte each, 0 where nothing is. Its corner lies `left` of the pen and `top` above the baseline.
 struct GlyphForm {
@@ -30,10 +25,11 @@ struct GlyphForm {
 };
 
 struct CachedGlyph {
-    OwnedGlyph shape;                  // null: nothing to draw
     GlyphForm mono, grey;              // each rendered when it is first asked for
     int advance_x = 0, advance_y = 0;  // whole pixels
 };
+
+constexpr FT_UInt no_glyph = ~FT_UInt{0};
 
 }  // namespace
 
@@ -45,6 +41,7 @@ struct OutlineFont {
     int char_spacing = 0;
     int fixed_size_count = -1;                         // of a font of bitmaps
     std::vector<std::unique_ptr<CachedGlyph>> glyphs;  // by the face's number of the glyph; null: not used so far
+    FT_UInt loaded = no_glyph;                         // which stands in the face's slot as the file has it
     std::vector<int> fixed_sizes;                      // heights
     std::string language;
     int convert_mode = CONVERT_BYTES;
@@ -66,6 +63,7 @@ std::size_t index_of(int i) { return static_cast<std::size_t>(i); }
 
 void forget_glyphs(OutlineFont& font) {
     for (auto& glyph : font.glyphs) glyph.reset();
+    font.loaded = no_glyph;
 }
 
 void store_size(OutlineFont& font, int height, int size) {
@@ -119,23 +117,37 @@ int set_bitmap_height(OutlineFont& font, int height) {
 
 // ---- Glyphs --------------------------------------------------------------------------------------------------------
 
-/// The shape alone: a text is measured before it is drawn, and drawn in one form only.
-std::unique_ptr<CachedGlyph> load_glyph(FT_Face face, int index) {
+/// Brings the glyph into the face's slot, unless it stands there.
+bool load_into_slot(OutlineFont& font, FT_UInt index) {
+    if (font.loaded == index) return true;
+    font.loaded = FT_Load_Glyph(font.face, index, FT_LOAD_DEFAULT) == 0 ? index : no_glyph;
+    return font.loaded == index;
+}
+
+std::unique_ptr<CachedGlyph> load_glyph(OutlineFont& font, FT_UInt index) {
     auto entry = std::make_unique<CachedGlyph>();
-    if (FT_Load_Glyph(face, static_cast<FT_UInt>(index), FT_LOAD_DEFAULT) != 0) return entry;
+    if (!load_into_slot(font, index)) return entry;
     const auto in_pixels = [](FT_Pos advance) {
         return static_cast<int>(std::clamp<FT_Pos>(advance >> fraction_bits, -advance_max, advance_max));
     };
-    entry->advance_x = in_pixels(face->glyph->advance.x);  // the slot's: the copy's counts in other units
-    entry->advance_y = in_pixels(face->glyph->advance.y);
-    FT_Glyph shape = nullptr;
-    if (FT_Get_Glyph(face->glyph, &shape) == 0) entry->shape.reset(shape);
+    entry->advance_x = in_pixels(font.face->glyph->advance.x);
+    entry->advance_y = in_pixels(font.face->glyph->advance.y);
     return entry;
 }
 
-bool is_within_limits(FT_Glyph shape) {
+/// What the glyph in the slot reaches over, in whole pixels.
+FT_BBox pixel_box(FT_GlyphSlot slot) {
+    if (slot->format == FT_GLYPH_FORMAT_BITMAP)
+        return {slot->bitmap_left, slot->bitmap_top - static_cast<FT_Pos>(slot->bitmap.rows),
+                slot->bitmap_left + static_cast<FT_Pos>(slot->bitmap.width), slot->bitmap_top};
+    constexpr FT_Pos round_up = (1 << fraction_bits) - 1;
     FT_BBox box;
-    FT_Glyph_Get_CBox(shape, FT_GLYPH_BBOX_PIXELS, &box);
+    FT_Outline_Get_CBox(&slot->outline, &box);
+    return {box.xMin >> fraction_bits, box.yMin >> fraction_bits, (box.xMax + round_up) >> fraction_bits,
+            (box.yMax + round_up) >> fraction_bits};
+}
+
+bool is_within_limits(const FT_BBox& box) {
     const auto fits = [](FT_Pos low, FT_Pos high) { return high - low <= glyph_side_max; };
     const auto is_near = [](FT_Pos place) { return std::labs(place) <= advance_max; };
     return fits(box.xMin, box.xMax) && fits(box.yMin, box.yMax) && is_near(box.xMin) && is_near(box.yMin);
@@ -173,27 +185,29 @@ template <std::uint8_t (*pixel)(int value, int greys)> void convert_pixels(Glyph
     FT_Bitmap_Done(library, &bytes);
 }
 
+/// Nothing comes of a glyph that is neither an outline nor a bitmap, of a blank, and of a bitmap that the file names
+/// but doesn't hold.
 template <std::uint8_t (*pixel)(int value, int greys)>
-void render(GlyphForm& form, FT_Glyph shape, FT_Render_Mode mode) {
-    form.is_rendered = true;
-    if (shape == nullptr || !is_within_limits(shape)) return;
-    FT_Glyph rendered = shape;
-    if (shape->format != FT_GLYPH_FORMAT_BITMAP && FT_Glyph_To_Bitmap(&rendered, mode, nullptr, 0) != 0) return;
-    const OwnedGlyph owned(rendered != shape ? rendered : nullptr);
-    const auto* const glyph = reinterpret_cast<FT_BitmapGlyph>(rendered);
-    if (glyph->bitmap.buffer == nullptr) return;  // of a blank, or of a bitmap that the file names but doesn't hold
-    form.left = glyph->left;
-    form.top = glyph->top;
-    convert_pixels<pixel>(form, glyph->bitmap);
+void render(GlyphForm& form, FT_GlyphSlot slot, FT_Render_Mode mode) {
+    const bool is_outline = slot->format == FT_GLYPH_FORMAT_OUTLINE;
+    if ((!is_outline && slot->format != FT_GLYPH_FORMAT_BITMAP) || !is_within_limits(pixel_box(slot))) return;
+    if ((is_outline && FT_Render_Glyph(slot, mode) != 0) || slot->bitmap.buffer == nullptr) return;
+    form.left = slot->bitmap_left;
+    form.top = slot->bitmap_top;
+    convert_pixels<pixel>(form, slot->bitmap);
 }
 
-const GlyphForm& form_of(CachedGlyph& glyph, TextEdges edges) {
+const GlyphForm& form_of(OutlineFont& font, FT_UInt index, TextEdges edges) {
+    CachedGlyph& glyph = *font.glyphs[index];
     GlyphForm& form = edges == EDGES_SMOOTH ? glyph.grey : glyph.mono;
     if (form.is_rendered) return form;
+    form.is_rendered = true;
+    if (!load_into_slot(font, index)) return form;
     if (edges == EDGES_SMOOTH)
-        render<soft_pixel>(form, glyph.shape.get(), FT_RENDER_MODE_NORMAL);
+        render<soft_pixel>(form, font.face->glyph, FT_RENDER_MODE_NORMAL);
     else
-        render<hard_pixel>(form, glyph.shape.get(), FT_RENDER_MODE_MONO);
+        render<hard_pixel>(form, font.face->glyph, FT_RENDER_MODE_MONO);
+    font.loaded = no_glyph;  // an outline has become a bitmap
     return form;
 }
 
@@ -208,7 +222,8 @@ FT_UInt glyph_index(FT_Face face, char32_t code) {
     return index == 0 && is_symbol ? FT_Get_Char_Index(face, symbols_first + code) : index;
 }
 
-/// Calls `visit(glyph)` for each character of the text that has a glyph, as long as it gives true.
+/// Calls `visit(index)` for each character of the text that has a glyph, as long as it gives true. The glyph is cached
+/// by then.
 template <typename Visit> void for_each_glyph(OutlineFont& font, std::string_view text, Visit visit) {
     while (!text.empty()) {
         const auto byte = static_cast<unsigned char>(text.front());
@@ -217,13 +232,14 @@ template <typename Visit> void for_each_glyph(OutlineFont& font, std::string_vie
         const FT_UInt index = glyph_index(font.face, next.code);
         if (index >= font.glyphs.size()) continue;
         auto& glyph = font.glyphs[index];
-        if (glyph == nullptr) glyph = load_glyph(font.face, static_cast<int>(index));
-        if (!visit(*glyph)) return;
+        if (glyph == nullptr) glyph = load_glyph(font, index);
+        if (!visit(index)) return;
     }
 }
 
-int pen_step(const OutlineFont& font, const CachedGlyph& glyph) {
-    return glyph.advance_x != 0 ? glyph.advance_x + font.char_spacing : 0;
+int pen_step(const OutlineFont& font, FT_UInt index) {
+    const int advance = font.glyphs[index]->advance_x;
+    return advance != 0 ? advance + font.char_spacing : 0;
 }
 
 // ---- Drawing -------------------------------------------------------------------------------------------------------
@@ -242,10 +258,10 @@ template <typename Paint>
 void draw_text(BITMAP* bitmap, OutlineFont* font, std::string_view text, int x, int y, TextEdges edges, Paint paint) {
     const DrawArea area = draw_area(bitmap);
     if (y + font->height < area.top || y >= area.bottom || x >= area.right) return;
-    for_each_glyph(*font, text, [&](CachedGlyph& glyph) {
-        const GlyphForm& form = form_of(glyph, edges);
+    for_each_glyph(*font, text, [&](FT_UInt index) {
+        const GlyphForm& form = form_of(*font, index, edges);
         paint_glyph(form, area, x + form.left, y - form.top + font->ascender, paint);
-        x += pen_step(*font, glyph);
+        x += pen_step(*font, index);
         return x < area.right;
     });
 }
@@ -352,11 +368,19 @@ void font_set_convert(OutlineFont* font, int mode) {
 
 int font_text_length(OutlineFont* font, std::string_view text) {
     int length = 0;
-    for_each_glyph(*font, text, [&](const CachedGlyph& glyph) {
-        length += pen_step(*font, glyph);
+    for_each_glyph(*font, text, [&](FT_UInt index) {
+        length += pen_step(*font, index);
         return true;
     });
     return length;
+}
+
+int font_text_length(OutlineFont* font, std::string_view text, TextEdges edges) {
+    for_each_glyph(*font, text, [&](FT_UInt index) {
+        form_of(*font, index, edges);
+        return true;
+    });
+    return font_text_length(font, text);
 }
 
 int font_text_height(const OutlineFont* font) { return font->height; }

@@ -50,8 +50,13 @@ void font_set_convert(OutlineFont* font, int mode);
 
 // ---- Text ----------------------------------------------------------------------------------------------------------
 
-/// The width of a text in pixels: what the pen moves.
+/// The two forms of a glyph, which is rendered only in the one that is asked for.
+enum TextEdges : int { EDGES_ROUGH, EDGES_SMOOTH };
+
+/// The width of a text in pixels: what the pen moves. With edges the glyphs are rendered on the way, for one who goes
+/// on to draw: each is read from the file once then.
 int font_text_length(OutlineFont* font, std::string_view text);
+int font_text_length(OutlineFont* font, std::string_view text, TextEdges edges);
 
 /// The height that was set last.
 int font_text_height(const OutlineFont* font);
@@ -64,7 +69,6 @@ void font_textout_aa(BITMAP* bitmap, OutlineFont* font, std::string_view text, i
 void font_textout_aa(BITMAP* bitmap, OutlineFont* font, std::string_view text, int x, int y, int color, int background);
 
 /// The same into an 8-bit bitmap of coverage, 0 to 255: the red of white text on black.
-enum TextEdges : int { EDGES_ROUGH, EDGES_SMOOTH };
 void font_cover(BITMAP* coverage, OutlineFont* font, std::string_view text, int x, int y, TextEdges edges);
 
 }  // namespace nubo

@@ -103,11 +103,11 @@ bool TextInHand::follow(const TextLook& look) {
 bool TextInHand::draw(const TextLook& look) {
     text_bitmap_.reset();
     if (look.text.empty()) return true;
-    text_bitmap_ = make_coverage(font_text_length(preferred_font, look.text) + 2 * text_margin,
+    const TextEdges edges = look.antialias != 0 ? EDGES_SMOOTH : EDGES_ROUGH;
+    text_bitmap_ = make_coverage(font_text_length(preferred_font, look.text, edges) + 2 * text_margin,
                                  font_text_height(preferred_font) + 2 * text_margin);
     if (!text_bitmap_) return false;
-    font_cover(text_bitmap_.get(), preferred_font, look.text, text_margin, text_margin,
-               look.antialias != 0 ? EDGES_SMOOTH : EDGES_ROUGH);
+    font_cover(text_bitmap_.get(), preferred_font, look.text, text_margin, text_margin, edges);
     return true;
 }
 

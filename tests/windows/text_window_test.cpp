@@ -7,6 +7,7 @@
 #include "menus_kit.h"
 #include "paint/inks.h"
 #include "paint/surfaces.h"
+#include "paint/tool_text.h"
 #include "paint/undo.h"
 #include "state/frames.h"
 #include "state/stroke.h"
@@ -285,6 +286,25 @@ TEST_F(TextWindowTest, AFailingSizeIsLoggedOnceAndTheOldOneStays) {
     const std::string log = log_text(), line = "[ STATS ] : Size = 0";
     EXPECT_NE(log.find(line), std::string::npos);
     EXPECT_EQ(log.find(line), log.rfind(line));
+}
+
+// Above 65,535 pixels. INPUT takes 120 letters, which are few enough again; a state file may hold more.
+TEST_F(TextWindowTest, ALineThatIsTooLargeIsToldAndNeitherShownNorPainted) {
+    TextInHand line;
+    EXPECT_TRUE(line.follow({"W", 350, 0, 1}));
+    EXPECT_FALSE(line.follow({std::string(250, 'W'), 350, 0, 1}));
+    line.draw_preview();
+    line.commit();
+    EXPECT_EQ(shown_pixels() + count_pixels(white) + undo_steps(), 0);
+    set_text(std::string(250, 'W').c_str());
+    text_tool_size = 350;
+    play([](User& user) -> Script {
+        co_await click_place(user, 100, 60);
+        EXPECT_EQ(status_message, MESSAGE_TOLD);
+        EXPECT_EQ(std::string(text_in_hand.data()).size(), 120u);
+        EXPECT_GT(shown_pixels(), 50);
+        co_await click(user, slot_of(LABEL_CANCEL));
+    });
 }
 
 // The browser opens where the font lies, in places of fonts, and leaves the folder of pictures alone.

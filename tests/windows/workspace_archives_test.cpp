@@ -1,4 +1,5 @@
 // SAVE, LOAD and NEW of the Workspace's window, from the press to what stands on disk and on the screen.
+#include "framework/outline_font.h"
 #include "menus_kit.h"
 #include "platform/system_calls.h"
 #include "windows/file_browser.h"
@@ -8,6 +9,7 @@
 #include "windows/workspace_window.h"
 #include "workspace/archive.h"
 #include "workspace/frame_store.h"
+#include "workspace/preferred_font.h"
 
 #include <filesystem>
 #include <fstream>
@@ -111,6 +113,27 @@ TEST_F(WorkspaceArchivesTest, WithoutRoomForTheOldOneNothingIsCleared) {
     });
     EXPECT_EQ(frame_pixel(5, 5), 0x444444u);
     EXPECT_TRUE(told().starts_with("NOTHING CLEARED"));
+}
+
+TEST_F(WorkspaceArchivesTest, BringTheirTextAndItsFont) {
+    ASSERT_EQ(font_system_init(), 0);
+    for (const char* folder : {"fonts", "mine"}) fs::create_directory(folder);
+    for (const char* file : {"fonts/system.ttf", "mine/good.ttf"}) fs::copy_file(NUBO_FOLDER "/fonts/system.ttf", file);
+    choose_preferred_font(fs::absolute("mine/good.ttf"));
+    std::strcpy(text_tool_text.data(), "Wort");
+    text_tool_size = 44;
+    ASSERT_TRUE(save_file("projects/a.wsp", PURPOSE_ARCHIVE));
+    for (const char* taken : {"good.ttf", system_font}) {
+        choose_preferred_font(fs::absolute("fonts/system.ttf"));
+        text_tool_text.fill('\0');
+        text_tool_size = 10;
+        ASSERT_TRUE(load_file("projects/a.wsp", PURPOSE_ARCHIVE));
+        EXPECT_STREQ(font_name.data(), taken);
+        EXPECT_EQ(font_text_height(preferred_font), 44);
+        EXPECT_STREQ(text_tool_text.data(), "Wort");
+        fs::remove("mine/good.ttf");  // as on another machine
+    }
+    font_system_exit();
 }
 
 }  // namespace
