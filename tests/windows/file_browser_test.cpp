@@ -14,6 +14,7 @@
 #include "windows/picture_formats.h"
 #include "workspace/folders.h"
 #include "workspace/frame_memory.h"
+#include "workspace/notices.h"
 #include <filesystem>
 #include <fstream>
 
@@ -370,6 +371,24 @@ TEST_F(FileBrowserTest, ThePreviewSaysWhyItShowsNothing) {
     EXPECT_TRUE(shows(PREVIEW_BORKED));
     preview("a.wsp", PREVIEW_ALL, false);
     EXPECT_TRUE(shows(PREVIEW_UNAVAILABLE));
+}
+
+TEST_F(FileBrowserTest, PatienceIsAskedForWhileWorkLastsAndWhatCameOfItStays) {
+    const auto says = [](const char* text) {
+        return status_message == MESSAGE_TOLD && std::string(told_text.data()) == text;
+    };
+    {
+        const BusyNotice brief(100'000);
+        EXPECT_EQ(status_message, status_coordinates);
+        const BusyNotice notice(200'000);
+        EXPECT_TRUE(says("ONE MOMENT..."));
+    }
+    EXPECT_EQ(status_message, status_coordinates);
+    new_frame(500, 400);  // pixels enough
+    EXPECT_TRUE(save_file("a.bmp", PURPOSE_PICTURE));
+    EXPECT_TRUE(says("SAVED 600054 BYTES TO A.BMP")) << told_text.data();  // a head of 54, three a pixel
+    EXPECT_TRUE(load_file("a.bmp", PURPOSE_PICTURE));
+    EXPECT_TRUE(says("LOADED 500X400 BMP"));
 }
 
 TEST_F(FileBrowserTest, AFullDiskLeavesTheOldFileAndNoOther) {
