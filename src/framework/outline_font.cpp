@@ -1,5 +1,6 @@
 #include "framework/outline_font.h"
 
+#include "base/bitmap.h"
 #include "base/utf8.h"
 #include "framework/effects.h"
 #include "platform/input_file.h"
@@ -267,9 +268,9 @@ void draw_text(BITMAP* bitmap, OutlineFont* font, std::string_view text, int x, 
 }
 
 /// Calls `set(pixel, value)` for each pixel of a row that the glyph covers.
-template <typename Pixel, typename Set> auto row_painter(BITMAP* bitmap, Set set) {
+template <typename Set> auto row_painter(BITMAP* bitmap, Set set) {
     return [=](const std::uint8_t* values, int x, int y, int length) {
-        Pixel* const to = reinterpret_cast<Pixel*>(bitmap->line[y]) + x;
+        Color* const to = pixels_at(bitmap, x, y);
         for (int i = 0; i < length; ++i)
             if (values[i] != 0) set(to[i], values[i]);
     };
@@ -295,6 +296,21 @@ Ramp ramp_of(int background, int color) {
 std::uint8_t covered(std::uint32_t grey, std::uint32_t strength) {
     constexpr std::uint32_t white = 255, red_and_blue = 0x10001, all = 0x10101;
     return static_cast<std::uint8_t>((((white - grey) * red_and_blue * (strength + 1) >> 8) + grey * all) >> 16);
+}
+
+/// Adds a row of a glyph, whose values times `factor` count, to one of a map. Glyphs hardly ever overlap: then the rows
+/// are merely joined.
+void cover_row(std::uint8_t* to, const std::uint8_t* values, int length, int factor) {
+    bool overlaps = false;
+    for (int i = 0; i < length; ++i) overlaps |= (to[i] != 0) & (values[i] != 0);
+    if (!overlaps) {
+        for (int i = 0; i < length; ++i) to[i] = static_cast<std::uint8_t>(to[i] | values[i] * factor);
+        return;
+    }
+    for (int i = 0; i < length; ++i) {
+        const auto value = static_cast<std::uint8_t>(values[i] * factor);
+        if (value != 0) to[i] = to[i] == 0 ? value : covered(to[i], value);
+    }
 }
 
 /// Takes the face into a font; null if FreeType can't open it.
@@ -387,7 +403,7 @@ int font_text_height(const OutlineFont* font) { return font->height; }
 
 void font_textout(BITMAP* bitmap, OutlineFont* font, std::string_view text, int x, int y, int color) {
     const auto set = [=](Color& pixel, std::uint8_t) { pixel = static_cast<Color>(color); };
-    draw_text(bitmap, font, text, x, y, EDGES_ROUGH, row_painter<Color>(bitmap, set));
+    draw_text(bitmap, font, text, x, y, EDGES_ROUGH, row_painter(bitmap, set));
 }
 
 void font_textout_aa(BITMAP* bitmap, OutlineFont* font, std::string_view text, int x, int y, int color) {
@@ -409,16 +425,15 @@ void font_textout_aa(BITMAP* bitmap, OutlineFont* font, std::string_view text, i
                      int background) {
     const Ramp ramp = ramp_of(background, color);
     const auto set = [&ramp](Color& pixel, std::uint8_t value) { pixel = ramp[value]; };
-    draw_text(bitmap, font, text, x, y, EDGES_SMOOTH, row_painter<Color>(bitmap, set));
+    draw_text(bitmap, font, text, x, y, EDGES_SMOOTH, row_painter(bitmap, set));
 }
 
 void font_cover(BITMAP* coverage, OutlineFont* font, std::string_view text, int x, int y, TextEdges edges) {
-    constexpr std::uint8_t full = 255;
-    const auto set = [edges](std::uint8_t& pixel, std::uint8_t value) {
-        if (edges == EDGES_ROUGH) value = full;
-        pixel = pixel == 0 || value == full ? value : covered(pixel, value);  // the usual case is plain copying
+    const int factor = edges == EDGES_ROUGH ? 255 : 1;  // of a hard pixel, which is 1
+    const auto paint = [=](const std::uint8_t* values, int left, int row, int length) {
+        cover_row(coverage->line[row] + left, values, length, factor);
     };
-    draw_text(coverage, font, text, x, y, edges, row_painter<std::uint8_t>(coverage, set));
+    draw_text(coverage, font, text, x, y, edges, paint);
 }
 
 }  // namespace nubo
