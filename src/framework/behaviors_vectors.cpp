@@ -16,9 +16,9 @@ struct Axis {
     PosColumn* pos;
 };
 constexpr int axis_count = 3, z_axis = 2, gravity = 100;
-const std::array<Axis, axis_count> axes{{{&actor::Fine_x, &actor::Vel_x, &actor::Pos_x},
-                                         {&actor::Fine_y, &actor::Vel_y, &actor::Pos_y},
-                                         {&actor::Fine_z, &actor::Vel_z, &actor::Pos_z}}};
+constexpr std::array<Axis, axis_count> axes{{{&actor::Fine_x, &actor::Vel_x, &actor::Pos_x},
+                                             {&actor::Fine_y, &actor::Vel_y, &actor::Pos_y},
+                                             {&actor::Fine_z, &actor::Vel_z, &actor::Pos_z}}};
 
 void add_to(ActorWord<std::int32_t>& word, int step) { word = wrapped_sum(word, step); }
 
