@@ -1,7 +1,6 @@
 #include "windows/activity_menus.h"
 
 #include "windows/run_window.h"
-#include "workspace/notices.h"
 
 namespace nubo {
 namespace {
@@ -73,7 +72,5 @@ void run_activity_menu(const ActivityMenu& menu, int x, int y) {
     const ClearedScreen cleared;
     chosen->run();
 }
-
-void say_comes_later() { flash_message(MESSAGE_COMES_LATER); }
 
 }  // namespace nubo

@@ -38,7 +38,4 @@ struct ActivityMenu {
 /// Runs a menu from its opening to the drawing menu's return.
 void run_activity_menu(const ActivityMenu& menu, int x, int y);
 
-/// The command of a button whose work this version doesn't have: says so in the status bar.
-void say_comes_later();
-
 }  // namespace nubo
