@@ -208,7 +208,7 @@ private:
     void pick(int index) {
         file_cursor = index;
         show_file(BROWSER_LIST, index);
-        const FolderEntry entry = file_names[at(index)];
+        const FolderEntry& entry = file_names[at(index)];
         name_at_pick_ = field_text(BROWSER_FILE);
         if (entry.is_folder) return;
         set_text(image_file, entry.name);
