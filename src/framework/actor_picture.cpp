@@ -34,8 +34,10 @@ void draw_with_effect(BITMAP* picture, ScreenPlace corner, const ActorLook& look
 
 ScreenPlace place_of(int who) {
     const std::size_t w = at(who);
-    const int x = drawn::Abs_x[w] != abs_none ? drawn::Abs_x[w] : drawn::Pos_x[w] - shown.pan_x;
-    const int y = drawn::Abs_y[w] != abs_none ? drawn::Abs_y[w] : drawn::Pos_y[w] - shown.pan_y - drawn::Pos_z[w];
+    constexpr int far = 1 << 20;  // a view that lies farther away shows no actor, and sums with it stay numbers
+    const int left = std::clamp(shown.pan_x, -far, far), top = std::clamp(shown.pan_y, -far, far);
+    const int x = drawn::Abs_x[w] != abs_none ? drawn::Abs_x[w] : drawn::Pos_x[w] - left;
+    const int y = drawn::Abs_y[w] != abs_none ? drawn::Abs_y[w] : drawn::Pos_y[w] - top - drawn::Pos_z[w];
     return {x, y};
 }
 

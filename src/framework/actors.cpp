@@ -4,6 +4,7 @@
 #include "base/random.h"
 #include "framework/actor_fields.h"
 #include "framework/bubbles.h"
+#include "framework/scripts.h"
 #include "framework/traps.h"
 #include "state/flow.h"
 #include "state/run.h"
@@ -88,6 +89,7 @@ void UA_destroy_actor(int who, const char* tag) {
     reset_actor(w);
     if (buddy != actor_none) UA_destroy_actor(buddy, "UA_destroy_actor (recursive)");
     UA_free_bubbles(who);
+    UA_end_scripts(who);
 }
 
 int UA_destroy_actor_type(int type, int profession) {

@@ -4,6 +4,7 @@
 #include "framework/behavior_steps.h"
 #include "framework/behaviors.h"
 #include <algorithm>
+#include <climits>
 #include <cstdlib>
 #include <span>
 
@@ -12,15 +13,21 @@ namespace {
 
 // ---- Particles -----------------------------------------------------------------------------------------------------
 
-/// A random number from `-reach` to `reach`.
-int random_around(int reach) { return UA_random_b(2 * std::max(reach, 0) + 1) - std::max(reach, 0); }
+/// A random place within so many pixels to either side, in 10000ths.
+int place_within(int pixels) {
+    const int reach = std::clamp(pixels, 0, INT_MAX / fine_per_pixel);
+    return (UA_random_b(2 * reach + 1) - reach) * fine_per_pixel;
+}
+
+/// A random number from 0 to `most`.
+int random_up_to(int most) { return UA_random_b(std::min(most, INT_MAX - 1) + 1); }
 
 void restart_particle(std::size_t who, ParticleWords& particle) {
-    particle.x = random_around(actor::Particle_spread_x[who]) * fine_per_pixel;
-    particle.y = random_around(actor::Particle_spread_y[who]) * fine_per_pixel;
-    particle.speed = UA_random_b(actor::Particle_rest[who] + 1);
+    particle.x = place_within(actor::Particle_spread_x[who]);
+    particle.y = place_within(actor::Particle_spread_y[who]);
+    particle.speed = random_up_to(actor::Particle_rest[who]);
     particle.age = 0;
-    particle.life = actor::Particle_life[who] + UA_random_b(actor::Particle_life_spread[who] + 1);
+    particle.life = wrapped_sum(actor::Particle_life[who], random_up_to(actor::Particle_life_spread[who]));
 }
 
 /// The particles of an actor, at most those that its table holds.
@@ -92,9 +99,9 @@ void BE_particle(const BehaviorRun& run) {
             restart_particle(run.who, particle);
             continue;
         }
-        if (particle.age % (std::max<int>(particle.speed, 0) + 1) == 0) {
-            particle.x += dx;
-            particle.y += dy;
+        if (particle.age % (std::clamp<int>(particle.speed, 0, INT_MAX - 1) + 1) == 0) {
+            particle.x = wrapped_sum(particle.x, dx);
+            particle.y = wrapped_sum(particle.y, dy);
         }
         particle.age += 1;
     }
@@ -115,14 +122,16 @@ void BE_splash(const BehaviorRun& run) {
     auto& diameter = actor::Plasma_diameter[run.who];
     const int growth = actor::Plasma_growth[run.who];
     if (p[STAGE] == STAGE_FAST) {
-        diameter += 2 * growth;
+        diameter = wrapped_sum(diameter, wrapped_sum(growth, growth));
         if (counts_out(p[FAST_RUNS])) p[STAGE] = STAGE_SLOW;
     } else if (p[STAGE] == STAGE_SLOW) {
-        diameter += growth;
+        diameter = wrapped_sum(diameter, growth);
         if (counts_out(p[SLOW_RUNS])) p[STAGE] = STAGE_SHRINKS;
     } else {
         p[SHRINKING_RUNS] += 1;
-        if ((diameter -= std::max<int>(actor::Plasma_decay[run.who], 1)) < 0) run.end();
+        const int before = diameter, decay = std::max<int>(actor::Plasma_decay[run.who], 1);
+        diameter = wrapped_difference(before, decay);
+        if (before < decay) run.end();
     }
 }
 

@@ -4,6 +4,7 @@
 #include "codecs/blend.h"
 #include "framework/actor_families.h"
 #include "framework/actor_picture.h"
+#include "framework/behavior_steps.h"
 #include "framework/draw_actors.h"
 #include "framework/effects.h"
 #include "framework/traps.h"
@@ -16,6 +17,7 @@ namespace nubo {
 namespace {
 
 constexpr int fixed_one = 1 << 16, full = 255;  // strength that replaces
+constexpr std::int64_t out_of_sight = 1 << 20;  // pixels; farther away than any part of an actor reaches back
 
 /// One point at a strength of 0 to 255, if it lies on the screen.
 void blend_point(int x, int y, Color color, int strength) {
@@ -43,7 +45,7 @@ void draw_ray(int who) {
     for (int i = 0; i < length; ++i)
         blend_point(x + static_cast<int>(std::int64_t{i} * fixsin(angle) / fixed_one),
                     y + static_cast<int>(std::int64_t{i} * fixcos(angle) / fixed_one), color,
-                    strength * (length - i) / length);
+                    static_cast<int>(std::int64_t{strength} * (length - i) / length));
 }
 
 void draw_particles(int who) {
@@ -56,7 +58,7 @@ void draw_particles(int who) {
         const int age = particle.age, life = particle.life;
         if (life < 1 || age >= life) continue;
         const int px = x + particle.x / fine_per_pixel, py = y + particle.y / fine_per_pixel;
-        const int strength = brightest * (life - age) / life;
+        const int strength = static_cast<int>(brightest * (std::int64_t{life} - std::max(age, 0)) / life);
         blend_point(px, py, color, strength);
         for (const auto& [dx, dy] : {ScreenPlace{0, -1}, {0, 1}, {-1, 0}, {1, 0}})
             blend_point(px + dx, py + dy, color, strength / neighbour_share);
@@ -74,7 +76,7 @@ void draw_plasma(int who) {
             const int heat = actor::Plasma_cells[w][at(row)][at(column)];
             if (heat == 0 || heat == cell_cold) continue;
             const int step = std::min(heat, hottest) * ramp / (hottest + 1);
-            blend_point(x + column, y + row, UA_palette_color(drawn::Color[w] + step), full);
+            blend_point(x + column, y + row, UA_palette_color(wrapped_sum(drawn::Color[w], step)), full);
         }
     }
 }
@@ -122,9 +124,13 @@ void draw_pixel_element(int who) {
     if (drawn::Frame_b[w] != 0) {
         corner = {corner.x - side / 2, corner.y - side / 2};
     } else {
-        const int cell = side + drawn::Pos_z[w];
-        corner.x = drawn::Pos_x[w] * cell - drawn::Abs_x[w] * cell / 2 + drawn::Abs_Frame_0[w] + drawn::Pos_z[w] / 2;
-        corner.y = drawn::Pos_y[w] * cell - drawn::Abs_y[w] * cell / 2 + drawn::Abs_Frame_1[w] - drawn::Pos_z[w];
+        const std::int64_t cell = side + drawn::Pos_z[w];
+        const auto near = [](std::int64_t place) {
+            return static_cast<int>(std::clamp(place, -out_of_sight, out_of_sight));
+        };
+        corner.x =
+            near(drawn::Pos_x[w] * cell - drawn::Abs_x[w] * cell / 2 + drawn::Abs_Frame_0[w] + drawn::Pos_z[w] / 2);
+        corner.y = near(drawn::Pos_y[w] * cell - drawn::Abs_y[w] * cell / 2 + drawn::Abs_Frame_1[w] - drawn::Pos_z[w]);
     }
     draw_rectangle(corner, side, side, static_cast<Color>(drawn::Color[w]), look_of(who));
 }

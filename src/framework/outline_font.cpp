@@ -5,6 +5,7 @@
 #include "framework/effects.h"
 #include "platform/input_file.h"
 #include <algorithm>
+#include <climits>
 #include <cstdint>
 #include <cstdlib>
 #include <ft2build.h>
@@ -53,6 +54,7 @@ namespace {
 constexpr std::size_t font_file_max = std::size_t{64} << 20;
 constexpr int fraction_bits = 6;  // FreeType counts 64ths of a pixel
 constexpr int spacing_max = 4'096, glyph_side_max = 4'096;
+constexpr int size_max = 0xffff;      // of FreeType
 constexpr int advance_max = 1 << 20;  // no text of such glyphs overflows
 
 FT_Library library = nullptr;
@@ -85,7 +87,7 @@ bool request_size(FT_Face face, int size) { return FT_Set_Pixel_Sizes(face, 0, s
 /// The size whose line comes nearest to `height` from below, 0 if there is none. The face is left at it, or anywhere.
 int find_size(FT_Face face, int height) {
     // A face that claims to have no height at all would be tried at ever larger sizes: FreeType refuses none.
-    const int largest = 4 * height + 64;
+    const int largest = std::min(height, size_max / 4) * 4 + 64;
     int direction = 0;
     for (int size = height; size >= 1 && size <= largest; size += direction) {
         if (!request_size(face, size)) return 0;
@@ -246,9 +248,11 @@ int pen_step(const OutlineFont& font, FT_UInt index) {
 // ---- Drawing -------------------------------------------------------------------------------------------------------
 
 /// Calls `paint(values, x, y, length)` for each row of a glyph, cut to the area.
-template <typename Paint> void paint_glyph(const GlyphForm& form, const DrawArea& area, int x, int y, Paint paint) {
+template <typename Paint>
+void paint_glyph(const GlyphForm& form, const DrawArea& area, std::int64_t at_x, int y, Paint paint) {
+    if (at_x >= area.right || at_x + form.width <= area.left) return;
+    const int x = static_cast<int>(at_x);
     const int left = std::max(area.left, x), right = std::min(area.right, x + form.width);
-    if (left >= right) return;
     for (int row = std::max(area.top, y); row < std::min(area.bottom, y + form.height); ++row) {
         const std::size_t first = index_of(row - y) * index_of(form.width) + index_of(left - x);
         paint(form.pixels.data() + first, left, row, right - left);
@@ -258,12 +262,13 @@ template <typename Paint> void paint_glyph(const GlyphForm& form, const DrawArea
 template <typename Paint>
 void draw_text(BITMAP* bitmap, OutlineFont* font, std::string_view text, int x, int y, TextEdges edges, Paint paint) {
     const DrawArea area = draw_area(bitmap);
-    if (y + font->height < area.top || y >= area.bottom || x >= area.right) return;
+    if (y >= area.bottom || y + font->height < area.top || x >= area.right) return;
+    std::int64_t pen = x;  // glyphs of a bad font lead far away
     for_each_glyph(*font, text, [&](FT_UInt index) {
         const GlyphForm& form = form_of(*font, index, edges);
-        paint_glyph(form, area, x + form.left, y - form.top + font->ascender, paint);
-        x += pen_step(*font, index);
-        return x < area.right;
+        paint_glyph(form, area, pen + form.left, y - form.top + font->ascender, paint);
+        pen += pen_step(*font, index);
+        return pen < area.right;
     });
 }
 
@@ -383,12 +388,12 @@ void font_set_convert(OutlineFont* font, int mode) {
 // ---- Text ----------------------------------------------------------------------------------------------------------
 
 int font_text_length(OutlineFont* font, std::string_view text) {
-    int length = 0;
+    std::int64_t length = 0;
     for_each_glyph(*font, text, [&](FT_UInt index) {
         length += pen_step(*font, index);
         return true;
     });
-    return length;
+    return static_cast<int>(std::clamp<std::int64_t>(length, INT_MIN, INT_MAX));
 }
 
 int font_text_length(OutlineFont* font, std::string_view text, TextEdges edges) {

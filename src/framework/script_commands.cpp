@@ -137,9 +137,13 @@ int named_actor(int slot, int variable) {
 ScriptTick fade_actor(int slot) {
     constexpr int variable = 0, up = 1, delay = 2, step = 2;
     const int who = named_actor(slot, argument(slot, variable));
-    if (who == actor_none) return TICK_GOES_ON;
     flush_script_lines();
-    const int behavior_slot = UA_fade_actor(who, argument(slot, up), step, argument(slot, delay));
+    const int behavior_slot =
+        who == actor_none ? -1 : UA_fade_actor(who, argument(slot, up), step, argument(slot, delay));
+    if (behavior_slot < 0) {  // the log has a line; a wait behind it would last for ever
+        tell_script_of_no_object(slot);
+        return TICK_GOES_ON;
+    }
     Last_slot = object_unknown;
     Last_who = who;
     Last_slot.publish(behavior_slot);

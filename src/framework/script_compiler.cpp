@@ -29,12 +29,35 @@ int pair_value(std::string_view pair) {
     return pair.empty() || !is_digit(pair[0]) ? 0 : number_at_start_of(pair.substr(0, pair_digits));
 }
 
+/// Four digits by themselves.
+bool begins_with_header(std::string_view line) {
+    const auto end = std::find_if_not(line.begin(), line.end(), is_digit);
+    return static_cast<std::size_t>(end - line.begin()) == header_digits;
+}
+
+/// How many arguments a command reads.
+int arguments_of(int command) {
+    switch (command) {
+    case SCRIPT_PAUSE:
+    case SCRIPT_CAMERA: return 1;
+    case SCRIPT_SCROLL:
+    case SCRIPT_BUBBLE: return 2;
+    case SCRIPT_FADE: return 3;
+    case SCRIPT_QUEUE_WAIT:
+    case SCRIPT_QUEUE_GAME:
+    case SCRIPT_KEEP_JOB: return 5;
+    case SCRIPT_KEEP_JOB_2: return 7;
+    }
+    return 0;
+}
+
 /// `at`, or the end of a line that is shorter.
 std::size_t end_at(std::string_view line, std::size_t at) { return std::min(at, line.size()); }
 
 class ScriptCompiler {
 public:
-    void add_line(std::string_view line);
+    /// `number` counts the lines of the text from 1; `is_rest`: of a line that is longer than one may be.
+    void add_line(std::string_view line, int number, bool is_rest);
     Bytes take_bytes() { return std::move(bytes_); }
     bool is_in_string() const { return in_string_; }
 
@@ -42,9 +65,11 @@ private:
     void put(int byte) { bytes_.push_back(static_cast<std::uint8_t>(byte)); }
     std::size_t add_header(std::string_view line);
     std::size_t add_argument(std::string_view line, std::size_t at);
+    std::size_t add_command(std::string_view line, std::size_t at);
     void add_quote();
 
     Bytes bytes_;
+    int arguments_due_ = 0;   // of the command added last
     bool in_string_ = false;  // also from one line to the next
 };
 
@@ -65,7 +90,15 @@ std::size_t ScriptCompiler::add_argument(std::string_view line, std::size_t at) 
     put(value < 0 ? 1 : 0);
     put(size >> 8);
     put(low);
+    arguments_due_ -= 1;
     return end;
+}
+
+std::size_t ScriptCompiler::add_command(std::string_view line, std::size_t at) {
+    const int number = pair_value(line.substr(at));
+    put(number);
+    arguments_due_ = arguments_of(number);
+    return end_at(line, at + pair_digits);
 }
 
 void ScriptCompiler::add_quote() {
@@ -74,9 +107,14 @@ void ScriptCompiler::add_quote() {
     put(script_quote);
 }
 
-void ScriptCompiler::add_line(std::string_view line) {
+void ScriptCompiler::add_line(std::string_view line, int number, bool is_rest) {
     std::size_t at = 0;
-    if (!in_string_ && !line.empty() && is_digit(line[0])) at = add_header(line);
+    bool has_foreign_byte = false;
+    if (!in_string_ && !line.empty() && is_digit(line[0])) {
+        if (is_rest || arguments_due_ > 0 || !begins_with_header(line))
+            UA_log("[ WARNING ] : A script begins where the one before seems to go on! Line = %d", number);
+        at = add_header(line);
+    }
     while (at < line.size()) {
         const char c = line[at];
         if (!in_string_ && c == ';') return;
@@ -89,23 +127,29 @@ void ScriptCompiler::add_line(std::string_view line) {
             add_quote();
         } else if (in_string_) {
             put(c);
+            has_foreign_byte |= static_cast<unsigned char>(c) >= SCRIPT_START;
         } else if (c == '[') {
-            put(pair_value(line.substr(at)));
-            at = end_at(line, at + pair_digits);
+            at = add_command(line, at);
         }
     }
+    if (has_foreign_byte)
+        UA_log("[ WARNING ] : A string holds a byte of 240 or above, which may end its script! Line = %d", number);
 }
 
 }  // namespace
 
 Bytes compile_scripts(std::string_view text) {
     ScriptCompiler compiler;
+    int number = 1;
+    bool is_rest = false;
     while (!text.empty()) {
         const std::size_t line_end = std::min(text.find('\n'), text.size());
         const std::size_t size = std::min(line_end, longest_line);
         const std::string_view line = text.substr(0, size);
-        compiler.add_line(line.ends_with('\r') ? line.substr(0, size - 1) : line);
-        text.remove_prefix(size == line_end ? end_at(text, size + 1) : size);
+        compiler.add_line(line.ends_with('\r') ? line.substr(0, size - 1) : line, number, is_rest);
+        is_rest = size < line_end;
+        number += is_rest ? 0 : 1;
+        text.remove_prefix(is_rest ? size : end_at(text, size + 1));
     }
     if (compiler.is_in_string()) UA_log("[ WARNING ] : A string of the scripts has no end!");
     return compiler.take_bytes();

@@ -19,7 +19,8 @@
 
 namespace nubo {
 
-/// The bytes of a text. What would end its script too early, or never, has a line in the log.
+/// The bytes of a text. What would end its script too early, or never, has a line in the log: bytes of 240 and above in
+/// a string or an argument, a string without an end, a header where arguments are due or that isn't four digits.
 Bytes compile_scripts(std::string_view text);
 
 /// Compiles "scripts.def" into "mojo.def", both in the folder "resource". False, after a line in the log and with the

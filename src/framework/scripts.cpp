@@ -62,6 +62,7 @@ int UA_load_script(const Folder& folder, int slot, int number) {
         return not_there;
     }
     UA_reset_script(slot);
+    script::code[at(slot)][0] = SCRIPT_END;  // one that is started although its load failed ends at once
     Bytes bytes;
     if (!read_file(folder.file(scripts_file), scripts_size_max, bytes)) {
         UA_log("[ ERROR ] : Failed to find a script file. File = %s", scripts_file);
@@ -87,6 +88,17 @@ void tell_script_of_last_object(int slot) {
     script::wait_slot[at(slot)] = object_unknown;
     script::wait_who[at(slot)] = static_cast<std::int16_t>(Last_who);
     script::wait_slot[at(slot)].publish(static_cast<std::int16_t>(Last_slot));
+}
+
+void tell_script_of_no_object(int slot) {
+    if (!is_script_slot(slot)) return;
+    script::wait_who[at(slot)] = script::wait_slot[at(slot)] = object_none;
+}
+
+void UA_end_scripts(int owner) {
+    for (int slot = 0; slot < script_slots; ++slot)
+        if (script::owner[at(slot)] == owner && script::active[at(slot)].take() != 0)
+            UA_log("[ INFO ] : A script ended with its owner. Slot = %d", slot);
 }
 
 }  // namespace nubo

@@ -39,7 +39,8 @@ inline constexpr std::size_t scripts_size_max = std::size_t{16} << 20;  // bytes
 void UA_reset_script(int slot);
 
 /// Resets a slot and loads the script `number` of "mojo.def" in the folder "resource" into it: the first of that
-/// number, of which 9,999 bytes fit. It runs once `active` is set. `number`, or -1 after a line in the log.
+/// number, of which 9,999 bytes fit. It runs once `active` is set. `number`; or -1 after a line in the log, and the
+/// slot ends at once when it is started.
 ///
 /// A slot that runs may be within a command of the handler's: stop it, and load a picture later.
 int UA_load_script(const Folder& folder, int slot, int number);
@@ -51,5 +52,10 @@ int UA_script_cell(int slot, int offset);
 
 /// Tells the script in `slot` which behaviour to wait for: `Last_who` and `Last_slot`. By JOB_SCRIPT_WAIT.
 void tell_script_of_last_object(int slot);
+/// Tells it that there is none: what it would wait for didn't begin.
+void tell_script_of_no_object(int slot);
+
+/// Ends each script that belongs to an actor, with a line in the log. Callable from both flows.
+void UA_end_scripts(int owner);
 
 }  // namespace nubo

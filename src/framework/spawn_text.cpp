@@ -5,6 +5,7 @@
 #include "framework/actors.h"
 #include "framework/text.h"
 #include <algorithm>
+#include <climits>
 #include <cstdlib>
 #include <optional>
 
@@ -14,6 +15,10 @@ namespace {
 constexpr int pause_slot = 0, move_slot = 1;  // the pause holds back the slots behind it
 constexpr int settle_percent = 50;            // of its way, where a letter first slows down
 constexpr int full_speed_spread = 4000;
+constexpr int farthest = 1 << 16;  // pixels; places of actors have 16 bits
+
+/// A coordinate or a distance, so that what is made of it stays a number.
+int held(int pixels) { return std::clamp(pixels, -farthest, farthest); }
 
 struct Place {
     int x, y, z;
@@ -48,7 +53,7 @@ LetterWalk::LetterWalk(std::string_view text, Place first, bool reverse)
     : text_(text), pen_(first), font_(font_set()), reverse_(reverse) {
     if (!reverse) return;
     const int row = text_attributes.color_row;
-    pen_.x += text_width(text);
+    pen_.x += held(text_width(text));
     text_attributes.color_row = row;
 }
 
@@ -124,6 +129,13 @@ void fly_to(int who, Place to, int speed) { vector_move_threshold(who, to.x, to.
 
 Place beside(Place place, int dx, int dy, int dz) { return {place.x + dx, place.y + dy, place.z + dz}; }
 
+TextEntrance held(TextEntrance entrance) {
+    for (int* const distance : {&entrance.dx, &entrance.dy, &entrance.dz}) *distance = held(*distance);
+    entrance.delay = std::clamp<int>(entrance.delay, -INT16_MAX, INT16_MAX);
+    entrance.speed = std::min(entrance.speed, INT_MAX - full_speed_spread);
+    return entrance;
+}
+
 int either_side(int distance) { return UA_random(2 * std::abs(distance) + 1) - std::abs(distance); }
 
 /// The letter of that number in the order of spawning.
@@ -168,8 +180,9 @@ void remember_element(int who) {
 
 }  // namespace
 
-int UA_spawn_text(int x, int y, int z, std::string_view text, const TextEntrance& entrance) {
-    LetterWalk letters(text, {x, y, z}, entrance.reverse);
+int UA_spawn_text(int x, int y, int z, std::string_view text, const TextEntrance& wanted) {
+    const TextEntrance entrance = held(wanted);
+    LetterWalk letters(text, {held(x), held(y), held(z)}, entrance.reverse);
     int count = 0;
     for (auto letter = letters.next(); letter; letter = letters.next(), ++count) {
         const int who = UA_spawn_blank_element(0, 0);

@@ -9,7 +9,8 @@ namespace nubo {
 
 inline constexpr int script_slots = 20, script_cells = 10'000, script_vars = 32, script_args = 10;
 inline constexpr int script_text_size = 300;  // bytes, with the zero at the end
-inline constexpr int object_unknown = -1;     // as `wait_who` and `wait_slot`
+/// As `wait_who` and `wait_slot`: not told so far; and that there is nothing to wait for.
+inline constexpr int object_unknown = -1, object_none = -2;
 
 /// The bytes of a script that are no command and no character of a string.
 enum ScriptByte : int { SCRIPT_START = 0xf0, SCRIPT_STRING = 0xf1, SCRIPT_ARGUMENT = 0xf2, SCRIPT_END = 0xff };

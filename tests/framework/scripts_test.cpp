@@ -89,8 +89,8 @@ TEST_F(ScriptsTest, ATextIsCompiledToItsBytes) {
         {"[42]\"A\n1[02];\nB\"\n[99]", "\x2A" + string("A1[02];B") + "c"},  // a string goes on
         {"0001[03]\r\n\r\n0002\r\n", "\xF0\0\x01\x03\xF0\0\x02"s},
         {"[7] [", "\x07\0"s},
-        {"01", "\xF0\x01\0"s},
-        {std::string(299, 'x') + "0102", "\xF0\x01\x02"},  // what is too long goes on as the next line
+        {"[42]\"A\xEF\"", "\x2A" + string("A\xEF")},
+        {"0001[60]1 2 3\n0002[12]\n0003", "\xF0\0\x01<"s + arg(1) + arg(2) + arg(3) + "\xF0\0\x02\x0C\xF0\0\x03"s},
     };
     for (const Case& c : cases) EXPECT_EQ(compiled(c.text), c.bytes) << c.text;
     EXPECT_EQ(log_text(), "");
@@ -98,6 +98,31 @@ TEST_F(ScriptsTest, ATextIsCompiledToItsBytes) {
     compiled("\"no end");
     EXPECT_EQ(log_text(), "[ WARNING ] : Argument of a script is read as its end! value = 240\n"
                           "[ WARNING ] : A string of the scripts has no end!\n");
+}
+
+TEST_F(ScriptsTest, WhatIsHardlyMeantIsWarnedOfWithItsLine) {
+    struct Case {
+        std::string text, bytes;
+        int begins, foreign;  // the lines warned of as a script's beginning and for a string's bytes, 0 none
+    };
+    const Case cases[] = {
+        {"\n01", "\xF0\x01\0"s, 2, 0},
+        {"01025", "\xF0\x01\x02" + arg(5), 1, 0},
+        {std::string(299, 'x') + "0102", "\xF0\x01\x02", 1, 0},  // what is too long goes on as the next line
+        {std::string(299, 'x') + "\n0102", "\xF0\x01\x02", 0, 0},
+        {"[22] 7,\n0102", "\x16" + arg(7) + "\xF0\x01\x02", 2, 0},  // the 22 lacks its second argument
+        {"\n\n\"\xEF\n\xF0\xFF\"", string("\xEF\xF0\xFF"), 0, 4},
+    };
+    std::string log;
+    const auto warn = [&log](const char* words, int line) {
+        if (line > 0) log += words + std::to_string(line) + "\n";
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(compiled(c.text), c.bytes) << c.text;
+        warn("[ WARNING ] : A script begins where the one before seems to go on! Line = ", c.begins);
+        warn("[ WARNING ] : A string holds a byte of 240 or above, which may end its script! Line = ", c.foreign);
+        EXPECT_EQ(log_text(), log);
+    }
 }
 
 TEST_F(ScriptsTest, AScriptIsFoundByItsNumberAndEndsWhereTheNextBegins) {
@@ -114,7 +139,10 @@ TEST_F(ScriptsTest, AScriptIsFoundByItsNumberAndEndsWhereTheNextBegins) {
     EXPECT_EQ(UA_load_script(Folder("."), 7, 203), 203);
     EXPECT_EQ(UA_script_cell(7, 1), SCRIPT_END);
     EXPECT_EQ(UA_load_script(Folder("."), 7, 104), -1);
-    EXPECT_EQ(UA_script_cell(7, 0), 0);
+    script::active[7] = 1;  // a game that doesn't look
+    tick(2);
+    EXPECT_EQ(script::active[7], 0);
+    EXPECT_EQ(times_logged("scribe command"), 1);
     EXPECT_EQ(UA_load_script(Folder("."), script_slots, 102), -1);
     EXPECT_EQ(UA_script_cell(7, -1), SCRIPT_END);
     EXPECT_EQ(UA_script_cell(7, script_cells), SCRIPT_END);
@@ -226,6 +254,32 @@ TEST_F(ScriptsTest, FadesItsOwnerOrTheActorOfAVariableAndWaitsForIt) {
     tick(2);
     EXPECT_EQ(times_logged("[ ERROR ] : Script names an invalid object. Object = 50"), 1);
     EXPECT_EQ(times_logged("[ ERROR ] : Script variable out of range! Variable = 99"), 1);
+}
+
+TEST_F(ScriptsTest, AFadeThatDoesNotBeginIsNotWaitedFor) {
+    for (auto& behavior : actor::BEHAVIOR[5]) behavior = BEHAVIOR_BLINK;
+    const std::pair<const char*, const char*> cases[] = {
+        {"[60] -1 1 0 [03] [22] 5 5", "[ ERROR ] : Couldn't locate free behavior when fading actor!"},
+        {"[60] 8 1 0 [03] [22] 5 5", "[ ERROR ] : Script names an invalid object. Object = 50"},
+        {"[60] 32 1 0 [03] [22] 5 5", "[ ERROR ] : Script variable out of range! Variable = 32"},
+    };
+    for (const auto& [text, line] : cases) {
+        pan_x = 0;
+        start(1, compiled(text));
+        script::vars[1][8] = 50;
+        EXPECT_LE(ticks_to_scroll(5), 4) << text;
+        EXPECT_EQ(times_logged(line), 1) << text;
+    }
+}
+
+TEST_F(ScriptsTest, AScriptEndsWithItsOwner) {
+    for (const int slot : {1, 2}) start(slot, compiled("[02] 30 [22] 5 5"));
+    script::owner[2] = 6;
+    UA_destroy_actor(5, "test");
+    EXPECT_EQ(script::active[1], 0);
+    EXPECT_EQ(script::active[2], 1);
+    UA_destroy_actor(5, "test");
+    EXPECT_EQ(times_logged("[ INFO ] : A script ended with its owner. Slot = 1"), 1);
 }
 
 TEST_F(ScriptsTest, OpensABubbleOverItsOwner) {

@@ -133,11 +133,13 @@ int play_in_window(std::size_t number) {
     if (!open_window()) return EXIT_FAILED;
     start_sound();
     if (!set_up_stage() || !start_stage_clock()) return EXIT_FAILED;
+    show_stage_keys();
     play_scene(scenes()[number]);
     KeyTaps keys;
     while (exit_requested == 0) {
         update_screen(UPDATE_NORMAL);
         serve_key(keys.take(), number);
+        if (is_stage_empty()) play_scene(scenes()[number]);
     }
     handlers_locked = 1;
     return EXIT_DONE;

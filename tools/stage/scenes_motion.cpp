@@ -107,7 +107,8 @@ void build_trails() {
     const std::size_t comet = spawn_flying(cel_coin, 20, 30, fine * 8 / 10, fine * 4 / 10);
     start_behavior(comet, BEHAVIOR_SPAWN_TRAIL, 0, {0, 8, 0, 1, -1});
     start_behavior(comet, BEHAVIOR_PROJECTILE, 0, {300, 0, 0});
-    UA_fade_actor(static_cast<int>(comet), 0, 2, 1);
+    const int fade = UA_fade_actor(static_cast<int>(comet), 0, 2, 1);
+    actor::Kill_on_end[comet][at(fade)] = true;  // of the clones too, so that the scene runs out
     label(20, 200, "21 SPAWN TRAIL, 20 PROJECTILE, 69 TRUE FADE");
 }
 

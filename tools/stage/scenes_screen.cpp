@@ -41,14 +41,15 @@ void spawn_glow(int object, int x, int y, int diameter, int color, int wobble) {
 }  // namespace
 
 void build_polygons() {
-    spawn_beam(OBJECT_TRIANGLE, 60, 70, 48, 0);
-    spawn_beam(OBJECT_HEXAGON, 160, 70, 44, 100);
-    spawn_beam(OBJECT_STAR, 260, 70, 50, 0);
-    label(18, 126, "25 v3: SHADED BETWEEN TWO POINTS, 30 ROTATE");
-    spawn_glow(OBJECT_HEXAGON, 60, 170, 30, 0xfc5030, 1);
-    spawn_glow(OBJECT_STAR, 160, 170, 34, 0x40c0f0, 0);
-    spawn_glow(OBJECT_ARROW, 260, 170, 30, 0xa0f040, 1);
-    label(18, 210, "26 V3: GLOWING, WOBBLING, 40 POLY DIAMETER PULSE");
+    // The words stand where neither a turning corner nor a glow at its widest comes.
+    spawn_beam(OBJECT_TRIANGLE, 60, 62, 46, 0);
+    spawn_beam(OBJECT_HEXAGON, 160, 62, 42, 100);
+    spawn_beam(OBJECT_STAR, 260, 62, 46, 0);
+    label(18, 112, "25 v3: SHADED BETWEEN TWO POINTS, 30 ROTATE");
+    spawn_glow(OBJECT_HEXAGON, 60, 168, 28, 0xfc5030, 1);
+    spawn_glow(OBJECT_STAR, 160, 168, 30, 0x40c0f0, 0);
+    spawn_glow(OBJECT_ARROW, 260, 168, 28, 0xa0f040, 1);
+    label(18, 218, "26 V3: GLOWING, WOBBLING, 40 POLY DIAMETER PULSE");
 }
 
 void build_ripples() {

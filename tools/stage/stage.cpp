@@ -45,6 +45,7 @@ struct Label {
 };
 std::vector<Label> labels;
 const Scene* playing = nullptr;
+bool shows_keys = false;
 
 // ---- The clockwork -------------------------------------------------------------------------------------------------
 
@@ -76,6 +77,9 @@ void draw_labels() {
     constexpr int outline = 1;  // entry of the palette, nearly black
     UA_set_font(FONT_NARROW, TEXT_GRAY, 0, 0, 0, outline, 0, 0);
     for (const Label& one : labels) UA_text(screen_buffer, one.x, one.y, one.text);
+    constexpr int keys_x = 4, keys_y = 2;
+    if (shows_keys)
+        UA_text(screen_buffer, keys_x, keys_y, "LEFT, RIGHT: SCENES   SPACE: AGAIN   F12: PICTURE   ~: CONSOLE");
     constexpr int title_x = 4, title_y = view_h - 9;
     UA_set_font(FONT_WIDE, TEXT_YELLOW, 0, 0, 0, outline, 0, 0);
     UA_text(screen_buffer, title_x, title_y, playing->title);
@@ -196,6 +200,13 @@ void run_stage_clock(int milliseconds) {
                 clocks[i].tick();
             }
 }
+
+bool is_stage_empty() {
+    const auto first = actor::Type.begin() + actor_first + 1, end = actor::Type.begin() + actor_last;
+    return std::all_of(first, end, [](const auto& type) { return type == ACTOR_FREE; });
+}
+
+void show_stage_keys() { shows_keys = true; }
 
 bool start_stage_clock() {
     const bool installed = std::ranges::all_of(

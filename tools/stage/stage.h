@@ -17,6 +17,12 @@ inline constexpr int stage_chime = 0;  // slot of the stage's one sample
 /// Clears the stage and begins a scene.
 void play_scene(const Scene& scene);
 
+/// True when the last actor is gone: the scene has run out.
+bool is_stage_empty();
+
+/// Has the keys that the window takes stand at the top of each picture.
+void show_stage_keys();
+
 /// Lets the time of the scene go on by hand, as the timer handlers would. For `--shots`.
 void run_stage_clock(int milliseconds);
 
