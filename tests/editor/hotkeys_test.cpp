@@ -1,4 +1,5 @@
 // Each row of the key table, by its key as it is at the start: what it does is seen in what it changes.
+#include "gui/columns.h"
 #include "paint/undo.h"
 #include "platform/clipboard.h"
 #include "state/cel.h"
@@ -168,6 +169,20 @@ TEST_F(HotkeysTest, EachRowDoesWhatItsKeySays) {
         const bool is_played = std::ranges::any_of(cases, [=](const KeyCase& one) { return one.action == action; });
         EXPECT_TRUE(is_played) << action;
     }
+}
+
+TEST_F(HotkeysTest, TheBoardsWheelEndsWithTheRow) {
+    prepare({HOTKEY_FRAME_JUMP, 0, KEY_BACKSLASH, WHILE_HELD, nullptr});
+    play([](User& user) -> Script {
+        constexpr int focus = 17;  // of 5 rows of 7
+        co_await user.hold_key(KEY_BACKSLASH);
+        EXPECT_EQ(thumbnail_frame_of(focus), middle_frame);
+        for (const auto& [notches, frame] : {std::pair{-1, frames - 1}, {-1, frames - 1}, {1, 0}, {1, 0}}) {
+            co_await user.turn_wheel(notches);
+            EXPECT_EQ(thumbnail_frame_of(focus), frame);
+        }
+        co_await user.release_key(KEY_BACKSLASH);
+    });
 }
 
 }  // namespace

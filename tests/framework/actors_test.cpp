@@ -131,6 +131,10 @@ TEST_F(ActorsTest, KindsAreDestroyedAndPickedTogether) {
     for (int i = 0; i < 3; ++i) UA_spawn_blank_element(0, 0);
     actor::Profession[2] = 8;
     actor::Rank[3] = 4;
+    actor::Rank[1] = 5;
+    actor::Rank[actor_last] = 6;
+    EXPECT_EQ(UA_pick_actor(-1, -1, 5), 1);
+    EXPECT_EQ(UA_pick_actor(-1, -1, 6), actor_last);
     EXPECT_EQ(UA_pick_actor(-1, -1, 4), 3);
     EXPECT_EQ(UA_pick_actor(12, 8, 1), 2);
     EXPECT_EQ(UA_pick_actor(13, -1, -1), -1);

@@ -15,7 +15,7 @@
 
 namespace nubo {
 
-inline constexpr int left_button = 1, right_button = 2;
+inline constexpr int left_button = 1, right_button = 2, middle_button = 4;
 
 class GuiTest : public EditorTest {
 protected:

@@ -26,6 +26,7 @@ TEST_F(GuiTest, ThePlaceOfTheLeftPressDecidesAndTheMouseOfTheRightOne) {
                           {"last pixel", 137, 57, 137, 57, left_button, 5, 5},
                           {"right border", 138, 52, 138, 52, left_button, 5, 0},
                           {"lower border", 110, 58, 110, 58, left_button, 5, 0},
+                          {"middle", 110, 52, 110, 52, middle_button, 5, 0},
                           {"right, no action for it", 210, 52, 210, 52, right_button, 6, 0}};
     for (const Case& one : cases) {
         click_through(one.x, one.y, one.release_x, one.release_y, one.button);

@@ -237,6 +237,18 @@ TEST_F(ToolTest, FillVisitsPixelsInTheOrderOfThePlainRule) {
     }
 }
 
+TEST_F(ToolTest, FillOfItsOwnColorChangesNothing) {
+    constexpr Color near_white = 0xfdfdfd;
+    tool_option(TOOL_FILL, OPTION_TOLERANCE) = 4;
+    for (const Color brush : {white, near_white}) {
+        new_frame(9, 7, near_white);
+        hline(current_frame, 0, 3, 8, static_cast<int>(white));
+        brush_color = brush;
+        draw_to_frame(4, 3, TOOL_FILL, INK_OPAQUE, 0);
+        EXPECT_EQ(count_pixels(near_white), brush == white ? 6 * 9 : 7 * 9);
+    }
+}
+
 TEST_F(ToolTest, FillOfADeepAreaNeedsNoDeepStack) {
     // A comb of columns one pixel wide, joined at the bottom row: nearly as many spans as pixels.
     new_frame(801, 1200, 0);

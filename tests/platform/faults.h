@@ -1,8 +1,11 @@
 #pragma once
-// Lets the n-th call to the system fail, or ends the process there.
+// Lets the n-th call to the system fail, or ends the process there; or lists the calls in their order.
 #include "platform/system_calls.h"
+#include <array>
 #include <cerrno>
+#include <string>
 #include <unistd.h>
+#include <vector>
 
 namespace nubo::faults {
 
@@ -50,6 +53,35 @@ inline void arm(Call call, int n, int error, bool all_later = false) {
 
 /// True once the fault has struck.
 inline bool struck() { return calls_left < 0 || (lasting && calls_left == 0); }
+
+// ---- The calls in their order --------------------------------------------------------------------------------------
+
+/// What `record` has seen: "sync", "rename" with both names, or "unlink". Names stand without their folder, a file
+/// that is being written is called by its own name and "*".
+inline std::vector<std::string> calls;
+
+inline std::string name_of(const std::string& path) {
+    const std::string name = path.substr(path.rfind('/') + 1);
+    const bool is_unfinished = name.starts_with('.') && name.ends_with(".unfinished");
+    return is_unfinished ? name.substr(1, name.rfind('.', name.size() - 12) - 1) + "*" : name;
+}
+inline std::string name_of(int file) {
+    std::array<char, 4096> path{};
+    const ssize_t size = readlink(("/proc/self/fd/" + std::to_string(file)).c_str(), path.data(), path.size() - 1);
+    return name_of(std::string(path.data(), size < 0 ? 0 : static_cast<std::size_t>(size)));
+}
+
+/// From here on the calls that make a change last are noted instead of waited for.
+inline void record() {
+    calls.clear();
+    const auto sync = [](int file) { return calls.push_back("sync " + name_of(file)), 0; };
+    system_calls.fsync = system_calls.syncfs = sync;
+    system_calls.rename = [](const char* from, const char* to) {
+        calls.push_back("rename " + name_of(from) + " " + name_of(to));
+        return std::rename(from, to);
+    };
+    system_calls.unlink = [](const char* path) { return calls.push_back("unlink " + name_of(path)), ::unlink(path); };
+}
 
 inline void disarm() {
     calls_left = -1;

@@ -76,6 +76,22 @@ TEST_F(SafeFileTest, IsWholeOldOrWholeNewWhenTheProcessStops) {
     EXPECT_EQ(files_here(), 1);
 }
 
+TEST_F(SafeFileTest, IsSyncedBeforeItHasItsNameAndItsFolderBehind) {
+    const std::string here = std::filesystem::current_path().filename();
+    const std::pair<FileSync, std::vector<std::string>> cases[] = {
+        {SYNC_NOW, {"sync kept*", "rename kept* kept", "sync " + here}},
+        {SYNC_NAME_WITH_NEXT, {"sync kept*", "rename kept* kept"}},
+        {SYNC_WITH_DISK, {"rename kept* kept"}},
+    };
+    for (const auto& [when, calls] : cases) {
+        SafeFile file("kept");
+        file.write("new", 3);
+        faults::record();
+        ASSERT_TRUE(file.commit(when));
+        EXPECT_EQ(faults::calls, calls);
+    }
+}
+
 TEST_F(SafeFileTest, KeepsLinksAndPermissions) {
     std::filesystem::create_symlink("kept", "link");
     std::filesystem::permissions("kept", std::filesystem::perms(0640));

@@ -58,6 +58,7 @@ TEST_F(CelCommandTest, GetTakesTheAreaBetweenTwoClicksOrNothing) {
         EXPECT_EQ(cel_mask->h, 2);
         EXPECT_EQ(cel_pixel(2, 0), green);
         EXPECT_EQ(cel_x, 40);
+        EXPECT_EQ(cel_y, 50);
         for (const int way : {0, 1, 2}) {
             co_await click(user, DRAWING_CEL);
             co_await click(user, slot_of(LABEL_GET));

@@ -116,6 +116,11 @@ TEST_F(ColorWindowTest, AColorIsShownAndTypedByItsNumber) {
         EXPECT_EQ(brush_color, 0xc0ff7bU) << "five digits are no colour yet";
         co_await user.tap_key(KEY_E);
         EXPECT_EQ(brush_color, 0xc0fe7bU);
+        co_await user.tap_key(KEY_END);
+        co_await user.tap_key(KEY_5);
+        EXPECT_EQ(shown_digits(), "0FE7B5") << "behind the last digit the first makes room";
+        co_await user.tap_key(KEY_6);
+        EXPECT_EQ(shown_digits(), "FE7B56");
         co_await user.tap_key(KEY_ENTER);
         EXPECT_EQ(key_focus, -1);
         CLICK_LEFT(20, 20);  // the Frame, which is black

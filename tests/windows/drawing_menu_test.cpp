@@ -30,6 +30,24 @@ TEST_F(MenuTest, ColorsGoToTheBrush) {
     });
 }
 
+TEST_F(MenuTest, ALeftPressOnUndoGoesBackAndARightOneForward) {
+    play_on(menu_loop, [](User& user) -> Script {
+        for (const int x : {10, 20}) {
+            EXPECT_TRUE(save_undo(false));
+            *pixels_at(current_frame, x, 5) = red;
+        }
+        for (const auto& [button, dots] : {std::pair{left_button, 1},
+                                           {right_button, 2},
+                                           {right_button, 2},
+                                           {left_button, 1},
+                                           {left_button, 0},
+                                           {right_button, 1}}) {
+            co_await click(user, DRAWING_UNDO, button);
+            EXPECT_EQ(count_pixels(red), dots);
+        }
+    });
+}
+
 TEST_F(MenuTest, OneToolAndOneInkIsPressedDown) {
     play_on(menu_loop, [](User& user) -> Script {
         co_await click(user, DRAWING_TOOL_FIRST + 4);

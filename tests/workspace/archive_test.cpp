@@ -167,6 +167,18 @@ TEST_F(ArchiveTest, EveryCutAndManyTwistsAreRefusedOrWhole) {
     }
 }
 
+TEST_F(ArchiveTest, HoldsAFrameAtLeastAndAHundredAtMost) {
+    for (const int count : {0, 1, frame_slots, frame_slots + 1}) {
+        std::string bytes = std::string("nWSP\0\0", 6) + number(static_cast<std::size_t>(count));
+        for (int i = 0; i < count + 4; ++i) bytes += component(one_pixel(1, 2, 3));
+        put("a.wsp", bytes);
+        ArchiveContents contents;
+        const char* const refusal = read_archive(InputFile("a.wsp"), contents);
+        EXPECT_EQ(refusal == nullptr, count == 1 || count == frame_slots) << count;
+        EXPECT_TRUE(refusal == nullptr || std::string(refusal).find("frames is out of range") != std::string::npos);
+    }
+}
+
 TEST_F(ArchiveTest, OnAFullDiskAllStaysAsItIs) {
     make_workspace({6, 7}, 0);
     ASSERT_EQ(save_workspace_archive("other.wsp"), 0);

@@ -8,6 +8,7 @@
 #include "workspace/archive_file.h"
 #include "workspace/workspace_kit.h"
 
+#include <fstream>
 #include <span>
 #include <sys/wait.h>
 
@@ -108,6 +109,26 @@ TEST_F(InterruptionTest, KilledAtAnyCallTheNextStartHasAllFramesInOrder) {
                            operation.name + std::string(" ended at ") + std::to_string(n) + ": ");
             if (HasFailure()) return;
         }
+}
+
+TEST_F(InterruptionTest, AJournalIsOnDiskBeforeWhatItTellsOfAndGoneBehindIt) {
+    for (const Operation& operation : std::span(operations).subspan(1, 4)) {
+        run_apart([&] {
+            faults::record();
+            operation.run();
+            std::ofstream calls("calls");
+            for (const std::string& call : faults::calls) calls << call << ';';
+            calls.close();
+            return 0;
+        });
+        std::vector<std::uint8_t> bytes;
+        ASSERT_TRUE(read_file("calls", SIZE_MAX, bytes));
+        const std::string calls(bytes.begin(), bytes.end());
+        const std::size_t begun = calls.find("sync frames.job*;rename frames.job* frames.job;sync WORKSPACE;rename ");
+        const std::size_t ended = calls.find("unlink frames.job;sync WORKSPACE;");
+        EXPECT_LT(begun, ended) << operation.name << ": " << calls;
+        EXPECT_NE(ended, std::string::npos) << operation.name << ": " << calls;
+    }
 }
 
 TEST_F(InterruptionTest, AnArchiveBeingSavedIsTheOldOneOrTheNewWhereverTheProgramIsKilled) {

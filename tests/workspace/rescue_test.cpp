@@ -1,8 +1,10 @@
 #include "workspace/rescue.h"
 
+#include "harness/user.h"
 #include "paint/undo.h"
 #include "platform/faults.h"
 #include "platform/folder_lock.h"
+#include "state/flow.h"
 #include "state/messages.h"
 #include "state/view.h"
 #include "workspace/notices.h"
@@ -66,6 +68,24 @@ TEST_F(RescueTest, TheNextStartTakesItAndKeepsItUntilTheFrameIsSaved) {
         EXPECT_EQ(ids_on_disk()[static_cast<unsigned>(slot)], 44 + slot);
         EXPECT_EQ(files_in_workspace("rescue"), 0);
     }
+}
+
+TEST_F(RescueTest, NoneIsWrittenWhileACutAreaFloatsOrAPreviewLiesInTheFrame) {
+    make_screen();
+    const auto rescues = [] {
+        UA_clock_ticks += 500 * rescue_seconds;
+        update_screen(UPDATE_NORMAL);
+        settle_rescue();
+        return files_in_workspace("rescue");
+    };
+    paint(9);
+    area_floats = 1;
+    EXPECT_EQ(rescues(), 0) << "the hole";
+    area_floats = 0;
+    frame_behind_preview = original_frame;
+    EXPECT_EQ(rescues(), 0) << "the preview";
+    frame_behind_preview = nullptr;
+    EXPECT_EQ(rescues(), 1);
 }
 
 TEST_F(RescueTest, OneThatIsOlderOrUnreadableIsNotTaken) {

@@ -291,6 +291,17 @@ TEST_F(WorkspaceTest, SettingsFileHasItsLayoutAndItsSecondCopiesCount) {
     EXPECT_EQ(again, bytes);
 }
 
+TEST_F(WorkspaceTest, KeysThatNoKeyboardHasAreUnmapped) {
+    for (const int key : {1, int{key_code_max}, key_code_max + 1, 0x7f})
+        for (const int modifier : {0, int{key_ctrl}, key_alt | key_shift}) {
+            hotkeys[HOTKEY_UNDO][KEY_ALTERNATE] = modifier | key;
+            ASSERT_TRUE(save_user_settings());
+            load_user_settings();
+            EXPECT_EQ(hotkeys[HOTKEY_UNDO][KEY_ALTERNATE], key <= key_code_max ? modifier | key : 0);
+        }
+    EXPECT_EQ(workspace_damaged, 0);
+}
+
 TEST_F(WorkspaceTest, SettingsThatCantBeReadAreKeptAsideAndTheDefaultsHold) {
     constexpr int delivered = key_ctrl | 26;
     hotkeys[HOTKEY_UNDO][KEY_PRIMARY] = delivered;
@@ -305,9 +316,12 @@ TEST_F(WorkspaceTest, SettingsThatCantBeReadAreKeptAsideAndTheDefaultsHold) {
 }
 
 TEST_F(WorkspaceTest, SettingsMissingCutOrTwisted) {
+    mouse_reversed = opt_crosshair_strength = 77;  // nothing of before a first start is left
+    frame_pacing = opt_crosshair_scaling = opt_crosshair_color = 0;
+    sfx_volume = music_volume = 7;
     load_user_settings();
-    EXPECT_TRUE(mouse_reversed == 0 && sfx_volume == 255 && opt_crosshair_strength == 18 &&
-                opt_crosshair_color == 0xfefefe);
+    EXPECT_TRUE(mouse_reversed == 0 && frame_pacing == 1 && sfx_volume == 255 && music_volume == 255);
+    EXPECT_TRUE(opt_crosshair_strength == 18 && opt_crosshair_scaling == 1 && opt_crosshair_color == 0xfefefe);
     EXPECT_TRUE(logged("Couldn't locate the user settings file. Assuming default settings."));
     ASSERT_TRUE(save_user_settings());
     Bytes good, now;
