@@ -1,101 +1,83 @@
 // What all windows and waiting tools share: how they end, what comes back behind them, whom a press belongs to.
 #include "windows/run_window.h"
 
+#include "harness/windows.h"
 #include "menus_kit.h"
-#include "windows/about_box.h"
-#include "windows/activity_menus.h"
-#include "windows/cel_commands.h"
-#include "windows/color_window.h"
 #include "windows/confirm_box.h"
-#include "windows/favorites_window.h"
-#include "windows/gradient_nodes.h"
-#include "windows/help_window.h"
-#include "windows/hotkey_window.h"
-#include "windows/ink_window.h"
 #include "windows/options_window.h"
-#include "windows/resize_window.h"
-#include "windows/scheme_window.h"
-#include "windows/screen_pick.h"
-#include "windows/sheet_tool.h"
-#include "windows/tip_window.h"
-#include "windows/tool_window.h"
-#include "windows/workspace_window.h"
 
 namespace nubo {
 namespace {
 
-constexpr void (*openers[])() = {about_box,
-                                 [] { frame_menu(82, 209); },
-                                 [] { color_window(EDIT_BRUSH_COLOR); },
-                                 [] { confirm(LABEL_DELETE_FRAME, LABEL_CANNOT_BE_UNDONE); },
-                                 [] { confirm_box(LABEL_DELETE_FRAME, LABEL_NONE, true, true); },
-                                 favorites_window,
-                                 [] { reposition_gradient(INK_LGRAD); },
-                                 help_window,
-                                 hotkey_window,
-                                 [] { ink_window(0); },
-                                 options_window,
-                                 scheme_window,
-                                 pick_spectrum,
-                                 tip_window,
-                                 get_by_menu,
-                                 paste_by_key,
-                                 below_by_key,
-                                 turn_cel,
-                                 [] { turn_cel_about(50, 50); },
-                                 stretch_cel,
-                                 resize_window,
-                                 quick_crop,
-                                 sheet_tool,
-                                 [] { tool_window(0); },
-                                 workspace_window};
-int opened = 0;
+const std::vector<WindowOpener> windows = all_windows();
+std::size_t opened = 0;
 bool returned = false;
 
 /// Opens one of them over the drawing menu and waits behind it.
 void open_and_wait() {
+    zoom = zoom_min;
     build_drawing_menu();
-    openers[opened]();
+    windows[opened].open();
     returned = true;
     wait_loop();
 }
 
-TEST_F(MenuTest, EscapeCancelsWhateverIsOpenAndTheDrawingMenuComesBack) {
-    for (opened = 0; opened < static_cast<int>(std::size(openers)); ++opened) {
+TEST_F(AllWindowsTest, EscapeCancelsWhateverIsOpenAndTheDrawingMenuComesBack) {
+    for (opened = 0; opened < windows.size(); ++opened) {
+        if ((windows[opened].traits & (IS_HELD | TAKES_ESCAPE)) != 0) continue;
         returned = false;
         play_on(open_and_wait, [](User& user) -> Script {
+            const std::string& name = windows[opened].name;
             co_await user.hold_key(KEY_ESC);
             co_await user.wait(10);
-            EXPECT_FALSE(returned) << opened << ": a key that was down before counts for nothing";
+            EXPECT_FALSE(returned) << name << ": a key that was down before counts for nothing";
             co_await user.release_key(KEY_ESC);
             co_await user.hold_key(KEY_ESC);
-            EXPECT_FALSE(returned) << opened << ": nobody else must hear the key";
+            EXPECT_FALSE(returned) << name << ": nobody else must hear the key";
             co_await user.release_key(KEY_ESC);
-            EXPECT_TRUE(returned) << opened;
-            EXPECT_EQ(slot_of(LABEL_UNDO), DRAWING_UNDO) << opened;
-            EXPECT_EQ(menu_id, WINDOW_DRAWING_MENU) << opened;
-            EXPECT_EQ(status_message, status_coordinates) << opened;
+            EXPECT_TRUE(returned) << name;
+            EXPECT_EQ(slot_of(LABEL_UNDO), DRAWING_UNDO) << name;
+            EXPECT_EQ(menu_id, WINDOW_DRAWING_MENU) << name;
+            EXPECT_EQ(status_message, status_coordinates) << name;
         });
     }
 }
 
-TEST_F(MenuTest, TheProgramsEndCancelsWhateverIsOpen) {
+TEST_F(AllWindowsTest, TheProgramsEndCancelsWhateverIsOpen) {
     opt_cel_tolerance = 99;
     hotkeys[HOTKEY_UNDO][KEY_PRIMARY] = KEY_J;
-    for (opened = 0; opened < static_cast<int>(std::size(openers)); ++opened) {
+    for (opened = 0; opened < windows.size(); ++opened) {
         returned = false;
         play_on(open_and_wait, [](User& user) -> Script {
             co_await user.wait(10);
+            EXPECT_FALSE(returned) << windows[opened].name;
             if (const int defaults = slot_of(LABEL_KEYS_DEFAULTS); defaults != -1) co_await click(user, defaults);
             co_await user.press_left(100, 30);  // a hand that holds the button holds up nothing
             exit_requested = 1;
             co_await user.wait(4);
         });
         ::mouse_b = 0;
-        EXPECT_TRUE(returned) << opened;
+        EXPECT_TRUE(returned) << windows[opened].name;
     }
     EXPECT_EQ(opt_cel_tolerance, 99);
     EXPECT_EQ(hotkeys[HOTKEY_UNDO][KEY_PRIMARY], KEY_J);
+}
+
+TEST_F(AllWindowsTest, TheMiddleButtonPansTheFrameOnlyUnderWhatLetsIt) {
+    for (opened = 0; opened < windows.size(); ++opened) {
+        play_on(open_and_wait, [](User& user) -> Script {
+            co_await user.wait(10);
+            ::mouse_b = middle_button;
+            co_await user.wait(4);
+            // A Frame as small as the view isn't panned, which the status bar says.
+            EXPECT_EQ(status_message == MESSAGE_QUICK_PAN_TOO_SMALL, (windows[opened].traits & PANS) != 0)
+                << windows[opened].name << ", message " << status_message;
+            ::mouse_b = 0;
+            co_await user.wait(4);
+            EXPECT_EQ(mouse_down, 0) << windows[opened].name;
+            exit_requested = 1;
+        });
+    }
 }
 
 TEST_F(MenuTest, EscapeIsTheUsersWhereHeHasMappedIt) {

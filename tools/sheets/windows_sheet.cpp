@@ -1,53 +1,20 @@
 // Draws a contact sheet of all windows, each with its name, at twice its size, for the eye of a reviewer.
 // Usage: nubo_windows TARGET.png
 //
-// A window runs until its user leaves it. So each opens in a process of its own, which ends with the third picture.
+// A window runs until its user leaves it. So each opens in a process of its own, which ends with the eighth picture.
 #include "codecs/png.h"
 #include "editor/present.h"
-#include "framework/outline_font.h"
-#include "framework/resources.h"
 #include "framework/text.h"
 #include "gui/progress_box.h"
 #include "gui/window.h"
-#include "harness/harness.h"
-#include "harness/user.h"
-#include "state/cel.h"
+#include "harness/windows.h"
 #include "state/flow.h"
 #include "state/options.h"
 #include "state/run.h"
-#include "state/stroke.h"
 #include "state/texts_labels.h"
-#include "windows/about_box.h"
-#include "windows/activity_menus.h"
-#include "windows/cel_commands.h"
-#include "windows/color_window.h"
-#include "windows/confirm_box.h"
 #include "windows/drawing_menu.h"
-#include "windows/favorites_window.h"
-#include "windows/file_browser.h"
-#include "windows/gradient_nodes.h"
-#include "windows/help_window.h"
-#include "windows/hotkey_window.h"
-#include "windows/ink_window.h"
-#include "windows/jpeg_quality_window.h"
-#include "windows/option_slider.h"
-#include "windows/options_window.h"
-#include "windows/placement.h"
-#include "windows/resize_window.h"
-#include "windows/scheme_window.h"
-#include "windows/shape_windows.h"
-#include "windows/sheet_tool.h"
-#include "windows/text_window.h"
-#include "windows/tip_window.h"
-#include "windows/tool_window.h"
-#include "windows/workspace_window.h"
-#include "workspace/defaults.h"
-#include "workspace/preferred_font.h"
 #include <algorithm>
 #include <cstdio>
-#include <cstring>
-#include <filesystem>
-#include <functional>
 #include <string>
 #include <sys/mman.h>
 #include <sys/wait.h>
@@ -59,99 +26,17 @@ namespace {
 
 // ---- The windows ---------------------------------------------------------------------------------------------------
 
-struct Exhibit {
-    std::string name;
-    std::function<void()> open;
-};
-
-constexpr int menu_button_x = 160, menu_button_y = 209;
-
-/// Both nodes of the gradient lie beyond the view.
-void lose_nodes() {
-    constexpr int beyond = 200, near_zoom = 4;
-    build_drawing_menu();
-    for (int node = OPTION_NODE; node <= OPTION_NODE + 1; ++node) ink_options[INK_HGRAD][at(node)] = beyond;
-    zoom = near_zoom;
-    reposition_gradient(INK_HGRAD);
-}
-
-/// The slider stays as long as the key is down.
-void hold_option_key() {
-    ::key[KEY_INSERT] = 1;
-    option_slider(OWNER_TOOL, TOOL_SPRAY);
-}
-
-void write_text() {
-    font_system_init();
-    load_preferred_font(NUBO_FOLDER "/fonts/system.ttf");
-    std::strncpy(font_name.data(), system_font, file_name_size - 1);
-    std::strncpy(text_tool_text.data(), "HAMBURGEFONTS", text_size - 1);
-    text_tool();
-}
-
-void lose_cel() {
-    cel_x = 2 * view_w;
-    place_cel(true, true);
-}
-
 void save_for_long() {
     constexpr double percent = 60;
     ProgressBox box(LABEL_SAVING_WORKSPACE);
     for (;;) box.tell(percent);
 }
 
-/// The windows that look different by what they are opened for.
-void add_kinds(std::vector<Exhibit>& all) {
-    for (int space = SPACE_VGA; space < SPACE_COUNT; ++space)
-        all.push_back({std::string("COLOR ").append(label_text[at(LABEL_VGA + space)]), [space] {
-                           colorspace = space;
-                           color_window(EDIT_BRUSH_COLOR);
-                       }});
-    for (int tool = TOOL_BOX; tool < TOOL_COUNT; ++tool)
-        all.push_back({std::string("TOOL ").append(label_text[at(LABEL_TOOL_FIRST + tool)]), [tool] {
-                           tool_slots[0] = tool;
-                           tool_window(0);
-                       }});
-    for (int ink = INK_ADD; ink < INK_COUNT; ++ink)
-        all.push_back({std::string("INK ").append(label_text[at(LABEL_INK_FIRST + ink)]), [ink] {
-                           ink_slots[0] = ink;
-                           ink_window(0);
-                       }});
-}
-
-std::vector<Exhibit> exhibits() {
-    std::vector<Exhibit> all{
-        {"DRAWING MENU", build_drawing_menu},
-        {"TIPS", tip_window},
-        {"WORKSPACE", workspace_window},
-        {"FRAME", [] { frame_menu(menu_button_x, menu_button_y); }},
-        {"PIC", [] { pic_menu(menu_button_x, menu_button_y); }},
-        {"CEL", [] { cel_menu(menu_button_x, menu_button_y); }},
-        {"USER", [] { user_menu(menu_button_x, menu_button_y); }},
-        {"QUESTION", [] { confirm_box(LABEL_DELETE_FRAME, LABEL_CANNOT_BE_UNDONE, false, false); }},
-        {"NODES", lose_nodes},
-        {"OPTION SLIDER", hold_option_key},
-        {"TURN", [] { turn_cel_about(view_w / 4, view_h / 4); }},
-        {"CEL OFFSCREEN", lose_cel},
-        {"RESIZE", resize_window},
-        {"SPRITE SHEET", sheet_tool},
-        {"HELP", help_window},
-        {"ABOUT", about_box},
-        {"OPTIONS", options_window},
-        {"KEYS", hotkey_window},
-        {"KEY PROMPT", [] { key_prompt(LABEL_HOTKEY_FIRST); }},
-        {"SCHEME", scheme_window},
-        {"FAVORITES", favorites_window},
-        {"FILES", save_frame_command},
-        {"JPG QUALITY", [] { jpeg_quality_window(); }},
-        {"R.POLY", [] { run_shape_window(TOOL_RPOLY); }},
-        {"SSHAPE", [] { run_shape_window(TOOL_SSHAPE); }},
-        {"SPIRAL", [] { run_shape_window(TOOL_SPIRAL); }},
-        {"TEXT", write_text},
-        {"PROGRESS", save_for_long},
-        {"NOTICE", [] { confirm_box(LABEL_LAST_FRAME, LABEL_NONE, false, true); }},
-    };
-    add_kinds(all);
+std::vector<WindowOpener> exhibits() {
+    std::vector<WindowOpener> all{{"DRAWING MENU", IS_WINDOW, build_drawing_menu}};
+    for (const WindowOpener& window : all_windows())
+        if ((window.traits & IS_WINDOW) != 0) all.push_back(window);
+    all.push_back({"PROGRESS", IS_WINDOW, save_for_long});
     return all;
 }
 
@@ -187,9 +72,9 @@ void take_picture() {
     std::_Exit(0);
 }
 
-void open_and_take_picture(const Exhibit& exhibit) {
+void open_and_take_picture(const WindowOpener& exhibit) {
     set_present_hook([] {
-        constexpr int pictures = 3, picture_ms = 20;
+        constexpr int pictures = 8, picture_ms = 20;
         static int presents = 0;
         advance_time(picture_ms);
         if (++presents == pictures) take_picture();
@@ -199,7 +84,7 @@ void open_and_take_picture(const Exhibit& exhibit) {
 }
 
 /// Null when the window hasn't come up.
-OwnedBitmap picture_of(const Exhibit& exhibit) {
+OwnedBitmap picture_of(const WindowOpener& exhibit) {
     picture->taken = false;
     std::fflush(nullptr);
     const pid_t child = fork();
@@ -243,7 +128,7 @@ std::vector<Place> places_of(const std::vector<OwnedBitmap>& pictures) {
     return places;
 }
 
-OwnedBitmap draw_sheet(const std::vector<Exhibit>& all, const std::vector<OwnedBitmap>& pictures) {
+OwnedBitmap draw_sheet(const std::vector<WindowOpener>& all, const std::vector<OwnedBitmap>& pictures) {
     const std::vector<Place> places = places_of(pictures);
     OwnedBitmap sheet = make_bitmap(places.back().x, places.back().y);
     for (std::size_t i = 0; sheet && i < pictures.size(); ++i) {
@@ -255,20 +140,11 @@ OwnedBitmap draw_sheet(const std::vector<Exhibit>& all, const std::vector<OwnedB
     return sheet;
 }
 
-/// The editor on a black Frame, with the program's own sheets, fonts and tips, and nothing but windows on its screen.
-class SheetEditor : public EditorTest {
+/// Nothing but windows on its screen.
+class SheetEditor : public AllWindowsTest {
 public:
     SheetEditor() {
         constexpr Color orange = 0xe07818;
-        const ScratchFolder folder;
-        std::filesystem::copy(NUBO_FOLDER "/resource", ".", std::filesystem::copy_options::recursive);
-        UA_load_framework_video(Folder("."));
-        if (const OwnedBitmap tips(load_png("brushie.PNG", nullptr)); tips)
-            blit(tips.get(), tip_sheet, 0, 0, 0, 0, tip_sheet_w, tip_image_h);
-        replace_bitmap(logo, OwnedBitmap(load_png("N_HD_1X.RES", nullptr)));
-        replace_bitmap(preview_bitmap, make_bitmap(preview_w, preview_h));
-        set_workspace_defaults();
-        std::strncpy(default_image_dir.data(), NUBO_FOLDER, path_size - 1);  // whose files are on every machine
         brush_color = orange;
         opt_status_bar = opt_crosshair_strength = 0;
         ::mouse_x = 0;
@@ -282,9 +158,9 @@ int make_sheet(const char* target) {
     if (memory == MAP_FAILED) return 1;
     picture = new (memory) Picture;
     const SheetEditor editor;
-    const std::vector<Exhibit> all = exhibits();
+    const std::vector<WindowOpener> all = exhibits();
     std::vector<OwnedBitmap> pictures;
-    for (const Exhibit& exhibit : all) {
+    for (const WindowOpener& exhibit : all) {
         pictures.push_back(picture_of(exhibit));
         if (pictures.back()) continue;
         std::fprintf(stderr, "nubo_windows: %s doesn't open\n", exhibit.name.c_str());
