@@ -1,5 +1,6 @@
 #include "gui/waiting.h"
 
+#include "base/keys.h"
 #include "gui/presses.h"
 #include "state/flow.h"
 #include "state/hotkeys.h"
@@ -60,6 +61,7 @@ HandStep Waiting::pass() {
     if (left == right) return HAND_RESTS;
     if (right) return HAND_RIGHT;
     point_ = {pixel_x, pixel_y};
+    shift_ = shift_is_down();
     return HAND_LEFT;
 }
 

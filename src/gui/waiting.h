@@ -52,6 +52,9 @@ public:
     /// The Frame's pixel under the mouse at the last left press.
     Point point() const { return point_; }
 
+    /// Whether SHIFT was down at that press; it may go up before the button does.
+    bool shift() const { return shift_; }
+
     void set_prompt(int message) { row_.prompt = message; }
 
 private:
@@ -60,6 +63,7 @@ private:
     Prompt prompt_;
     Escape escape_;
     Point point_{};
+    bool shift_ = false;
 };
 
 }  // namespace nubo

@@ -51,7 +51,8 @@ Point square_end(Point from, Point to) {
     return {from.x + (to.x < from.x ? -side : side), from.y + (to.y < from.y ? -side : side)};
 }
 
-Point line_end(Point from, Point mouse) { return shift_is_down() ? aligned_end(from, mouse) : mouse; }
+Point line_end(Point from, Point mouse, bool shift) { return shift ? aligned_end(from, mouse) : mouse; }
+Point line_end(Point from, Point mouse) { return line_end(from, mouse, shift_is_down()); }
 
 // ---- What the picture shows ----------------------------------------------------------------------------------------
 

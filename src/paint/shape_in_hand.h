@@ -66,7 +66,8 @@ Point aligned_end(Point from, Point to);
 /// The corner of a square between `from` and `to`, its side the longer of the two.
 Point square_end(Point from, Point to);
 
-/// Where a line or an edge from `from` to the mouse ends: with SHIFT `aligned_end`.
+/// Where a line or an edge from `from` to the mouse ends: with SHIFT, as it is or was at the press, `aligned_end`.
+Point line_end(Point from, Point mouse, bool shift);
 Point line_end(Point from, Point mouse);
 
 // ---- What the picture shows ----------------------------------------------------------------------------------------

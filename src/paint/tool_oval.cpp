@@ -44,8 +44,9 @@ bool place_length() {
     const ShapeInHand line(TOOL_LINE);
     click_points[0] = {pixel_x, pixel_y};
     click_points[1] = {-1, -1};
-    if (!wait_for_point(1)) return false;
-    click_points[1] = line_end(click_points[0], click_points[1]);
+    bool shift = false;
+    if (!wait_for_point(1, shift)) return false;
+    click_points[1] = line_end(click_points[0], click_points[1], shift);
     return true;
 }
 

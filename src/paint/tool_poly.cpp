@@ -22,7 +22,7 @@ bool place_corners() {
     for (;;) {
         check_hotkeys(HOTKEYS_MODAL);
         const HandStep hand = wait.pass();
-        if (hand == HAND_LEFT) add_corner(line_end(point_list.back(), wait.point()));
+        if (hand == HAND_LEFT) add_corner(line_end(point_list.back(), wait.point(), wait.shift()));
         if (hand == HAND_RIGHT || hand == HAND_ESCAPES) return hand == HAND_RIGHT;
         if (takes_back.happens() && point_list.size() > 1) point_list.pop_back();
     }

@@ -23,10 +23,10 @@ namespace {
 
 /// Where the shape ends with the mouse on `mouse`: with SHIFT a line keeps to whole 15 degrees, a box is a square, and
 /// a circle reaches the row or the column of the mouse, whichever is further away.
-Point end_point(BrushTool tool, Point mouse) {
+Point end_point(BrushTool tool, Point mouse, bool shift) {
     const Point from = click_points[0];
-    if (tool == TOOL_LINE) return line_end(from, mouse);
-    if (!shift_is_down()) return mouse;
+    if (tool == TOOL_LINE) return line_end(from, mouse, shift);
+    if (!shift) return mouse;
     const Point corner = square_end(from, mouse);
     return tool == TOOL_CIRCLE ? Point{corner.x, from.y} : corner;
 }
@@ -36,7 +36,7 @@ struct PreviewEnds {
     Point from, to, on_overlay, to_on_overlay;
 };
 PreviewEnds preview_ends(BrushTool tool) {
-    const Point from = click_points[0], to = end_point(tool, shown_mouse()), corner = shown_corner();
+    const Point from = click_points[0], to = end_point(tool, shown_mouse(), shift_is_down()), corner = shown_corner();
     return {from, to, {from.x - corner.x, from.y - corner.y}, {to.x - corner.x, to.y - corner.y}};
 }
 
@@ -76,15 +76,15 @@ void disc_span_callback(BITMAP* bitmap, int x, int y, int) {
 
 void run_two_click_tool(BrushTool tool) {
     click_points[0] = {pixel_x, pixel_y};
-    bool placed = false;
+    bool placed = false, shift = false;
     {
         const ToolDistance distance(click_points[0]);
         wait_while_down(mouse_left);
         const ToolPreview preview(tool);
-        placed = wait_for_point(1);
+        placed = wait_for_point(1, shift);
     }
     if (!placed) return;
-    click_points[1] = end_point(tool, {pixel_x, pixel_y});
+    click_points[1] = end_point(tool, {pixel_x, pixel_y}, shift);
     draw_to_frame(0, 0, tool, active_ink(), brush_tip);
 }
 

@@ -44,10 +44,11 @@ void draw_tool_preview() {
 
 void run_press_tool(BrushTool tool) { draw_to_frame(pixel_x, pixel_y, tool, active_ink(), brush_tip); }
 
-bool wait_for_point(int slot) {
+bool wait_for_point(int slot, bool& shift) {
     Waiting wait({.hotkeys = HOTKEYS_TOOL});
     const bool clicked = wait.for_click();
     if (clicked) click_points[at(slot)] = wait.point();
+    shift = wait.shift();
     return clicked;
 }
 

@@ -44,9 +44,9 @@ void set_preview_drawer(int preview, PreviewDrawer draw);
 
 // ---- For the tools --------------------------------------------------------------------------------------------------
 
-/// The second click of a two-click tool, into `click_points[slot]`. False after a right press, ESC or the end of the
-/// program.
-bool wait_for_point(int slot);
+/// The second click of a two-click tool, into `click_points[slot]`; `shift` tells whether SHIFT was down at the press.
+/// False after a right press, ESC or the end of the program.
+bool wait_for_point(int slot, bool& shift);
 
 /// Fills the connected area of `color` around (x, y) with the active ink.
 void flood_fill(int x, int y, Color color, int tolerance);

@@ -96,6 +96,22 @@ TEST_F(ShapeToolTest, PolyTakesCornersBackHoldsThemAndCloses) {
     expect_at_rest("POLY");
 }
 
+TEST_F(ShapeToolTest, ShiftCountsAtThePressNotAtTheRelease) {
+    for (const BrushTool tool : {TOOL_OVAL, TOOL_LINE, TOOL_BOX, TOOL_CIRCLE}) {
+        take(tool, 0, 0);
+        play([](User& user) -> Script {
+            co_await press_and_release(user, 30, 50);
+            co_await user.hold_key(KEY_LSHIFT);
+            co_await user.press_left(70, 54);
+            co_await user.release_key(KEY_LSHIFT);
+            co_await user.release_left();
+            if (active_tool() == TOOL_OVAL) co_await press_and_release(user, 50, 54);
+        });
+        const Point level{70, 50}, square{70, 90};
+        EXPECT_EQ(click_points[1], tool == TOOL_BOX ? square : level) << tool;
+    }
+}
+
 TEST_F(ShapeToolTest, KeysChangeThePaintBetweenTheClicks) {
     take(TOOL_BOX, 0, 0);
     play([](User& user) -> Script {
