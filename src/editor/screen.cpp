@@ -93,13 +93,17 @@ void draw_frame_plain(bool with_overlay) {
 
 constexpr Color no_cell = 0xff000000;  // no colour has a top byte: the checker shows here
 
+/// In the cells of a zoomed picture the mask colour means nothing either, but for a Cel that floats: what of it is in
+/// that colour will be painted.
+bool is_shown(Color over) { return over != transparent_color && (over != mask_color || shown.cel_place.mode != -1); }
+
 /// The colours of a row of cells: the overlay's pixel where it holds one, else the frame's.
 void gather_cells(int row, std::span<Color> cells, bool with_overlay) {
     const int y = shown.pan_y + row;
     const Color* const over = pixels_at(overlay, 0, row);
     for (std::size_t column = 0; column < cells.size(); ++column) {
         const int x = shown.pan_x + static_cast<int>(column);
-        if (with_overlay && over[column] != transparent_color && over[column] != mask_color)
+        if (with_overlay && is_shown(over[column]))
             cells[column] = over[column];
         else
             cells[column] = frame_contains(current_frame, x, y) ? *pixels_at(current_frame, x, y) : no_cell;

@@ -79,6 +79,12 @@ TEST_F(ScreenTest, TheOverlayCountsOnlyWhileAPreviewIsOn) {
     draw_bare_picture();
     EXPECT_EQ(screen_pixel(3 * 4 + 3, 2 * 4), blue);
     EXPECT_EQ(screen_pixel(4 * 4, 2 * 4), red);
+    replace_bitmap(cel, make_bitmap(1, 1, mask_color));
+    for (zoom = 1; zoom <= 6; zoom += 1) {  // but for a Cel, which will be painted
+        cel_place = {.x = 4, .y = 2, .mode = CEL_PASTE, .selected = 0};
+        update_screen(UPDATE_NORMAL);
+        EXPECT_EQ(screen_pixel(4 << (zoom - 1), 2 << (zoom - 1)), mask_color) << zoom;
+    }
 }
 
 TEST_F(ScreenTest, CrosshairsBlendFourBarsFromTheMouse) {
