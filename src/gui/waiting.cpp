@@ -65,6 +65,13 @@ HandStep Waiting::pass() {
     return HAND_LEFT;
 }
 
+HandStep Waiting::held_pass() {
+    prompt_.keep(row_.prompt);
+    update_screen(UPDATE_NORMAL);
+    if (escape_.asked()) return HAND_ESCAPES;
+    return mouse_left != 0 ? HAND_LEFT : HAND_RESTS;
+}
+
 bool Waiting::for_click() {
     for (;;) {
         const HandStep hand = pass();

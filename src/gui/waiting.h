@@ -46,6 +46,9 @@ public:
     /// Shows the picture once and tells what the hand has done. First waits for the release of the press told before.
     HandStep pass();
 
+    /// A pass while the left press told last goes on: LEFT as long as it does, RESTS when the button is up.
+    HandStep held_pass();
+
     /// Passes until a left press and its release: true. False after a right press, ESC or the end of the program.
     bool for_click();
 

@@ -111,25 +111,61 @@ HandStep pass(Waiting& wait, Message prompt, Point& mouse) {
     return hand;
 }
 
-/// Carries the Cel with the mouse until a press puts it down.
-Outcome drag_cel(const PlacementKind& kind, Waiting& wait) {
-    wait_while_down(mouse_left);
+Outcome put_down() {
+    cel_x = cel_place.x;
+    cel_y = cel_place.y;
+    return GOES_ON;
+}
+
+/// More than a hand that clicks trembles.
+bool hand_has_moved() {
+    constexpr int trembling = 3;  // logical pixels
+    const int dx = mouse_x - press_start_x, dy = mouse_y - press_start_y;
+    return dx * dx + dy * dy > trembling * trembling;
+}
+
+Point mouse_pixel() {
     view_update_pixel();
-    const Point start{pixel_x, pixel_y};
-    const CelPlace before = cel_place;
+    return {pixel_x, pixel_y};
+}
+
+/// Where the Cel stood and the mouse was when it was picked up, and the distance from there as far as it is shown.
+struct Grip {
+    CelPlace place = cel_place;
+    Point mouse = mouse_pixel();
     std::optional<ToolDistance> distance;
-    if (kind.shown == CEL_PASTE) distance.emplace(start);
+    explicit Grip(const PlacementKind& kind) {
+        if (kind.shown == CEL_PASTE) distance.emplace(mouse);
+    }
+    void follow(Point to) const { shift_place(place, to.x - mouse.x, to.y - mouse.y); }
+};
+
+/// As long as the press on the Cel lasts: a hand that moves on with it carries the Cel, and lets go of it at the
+/// release. NOT_SERVED after a press in place.
+Outcome carry_cel(const PlacementKind& kind, Waiting& wait) {
+    const Grip grip(kind);
+    bool is_carried = false;
+    for (;;) {
+        wait.set_prompt(kind.held_prompt);
+        const HandStep hand = wait.held_pass();
+        is_carried = is_carried || hand_has_moved();
+        if (is_carried) grip.follow(mouse_pixel());
+        if (hand == HAND_ESCAPES) return LEAVES;
+        if (hand == HAND_RESTS) return is_carried ? put_down() : NOT_SERVED;
+    }
+}
+
+/// Moves the Cel with the mouse until a press puts it down.
+Outcome drag_cel(const PlacementKind& kind, Waiting& wait) {
+    const Grip grip(kind);
     for (;;) {
         Point mouse;
         const HandStep hand = pass(wait, kind.held_prompt, mouse);
-        shift_place(before, mouse.x - start.x, mouse.y - start.y);
+        grip.follow(mouse);
         if (const Outcome outcome = kind.serve(HAND_RESTS, mouse); outcome > GOES_ON) return outcome;
         if (hand == HAND_RIGHT) return ANCHORS;
         if (hand == HAND_ESCAPES) return LEAVES;
-        if (hand != HAND_LEFT) continue;
-        cel_x = cel_place.x;
-        cel_y = cel_place.y;
-        return GOES_ON;
+        if (hand == HAND_LEFT) return put_down();
     }
 }
 
@@ -142,7 +178,8 @@ Outcome serve_pass(const PlacementKind& kind, Waiting& wait) {
     if (hand == HAND_ESCAPES) return LEAVES;
     if (hand == HAND_LEFT && kind.takes_up(mouse)) {
         cel_place.selected = 1;
-        return drag_cel(kind, wait);
+        const Outcome outcome = carry_cel(kind, wait);
+        return outcome != NOT_SERVED ? outcome : drag_cel(kind, wait);
     }
     if (hand == HAND_LEFT && kind.press_beside != nullptr) kind.press_beside();
     return GOES_ON;

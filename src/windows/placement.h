@@ -2,11 +2,13 @@
 // A Cel that floats over the Frame until the user anchors it. PASTE, BELOW, TURN, STRETCH, MOVE and whatever brings a
 // picture from elsewhere go through here. Main flow only.
 //
-// A left press on the Cel picks it up and the next one puts it down; a right press anchors it; ESC leaves the Frame as
-// it is. The arrow keys move it by a pixel, with SHIFT by eight; two rows of the key table flip it.
+// A left press on the Cel picks it up and the next one puts it down; a hand that moves on with the press carries it and
+// lets go of it at the release. A right press anchors it; ESC leaves the Frame as it is. The arrow keys move it by a
+// pixel, with SHIFT by eight; two rows of the key table flip it.
 #include "base/bitmap.h"
 #include "gui/waiting.h"
 #include "paint/cel_paste.h"
+#include "paint/cel_pixels.h"
 #include "state/messages.h"
 
 namespace nubo {

@@ -131,6 +131,35 @@ TEST_F(CelCommandTest, PasteFloatsUntilItIsAnchoredOrLeft) {
     });
 }
 
+TEST_F(CelCommandTest, AHandThatDragsCarriesAndLetsGo) {
+    grab_sprite();
+    play([](User& user) -> Script {
+        co_await tap(user, KEY_TILDE);
+        co_await user.press_left(41, 51);
+        co_await user.drag_to(43, 53);
+        EXPECT_EQ(cel_place.x, 40) << "it only trembles";
+        co_await user.release_left();
+        co_await user.move_to(60, 60);
+        EXPECT_EQ(cel_place.x, 57) << "picked up, as by a click, where it was let go";
+        co_await click_place(user, 61, 61);
+        co_await user.press_left(59, 59);
+        co_await user.drag_to(141, 91);
+        EXPECT_EQ(cel_place.x, 140);
+        ::mouse_x = 151 * pixel_scale;  // it rises where no motion was heard
+        ::mouse_b = 0;
+        co_await user.wait(8);
+        EXPECT_EQ(cel_x, 150);
+        co_await user.move_to(20, 20);
+        EXPECT_EQ(cel_place.x, 150) << "let go of";
+        co_await user.press_left(151, 91);
+        co_await user.drag_to(100, 100);
+        co_await tap(user, KEY_ESC);
+        co_await user.release_left();
+        expect_at_rest();
+        EXPECT_EQ(undo_steps(), 0);
+    });
+}
+
 TEST_F(CelCommandTest, ATileIsLaidFromWhereTheCelLands) {
     grab_sprite();
     take_ink(INK_TILE);
