@@ -64,14 +64,19 @@ private:
     int menu_before_;
 };
 
-int angle = 0;  // degrees, as shown
+int angle = 0;           // degrees, as shown
+int angle_followed = 0;  // of the slider, when the angle was taken from it
 
-/// The angle of the slider; with SHIFT in steps.
+/// The angle goes where the slider is moved, with SHIFT in steps. SHIFT alone, as with an arrow key, leaves it. The
+/// slider comes to the step once SHIFT and the button are up.
 void follow_slider() {
     constexpr int step = 15;
     constexpr double part_of_256 = 0.711111111;
-    angle = gui::slider_value[at(high_slot + TURN_SLIDER)];
-    if (shift_is_down()) angle = (angle + step / 2) / step * step;
+    Word& slider = gui::slider_value[at(high_slot + TURN_SLIDER)];
+    const int value = slider;
+    if (value != angle_followed) angle = shift_is_down() ? (value + step / 2) / step * step : value;
+    angle_followed = value;
+    if (!shift_is_down() && mouse_left == 0) slider = angle_followed = angle;
     cel_place.x2 = static_cast<int>(angle * part_of_256);
 }
 
@@ -108,6 +113,7 @@ void turn_cel_about(int x, int y) {
     prepare_cel();
     const TurnWindow window({x, y});
     cel_place = {.x = x, .y = y, .selected = 0};
+    angle = angle_followed = gui::slider_value[at(high_slot + TURN_SLIDER)];
     follow_slider();
     if (run_placement(turn_kind, UNDO_TO_SAVE) == PLACEMENT_ANCHORED) cel_angle = angle;
 }

@@ -250,8 +250,14 @@ TEST_F(CelCommandTest, TurnGoesByItsSliderAndItsButtons) {
         co_await click(user, DRAWING_CEL);
         co_await open();
         co_await click_place(user, 100, 60);
-        gui::slider_value[high_slot + slot_content] = 178;
+        gui::slider_value[high_slot + slot_content] = 100;
+        co_await user.wait(4);
         ::key[KEY_LSHIFT] = 1;
+        co_await user.wait(4);
+        co_await tap(user, KEY_RIGHT);
+        EXPECT_EQ(cel_place.x, 108);
+        EXPECT_EQ(cel_place.x2, 71) << "SHIFT is the arrow's: 100 * 0.711 = 71.1";
+        gui::slider_value[high_slot + slot_content] = 178;
         co_await user.wait(4);
         EXPECT_EQ(cel_place.x2, 127) << "in steps of 15: 180 * 0.711 = 127.99";
         co_await click(user, slot_of(LABEL_OKAY));
