@@ -2,7 +2,6 @@
 #include "base/keys.h"
 #include "editor/hotkey_actions.h"
 #include "gui/window.h"
-#include "paint/undo.h"
 #include "state/cel.h"
 #include "state/flow.h"
 #include "state/run.h"
@@ -76,8 +75,8 @@ constexpr std::array<HotkeyRow, HOTKEY_COUNT> rows{{
     {HOTKEY_INK_OPTION,       HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, toggle_ink_option},
     {HOTKEY_COPY,             HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, clipboard_copy},
     {HOTKEY_PASTE,            HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, clipboard_paste},
-    {HOTKEY_UNDO,             HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, undo_last},
-    {HOTKEY_REDO,             HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, redo_last},
+    {HOTKEY_UNDO,             HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, undo_by_user},
+    {HOTKEY_REDO,             HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, redo_by_user},
     {HOTKEY_ZOOM_IN,          HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, zoom_in_by_key},
     {HOTKEY_ZOOM_OUT,         HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, zoom_out_by_key},
     {HOTKEY_FAVORITES,        HOTKEYS_MAIN,  WAIT_AFTER, GIVES_WAY, favorites_window},

@@ -233,7 +233,7 @@ std::optional<int> start_program(const std::vector<std::string>& files) {
     if (!open_workspace()) return refuse(no_memory);
     if (preferred_font == nullptr) return refuse("System font file is missing. Please reinstall the application.");
     save_on_display_loss([] {
-        end_borrowing();
+        end_placement();
         shutdown_program();
     });
     warn_if_nothing_can_be_saved();

@@ -190,15 +190,14 @@ bool overlaps_view(int x, int y) {
 
 // ---- Commits -------------------------------------------------------------------------------------------------------
 
-/// A Frame brought in since the snapshot has taken all undo states with it.
-bool snapshot_is_of_frame() { return stroke_snapshot() != nullptr && undo_age[at(newest_undo)] != undo_free; }
-
-bool save_undo_if_needed(UndoSave save) {
-    return (save == UNDO_IS_SAVED && snapshot_is_of_frame()) || save_undo(false);
+bool count_or_save_step(UndoSave save) {
+    if (save == UNDO_TO_SAVE || !step_is_of_frame()) return save_undo(false);
+    count_step();
+    return true;
 }
 
 bool begin_commit(UndoSave save) {
-    if (!save_undo_if_needed(save)) return false;
+    if (!count_or_save_step(save)) return false;
     clear_stroke_mask();
     cel_place.selected = 0;
     return true;

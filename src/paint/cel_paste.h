@@ -9,11 +9,11 @@ namespace nubo {
 /// if it is selected. Sets the placement's box, in pixels of `overlay`, and `cel_visible`. By `update_screen`.
 void draw_cel(int mode);
 
-/// Whether a commit saves undo: a cut or a picture from elsewhere was saved before.
-enum UndoSave : int { UNDO_IS_SAVED, UNDO_TO_SAVE };
+/// Whether a commit saves undo, or the open step, taken before a cut, counts as what was there before.
+enum UndoSave : int { UNDO_IS_TAKEN, UNDO_TO_SAVE };
 
-/// Paints the placement into the Frame. Undo is saved in any case if the last snapshot isn't of this Frame, since inks
-/// read it. False, with nothing changed but a status message, when there is no memory for it.
+/// Paints the placement into the Frame. Undo is saved in any case if the open step isn't of this Frame, since inks read
+/// the newest state. False, with nothing changed but a status message, when there is no memory for it.
 bool commit_cel(CelMode mode, UndoSave save);
 
 /// Paints the bitmap with its corner at the Frame pixel (x, y) by the active ink, row by row; pixels of 0xff00ff and

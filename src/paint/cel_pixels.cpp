@@ -54,6 +54,18 @@ bool take_cel(OwnedBitmap picture) {
     return true;
 }
 
+void exchange_cel(CelAside& aside) {
+    std::swap(cel, aside.bitmap);
+    std::swap(cel_mask, aside.mask);
+    std::swap(cel_x, aside.x);
+    std::swap(cel_y, aside.y);
+}
+
+void free_cel(CelAside& aside) {
+    replace_bitmap(aside.bitmap, nullptr);
+    replace_bitmap(aside.mask, nullptr);
+}
+
 OwnedBitmap copy_of_area(const Area& area) {
     OwnedBitmap copy = make_bitmap(area.width(), area.height(), transparent_color);
     if (copy) blit(current_frame, copy.get(), area.left, area.top, 0, 0, area.width(), area.height());

@@ -20,6 +20,17 @@ Area area_between(int x1, int y1, int x2, int y2);
 /// for the second.
 bool take_cel(OwnedBitmap picture);
 
+/// A Cel set aside: both its bitmaps and where it stood. Whoever has it frees it.
+struct CelAside {
+    BITMAP *bitmap = nullptr, *mask = nullptr;
+    int x = 0, y = 0;
+};
+
+/// Sets the Cel aside, and what was aside is the Cel.
+void exchange_cel(CelAside& aside);
+
+void free_cel(CelAside& aside);
+
 /// The pixels of an area of the Frame; 0xff00ff where it reaches beyond the Frame. Null without memory.
 OwnedBitmap copy_of_area(const Area& area);
 

@@ -8,6 +8,7 @@
 #include "state/options.h"
 #include "state/run.h"
 #include "state/view.h"
+#include <algorithm>
 #include <utility>
 
 namespace nubo {
@@ -86,6 +87,51 @@ bool copy_frame_to(BITMAP*& slot) {
     return true;
 }
 
+bool refuse_for_memory() {
+    UA_log("[ ERROR ] : No memory for an undo copy of %d x %d pixels. Nothing was changed.", current_frame->w,
+           current_frame->h);
+    status_message = MESSAGE_UNDO_MEMORY;
+    status_timer = flash_ticks;
+    return false;
+}
+
+// ---- The Cel that a state brings along -----------------------------------------------------------------------------
+
+/// It goes with one state of either chain. No more are needed: an area that was cut elsewhere lands before anything
+/// else is done to the Frame, and the chains end with the visit.
+struct CarriedCel {
+    const Chain* chain = nullptr;
+    int slot = 0;
+    CelAside cel;
+    bool goes_with(const Chain& its_chain, int its_slot) const { return chain == &its_chain && slot == its_slot; }
+};
+constinit CarriedCel carried;
+
+void drop_carried_cel() {
+    free_cel(carried.cel);
+    carried = {};
+}
+
+/// The state is given back, and what was there before has become the newest of the other chain.
+bool exchange_carried_cel(const Chain& from, int slot, const Chain& to) {
+    if (!carried.goes_with(from, slot)) return false;
+    exchange_cel(carried.cel);
+    carried.chain = &to;
+    carried.slot = to.newest;
+    return true;
+}
+
+// ---- States --------------------------------------------------------------------------------------------------------
+
+/// The state in `slot` is the newest now: all others are one older, and one may be too old.
+void make_newest(const Chain& chain, int slot) {
+    if (carried.goes_with(chain, slot)) drop_carried_cel();
+    for (unsigned i = 0; i < depth(); ++i)
+        if (chain.age[i] != undo_free && ++chain.age[i] >= opt_undo_depth) chain.age[i] = undo_free;
+    chain.age[static_cast<unsigned>(slot)] = 0;
+    chain.newest = slot;
+}
+
 bool save_state(const Chain& chain) {
     free_beyond_depth(chain);
     const int slot = slot_for_next(chain);
@@ -94,18 +140,14 @@ bool save_state(const Chain& chain) {
         return false;
     }
     // The memory comes first: on refusal the ages still tell the chain as it was.
-    if (!copy_frame_to(chain.slots[static_cast<unsigned>(slot)])) {
-        UA_log("[ ERROR ] : No memory for an undo copy of %d x %d pixels. Nothing was changed.", current_frame->w,
-               current_frame->h);
-        status_message = MESSAGE_UNDO_MEMORY;
-        status_timer = flash_ticks;
-        return false;
-    }
-    for (unsigned i = 0; i < depth(); ++i)
-        if (chain.age[i] != undo_free && ++chain.age[i] >= opt_undo_depth) chain.age[i] = undo_free;
-    chain.age[static_cast<unsigned>(slot)] = 0;
-    chain.newest = slot;
+    if (!copy_frame_to(chain.slots[static_cast<unsigned>(slot)])) return refuse_for_memory();
+    make_newest(chain, slot);
     return true;
+}
+
+void empty_redo() {
+    redo_age.fill(undo_free);
+    if (carried.chain == &redo_chain) drop_carried_cel();
 }
 
 /// The slot of the newest state, -1 in an empty chain.
@@ -121,35 +163,119 @@ void age_down(std::array<int, undo_depth_max>& ages) {
         if (age != undo_free) --age;  // 0 becomes free
 }
 
-/// Gives the state of a slot back to the Frame and drops it from its chain.
-void take_state(const Chain& chain, int slot) {
-    blit(chain.slots[static_cast<unsigned>(slot)], current_frame, 0, 0, 0, 0, current_frame->w, current_frame->h);
-    age_down(chain.age);
+/// Gives the state of a slot back to the Frame and drops it from its chain. The Frame of now is saved in the other.
+bool take_state(const Chain& from, int slot, const Chain& to) {
+    blit(from.slots[static_cast<unsigned>(slot)], current_frame, 0, 0, 0, 0, current_frame->w, current_frame->h);
+    age_down(from.age);
+    return exchange_carried_cel(from, slot, to);
+}
+
+// ---- Steps ---------------------------------------------------------------------------------------------------------
+
+constinit UndoStep opened;
+constinit std::array<UndoStep, undo_depth_max> waiting{};  // the newest first; no two of one slot
+
+void free_step(UndoStep& step) {
+    replace_bitmap(step.frame, nullptr);
+    step = {};
+}
+
+/// Makes the step's picture the newest undo state.
+void add_to_chain(UndoStep& step) {
+    free_beyond_depth(undo_chain);
+    if (const int slot = slot_for_next(undo_chain); slot >= 0) {
+        replace_bitmap(undo_slots[static_cast<unsigned>(slot)], OwnedBitmap(std::exchange(step.frame, nullptr)));
+        make_newest(undo_chain, slot);
+        empty_redo();
+    }
+    free_step(step);
+}
+
+/// No more wait than the chain may hold.
+void let_wait(UndoStep& step) {
+    free_step(waiting.back());
+    std::rotate(waiting.begin(), waiting.end() - 1, waiting.end());
+    waiting.front() = std::exchange(step, {});
+    for (unsigned i = depth(); i < undo_depth_max; ++i) free_step(waiting[i]);
 }
 
 }  // namespace
 
 bool save_undo(bool keep_redo) {
     if (!save_state(undo_chain)) return false;
-    if (!keep_redo) redo_age.fill(undo_free);
+    if (!keep_redo) empty_redo();
     return true;
 }
 
 bool save_redo() { return save_state(redo_chain); }
 
-void drop_undo() { age_down(undo_age); }
-
-void undo_last() {
+bool undo_last() {
     const int slot = slot_of_newest(undo_chain);
-    if (slot >= 0 && save_redo()) take_state(undo_chain, slot);
+    return slot >= 0 && save_redo() && take_state(undo_chain, slot, redo_chain);
 }
 
-void redo_last() {
+bool redo_last() {
     const int slot = slot_of_newest(redo_chain);
-    if (slot >= 0 && save_undo(true)) take_state(redo_chain, slot);
+    return slot >= 0 && save_undo(true) && take_state(redo_chain, slot, undo_chain);
+}
+
+bool take_step() {
+    OwnedBitmap frame = take_idle();
+    if (frame)
+        blit(current_frame, frame.get(), 0, 0, 0, 0, current_frame->w, current_frame->h);
+    else
+        frame = copy_of(current_frame);
+    if (!frame) return refuse_for_memory();
+    free_step(opened);
+    opened = {frame_index, frame.release()};
+    return true;
+}
+
+const UndoStep& open_step() { return opened; }
+
+bool step_is_of_frame() { return opened.slot == frame_index && fits_frame(opened.frame); }
+
+void count_step() {
+    if (step_is_of_frame())
+        add_to_chain(opened);
+    else if (opened.frame != nullptr)
+        let_wait(opened);
+}
+
+void drop_step() { free_step(opened); }
+
+bool take_back_step() {
+    if (fits_frame(opened.frame))
+        blit(opened.frame, current_frame, 0, 0, 0, 0, current_frame->w, current_frame->h);
+    else if (OwnedBitmap frame = copy_of(opened.frame); !frame || !adopt_frame(std::move(frame)))
+        return refuse_for_memory();
+    drop_step();
+    return true;
+}
+
+void give_step_cel(CelAside given) {
+    drop_carried_cel();
+    carried = {&undo_chain, newest_undo, given};
+}
+
+void take_up_waiting_step(int slot) {
+    for (UndoStep& step : waiting)
+        if (step.slot == slot && fits_frame(step.frame))
+            add_to_chain(step);
+        else if (step.slot == slot)
+            free_step(step);
+}
+
+void renumber_waiting_steps(const std::function<int(int slot)>& slot_of) {
+    for (UndoStep& step : waiting) {
+        if (step.frame == nullptr) continue;
+        step.slot = slot_of(step.slot);
+        if (step.slot < 0) free_step(step);
+    }
 }
 
 void reset_undo_slots() {
+    drop_carried_cel();
     for (const Chain& chain : {undo_chain, redo_chain}) {
         for (BITMAP*& slot : chain.slots) replace_bitmap(slot, nullptr);
         chain.age.fill(undo_free);

@@ -1,5 +1,6 @@
-// The MOVE tool: an area is cut out of the Frame and floats until it is anchored. Meanwhile it is nowhere but in the
-// Cel, so each way out either anchors it or puts it back.
+// The MOVE tool: an area is cut out of the Frame and floats until it is anchored, on this Frame or on another.
+// Meanwhile it is nowhere but in the Cel, so each way out either anchors it or puts it back. The step before the cut
+// counts once the area has landed; till then undo and redo are as they were.
 #include "paint/cel_pixels.h"
 #include "paint/undo.h"
 #include "state/frames.h"
@@ -10,18 +11,11 @@
 #include "windows/placement.h"
 #include "windows/run_window.h"
 #include "workspace/folders.h"
-#include "workspace/frame_store.h"
 #include "workspace/notices.h"
 #include "workspace/rescue.h"
-#include <utility>
 
 namespace nubo {
 namespace {
-
-struct Cut {
-    Area area;
-    int slot;  // of the Frame that it was cut out of
-};
 
 void leave_hole(const Area& area) {
     const bool takes_brush = tool_option(TOOL_MOVE, OPTION_USE_BRUSH_COLOR) != 0;
@@ -29,22 +23,35 @@ void leave_hole(const Area& area) {
              static_cast<int>(takes_brush ? brush_color : mask_color));
 }
 
-/// Into the hole it came from, also if the user has gone on to another Frame. False if that one can't be left.
-bool put_back(const Cut& cut) {
-    const bool was_left = frame_index != cut.slot;
-    if (was_left && !fetch_frame(frame_index, cut.slot)) return false;
-    blit(cel_mask, current_frame, 0, 0, cut.area.left, cut.area.top, cel_mask->w, cel_mask->h);
-    if (!was_left) drop_undo();
-    return true;
+/// True if it was anchored. Over a Frame that can't be left it goes on floating, but not at the program's end.
+bool anchor_or_put_back() {
+    for (;;) {
+        if (place_cel(false, false) == PLACEMENT_ANCHORED) return true;
+        const bool ends = exit_requested != 0;
+        if (put_back_what_floats(ends ? BACK_AT_END : BACK_IN_VIEW) || ends) return false;
+    }
 }
 
-void float_until_it_lands(const Cut& cut) {
-    area_floats = 1;
-    leave_hole(cut.area);
-    while (place_cel(false, false) == PLACEMENT_LEFT && !put_back(cut))
-        if (exit_requested != 0) break;
+/// On another Frame, undo takes the area off as a whole: then it is the Cel. The hole is a step of its own Frame.
+void land(BorrowedCel& area) {
+    if (open_step().frame != nullptr) give_step_cel(area.give_back());
+    count_step();
     area_floats = 0;
-    rescue_landed_area(workspace_folder(), cut.slot);
+}
+
+/// The disk doesn't let it back: the rescue of its Frame holds it, and undo there while the program runs.
+void leave_to_rescue() {
+    count_step();
+    area_floats = 0;
+}
+
+void float_until_it_lands(const Area& cut, BorrowedCel& area) {
+    const int home = frame_index;
+    area_floats = 1;
+    leave_hole(cut);
+    if (anchor_or_put_back()) land(area);
+    if (area_floats != 0) return leave_to_rescue();
+    rescue_landed_area(workspace_folder(), home);
 }
 
 }  // namespace
@@ -58,9 +65,9 @@ void move_area() {
     const ClearedScreen cleared;
     const std::optional<Area> area = ask_corners(click_points[0], grab_prompts);
     if (!area) return;
-    const BorrowedCel borrowed(copy_of_area(*area), area->left, area->top);
+    BorrowedCel borrowed(copy_of_area(*area), area->left, area->top);
     if (!borrowed) return flash_message(MESSAGE_NO_MEMORY);
-    if (save_undo(false)) float_until_it_lands({*area, frame_index});
+    if (take_step()) float_until_it_lands(*area, borrowed);
 }
 
 }  // namespace nubo

@@ -1,6 +1,5 @@
 // What the buttons of the drawing menu do.
 #include "gui/window.h"
-#include "paint/undo.h"
 #include "state/flow.h"
 #include "state/run.h"
 #include "windows/activity_menus.h"
@@ -9,9 +8,11 @@
 #include "windows/drawing_menu.h"
 #include "windows/favorites_window.h"
 #include "windows/ink_window.h"
+#include "windows/pic_commands.h"
 #include "windows/screen_pick.h"
 #include "windows/tip_window.h"
 #include "windows/tool_window.h"
+#include <allegro.h>
 
 namespace nubo {
 namespace {
@@ -20,8 +21,8 @@ namespace {
 
 template <void (*menu)(int x, int y)> void open_menu(int slot) { menu(gui::x[at(slot)], gui::y[at(slot)]); }
 
-void undo(int) { undo_last(); }
-void redo(int) { redo_last(); }
+void undo(int) { undo_by_user(); }
+void redo(int) { redo_by_user(); }
 
 void take_mask_color(int) { brush_color = mask_color; }
 void keep_brush_color(int) {}

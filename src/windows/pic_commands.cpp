@@ -25,12 +25,18 @@ void clear_frame() {
 }
 
 void restore_frame() {
-    if (!save_undo(false)) return;
-    const int width = frame_w, height = frame_h;
-    if (!take_original())
-        drop_undo();
-    else if (frame_w != width || frame_h != height)  // a state of another size can't be brought back by undo
-        reset_undo_slots();
+    if (!take_step()) return;
+    if (take_original() && step_is_of_frame()) return count_step();
+    if (!step_is_of_frame()) reset_undo_slots();  // a state of another size can't be brought back by undo
+    drop_step();
+}
+
+void undo_by_user() {
+    if (undo_last()) flash_text("WHAT CAME FROM ANOTHER FRAME IS THE CEL NOW");
+}
+
+void redo_by_user() {
+    if (redo_last()) flash_text("THE CEL IS THE ONE BEFORE AGAIN");
 }
 
 }  // namespace nubo

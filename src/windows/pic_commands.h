@@ -10,4 +10,8 @@ void clear_frame();
 /// Without memory for it nothing changes, and the log tells.
 void restore_frame();
 
+/// UNDO and REDO, by button or key; the user is told when the Cel has changed along.
+void undo_by_user();
+void redo_by_user();
+
 }  // namespace nubo

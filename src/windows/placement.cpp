@@ -5,6 +5,7 @@
 #include "gui/presses.h"
 #include "paint/cel_pixels.h"
 #include "paint/tool_distance.h"
+#include "paint/undo.h"
 #include "state/flow.h"
 #include "state/frames.h"
 #include "state/gui.h"
@@ -15,6 +16,9 @@
 #include "windows/offscreen_box.h"
 #include "windows/over_frame.h"
 #include "windows/quick_pan.h"
+#include "workspace/folders.h"
+#include "workspace/frame_store.h"
+#include "workspace/rescue.h"
 #include <algorithm>
 #include <allegro.h>
 #include <optional>
@@ -238,8 +242,9 @@ PlacementEnd run_placement(const PlacementKind& kind, UndoSave save) {
     const Floating floating(kind.shown);
     for (;;) {
         const Outcome outcome = serve_pass(kind, wait);
-        // At the program's end a part of the Frame isn't left in the air.
-        const bool must_land = exit_requested != 0 && area_floats != 0;
+        // At the program's end a part of the Frame isn't left in the air. Over another Frame it goes back instead,
+        // since nothing could take it off that one again.
+        const bool must_land = exit_requested != 0 && area_floats != 0 && step_is_of_frame();
         if (outcome == LEAVES && !must_land) return PLACEMENT_LEFT;
         if (outcome >= ANCHORS && anchor(kind, save)) return PLACEMENT_ANCHORED;
         if (must_land) return PLACEMENT_LEFT;
@@ -249,7 +254,7 @@ PlacementEnd run_placement(const PlacementKind& kind, UndoSave save) {
 PlacementEnd place_cel(bool reload, bool save) {
     if (reload) prepare_cel();
     begin_where_it_stood();
-    return run_placement(paste_kind, save ? UNDO_TO_SAVE : UNDO_IS_SAVED);
+    return run_placement(paste_kind, save ? UNDO_TO_SAVE : UNDO_IS_TAKEN);
 }
 
 void place_below() {
@@ -258,36 +263,48 @@ void place_below() {
     run_placement(below_kind, UNDO_TO_SAVE);
 }
 
-BorrowedCel::BorrowedCel(OwnedBitmap picture, int x, int y) : place_(cel_place), x_(cel_x), y_(cel_y), from_{x, y} {
+BorrowedCel::BorrowedCel(OwnedBitmap picture, int x, int y) : place_(cel_place) {
     OwnedBitmap mask = picture ? copy_bitmap(picture.get()) : nullptr;
     if (!mask) return;
     is_borrowed_ = true;
-    cel_.reset(std::exchange(cel, picture.release()));
-    mask_.reset(std::exchange(cel_mask, mask.release()));
-    cel_x = x;
-    cel_y = y;
+    cel_ = {picture.release(), mask.release(), x, y};
+    exchange_cel(cel_);
     borrowed = this;
 }
 
-BorrowedCel::~BorrowedCel() { give_back(); }
-
-void BorrowedCel::give_back() {
-    if (!is_borrowed_) return;
-    is_borrowed_ = false;
-    borrowed = nullptr;
-    replace_bitmap(cel, std::move(cel_));
-    replace_bitmap(cel_mask, std::move(mask_));
-    cel_place = place_;
-    cel_x = x_;
-    cel_y = y_;
+BorrowedCel::~BorrowedCel() {
+    CelAside other = give_back();
+    free_cel(other);
 }
 
-void end_borrowing() {
-    if (borrowed == nullptr) return;
+CelAside BorrowedCel::give_back() {
+    if (!is_borrowed_) return {};
+    is_borrowed_ = false;
+    borrowed = nullptr;
+    exchange_cel(cel_);
+    cel_place = place_;
+    return std::exchange(cel_, {});
+}
+
+bool put_back_what_floats(PutBack when) {
+    if (area_floats == 0) return true;
+    const int home = open_step().slot;
+    if (frame_index != home && when == BACK_AT_END) {
+        if (!put_back_cut_frame(workspace_folder(), home)) return false;
+        drop_step();
+    } else if ((frame_index != home && !fetch_frame(frame_index, home)) || !take_back_step()) {
+        return false;
+    }
+    area_floats = 0;
+    return true;
+}
+
+void end_placement() {
     unflip();
-    if (area_floats != 0)
-        blit(cel_mask, current_frame, 0, 0, borrowed->from_.x, borrowed->from_.y, cel_mask->w, cel_mask->h);
-    borrowed->give_back();
+    put_back_what_floats(BACK_AT_END);
+    if (borrowed == nullptr) return;
+    CelAside other = borrowed->give_back();
+    free_cel(other);
 }
 
 void cel_jump(bool to_view) {

@@ -31,7 +31,8 @@ struct PlacementKind {
 /// Runs a placement, whose place in `cel_place` and whose `cel` the caller has set, to its end.
 PlacementEnd run_placement(const PlacementKind& kind, UndoSave save);
 
-/// PASTE: with `reload` the Cel is made anew from `cel_mask`, with `save` the commit saves undo.
+/// PASTE: with `reload` the Cel is made anew from `cel_mask`, with `save` the commit saves undo; without it the open
+/// step counts.
 PlacementEnd place_cel(bool reload, bool save);
 
 /// BELOW: the Cel shows where the Frame is of the mask colour.
@@ -47,20 +48,24 @@ public:
     BorrowedCel& operator=(const BorrowedCel&) = delete;
     explicit operator bool() const { return is_borrowed_; }
 
-private:
-    friend void end_borrowing();
-    void give_back();
+    /// Gives the Cel back at once. The other picture, with where it stood, is the caller's to free.
+    CelAside give_back();
 
-    OwnedBitmap cel_, mask_;  // those of the Cel set aside
+private:
+    CelAside cel_;  // the one set aside
     CelPlace place_;
-    int x_, y_;
-    Point from_;  // where the other picture began
     bool is_borrowed_ = false;
 };
 
-/// For when the main flow never comes back, as after the loss of the display: the user's Cel is the Cel again, and a
-/// part of the Frame that floats is back where it was.
-void end_borrowing();
+/// Puts the part of a Frame that floats back where it was cut (`open_step`). The user may have gone on to another Frame
+/// meanwhile: that is left for it, but for the end of the program, where only the disk is touched. False, and the part
+/// goes on floating, if that can't be.
+enum PutBack : int { BACK_IN_VIEW, BACK_AT_END };
+bool put_back_what_floats(PutBack when);
+
+/// For when the main flow never comes back, as after the loss of the display: the user's Cel is the Cel again, as it
+/// was, and a part of a Frame that floats is back where it was.
+void end_placement();
 
 /// Moves the view to the Cel as far as the pan limits let it, or with `to_view` the Cel to the middle of the view.
 void cel_jump(bool to_view);

@@ -1,5 +1,6 @@
 // Wiping the Workspace.
 #include "base/log.h"
+#include "paint/undo.h"
 #include "platform/safe_file.h"
 #include "state/frames.h"
 #include "state/options.h"
@@ -45,6 +46,7 @@ bool clear_workspace() {
         return false;
     }
     remove_frame_files();
+    renumber_waiting_steps([](int) { return -1; });
     place_picture(std::move(blank));
     blank_side_content();
     set_workspace_defaults();

@@ -1,6 +1,7 @@
 #include "workspace/frame_store.h"
 
 #include "base/log.h"
+#include "paint/undo.h"
 #include "platform/safe_file.h"
 #include "state/cel.h"
 #include "state/frames.h"
@@ -29,9 +30,11 @@ FrameView& view_of(int slot) { return frame_view[static_cast<unsigned>(slot)]; }
 /// Writes the Frame in memory to its slot, with its thumbnail and its view, and reads the file of the next one.
 bool store_frame(int slot, int next_slot, FramePicture& next) {
     const auto read_next = [&] { next = read_frame_file(workspace_folder(), next_slot); };
-    if (!settle_job() || !save_frame_and_nail(workspace_folder(), slot, read_next)) return false;
+    const Folder folder = workspace_folder();
+    if (!settle_job() || !rescue_cut_frame(folder, slot)) return false;
+    if (!save_frame_and_nail(folder, slot, read_next)) return false;
+    renew_cut_rescue(folder, slot);
     view_of(slot) = {pan_x, pan_y, zoom};
-    if (area_floats != 0) rescue_cut_frame(workspace_folder(), slot);
     return true;
 }
 
@@ -44,6 +47,7 @@ bool refuse(Message message) {
 bool bring_in(int slot, FramePicture read) {
     if (!take_frame(workspace_folder(), slot, std::move(read))) return refuse(MESSAGE_FRAME_OUT_OF_REACH);
     show_slot(slot);
+    take_up_waiting_step(slot);
     return true;
 }
 
@@ -60,6 +64,7 @@ void insert_views(int start, int count, bool blank) {
     if (start == frame_index) view_of(start) = {pan_x, pan_y, zoom};
     for (int slot = frame_count - 1; slot > start; --slot) view_of(slot + count) = view_of(slot);
     for (int slot = start + 1; slot <= start + count && !blank; ++slot) view_of(slot) = view_of(start);
+    renumber_waiting_steps([=](int slot) { return slot > start ? slot + count : slot; });
 }
 
 /// Puts the new Frames on disk. The Nail in memory shows them only if that went well.
@@ -72,13 +77,15 @@ bool insert_on_disk(int start, int count, BITMAP* picture) {
     return false;
 }
 
-/// The views and thumbnails of the deleted slots go, those behind move down. What the end of the row held stays there.
+/// The views, thumbnails and waiting steps of the deleted slots go, those behind move down. What the end of the row
+/// held stays there.
 void delete_entries(int start, int count) {
     for (int slot = start; slot < start + count; ++slot) view_of(slot) = {};
     for (int slot = start + count; slot < frame_count; ++slot) {
         view_of(slot - count) = view_of(slot);
         copy_nail_tile(slot, slot - count);
     }
+    renumber_waiting_steps([=](int slot) { return slot < start ? slot : slot < start + count ? -1 : slot - count; });
 }
 
 /// The slot of the Frame to show after a delete, as the row will be then.
@@ -104,6 +111,7 @@ bool delete_on_disk(int start, int count) {
     delete_entries(start, count);
     frame_count -= count;
     show_slot(next);
+    take_up_waiting_step(next);
     return true;
 }
 

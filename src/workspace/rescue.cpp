@@ -2,6 +2,7 @@
 
 #include "base/log.h"
 #include "codecs/bmp_file.h"
+#include "paint/undo.h"
 #include "platform/safe_file.h"
 #include "state/cel.h"
 #include "state/frames.h"
@@ -9,6 +10,7 @@
 #include "state/run.h"
 #include "workspace/folders.h"
 #include "workspace/frame_memory.h"
+#include "workspace/nail.h"
 #include "workspace/notices.h"
 #include "workspace/rescue_folder.h"
 #include "workspace/workspace_files.h"
@@ -125,12 +127,20 @@ RescueHold::~RescueHold() { is_held = false; }
 
 void settle_rescue() { collect(); }
 
-void rescue_cut_frame(const Folder& folder, int slot) {
-    const std::string file = frame_path(folder, STEM_RESCUE, slot);
-    if (undo_age[at(newest_undo)] != undo_free)
-        save_bmp_file(file, undo_slots[at(newest_undo)]);
-    else if (file_exists(file))  // left for the second time: the rescue has to stay newer than what was saved just now
-        utimensat(AT_FDCWD, file.c_str(), nullptr, 0);
+bool rescue_cut_frame(const Folder& folder, int slot) {
+    if (area_floats == 0 || open_step().slot != slot) return true;
+    return save_bmp_file(frame_path(folder, STEM_RESCUE, slot), open_step().frame);
+}
+
+void renew_cut_rescue(const Folder& folder, int slot) {
+    if (area_floats == 0 || open_step().slot != slot) return;
+    utimensat(AT_FDCWD, frame_path(folder, STEM_RESCUE, slot).c_str(), nullptr, 0);
+}
+
+bool put_back_cut_frame(const Folder& folder, int slot) {
+    if (!rename_file(frame_path(folder, STEM_RESCUE, slot), frame_path(folder, STEM_CURRENT, slot))) return false;
+    make_nail_tile(open_step().frame, slot);
+    return true;
 }
 
 void rescue_landed_area(const Folder& folder, int cut_slot) {

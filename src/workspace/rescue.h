@@ -33,9 +33,16 @@ void note_frame_saved();
 /// Removes the rescue of a slot, if there is one.
 void forget_rescue(const Folder& folder, int slot);
 
-/// While an area floats that was cut out of a Frame, that Frame has been left, with the hole in it: its rescue becomes
-/// the Frame as it was before, for a kill would take the area along. `slot` is the Frame that has just been saved.
-void rescue_cut_frame(const Folder& folder, int slot);
+/// While an area floats that was cut out of a Frame, that Frame is about to be left, with the hole in it: its rescue
+/// becomes the Frame as it was before (`open_step`), for a kill would take the area along. `slot` is the Frame that is
+/// left; nothing is done for another than that of the hole. False when the rescue can't be written.
+bool rescue_cut_frame(const Folder& folder, int slot);
+/// The Frame has been saved since: the rescue has to stay newer.
+void renew_cut_rescue(const Folder& folder, int slot);
+
+/// The area goes back while another Frame is in memory: the rescue of its Frame takes the place of that one's file,
+/// which asks for no room on the disk. False if it can't; the rescue stays.
+bool put_back_cut_frame(const Folder& folder, int slot);
 
 /// The area has landed: if it had left its Frame, the Frame in memory is rescued at once, so that the other's rescue
 /// can go.

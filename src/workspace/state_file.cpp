@@ -1,6 +1,7 @@
 #include "workspace/state_file.h"
 
 #include "base/log.h"
+#include "paint/undo.h"
 #include "platform/input_file.h"
 #include "platform/safe_file.h"
 #include "state/browse.h"
@@ -122,6 +123,7 @@ bool read_state(const std::string& path) {
 }
 
 bool load_workspace_state(const char* name, const FrameRepairs& repairs) {
+    renumber_waiting_steps([](int) { return -1; });  // their Frames are another Workspace's
     const bool there = read_workspace(name, repairs);
     select_preferred_font();
     return there;

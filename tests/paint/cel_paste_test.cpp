@@ -141,18 +141,18 @@ TEST_F(CelTest, BelowLooksAtEachPixelWhenItsTurnComes) {
     EXPECT_EQ(frame_row(0), (std::vector<Color>{0x505050, 0x505050, 0x505050, 0x484848, 0x404040, 0x404040}));
 }
 
-TEST_F(CelTest, CommitIsOneUndoStepAndSavesIfTheSnapshotIsNotOfThisFrame) {
+TEST_F(CelTest, CommitIsOneUndoStepAndSavesIfTheOpenOneIsNotOfThisFrame) {
     make_cel({{0x808080}});
     take_ink(INK_GLASS, 128);
     cel_place = {.x = 0, .y = 0, .mode = CEL_PASTE};
     prepare_cel();
-    ASSERT_TRUE(save_undo(false));
-    EXPECT_TRUE(commit_cel(CEL_PASTE, UNDO_IS_SAVED));
+    ASSERT_TRUE(take_step());
+    EXPECT_TRUE(commit_cel(CEL_PASTE, UNDO_IS_TAKEN));
     EXPECT_EQ(undo_steps(), 1);
     EXPECT_EQ(frame(0, 0), 0x5f5f5fU);
     make_frame(3, 3, 0);
     reset_undo_slots();  // as another Frame's arrival does
-    EXPECT_TRUE(commit_cel(CEL_PASTE, UNDO_IS_SAVED));
+    EXPECT_TRUE(commit_cel(CEL_PASTE, UNDO_IS_TAKEN));
     EXPECT_EQ(undo_steps(), 1);
     EXPECT_EQ(frame(0, 0), 0x404040U);
     undo_last();

@@ -56,6 +56,58 @@ TEST_F(UndoTest, WalksBackToItsDepthAndForthAgain) {
     }
 }
 
+TEST_F(UndoTest, AStepLeavesTheChainsAloneUntilItCounts) {
+    opt_undo_depth = 2;
+    for (const Color color : {1U, 2U, 3U}) ASSERT_TRUE(stroke(color));
+    ASSERT_EQ(after_undo(), 2U);
+    ASSERT_TRUE(take_step());
+    clear_to_color(current_frame, 9);
+    ASSERT_TRUE(take_back_step());
+    EXPECT_EQ(state(), 2U);
+    EXPECT_EQ(after_redo(), 3U);
+    EXPECT_EQ(after_undo(), 2U);
+    ASSERT_TRUE(take_step());
+    clear_to_color(current_frame, 9);
+    count_step();
+    EXPECT_EQ(*pixels_at(stroke_snapshot(), 4, 2), 2U) << "what inks read";
+    EXPECT_EQ(after_redo(), 9U) << "it ends the redo chain";
+    EXPECT_EQ(after_undo(), 2U);
+    EXPECT_EQ(after_undo(), 1U);
+}
+
+TEST_F(UndoTest, AStepWaitsForItsFrameAndFollowsItToOtherSlots) {
+    const auto cut_here_and_go = [](int slot, int to) {
+        frame_index = slot;
+        clear_to_color(current_frame, slot);
+        ASSERT_TRUE(take_step());
+        frame_index = to;
+        reset_undo_slots();
+        clear_to_color(current_frame, 50);
+        count_step();
+        EXPECT_EQ(after_undo(), 50U);
+    };
+    const auto undone_in = [](int slot) {
+        reset_undo_slots();
+        clear_to_color(current_frame, 50);
+        take_up_waiting_step(frame_index = slot);
+        return after_undo();
+    };
+    for (const int slot : {1, 2, 3}) cut_here_and_go(slot, 9);
+    renumber_waiting_steps([](int slot) { return slot == 2 ? -1 : slot + 4; });
+    EXPECT_EQ(undone_in(3), 50U);
+    EXPECT_EQ(undone_in(6), 50U) << "its Frame has gone";
+    EXPECT_EQ(undone_in(7), 3U);
+    EXPECT_EQ(undone_in(5), 1U);
+    EXPECT_EQ(undone_in(5), 50U) << "once";
+    opt_undo_depth = 1;
+    for (const int slot : {1, 2}) cut_here_and_go(slot, 9);
+    EXPECT_EQ(undone_in(1), 50U) << "no more than the depth";
+    EXPECT_EQ(undone_in(2), 2U);
+    cut_here_and_go(4, 9);
+    EXPECT_TRUE(adopt_frame(make_bitmap(8, 3, 0)));
+    EXPECT_EQ(undone_in(4), 50U) << "of another size";
+}
+
 TEST_F(UndoTest, MakesBitmapsOnlyForStates) {
     opt_undo_depth = 4;
     EXPECT_EQ(bitmaps_held(), 0);

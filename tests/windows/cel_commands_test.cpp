@@ -1,49 +1,9 @@
-// The commands of the CEL menu, the MOVE tool and the quick crop, by a user who clicks, presses keys and leaves.
-#include "menus_kit.h"
-#include "paint/cel_pixels.h"
-#include "paint/undo.h"
-#include "state/cel.h"
+// The commands of the CEL menu and the quick crop, by a user who clicks, presses keys and leaves.
+#include "cel_kit.h"
 #include "windows/cel_commands.h"
-#include "windows/placement.h"
-#include <algorithm>
 
 namespace nubo {
 namespace {
-
-constexpr Color red = 0xff0000, green = 0x00ff00, blue = 0x0000ff, white = 0xffffff, black = 0;
-
-class CelCommandTest : public MenuTest {
-protected:
-    CelCommandTest() {
-        opt_cel_tolerance = 5;
-        fill(40, 50, 42, 51, red);  // a sprite of 3 by 2 with one green pixel
-        fill(42, 50, 42, 50, green);
-    }
-    static void fill(int x1, int y1, int x2, int y2, Color color) {
-        rectfill(current_frame, x1, y1, x2, y2, static_cast<int>(color));
-    }
-    static int undo_steps() {
-        return static_cast<int>(std::ranges::count_if(undo_age, [](int age) { return age != undo_free; }));
-    }
-    static Color cel_pixel(int x, int y) { return *pixels_at(cel_mask, x, y); }
-    static void grab_sprite() { take_cel(copy_of_area({40, 50, 42, 51})), cel_x = 40, cel_y = 50; }
-    static User::Pause tap(User& user, int code) {
-        return user.wait_until([code, update = 0]() mutable {
-            ::key[code] = ++update < 6 ? 1 : 0;
-            return update >= 12;
-        });
-    }
-    static void expect_at_rest() {
-        EXPECT_EQ(cel_place.mode, -1);
-        EXPECT_EQ(tool_preview_on, 0);
-        EXPECT_EQ(rectangle_preview.is_shown, 0);
-        EXPECT_EQ(area_floats, 0);
-        EXPECT_EQ(arrows_move_cel, 0);
-        EXPECT_EQ(status_message, status_coordinates);
-        EXPECT_EQ(menu_id, WINDOW_DRAWING_MENU);
-        EXPECT_EQ(slot_of(LABEL_UNDO), DRAWING_UNDO);
-    }
-};
 
 TEST_F(CelCommandTest, GetTakesTheAreaBetweenTwoClicksOrNothing) {
     play([](User& user) -> Script {
@@ -335,81 +295,6 @@ TEST_F(CelCommandTest, ClipTakesTheTightBoxAndOneColorAsks) {
         fill(7, 7, 7, 9, red);
         co_await tap(user, KEY_TAB);
         EXPECT_EQ(cel->w, 3) << "a column of one pixel is no Cel";
-    });
-}
-
-TEST_F(CelCommandTest, MoveCutsAndAnchorsInOneStep) {
-    take_tool(TOOL_MOVE);
-    take_cel(make_bitmap(5, 5, blue));
-    cel_x = 9;
-    mask_color = white;
-    play([](User& user) -> Script {
-        co_await click_place(user, 42, 51);
-        EXPECT_EQ(status_message, MESSAGE_GRAB_SECOND);
-        co_await click_place(user, 60, 60, right_button);
-        expect_at_rest();
-        EXPECT_EQ(undo_steps(), 0);
-        co_await click_place(user, 42, 51);
-        co_await click_place(user, 40, 50);
-        EXPECT_EQ(area_floats, 1);
-        EXPECT_EQ(frame_pixel(41, 50), white) << "the hole";
-        co_await tap(user, KEY_ESC);
-        expect_at_rest();
-        EXPECT_EQ(frame_pixel(42, 50), green) << "put back";
-        EXPECT_EQ(undo_steps(), 0);
-        co_await click_place(user, 42, 51);
-        co_await click_place(user, 40, 50);
-        co_await click_place(user, 41, 51);
-        co_await user.move_to(101, 81);
-        co_await click_place(user, 101, 81, right_button);
-        expect_at_rest();
-        EXPECT_EQ(frame_pixel(102, 80), green);
-        EXPECT_EQ(frame_pixel(40, 50), white);
-        EXPECT_EQ(undo_steps(), 1);
-        EXPECT_EQ(cel->w, 5) << "the Cel is the old one";
-        EXPECT_EQ(cel_pixel(0, 0), blue);
-        EXPECT_EQ(cel_x, 9);
-        co_await tap(user, KEY_U);
-        EXPECT_EQ(frame_pixel(42, 50), green);
-        EXPECT_EQ(count_pixels(red), 5);
-        // The program ends while it floats.
-        co_await click_place(user, 42, 51);
-        co_await click_place(user, 40, 50);
-        co_await tap(user, KEY_DOWN);
-        exit_requested = 1;
-        co_await user.wait(4);
-    });
-    EXPECT_EQ(count_pixels(red), 5) << "it has landed";
-    EXPECT_EQ(frame_pixel(42, 51), green);
-    EXPECT_EQ(area_floats, 0);
-}
-
-TEST_F(CelCommandTest, ALossOfTheDisplayPutsBackWhatFloatsAndTheCel) {
-    take_tool(TOOL_MOVE);
-    take_cel(make_bitmap(5, 5, blue));
-    cel_x = 9;
-    play([](User& user) -> Script {
-        co_await click_place(user, 42, 51);
-        co_await click_place(user, 40, 50);
-        co_await tap(user, KEY_H);
-        co_await tap(user, KEY_DOWN);
-        end_borrowing();
-        EXPECT_EQ(frame_pixel(42, 50), green);
-        EXPECT_EQ(count_pixels(red), 5);
-        EXPECT_EQ(cel_pixel(4, 4), blue);
-        EXPECT_EQ(cel_x, 9);
-    });
-}
-
-TEST_F(CelCommandTest, MoveReadsTheFrameBeforeTheHole) {
-    take_tool(TOOL_MOVE);
-    take_ink(INK_GLASS, 128);
-    mask_color = white;
-    play([](User& user) -> Script {
-        co_await click_place(user, 40, 50);
-        co_await click_place(user, 41, 51);
-        co_await click_place(user, 10, 10, right_button);
-        EXPECT_EQ(frame_pixel(40, 50), 0xfe0000U) << "red on red: 255 * 127 >> 8 = 126, 255 * 129 >> 8 = 128";
     });
 }
 

@@ -111,7 +111,7 @@ TEST_F(RescueTest, DeletingAFrameTakesItsRescueAlong) {
 }
 
 TEST_F(RescueTest, AnAreaThatFloatsOverAnotherFrameIsNotLost) {
-    ASSERT_TRUE(save_undo(false));
+    ASSERT_TRUE(take_step());
     area_floats = 1;
     paint(9);                            // the hole
     for (int way = 0; way < 2; ++way) {  // there, back, and there once more
@@ -127,7 +127,7 @@ TEST_F(RescueTest, AnAreaThatFloatsOverAnotherFrameIsNotLost) {
     EXPECT_EQ(id_in_memory(), 1);
     EXPECT_EQ(status_message, MESSAGE_RESCUED);
     // It lands on the other Frame instead: the kill comes right after.
-    ASSERT_TRUE(save_undo(false));
+    ASSERT_TRUE(take_step());
     area_floats = 1;
     paint(9);
     ASSERT_TRUE(fetch_frame(0, 1));
@@ -138,6 +138,16 @@ TEST_F(RescueTest, AnAreaThatFloatsOverAnotherFrameIsNotLost) {
     ASSERT_TRUE(open_workspace());
     EXPECT_TRUE(frame_index == 1 && id_in_memory() == 77);
     EXPECT_EQ(ids_on_disk(), (Ids{9, 2, 3}));
+}
+
+TEST_F(RescueTest, AFrameWithAHoleIsNotLeftWithoutItsRescue) {
+    ASSERT_TRUE(take_step());
+    area_floats = 1;
+    paint(9);
+    faults::arm(faults::CALL_WRITE, 0, ENOSPC);
+    EXPECT_FALSE(fetch_frame(0, 1));
+    EXPECT_EQ(ids_on_disk(), (Ids{1, 2, 3}));
+    EXPECT_EQ(id_in_memory(), 9);
 }
 
 // ---- An end that can't write ---------------------------------------------------------------------------------------
