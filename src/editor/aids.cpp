@@ -119,7 +119,7 @@ void draw_stroke_cursor() {
 void draw_measure() {
     if (measure_x == -1) return;
     step_measure();
-    const bool preview_active = shown.cel_place.mode != -1 || tool_preview != -1 || rectangle_preview.is_shown != 0;
+    const bool preview_active = shown.cel_place.mode != -1 || tool_preview != -1 || draw_over_frame != nullptr;
     if (!preview_active) clear_to_color(overlay, static_cast<int>(transparent_color));
     if (!anchor_in_frame()) return;  // of a larger Frame
     if (measure_state != MEASURE_NONE) draw_measure_lines();

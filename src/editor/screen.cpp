@@ -25,7 +25,6 @@
 #include "state/options.h"
 #include "state/run.h"
 #include "state/view.h"
-#include "windows/corners.h"
 #include "windows/zoom_preview.h"
 #include "workspace/rescue.h"
 #include <algorithm>
@@ -146,7 +145,10 @@ void prepare_overlay() {
         clear_to_color(overlay, static_cast<int>(transparent_color));
         draw_tool_preview();
     }
-    if (rectangle_preview.is_shown != 0) draw_rectangle_preview();
+    if (draw_over_frame != nullptr) {
+        if (tool_preview == -1) clear_to_color(overlay, static_cast<int>(transparent_color));
+        draw_over_frame();
+    }
     draw_measure();
 }
 

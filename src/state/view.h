@@ -47,10 +47,12 @@ inline constinit std::array<WindowPos, window_rows> window_pos{};  // last posit
 
 inline constinit int tool_preview =
     -1;  // BrushTool whose preview is drawn over the frame, `nodes_preview` + ink; -1 none
-inline constexpr int nodes_preview = 50;        // the nodes of a gradient ink
-inline constinit int tool_preview_on = 0;       // the overlay is blended over the frame
-inline constinit int picking_color = 0;         // the next update draws no cursor, crosshairs or tint
-inline constinit Shared<int> hotkeys_busy = 0;  // `check_hotkeys` is running
+inline constexpr int nodes_preview = 50;   // the nodes of a gradient ink
+inline constinit int tool_preview_on = 0;  // the overlay is blended over the frame
+using OverlayDrawer = void (*)();
+inline constinit OverlayDrawer draw_over_frame = nullptr;  // what else each picture draws on the overlay, null none
+inline constinit int picking_color = 0;                    // the next update draws no cursor, crosshairs or tint
+inline constinit Shared<int> hotkeys_busy = 0;             // `check_hotkeys` is running
 inline constinit Shared<int> status_message = 0, status_timer = 0;  // message index and GUI ticks left
 inline constinit std::array<char, 64> told_text{};                  // what MESSAGE_TOLD says
 inline constexpr int status_coordinates = 0, status_bar_only = -1;  // values of `status_message` without a text
@@ -63,7 +65,6 @@ inline constinit MenuShadow menu_shadow;       // rectangle of the drawing menu'
 inline constexpr int rectangle_unset = -9000;  // as x: a cross through the mouse instead of a rectangle
 /// The rectangle from a corner that the user has set to the mouse. The corner may lie beyond the Frame.
 struct RectanglePreview {
-    int is_shown = 0;
     int x = rectangle_unset, y = rectangle_unset;  // frame pixels
 };
 inline constinit RectanglePreview rectangle_preview;

@@ -24,15 +24,19 @@ bool take_area(const Area& area) {
     return false;
 }
 
+constinit Area outlined{};
+
+void draw_outline() {
+    preview_rect(overlay, outlined.left - shown.pan_x, outlined.top - shown.pan_y, outlined.right - shown.pan_x,
+                 outlined.bottom - shown.pan_y);
+}
+
 void outline_for_a_moment(const Area& area) {
     constexpr int shown_ticks = 300;  // 0.6 seconds
-    const OverlayShown overlay_shown;
+    outlined = area;
+    const OverlayShown overlay_shown(draw_outline);
     const int start = UA_clock_ticks;
-    while (UA_clock_ticks - start < shown_ticks && exit_requested == 0) {
-        clear_to_color(overlay, static_cast<int>(transparent_color));
-        preview_rect(overlay, area.left - pan_x, area.top - pan_y, area.right - pan_x, area.bottom - pan_y);
-        update_screen(UPDATE_NORMAL);
-    }
+    while (UA_clock_ticks - start < shown_ticks && exit_requested == 0) update_screen(UPDATE_NORMAL);
 }
 
 }  // namespace

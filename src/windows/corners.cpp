@@ -15,19 +15,6 @@
 namespace nubo {
 namespace {
 
-/// The rectangle from a corner to the mouse, as long as it lives.
-class RectangleShown {
-public:
-    explicit RectangleShown(Point first) { start_at(first); }
-    ~RectangleShown() { rectangle_preview = {}; }
-    RectangleShown(const RectangleShown&) = delete;
-    RectangleShown& operator=(const RectangleShown&) = delete;
-    static void start_at(Point first) { rectangle_preview = {.is_shown = 1, .x = first.x, .y = first.y}; }
-
-private:
-    OverlayShown overlay_;
-};
-
 void draw_cross(Point mouse) {
     preview_line(overlay, 0, mouse.y, view_w - 1, mouse.y);
     preview_line(overlay, mouse.x, 0, mouse.x, view_h - 1);
@@ -43,6 +30,27 @@ void draw_area(Point first) {
     const bool distance_stands_there = measure_x != -1;
     put_mouse_text(text.data(), first.x, first.y, distance_stands_there ? 1 : 0);
 }
+
+/// The area to the mouse with its size, or a cross through the mouse as long as there is no corner.
+void draw_rectangle() {
+    if (rectangle_preview.x == rectangle_unset)
+        draw_cross({shown.pixel_x - shown.pan_x, shown.pixel_y - shown.pan_y});
+    else
+        draw_area({rectangle_preview.x, rectangle_preview.y});
+}
+
+/// The rectangle from a corner to the mouse, as long as it lives.
+class RectangleShown {
+public:
+    explicit RectangleShown(Point first) { start_at(first); }
+    ~RectangleShown() { rectangle_preview = {}; }
+    RectangleShown(const RectangleShown&) = delete;
+    RectangleShown& operator=(const RectangleShown&) = delete;
+    static void start_at(Point first) { rectangle_preview = {.x = first.x, .y = first.y}; }
+
+private:
+    OverlayShown overlay_{draw_rectangle};
+};
 
 /// False if the user leaves; SHIFT counts as the button goes down.
 bool wait_for_corner(Waiting& wait, Point& corner, bool& is_square) {
@@ -71,14 +79,6 @@ std::optional<Area> ask_corners(Point first, const CornerPrompts& prompts) {
     if (!wait_for_corner(wait, corner, is_square)) return std::nullopt;
     if (is_square) corner = square_end(first, corner);
     return area_between(first.x, first.y, corner.x, corner.y);
-}
-
-void draw_rectangle_preview() {
-    clear_to_color(overlay, static_cast<int>(transparent_color));
-    if (rectangle_preview.x == rectangle_unset)
-        draw_cross({shown.pixel_x - shown.pan_x, shown.pixel_y - shown.pan_y});
-    else
-        draw_area({rectangle_preview.x, rectangle_preview.y});
 }
 
 }  // namespace nubo

@@ -19,8 +19,4 @@ inline constexpr Point no_corner{rectangle_unset, rectangle_unset};
 /// the Frame. None if the user leaves. SHIFT makes it a square.
 std::optional<Area> ask_corners(Point first, const CornerPrompts& prompts);
 
-/// Draws `rectangle_preview` on `overlay`: the area to the mouse with its size, or a cross through the mouse as long as
-/// there is no corner. By `update_screen`.
-void draw_rectangle_preview();
-
 }  // namespace nubo

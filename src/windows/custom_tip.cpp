@@ -18,8 +18,7 @@ namespace {
 constexpr int area_left = custom_tip_w / 2, area_top = custom_tip_h / 2;
 
 void draw_outline() {
-    clear_to_color(overlay, static_cast<int>(transparent_color));
-    const int x = pixel_x - pan_x, y = pixel_y - pan_y;
+    const int x = shown.pixel_x - shown.pan_x, y = shown.pixel_y - shown.pan_y;
     preview_rect(overlay, x - area_left - 1, y - area_top - 1, x + area_left, y + area_top);
 }
 
@@ -42,13 +41,10 @@ void take_area(int left, int top) {
 }  // namespace
 
 void set_custom_tip() {
-    const OverlayShown overlay_shown;
+    const OverlayShown overlay_shown(draw_outline);
     Waiting wait;
     HandStep hand = HAND_RESTS;
-    while (hand == HAND_RESTS) {
-        draw_outline();
-        hand = wait.pass();
-    }
+    while (hand == HAND_RESTS) hand = wait.pass();
     if (hand == HAND_LEFT) take_area(wait.point().x - area_left, wait.point().y - area_top);
 }
 

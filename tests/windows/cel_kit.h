@@ -35,7 +35,7 @@ protected:
     static void expect_at_rest() {
         EXPECT_EQ(cel_place.mode, -1);
         EXPECT_EQ(tool_preview_on, 0);
-        EXPECT_EQ(rectangle_preview.is_shown, 0);
+        EXPECT_EQ(draw_over_frame, nullptr);
         EXPECT_EQ(area_floats, 0);
         EXPECT_EQ(arrows_move_cel, 0);
         EXPECT_EQ(status_message, status_coordinates);
