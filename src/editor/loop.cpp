@@ -43,7 +43,7 @@ void run_pass() {
     serve_drawing_menu();
     open_handed_files();
     show_waiting_boxes();
-    previous_point = {-1, -1};
+    previous_point = no_point;
 }
 
 }  // namespace

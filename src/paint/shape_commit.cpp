@@ -11,6 +11,7 @@
 #include "state/run.h"
 #include "state/shape.h"
 #include "state/view.h"
+#include <algorithm>
 #include <memory>
 #include <new>
 
@@ -59,9 +60,9 @@ void paint_run(int x1, int x2, int y, int ink) {
 
 // ---- OVAL ----------------------------------------------------------------------------------------------------------
 
-/// The outermost columns of the outline on a row; -1 none yet, and so is a column of -1.
+/// The outermost columns of the outline on a row.
 struct RowEnds {
-    int left = -1, right = -1;
+    int left = no_coordinate, right = no_coordinate;
 };
 
 /// The ends of each row of the Frame, by the points of the list. Null when there is no memory.
@@ -70,8 +71,8 @@ std::unique_ptr<RowEnds[]> outline_rows() {
     for (const Point& point : point_list) {
         if (!rows || point.y < 0 || point.y >= current_frame->h) continue;
         RowEnds& ends = rows[static_cast<std::size_t>(point.y)];
-        if (ends.left == -1 || ends.left > point.x) ends.left = point.x;
-        if (ends.right == -1 || ends.right < point.x) ends.right = point.x;
+        if (ends.left == no_coordinate || ends.left > point.x) ends.left = point.x;
+        ends.right = std::max(ends.right, point.x);
     }
     return rows;
 }
@@ -112,7 +113,7 @@ void fill_outline() {
     clear_stroke_mask();
     for (int y = 0; y < current_frame->h; ++y) {
         const RowEnds ends = rows[static_cast<std::size_t>(y)];
-        if (ends.right >= 0) paint_run(ends.left, ends.right, y, active_ink());
+        if (ends.right != no_coordinate) paint_run(ends.left, ends.right, y, active_ink());
     }
 }
 

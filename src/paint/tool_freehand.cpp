@@ -15,8 +15,6 @@
 namespace nubo {
 namespace {
 
-constexpr int no_coordinate = -1;  // in `previous_point`: none yet
-
 /// Calls `pass` with the pixel under the mouse until the button is up, at least once, and shows the paint after each
 /// pass. The first pixel is that of the press: a quick click paints there even if the hand has moved on meanwhile.
 template <typename Pass> void while_held(const StrokeStart& start, Pass pass) {

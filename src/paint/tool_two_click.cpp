@@ -51,7 +51,6 @@ struct Disc {
     int top = 0, ink = 0;
     std::vector<int> left;
 };
-constexpr int row_unset = -1;
 Disc disc;
 
 /// One point of the circle's rim. Only those of the left half paint: the first of a row the whole span to the opposite
@@ -61,7 +60,7 @@ void disc_span_callback(BITMAP* bitmap, int x, int y, int) {
     if (y < 0 || y >= bitmap->h || x > center_x) return;
     const int right = x + 2 * (center_x - x);
     int& left = disc.left[static_cast<unsigned>(y - disc.top)];
-    if (left == row_unset) {
+    if (left == no_coordinate) {
         stamp_row(x, right, y, disc.ink);
         left = x;
     } else if (x < left) {
@@ -107,7 +106,7 @@ void draw_line_preview() {
 }
 
 void fill_disc(int center_x, int center_y, int radius) {
-    disc = {center_y - radius, active_ink(), std::vector<int>(static_cast<unsigned>(2 * radius + 1), row_unset)};
+    disc = {center_y - radius, active_ink(), std::vector<int>(static_cast<unsigned>(2 * radius + 1), no_coordinate)};
     click_points[0] = {center_x, center_y};
     do_circle(current_frame, center_x, center_y, radius, static_cast<int>(brush_color), disc_span_callback);
     disc = {};

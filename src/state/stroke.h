@@ -2,6 +2,7 @@
 // The running stroke and shape, and the brush tips.
 #include "state/shared.h"
 #include <array>
+#include <limits>
 
 namespace nubo {
 
@@ -24,6 +25,9 @@ inline constinit int brush_tip = 0;      // 0 to 35, or `tip_custom`
 
 inline constexpr int click_slots = 256;
 inline constinit std::array<Point, click_slots> click_points{};  // of the running tool, frame pixels
-inline constinit Point previous_point{-1, -1};                   // of a freehand stroke; -1: none yet
+/// Of a point or an end that isn't set yet: no pixel lies there, while those left of the Frame begin at -1.
+inline constexpr int no_coordinate = std::numeric_limits<int>::min();
+inline constexpr Point no_point{no_coordinate, no_coordinate};
+inline constinit Point previous_point = no_point;  // of a freehand stroke
 
 }  // namespace nubo

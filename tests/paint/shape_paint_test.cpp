@@ -156,6 +156,10 @@ TEST_F(ShapeCommitTest, OvalIsItsOutlineOrAllBetween) {
     EXPECT_EQ(frame_pixel(70, 50), white);
     EXPECT_EQ(frame_pixel(71, 50), 0u);
     undo_last();
+    interpolate_ellipse(19, 50, 21, 10, 0, 360);
+    fill_outline();
+    for (int x = 0; x < 39; ++x) EXPECT_EQ(frame_pixel(x, 48), white) << x << ": the row begins in column -1";
+    undo_last();
     interpolate_ellipse(0, 0, 400, 300, 20, 360);
     fill_outline();
     EXPECT_EQ(frame_pixel(0, 0), white) << "cut by the Frame";

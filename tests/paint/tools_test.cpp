@@ -93,6 +93,19 @@ TEST_F(ToolTest, JourneysEndInTheirPixelsAndOneUndo) {
     }
 }
 
+TEST_F(ToolTest, AStrokeGoesOnFromTheColumnLeftOfTheFrame) {
+    take_tool(TOOL_DRAW);
+    brush_tip = 0;
+    play([](User& user) -> Script {
+        pan_x = -50;
+        co_await user.press_left(60, 62);
+        co_await user.drag_to(49, 62);
+        co_await user.drag_to(150, 62);
+        co_await user.release_left();
+    });
+    EXPECT_EQ(count_pixels(white), 101) << "0 to 100";
+}
+
 TEST_F(ToolTest, RightPressLeavesNoTrace) {
     opt_tool_distance = 1;
     for (const BrushTool tool : {TOOL_BOX, TOOL_CIRCLE, TOOL_LINE}) {
