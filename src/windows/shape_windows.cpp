@@ -22,27 +22,28 @@ struct ShapeValue {
     Label label;
     SliderRange range;
     int* stored;
+    int first;                // of a Workspace that has never used the tool: all of its values are 0
     int instead_of_none = 0;  // what a stored value of 0 is read as, where 0 is of no use
 };
 
 constexpr std::array<ShapeValue, 3> polygon_rows{{
-    {LABEL_ANGLE, {0, 359, 10}, &polygon_values.angle},
-    {LABEL_RADIUS, {0, 500, 10}, &polygon_values.radius, 1},
-    {LABEL_SIDES, {3, 32, 1}, &polygon_values.sides},
+    {LABEL_ANGLE, {0, 359, 10}, &polygon_values.angle, 0},
+    {LABEL_RADIUS, {0, 500, 10}, &polygon_values.radius, 20, 1},
+    {LABEL_SIDES, {3, 32, 1}, &polygon_values.sides, 6},
 }};
 constexpr std::array<ShapeValue, 6> supershape_rows{{
-    {LABEL_DEGREES, {0, 359, 10}, &supershape_values.angle},
-    {LABEL_N1, {0, 3000, 10}, &supershape_values.n1},
-    {LABEL_N2, {-3000, 3000, 10}, &supershape_values.n2},
-    {LABEL_N3, {-3000, 3000, 10}, &supershape_values.n3},
-    {LABEL_ARMS, {1, 20, 1}, &supershape_values.arms},
-    {LABEL_MAGNITUDE, {0, 500, 10}, &supershape_values.magnitude, 100},
+    {LABEL_DEGREES, {0, 359, 10}, &supershape_values.angle, 0},
+    {LABEL_N1, {0, 3000, 10}, &supershape_values.n1, 50},
+    {LABEL_N2, {-3000, 3000, 10}, &supershape_values.n2, 70},
+    {LABEL_N3, {-3000, 3000, 10}, &supershape_values.n3, 70},
+    {LABEL_ARMS, {1, 20, 1}, &supershape_values.arms, 6},
+    {LABEL_MAGNITUDE, {0, 500, 10}, &supershape_values.magnitude, 20, 100},
 }};
 constexpr std::array<ShapeValue, 4> spiral_rows{{
-    {LABEL_ANGLE, {0, 359, 10}, &spiral_values.angle},
-    {LABEL_SCALE, {1, 500, 10}, &spiral_values.scale},
-    {LABEL_WRAPS, {1, 64, 1}, &spiral_values.wraps},
-    {LABEL_SPREAD, {0, 255, 10}, &spiral_values.spread},
+    {LABEL_ANGLE, {0, 359, 10}, &spiral_values.angle, 0},
+    {LABEL_SCALE, {1, 500, 10}, &spiral_values.scale, 100},
+    {LABEL_WRAPS, {1, 64, 1}, &spiral_values.wraps, 3},
+    {LABEL_SPREAD, {0, 255, 10}, &spiral_values.spread, 0},
 }};
 
 constexpr std::size_t values_max = supershape_rows.size();
@@ -224,11 +225,17 @@ void drag_shape(Point press) {
 
 // ---- Before, during and after the window ---------------------------------------------------------------------------
 
+int value_to_begin_with(const ShapeValue& value, bool is_first_use) {
+    if (is_first_use) return value.first;
+    return *value.stored <= 0 && value.instead_of_none != 0 ? value.instead_of_none : *value.stored;
+}
+
 void take_stored_values() {
+    const bool is_first_use =
+        std::ranges::all_of(running->values, [](const ShapeValue& value) { return *value.stored == 0; });
     for (std::size_t i = 0; i < running->values.size(); ++i) {
         const ShapeValue& value = running->values[i];
-        const int stored = *value.stored <= 0 && value.instead_of_none != 0 ? value.instead_of_none : *value.stored;
-        values[i] = std::clamp(stored, value.range.lowest, value.range.highest);
+        values[i] = std::clamp(value_to_begin_with(value, is_first_use), value.range.lowest, value.range.highest);
     }
     flipped = spiral_values.flip;
 }

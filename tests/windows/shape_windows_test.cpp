@@ -140,9 +140,9 @@ TEST_F(ShapeWindowsTest, LeavingPaintsNothingAndKeepsNothing) {
 }
 
 TEST_F(ShapeWindowsTest, ValuesOfNoUseAreReadAsUsefulOnes) {
-    polygon_values = {};
-    supershape_values = {};
-    spiral_values = {};
+    polygon_values = {.angle = 5};
+    supershape_values = {.angle = 5};
+    spiral_values = {.angle = 5};
     for (const BrushTool tool : {TOOL_RPOLY, TOOL_SSHAPE, TOOL_SPIRAL}) {
         take_tool(tool);
         play([](User& user) -> Script {
@@ -153,6 +153,51 @@ TEST_F(ShapeWindowsTest, ValuesOfNoUseAreReadAsUsefulOnes) {
     EXPECT_TRUE(polygon_values.radius == 1 && polygon_values.sides == 3);
     EXPECT_TRUE(supershape_values.magnitude == 100 && supershape_values.arms == 1 && supershape_values.n1 == 0);
     EXPECT_TRUE(spiral_values.scale == 1 && spiral_values.wraps == 1);
+}
+
+TEST_F(ShapeWindowsTest, TheFirstShapeOfAWorkspaceCanBeSeen) {
+    polygon_values = {};
+    supershape_values = {};
+    spiral_values = {};
+    for (const BrushTool tool : {TOOL_RPOLY, TOOL_SSHAPE, TOOL_SPIRAL}) {
+        take_tool(tool);
+        play([](User& user) -> Script {
+            co_await click_place(user, 100, 60);
+            const auto [left, top, right, bottom] = shape_box;
+            EXPECT_NEAR(right - left, 37, 6);
+            EXPECT_NEAR(bottom - top, 37, 6);
+            co_await click(user, slot_of(LABEL_CANCEL));
+        });
+    }
+}
+
+TEST_F(ShapeWindowsTest, PicksOnTheFrameLeaveTheOpenShapeInSight) {
+    take_tool(TOOL_SSHAPE);
+    play([](User& user) -> Script {
+        co_await click_place(user, 100, 60);
+        co_await user.hold_key(KEY_B);
+        co_await user.release_key(KEY_B);
+        EXPECT_EQ(menu_id, WINDOW_TIP);
+        co_await click(user, slot_content, right_button);  // CUSTOM
+        co_await user.move_to(200, 100);
+        co_await user.wait(2);
+        EXPECT_NE(*pixels_at(overlay, 200 - 9, 100), transparent_color) << "the area of the tip";
+        EXPECT_NE(*pixels_at(overlay, 120, 60), transparent_color) << "the shape";
+        co_await click_place(user, 200, 100);
+        EXPECT_EQ(tool_preview_on, 1);
+        co_await right_click_outside(user);
+        EXPECT_EQ(menu_id, WINDOW_SUPERSHAPE);
+        take_ink(INK_HGRAD);
+        co_await user.hold_key(KEY_9_PAD);
+        co_await user.release_key(KEY_9_PAD);
+        co_await click(user, slot_of(LABEL_POSITION));
+        EXPECT_EQ(tool_preview, nodes_preview + INK_HGRAD);
+        co_await right_click_outside(user);
+        EXPECT_EQ(menu_id, WINDOW_SUPERSHAPE);
+        EXPECT_EQ(tool_preview_on, 1) << "also behind the nodes of a gradient";
+    });
+    EXPECT_EQ(tool_preview_on, 0);
+    EXPECT_EQ(draw_over_frame, nullptr);
 }
 
 TEST_F(ShapeWindowsTest, ARadiusOfNoneIsToldOnceAndPaintsNothing) {
