@@ -36,11 +36,21 @@ void draw_centered(int row, std::string_view text, TextColor color) {
     UA_text(screen_buffer, (view_w - width) / 2, row + text_dy, text);
 }
 
+struct Columns {
+    Font font;
+    int mouse, pixel, frame;
+};
+
+/// What a tool tells in the place of the mouse: where the wide font would run into the next column, in the narrow one.
+void draw_placing(const Columns& at, int row) {
+    set_font(at.font, TEXT_GRAY);
+    const bool fits = at.mouse + text_width(placing_text.data()) < at.pixel;
+    set_font(fits ? at.font : FONT_NARROW, TEXT_GRAY);  // anew: measuring has taken the text's colour codes
+    UA_text(screen_buffer, at.mouse, row + text_dy, placing_text.data());
+    set_font(at.font, TEXT_GRAY);
+}
+
 void draw_coordinates(int row) {
-    struct Columns {
-        Font font;
-        int mouse, pixel, frame;
-    };
     constexpr Columns narrow{FONT_NARROW, 1, 136, 280}, wide{FONT_WIDE, 1, 120, 260};
     const Columns& at = opt_status_font == 0 ? narrow : wide;
     const auto draw = [&](int x, const char* format, int a, int b) {
@@ -54,7 +64,7 @@ void draw_coordinates(int row) {
     if (on_menu)
         draw(at.mouse, "SIZE > |c24%dX%d", frame_w, frame_h);
     else if (tool_preview != -1 && placing_text[0] != '\0')
-        UA_text(screen_buffer, at.mouse, row + text_dy, placing_text.data());
+        draw_placing(at, row);
     else
         draw(at.mouse, "MOUSE > |c24%d,%d", shown.mouse_x, shown.mouse_y);
     if (on_menu)

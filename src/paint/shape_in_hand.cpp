@@ -5,8 +5,10 @@
 #include "gui/stripes.h"
 #include "paint/shape_lines.h"
 #include "paint/stroke.h"
+#include "state/frames.h"
 #include "state/messages.h"
 #include "state/run.h"
+#include <algorithm>
 #include <allegro.h>
 #include <cstdio>
 #include <cstdlib>
@@ -77,6 +79,10 @@ void tell_line(Point from, Point to) {
     tell_placing("LENGTH > |c24%d, %d", UA_distance_2d(from.x, from.y, to.x, to.y), degrees);
 }
 
-void tell_size(int width, int height) { tell_placing("SIZE > |c24%d X %d", width, height); }
+void tell_size(int width, int height) {
+    const auto beyond = [](int side) { return side > max_frame_side ? "> " : ""; };
+    std::snprintf(placing_text.data(), placing_text.size(), "SIZE > |c24%s%d X %s%d", beyond(width),
+                  std::min(width, max_frame_side), beyond(height), std::min(height, max_frame_side));
+}
 
 }  // namespace nubo

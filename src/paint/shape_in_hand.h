@@ -83,7 +83,8 @@ void preview_edge(Point from, Point to, Point corner);
 
 /// What the status bar tells in place of the mouse, by a format of up to three numbers; for the present picture.
 void tell_placing(const char* format, int a, int b, int c = 0);
-/// The length and the direction of a line, in degrees against the clock from the right; the sides of a rectangle.
+/// The length and the direction of a line, in degrees against the clock from the right; the sides of a rectangle, of
+/// which one longer than a Frame's may be is told as "> 65535".
 void tell_line(Point from, Point to);
 void tell_size(int width, int height);
 

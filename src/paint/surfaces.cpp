@@ -2,6 +2,8 @@
 
 #include "base/bitmap_memory.h"
 #include "paint/gradient_geometry.h"
+#include "state/messages.h"
+#include "state/view.h"
 #include <algorithm>
 #include <cstring>
 #include <utility>
@@ -25,6 +27,7 @@ bool adopt_frame(OwnedBitmap frame) {
     replace_bitmap(current_frame, std::move(frame));
     frame_w = current_frame->w;
     frame_h = current_frame->h;
+    if (status_message == MESSAGE_RESIZED) status_message = status_timer = 0;  // it told of the Frame before
     return true;
 }
 

@@ -25,7 +25,7 @@ inline constinit ShapeBox shape_box;
 inline constinit int shape_box_shown = 0;  // the preview draws the box too: the shape is being dragged
 
 /// What the status bar tells of the shape in hand, in place of the mouse; with the preview of a tool only.
-inline constinit std::array<char, 40> placing_text{};
+inline constinit std::array<char, 48> placing_text{};
 
 // ---- The nodes of SPLINE -------------------------------------------------------------------------------------------
 

@@ -9,7 +9,7 @@
 namespace nubo {
 namespace {
 
-constexpr int digits = 4;
+constexpr int digits = 4, cell_w = 6, margin = 5;
 using NumberText = std::array<char, 16>;
 
 }  // namespace
@@ -17,7 +17,8 @@ using NumberText = std::array<char, 16>;
 void set_number(int slot, int number) {
     NumberText text;
     const int length = std::snprintf(text.data(), text.size(), "%d", number);
-    GUI_set_field(slot, {.visible = digits, .max = std::max(digits, length), .font = FONT_WIDE}, text.data());
+    const int fit = (gui::w[at(slot)] - margin) / cell_w;
+    GUI_set_field(slot, {.visible = fit, .max = std::max(digits, length), .font = FONT_WIDE}, text.data());
 }
 
 int read_number(int slot) {

@@ -17,8 +17,13 @@
 namespace nubo {
 namespace {
 
-/// Puts the picture in the Frame's place, or tells that there is no memory for `width` by `height` pixels.
+/// Puts the picture in the Frame's place, or tells why there is none of `width` by `height` pixels.
 bool take_new_size(OwnedBitmap picture, int width, int height) {
+    if (width > max_frame_side || height > max_frame_side) {
+        UA_log("[ WARNING ] : A frame of %d x %d pixels is too large. Nothing was changed.", width, height);
+        flash_message(MESSAGE_FRAME_SIDE);
+        return false;
+    }
     if (!picture || !adopt_frame(std::move(picture))) {
         UA_log("[ ERROR ] : No memory for a frame of %d x %d pixels. Nothing was changed.", width, height);
         flash_message(MESSAGE_NO_MEMORY);

@@ -4,6 +4,7 @@
 #include "framework/resources.h"
 #include "gui/elements.h"
 #include "harness/user.h"
+#include "paint/shape_in_hand.h"
 #include "state/frames.h"
 #include "state/options.h"
 #include "state/run.h"
@@ -61,7 +62,21 @@ TEST_F(AidsTest, TheStatusBarForgetsTheShapeWithItsTool) {
     std::strcpy(placing_text.data(), "SIZE > 9 X 9");
     EXPECT_TRUE(picture() == mouse);
     tool_preview = TOOL_BOX;
-    EXPECT_FALSE(picture() == mouse);
+    const std::vector<Color> nine = picture();
+    EXPECT_FALSE(nine == mouse);
+    // What is long keeps out of the column of the pixel.
+    const auto keeps_out = [&](const std::string& text) {
+        std::strcpy(placing_text.data(), text.c_str());
+        const std::vector<Color> told = picture();
+        const auto is_same = [&](std::size_t i) { return i % view_w < 119 || told[i] == nine[i]; };
+        for (std::size_t i = 0; i < told.size(); ++i)
+            if (!is_same(i)) return false;
+        return true;
+    };
+    tell_size(70'000, 65'535);
+    EXPECT_STREQ(placing_text.data(), "SIZE > |c24> 65535 X 65535");
+    EXPECT_TRUE(keeps_out(placing_text.data()));
+    EXPECT_TRUE(keeps_out("AXES > |c24500 X 500, 359"));
 }
 
 TEST_F(AidsTest, AMeasureLastsFromPressToPress) {

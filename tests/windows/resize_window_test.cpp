@@ -43,6 +43,9 @@ TEST_F(ResizeWindowTest, TypedSizesAndTheAnchorMakeTheNewFrame) {
         co_await tap(user, KEY_ENTER);
         EXPECT_EQ(frame_w, view_w) << "1 is too narrow";
         EXPECT_EQ(menu_id, WINDOW_RESIZE);
+        new_frame(12'000, 2);
+        co_await user.wait(2);
+        EXPECT_GE(gui::field_visible[at(width)], 5) << "12000 shows whole";
         set_number(width, 330);
         new_frame(20, 16, red);  // another Frame comes in
         co_await user.wait(2);

@@ -77,8 +77,16 @@ TEST_F(ResizeTest, RestoreBringsTheOldSizeBackAndTheUserIsTold) {
     EXPECT_EQ(status_message, MESSAGE_RESIZED);
     EXPECT_LE(pan_x, 2);
     restore_frame();
+    EXPECT_EQ(status_message, status_coordinates) << "it has done so";
     expect_part(0, 0, 10, 7, -1);
     EXPECT_EQ(frame_w, 10);
+}
+
+TEST_F(ResizeTest, TheLongestSideIsCalledByItsName) {
+    number_frame(10, 7);
+    EXPECT_FALSE(make_sprite_sheet({.sprite_w = 256, .columns = 256}));  // 256 * 257 + 1
+    EXPECT_EQ(status_message, MESSAGE_FRAME_SIDE);
+    expect_part(0, 0, 10, 7, -1);
 }
 
 TEST_F(ResizeTest, SheetFollowsItsFormula) {
