@@ -67,7 +67,7 @@ struct TextRow {
 constexpr TextRow texts[] = {
     {8, 14, FONT_WIDE, TEXT_BUTTON, "BUTTON"},         {68, 14, FONT_WIDE, TEXT_LIGHT_ALT, "LIT"},
     {5, 24, FONT_WIDE, TEXT_LIGHT, "Text field_01"},   {4, 33, FONT_WIDE, TEXT_HIGHLIGHT, "STRONG TEXT"},
-    {76, 33, FONT_WIDE, TEXT_SELECTED, "CHOSEN TEXT"}, {68, 45, FONT_NARROW, TEXT_KNOB, "128"},
+    {76, 33, FONT_WIDE, TEXT_SELECTED, "CHOSEN TEXT"}, {68, 45, FONT_NARROW, TEXT_LIGHT, "128"},
 };
 constexpr int title_x = 60, title_y = 4;
 
@@ -77,7 +77,6 @@ void take_text_colors(const ArtScheme& scheme) {
     set_text_color(TEXT_SELECTED, scheme.colors[SCHEME_TEXT_SELECTED]);
     set_text_color(TEXT_HIGHLIGHT, scheme.colors[SCHEME_TEXT_HIGHLIGHT]);
     set_text_color(TEXT_LIGHT, scheme.colors[SCHEME_TEXT_LIGHT]);
-    set_text_color(TEXT_KNOB, part_color(PART_LIT_GROUND, scheme.colors), scheme.colors[SCHEME_BACKGROUND]);
 }
 
 /// Draws a sprite in a scheme's colours, from its template.

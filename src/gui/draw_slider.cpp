@@ -15,13 +15,14 @@ namespace {
 
 struct SliderColors {
     Color shadow, border;
+    TextColor digits;
 };
 
 SliderColors colors_of(int slot) {
     const int type = gui::type[at(slot)];
     if (type == ELEMENT_SCHEME_PANEL || type == ELEMENT_SCHEME_LIST)
-        return {color_scheme[SCHEME_SHADOW], color_scheme[SCHEME_BORDER]};
-    return {ui_shadow, ui_border};
+        return {color_scheme[SCHEME_SHADOW], color_scheme[SCHEME_BORDER], TEXT_PREVIEW_LIGHT};
+    return {ui_shadow, ui_border, TEXT_LIGHT};
 }
 
 /// A held arrow takes the sprite below its own.
@@ -74,7 +75,7 @@ void draw_value_plate(int slot, const SliderPlaces& places, int knob_x, int knob
     constexpr int plate_h = 7, end_w = 4, margin = 2, sheet_y = 126, left_end_x = 44, right_end_x = 39, quarter = 64;
     std::array<char, 16> digits{};
     std::snprintf(digits.data(), digits.size(), "%d", static_cast<int>(*value));
-    set_font(FONT_NARROW, TEXT_KNOB);
+    set_font(FONT_NARROW, colors.digits);
     const int plate_w = text_width(digits.data()) + margin, knob_w = gui::knob_rect[s].w;
     const int last_stop = places.stop_at(slider_last_stop(slot));
     const int y = knob_y + 1;

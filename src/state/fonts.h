@@ -72,7 +72,6 @@ enum TextColor : int {
     TEXT_PREVIEW_HIGHLIGHT,
     TEXT_PREVIEW_LIGHT,
     TEXT_PREVIEW_LIGHT_ALT_DARK = 53,
-    TEXT_KNOB = 54,  // made from BACKGROUND when the GUI sheet is recoloured
     TEXT_COLOR_ROWS = 99
 };
 /// `[row][tone]`: a Color, or `tone_kept` where the sheet's own stays. Filled by `UA_init_text_colors`.

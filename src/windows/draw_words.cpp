@@ -48,12 +48,14 @@ void draw_description(int slot) {
     GUI_box(slot, color_of(slot), ui_border);
     const Description* const description = find_description(description_of(slot));
     if (description == nullptr) return;
-    constexpr int left = 2, top = 13, line_h = 6;
+    // The most lines fill the element: of those only one whose commas hang down keeps the next one away.
+    constexpr int left = 2, top = 12, line_h = 6;
+    const bool is_full = !description->back().empty();
     set_font(FONT_WIDE, TEXT_HIGHLIGHT);
     int y = gui::y[at(slot)] + top;
     for (const std::string_view line : *description) {
         UA_text(screen_buffer, gui::x[at(slot)] + left, y, line);
-        y += line_h;
+        y += line_h + (!is_full || line.find_first_of(",;") != line.npos ? 1 : 0);
     }
 }
 

@@ -9,7 +9,7 @@ inline FolderListing file_names;  // what stands in `image_dir`, of the kinds th
 
 inline int file_cursor = -1;  // the entry that was chosen last, by a click or a key; -1 none
 
-inline constexpr int file_rows = 13, file_row_h = 6;
+inline constexpr int file_rows = 11, file_row_h = 7;
 
 /// Makes the element the list of `file_names`, shown from its first row on, with a scroll bar where there are more.
 void set_file_list(int list);

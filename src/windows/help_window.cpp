@@ -146,7 +146,7 @@ void draw_help_text(int slot) {
     if (help_backdrop != nullptr)
         trans_blit(help_backdrop, screen_buffer, x + backdrop_x, y + backdrop_y, backdrop_strength);
     if (index < 0 || index >= help_slots) return;
-    set_font(FONT_WIDE, TEXT_HIGHLIGHT);
+    set_font(FONT_WIDE, TEXT_BUTTON);  // the one that is legible also over the emblem in each scheme
     const int first = gui::slider_value[at(slot)];
     lay_out(help_text[static_cast<std::size_t>(index)], [&](std::string_view word, int line, int column) {
         if (line >= first && line < first + lines_shown)

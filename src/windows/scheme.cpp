@@ -49,7 +49,7 @@ void paint_interface() {
 
 // ---- Sprites -------------------------------------------------------------------------------------------------------
 
-constexpr int lit_by = 75, ground_lit_by = 60, half = 128, end_dimmed_by = 100, knob_dimmed_by = 20;  // of 255
+constexpr int lit_by = 75, ground_lit_by = 60, half = 128, end_dimmed_by = 100;  // of 255
 constexpr int template_left = 60, template_right = 109, template_top = 111, template_bottom = 163;
 constexpr int end_left = 39, end_right = 47, end_top = 142, end_bottom = 149;
 static_assert(end_right < template_right && end_bottom < template_bottom);
@@ -116,8 +116,6 @@ void apply_scheme(int mode) {
 }
 
 void recolor_gui_sheet(Color background, Color border, Color shadow, Color background2) {
-    set_text_color(TEXT_KNOB, blend_color(background2, fixed_white, ground_lit_by),
-                   blend_color(background2, fixed_black, knob_dimmed_by));
     if (!sheet_holds_sprites()) return;
     paint_templates(template_colors(background, border, shadow, background2));
     paint_ends(blend_color(shadow, fixed_black, end_dimmed_by));

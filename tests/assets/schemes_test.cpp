@@ -1,7 +1,16 @@
 #include "harness/harness.h"
+#include "harness/user.h"
+#include "logo.h"
 #include "schemes.h"
 
 #include "base/color.h"
+#include "framework/resources.h"
+#include "gui/columns.h"
+#include "gui/draw.h"
+#include "gui/elements.h"
+#include "state/run.h"
+#include "state/texts_help.h"
+#include "windows/help_window.h"
 #include "windows/scheme.h"
 #include <algorithm>
 #include <cmath>
@@ -66,6 +75,53 @@ TEST(Schemes, AreLegible) {
             EXPECT_GE(contrast(scheme_folder_color(scheme.colors), scheme.colors[ground]), readable)
                 << scheme.name << ": folders on " << ground;
     }
+}
+
+class DrawnSchemesTest : public EditorTest {
+protected:
+    /// The element as it is drawn, but for a slider at its right end.
+    static std::vector<Color> drawn(int slot) {
+        constexpr int right_end = 12;
+        GUI_draw_all();
+        std::vector<Color> pixels;
+        for (int y = gui::y[at(slot)]; y < gui::y[at(slot)] + gui::h[at(slot)]; ++y) {
+            const Color* const row = pixels_at(screen_buffer, gui::x[at(slot)], y);
+            pixels.insert(pixels.end(), row, row + gui::w[at(slot)] - right_end);
+        }
+        return pixels;
+    }
+    /// The least contrast of the pixels in which two pictures differ: of the text, which only one of them has.
+    static double least_contrast(const std::vector<Color>& a, const std::vector<Color>& b) {
+        double least = a == b ? 0 : 99;
+        for (std::size_t i = 0; i < a.size(); ++i)
+            if (a[i] != b[i]) least = std::min(least, contrast(a[i], b[i]));
+        return least;
+    }
+};
+
+TEST_F(DrawnSchemesTest, TheNumbersOfSlidersAndTheWordsOverTheEmblemAreLegible) {
+    UA_load_framework_video(Folder(NUBO_FOLDER "/resource"));
+    replace_bitmap(logo, draw_logo(read_art(NUBO_ART "/logo.txt").value()));
+    play_on(help_window, [](User& user) -> Script {
+        co_await user.wait(2);
+        constexpr int slider = 40, help = slot_content + 1, no_topic = help_slots - 1;
+        GUI_add_slider(slider, 10, 10, 120, 1000);
+        for (const ArtScheme& scheme : delivered_schemes()) {
+            color_scheme = scheme.colors;
+            wear_scheme();
+            gui::color[help] = static_cast<int>(ui_background);
+            gui::slider_value[slider] = 111;
+            const std::vector<Color> ones = drawn(slider);
+            gui::slider_value[slider] = 112;  // at the same stop
+            EXPECT_GE(least_contrast(ones, drawn(slider)), 4.5) << scheme.name;
+            help_topic_of(help) = no_topic;
+            const std::vector<Color> bare = drawn(help);
+            help_topic_of(help) = help_index(HELP_BRUSH_TOOLS);
+            EXPECT_GE(least_contrast(bare, drawn(help)), 4.5) << scheme.name;
+        }
+        exit_requested = 1;
+        co_await user.wait(2);
+    });
 }
 
 TEST(ObjectLibrary, IsOneNumberALineWithoutAnEmptyOneAtTheEnd) {
