@@ -59,6 +59,13 @@ bool mouse_over_elements() { return topmost_under_mouse(0) != -1; }
 
 bool press_began_in_element(int slot) { return takes_press_at(slot, press_start_x, press_start_y); }
 
+int slot_under_wheel() {
+    for (int slot = hover - 1; slot >= first_live_slot; --slot)
+        if (is_shown(slot) && gui::rows[at(slot)] != 0 && gui::has_slider[at(slot)] != 0 && mouse_in_element(slot))
+            return slot;
+    return hover;
+}
+
 bool press_in_element(int slot) {
     const std::size_t s = at(slot);
     return is_inside(press_x, press_y, gui::x[s], gui::y[s], gui::w[s], gui::h[s]);

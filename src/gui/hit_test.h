@@ -12,6 +12,10 @@ bool mouse_over_elements();
 /// The press that is held began there.
 bool press_began_in_element(int slot);
 
+/// The slot whose slider the wheel turns: that under the mouse, or the list on which it lies, so that what stands in a
+/// list doesn't change while the list scrolls.
+int slot_under_wheel();
+
 /// The place of the press is in the slot's rectangle, the whole of it.
 bool press_in_element(int slot);
 

@@ -107,7 +107,7 @@ void press_row(int slot, MouseState buttons) {
 // ---- Slots ---------------------------------------------------------------------------------------------------------
 
 void serve_slider(int slot, MouseState buttons, int wheel) {
-    if (wheel != 0 && press_state == PRESS_IDLE && hover == slot) turn_slider(slot, wheel);
+    if (wheel != 0 && press_state == PRESS_IDLE && slot_under_wheel() == slot) turn_slider(slot, wheel);
     if (press_state == PRESS_IDLE && buttons == MOUSE_PRIMARY && gui_enabled != 0) press_slider(slot);
 }
 

@@ -60,11 +60,12 @@ TEST_F(OptionsTest, AScrolledListHasTheControlsOfItsRows) {
         co_await user.wait(4);
         EXPECT_EQ(gui::tooltip[slot_content], option_message(user_options[19 + 3].label))
             << "of the row under the mouse";
-        // The last row of the view is UNDO DEPTH, a slider: the wheel down moves it by one.
+        // The last row of the view is UNDO DEPTH, a slider: the wheel moves the list all the same.
         co_await user.move_to(200, 123 + 14 + 8 * 10 + 4);
-        co_await user.turn_wheel(-1);
+        co_await user.turn_wheel(1);
         co_await user.wait(4);
-        EXPECT_EQ(opt_undo_depth, 11);
+        EXPECT_EQ(opt_undo_depth, 12);
+        EXPECT_EQ(gui::slider_value[slot_content], 17);
         co_await user.move_to(100, 20);
         co_await user.press_right(100, 20);  // outside: as CANCEL
         co_await user.release_right();
