@@ -4,6 +4,7 @@
 #include "gui/shapes.h"
 #include "gui/window.h"
 #include "state/frames.h"
+#include "state/gui.h"
 #include "state/options.h"
 #include "state/run.h"
 #include "state/view.h"
@@ -43,6 +44,72 @@ void build_preview() {
                   .base = zoom_preview_slot});
 }
 
+// ---- Out of the hand's way -----------------------------------------------------------------------------------------
+
+struct Place {
+    int x, y;
+};
+
+struct Box {
+    int left, top, right, bottom;  // the last two are the first column and row beyond it
+    bool overlaps(const Box& other) const {
+        return left < other.right && other.left < right && top < other.bottom && other.top < bottom;
+    }
+};
+
+Box box_at(Place place) {
+    return {place.x, place.y, place.x + gui::w[zoom_preview_slot], place.y + gui::h[zoom_preview_slot]};
+}
+
+bool hides_frame(const Box& box) {
+    const int scale = zoom_scale[static_cast<std::size_t>(shown.zoom)], x = -shown.pan_x, y = -shown.pan_y;
+    return box.overlaps({x * scale, y * scale, (x + current_frame->w) * scale, (y + current_frame->h) * scale});
+}
+
+bool hides_menu(const Box& box) {
+    constexpr int slot = slot_window;
+    return gui::active[slot] != 0 && gui::hidden[slot] == 0 &&
+           box.overlaps({gui::x[slot], gui::y[slot], gui::x[slot] + gui::w[slot], gui::y[slot] + gui::h[slot]});
+}
+
+/// The hand is about to work on the Frame there. It may reach the title, to drag the preview, but not in a stroke and
+/// not while a tool waits for a point.
+bool is_in_the_way(Box box) {
+    constexpr int near = 12;  // logical pixels
+    if (!hides_frame(box)) return false;
+    const bool works = (mouse_left != 0 && press_slot == -1) || first_live_slot > zoom_preview_slot;
+    box = {box.left - near, box.top + (works ? -near : title_room), box.right + near, box.bottom + near};
+    return box.overlaps({shown.mouse_x, shown.mouse_y, shown.mouse_x + 1, shown.mouse_y + 1});
+}
+
+/// Where the user has put it.
+Place home_place() {
+    const WindowPos& left_at = window_pos[POS_ZOOM_PREVIEW];
+    const int x = left_at.x < 0 ? default_x : left_at.x, y = left_at.y < 0 ? default_y : left_at.y;
+    return {std::min(x, view_w - 1 - gui::w[zoom_preview_slot]), std::min(y, view_h - 1 - gui::h[zoom_preview_slot])};
+}
+
+void move_preview(Place to) {
+    const int dx = to.x - gui::x[zoom_preview_slot], dy = to.y - gui::y[zoom_preview_slot];
+    for (int slot = zoom_preview_slot; slot < zoom_preview_slot + preview_slots; ++slot) {
+        gui::x[at(slot)] = static_cast<std::int16_t>(gui::x[at(slot)] + dx);
+        gui::y[at(slot)] = static_cast<std::int16_t>(gui::y[at(slot)] + dy);
+    }
+}
+
+/// When the mouse comes near it goes home, or else to the opposite side of the screen.
+void make_way() {
+    const bool is_dragged = gui_enabled == 0;
+    if (is_dragged || !is_in_the_way(box_at({gui::x[zoom_preview_slot], gui::y[zoom_preview_slot]}))) return;
+    const Place home = home_place();
+    const int far_x = view_w - 1 - gui::w[zoom_preview_slot] - home.x;
+    const int far_y = view_h - 1 - gui::h[zoom_preview_slot] - home.y;
+    for (const Place place : {home, Place{far_x, home.y}, Place{home.x, far_y}, Place{far_x, far_y}})
+        if (const Box box = box_at(place); !is_in_the_way(box) && !hides_menu(box)) return move_preview(place);
+}
+
+// ---- The picture ---------------------------------------------------------------------------------------------------
+
 /// Where the part shown begins: around the pixel, inside the frame; before it where the frame is smaller than the part.
 int part_start(int pixel, int frame_size, int part) {
     if (frame_size <= part) return (frame_size - part) / 2;
@@ -69,6 +136,7 @@ void keep_zoom_preview() {
     if (stands && (!is_wanted() || !fits))
         for (int slot = zoom_preview_slot; slot < zoom_preview_slot + preview_slots; ++slot) GUI_clear_element(slot);
     if (is_wanted() && !fits) build_preview();
+    if (is_wanted()) make_way();
 }
 
 }  // namespace nubo

@@ -3,7 +3,8 @@
 
 namespace nubo {
 
-/// Puts the preview up or takes it away, as the zoom and the options ask. At each update.
+/// Puts the preview up or takes it away, as the zoom and the options ask, and moves it out of the mouse's way where it
+/// hides the Frame. At each update.
 void keep_zoom_preview();
 
 }  // namespace nubo

@@ -95,6 +95,22 @@ TEST_F(LoopTest, ThePictureHasItsTintItsPreviewAndItsStatusBar) {
         zoom = 2;
         co_await user.wait(4);
         EXPECT_NE(gui::active[zoom_preview_slot], 0);
+        const int far = view_w - 1 - gui::w[zoom_preview_slot] - 10;
+        const auto left = [] { return int{gui::x[zoom_preview_slot]}; };
+        co_await user.move_to(40, 25);
+        EXPECT_EQ(left(), 10) << "the hand may take it by its title";
+        co_await user.move_to(40, 60);
+        EXPECT_EQ(left(), far) << "but it hides no pixel from the hand";
+        co_await user.move_to(240, 60);
+        EXPECT_EQ(left(), 10);
+        take_tool(TOOL_LINE);
+        co_await click_place(user, 160, 100);
+        co_await user.move_to(40, 25);
+        EXPECT_EQ(left(), far) << "nor from a tool that waits";
+        co_await user.tap_key(KEY_ESC);
+        pan_x = view_w - 80;  // so that no Frame is there
+        co_await user.move_to(240, 60);
+        EXPECT_EQ(left(), far);
         zoom = zoom_min;
         co_await user.wait(4);
         EXPECT_EQ(gui::active[zoom_preview_slot], 0);
