@@ -29,10 +29,14 @@ void pick_color_into(Color& color) {
     if (picked != pick_cancelled) color = static_cast<Color>(picked);
 }
 
-/// One Frame alone: nothing happens, and nothing waits for the key.
-void go_to_frame(int slot, Hotkey key) {
-    if (frame_count < 2) return;
+void go_to_frame(int slot) {
     if (slot != frame_index) fetch_frame(frame_index, slot);
+}
+
+/// One Frame alone: nothing happens, and nothing waits for the key.
+void go_to_end(int slot, Hotkey key) {
+    if (frame_count < 2) return;
+    go_to_frame(slot);
     wait_while_held(key);
 }
 
@@ -58,10 +62,10 @@ void measure_by_key() {
 
 // ---- Frames --------------------------------------------------------------------------------------------------------
 
-void next_frame() { go_to_frame((frame_index + 1) % frame_count, HOTKEY_FRAME_NEXT); }
-void previous_frame() { go_to_frame((frame_index + frame_count - 1) % frame_count, HOTKEY_FRAME_PREVIOUS); }
-void first_frame() { go_to_frame(0, HOTKEY_FRAME_FIRST); }
-void last_frame() { go_to_frame(frame_count - 1, HOTKEY_FRAME_LAST); }
+void next_frame() { go_to_frame((frame_index + 1) % frame_count); }
+void previous_frame() { go_to_frame((frame_index + frame_count - 1) % frame_count); }
+void first_frame() { go_to_end(0, HOTKEY_FRAME_FIRST); }
+void last_frame() { go_to_end(frame_count - 1, HOTKEY_FRAME_LAST); }
 
 void resize_by_key() {
     wait_while_held(HOTKEY_FRAME_RESIZE);

@@ -1,6 +1,7 @@
 // The key table: what the keys of an action run. Their defaults stand in base/keys.cpp.
 #include "base/keys.h"
 #include "editor/hotkey_actions.h"
+#include "gui/waiting.h"
 #include "gui/window.h"
 #include "state/cel.h"
 #include "state/flow.h"
@@ -23,8 +24,9 @@ namespace {
 
 // ---- The table -----------------------------------------------------------------------------------------------------
 
-/// WAIT_AFTER: the picture goes on, but the action rests till the key is up.
-enum KeyWait : int { NO_WAIT, WAIT_AFTER };
+/// WAIT_AFTER: the picture goes on, but the action rests till the key is up. REPEATS: it acts again and again till
+/// then.
+enum KeyWait : int { NO_WAIT, WAIT_AFTER, REPEATS };
 /// IS_FREE: the row runs even while a text field has the keyboard.
 enum KeyField : int { GIVES_WAY, IS_FREE };
 
@@ -57,8 +59,8 @@ constexpr std::array<HotkeyRow, HOTKEY_COUNT> rows{{
     {HOTKEY_PAN_LEFT,         HOTKEYS_PAN,   NO_WAIT,    GIVES_WAY, pan_left_by_key},
     {HOTKEY_PAN_RIGHT,        HOTKEYS_PAN,   NO_WAIT,    GIVES_WAY, pan_right_by_key},
     {HOTKEY_QUICK_PAN,        HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, quick_pan},
-    {HOTKEY_FRAME_NEXT,       HOTKEYS_MODAL, NO_WAIT,    GIVES_WAY, next_frame},
-    {HOTKEY_FRAME_PREVIOUS,   HOTKEYS_MODAL, NO_WAIT,    GIVES_WAY, previous_frame},
+    {HOTKEY_FRAME_NEXT,       HOTKEYS_MODAL, REPEATS,    GIVES_WAY, next_frame},
+    {HOTKEY_FRAME_PREVIOUS,   HOTKEYS_MODAL, REPEATS,    GIVES_WAY, previous_frame},
     {HOTKEY_FRAME_FIRST,      HOTKEYS_MODAL, NO_WAIT,    GIVES_WAY, first_frame},
     {HOTKEY_FRAME_LAST,       HOTKEYS_MODAL, NO_WAIT,    GIVES_WAY, last_frame},
     {HOTKEY_FRAME_CENTER,     HOTKEYS_MAIN,  NO_WAIT,    GIVES_WAY, center_frame},
@@ -92,8 +94,10 @@ static_assert(rows_in_order(rows, &HotkeyRow::action));
 
 bool field_has_keyboard() { return is_text_field(key_focus); }
 
-// Rows that have acted and whose key is still down. Main flow only: no row that waits is of the other flow.
+// Rows that have acted and whose key is still down, and when those that repeat are due again, in `UA_clock_ticks`. Main
+// flow only: no row that waits is of the other flow.
 std::array<bool, HOTKEY_COUNT> acted{};
+std::array<int, HOTKEY_COUNT> due{};
 
 /// A press of the mouse ends the wait, or a click with the key still down would be lost; the row rests all the same.
 void wait_after(Hotkey action) {
@@ -112,6 +116,7 @@ bool is_left_over(int value) {
 }
 
 void forget_acted_rows() {
+    escape_rests();  // else a later stroke would find the key down since then
     for (int code = 0; code < key_codes; ++code)
         if (key_down[at(code)] == 0) ran_as[at(code)] = 0;
     for (const HotkeyRow& row : rows) {
@@ -131,13 +136,29 @@ bool acts_in(const HotkeyRow& row, int mode) {
     return mode == HOTKEYS_TOOL ? changes_paint(row.action) : row.mode == mode;
 }
 
+bool rests(const HotkeyRow& row) {
+    if (row.wait == NO_WAIT || !acted[at(row.action)]) return false;
+    return row.wait == WAIT_AFTER || UA_clock_ticks - due[at(row.action)] < 0;
+}
+
+/// Counted from before a step that took long, but its picture is shown before the next one.
+void run_repeating(const HotkeyRow& row) {
+    constexpr int first_pause = clock_hz * 2 / 5, pause = clock_hz / 4;
+    bool& has_acted = acted[at(row.action)];
+    due[at(row.action)] = UA_clock_ticks + (has_acted ? pause : first_pause);
+    has_acted = true;
+    row.run();
+}
+
 void run_row(const HotkeyRow& row, int mode, int value) {
     if (!acts_in(row, mode) || (row.field == GIVES_WAY && field_has_keyboard())) return;
+    if (row.action == HOTKEY_CEL_GET && value == KEY_ESC && escape_rests()) return;
     if (mode != HOTKEYS_PAN) {
         if (is_left_over(value)) return;
         ran_as[at(key_code_of(value))] = value;
     }
-    if (row.wait == WAIT_AFTER && acted[at(row.action)]) return;
+    if (rests(row)) return;
+    if (row.wait == REPEATS) return run_repeating(row);
     row.run();
     if (row.wait == WAIT_AFTER) wait_after(row.action);
 }

@@ -146,7 +146,8 @@ void prepare_overlay() {
         draw_tool_preview();
     }
     if (draw_over_frame != nullptr) {
-        if (tool_preview == -1) clear_to_color(overlay, static_cast<int>(transparent_color));
+        if (tool_preview == -1 && shown.cel_place.mode == -1)
+            clear_to_color(overlay, static_cast<int>(transparent_color));
         draw_over_frame();
     }
     draw_measure();

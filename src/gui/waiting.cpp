@@ -23,6 +23,9 @@ bool escape_is_mapped() {
 
 bool escape_is_down() { return key_down[KEY_ESC] != 0; }
 
+bool has_left = false;  // by ESC, lately
+int left_at = 0;        // `UA_clock_ticks`
+
 void wait_for_release() {
     wait_while_down(mouse_left);
     wait_while_down(mouse_right);
@@ -38,7 +41,15 @@ bool Escape::asked() {
     }
     if (!armed_) return false;
     while (escape_is_down() && exit_requested == 0) update_screen(UPDATE_NORMAL);
+    has_left = true;
+    left_at = UA_clock_ticks;
     return true;
+}
+
+bool escape_rests() {
+    constexpr int rest = clock_hz / 2;
+    if (has_left && UA_clock_ticks - left_at >= rest && !escape_is_down()) has_left = false;
+    return has_left;
 }
 
 Waiting::Waiting(const WaitRow& row) : row_(row), live_before_(first_live_slot), prompt_(row.prompt) {

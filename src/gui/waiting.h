@@ -23,6 +23,10 @@ private:
     bool armed_ = false;
 };
 
+/// True from when ESC has left something until half a second later, and then until the key is up: who strikes it once
+/// more than needed means nothing by it.
+bool escape_rests();
+
 /// What the hand has done in a pass. LEFT and RIGHT come when the button goes down.
 enum HandStep : int { HAND_RESTS, HAND_LEFT, HAND_RIGHT, HAND_ESCAPES };
 

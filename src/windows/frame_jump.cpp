@@ -14,6 +14,7 @@
 #include "windows/draw_elements.h"
 #include "windows/drawing_menu.h"
 #include "workspace/frame_store.h"
+#include "workspace/nail.h"
 #include <algorithm>
 #include <allegro.h>
 #include <array>
@@ -118,6 +119,7 @@ void draw_thumbnail(int slot) {
 
 void frame_jump() {
     const int start = UA_clock_ticks;
+    make_nail_tile(current_frame, frame_index);  // as it is now: else the tile is of when the Frame came in
     clear_elements();
     build_board();
     const Choice choice = choose_while_held();

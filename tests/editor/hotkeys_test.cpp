@@ -185,5 +185,36 @@ TEST_F(HotkeysTest, TheBoardsWheelEndsWithTheRow) {
     });
 }
 
+TEST_F(HotkeysTest, AHeldKeyGoesFromFrameToFrame) {
+    fetch_frame(frame_index, middle_frame);
+    play([](User& user) -> Script {
+        co_await user.hold_key(KEY_DEL);
+        co_await user.wait(25);
+        EXPECT_EQ(frame_index, 1) << "a stroke of the key is one step";
+        co_await user.wait(75);  // a second in all: at 0, 0.4, 0.65 and 0.9
+        co_await user.release_key(KEY_DEL);
+        EXPECT_EQ(frame_index, 3);
+        co_await user.wait(50);
+        EXPECT_EQ(frame_index, 3);
+    });
+}
+
+TEST_F(HotkeysTest, EscapeThatHasLeftAToolRestsForAMoment) {
+    take_tool(TOOL_LINE);
+    play([](User& user) -> Script {
+        co_await click_place(user, 100, 60);
+        for (int stroke = 0; stroke < 2; ++stroke) {
+            co_await user.hold_key(KEY_ESC);
+            if (stroke == 1) co_await user.wait(80);
+            EXPECT_NE(status_message, MESSAGE_GRAB_FIRST);
+            co_await user.release_key(KEY_ESC);
+        }
+        co_await user.wait(10);
+        co_await user.hold_key(KEY_ESC);
+        co_await user.release_key(KEY_ESC);
+        EXPECT_EQ(status_message, MESSAGE_GRAB_FIRST);
+    });
+}
+
 }  // namespace
 }  // namespace nubo

@@ -134,6 +134,7 @@ TEST_F(ActivityTest, FramesAreClonedInsertedDeletedAndCentered) {
 
 TEST_F(ActivityTest, FrameJumpGoesToTheFrameThatTheMouseTouchedAlone) {
     insert_frames(0, 2, true);
+    clear_to_color(current_frame, red);  // since it came in
     zoom = 2;
     play([](User& user) -> Script {
         constexpr int long_enough = 40;  // 400 ms
@@ -142,6 +143,7 @@ TEST_F(ActivityTest, FrameJumpGoesToTheFrameThatTheMouseTouchedAlone) {
             co_await user.move_to(middle_x(DRAWING_USER), middle_y(DRAWING_USER));
             co_await user.hold_key(KEY_BACKSLASH);
             EXPECT_EQ(gui::active[zoom_preview_slot], 0) << "no preview over the board";
+            EXPECT_EQ(*pixels_at(nail_sheet, 20, 20), red) << "as it is now";
             if (touches) co_await user.move_to(10 + 4 * 43 + 20, 12 + 2 * 43 + 20);
             co_await user.move_to(10 + 43 + 20, 12 + 20);  // an empty cell
             co_await user.wait(long_enough);
