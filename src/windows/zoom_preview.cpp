@@ -99,8 +99,8 @@ void move_preview(Place to) {
 
 /// When the mouse comes near it goes home, or else to the opposite side of the screen.
 void make_way() {
-    const bool is_dragged = gui_enabled == 0;
-    if (is_dragged || !is_in_the_way(box_at({gui::x[zoom_preview_slot], gui::y[zoom_preview_slot]}))) return;
+    const bool is_held = gui_enabled == 0 || (press_slot >= zoom_preview_slot && press_slot <= picture_slot);
+    if (is_held || !is_in_the_way(box_at({gui::x[zoom_preview_slot], gui::y[zoom_preview_slot]}))) return;
     const Place home = home_place();
     const int far_x = view_w - 1 - gui::w[zoom_preview_slot] - home.x;
     const int far_y = view_h - 1 - gui::h[zoom_preview_slot] - home.y;

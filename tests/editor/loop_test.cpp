@@ -99,6 +99,13 @@ TEST_F(LoopTest, ThePictureHasItsTintItsPreviewAndItsStatusBar) {
         const auto left = [] { return int{gui::x[zoom_preview_slot]}; };
         co_await user.move_to(40, 25);
         EXPECT_EQ(left(), 10) << "the hand may take it by its title";
+        co_await user.press_left(40, 25);
+        co_await user.drag_to(70, 65);
+        co_await user.release_left();
+        EXPECT_EQ(left(), 40);
+        co_await user.press_left(70, 65);
+        co_await user.drag_to(40, 25);
+        co_await user.release_left();
         co_await user.move_to(40, 60);
         EXPECT_EQ(left(), far) << "but it hides no pixel from the hand";
         co_await user.move_to(240, 60);
