@@ -97,15 +97,18 @@ void move_preview(Place to) {
     }
 }
 
-/// When the mouse comes near it goes home, or else to the opposite side of the screen.
+/// When the mouse comes near it goes home or to the opposite side of the screen, best to where it hides no Frame.
 void make_way() {
     const bool is_held = gui_enabled == 0 || (press_slot >= zoom_preview_slot && press_slot <= picture_slot);
     if (is_held || !is_in_the_way(box_at({gui::x[zoom_preview_slot], gui::y[zoom_preview_slot]}))) return;
     const Place home = home_place();
     const int far_x = view_w - 1 - gui::w[zoom_preview_slot] - home.x;
     const int far_y = view_h - 1 - gui::h[zoom_preview_slot] - home.y;
-    for (const Place place : {home, Place{far_x, home.y}, Place{home.x, far_y}, Place{far_x, far_y}})
-        if (const Box box = box_at(place); !is_in_the_way(box) && !hides_menu(box)) return move_preview(place);
+    for (const bool may_hide : {false, true})
+        for (const Place place : {home, Place{far_x, home.y}, Place{home.x, far_y}, Place{far_x, far_y}}) {
+            const Box box = box_at(place);
+            if (!is_in_the_way(box) && !hides_menu(box) && (may_hide || !hides_frame(box))) return move_preview(place);
+        }
 }
 
 // ---- The picture ---------------------------------------------------------------------------------------------------

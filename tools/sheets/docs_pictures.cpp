@@ -231,6 +231,7 @@ Script fill_sheet(User& user) {
         co_await user.tap_key(KEY_TILDE);
         for (int step = 0; step < 1 + pose * (side + 1); ++step) co_await user.tap_key(KEY_RIGHT);
         co_await user.tap_key(KEY_DOWN);
+        co_await user.move_to(view_w - 20, view_h / 2);  // the preview makes way for it
         co_await user.wait(rest);
         if (pose + 1 == static_cast<int>(poses.size())) take_picture("sheet-5");
         co_await click_place(user, view_w / 2, view_h / 2, right_button);
