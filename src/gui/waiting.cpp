@@ -63,7 +63,7 @@ Waiting::~Waiting() {
 }
 
 HandStep Waiting::pass() {
-    wait_for_release();
+    if (press_slot == -1) wait_for_release();  // a press on a live element is that one's, which is followed meanwhile
     prompt_.keep(row_.prompt);
     update_screen(UPDATE_NORMAL);
     if (row_.hotkeys != no_hotkeys) check_hotkeys(row_.hotkeys);

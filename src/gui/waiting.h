@@ -47,7 +47,8 @@ public:
     Waiting(const Waiting&) = delete;
     Waiting& operator=(const Waiting&) = delete;
 
-    /// Shows the picture once and tells what the hand has done. First waits for the release of the press told before.
+    /// Shows the picture once and tells what the hand has done. First waits for the release of the press told before,
+    /// but not of one on a live element.
     HandStep pass();
 
     /// A pass while the left press told last goes on: LEFT as long as it does, RESTS when the button is up.

@@ -217,6 +217,11 @@ TEST_F(CelCommandTest, TurnGoesByItsSliderAndItsButtons) {
         co_await tap(user, KEY_RIGHT);
         EXPECT_EQ(cel_place.x, 108);
         EXPECT_EQ(cel_place.x2, 71) << "SHIFT is the arrow's: 100 * 0.711 = 71.1";
+        const int slider = high_slot + slot_content;
+        co_await user.press_left(middle_x(slider), middle_y(slider));
+        co_await user.wait(4);
+        EXPECT_GT(cel_place.x2, 100) << "it follows the knob in the hand";
+        co_await user.release_left();
         gui::slider_value[high_slot + slot_content] = 178;
         co_await user.wait(4);
         EXPECT_EQ(cel_place.x2, 127) << "in steps of 15: 180 * 0.711 = 127.99";
