@@ -1,8 +1,8 @@
 #include "bdf_font.h"
 
 #include "base/bitmap.h"
+#include <algorithm>
 #include <cstdio>
-#include <vector>
 
 namespace nubo {
 
@@ -16,51 +16,71 @@ template <typename... Values> std::string line(const char* format, const Values&
     return std::string(text.data()) + "\n";
 }
 
-/// A row of pixels as bytes of eight, the leftmost pixel the highest bit.
-std::string bitmap_row(BITMAP* sheet, int left, int y, int width) {
-    constexpr int byte_bits = 8, highest_bit = 0x80;
-    std::string row;
-    for (int first = 0; first < width; first += byte_bits) {
+/// A row as bytes of eight pixels, the leftmost pixel the highest bit.
+std::string bitmap_row(const std::string& row) {
+    constexpr std::size_t byte_bits = 8;
+    std::string digits;
+    for (std::size_t first = 0; first < row.size(); first += byte_bits) {
         unsigned byte = 0;
-        for (int x = first; x < first + byte_bits && x < width; ++x)
-            if (*pixels_at(sheet, left + x, y) != transparent_color) byte |= highest_bit >> (x - first);
-        std::array<char, 4> digits{};
-        std::snprintf(digits.data(), digits.size(), "%02X", byte);
-        row += digits.data();
+        for (std::size_t x = first; x < first + byte_bits; ++x) byte = byte << 1 | (x < row.size() && row[x] == '#');
+        std::array<char, 4> two{};
+        std::snprintf(two.data(), two.size(), "%02X", byte);
+        digits += two.data();
     }
-    return row + "\n";
+    return digits + "\n";
 }
 
-std::string glyph_of(const FontSlot& font, int code, int descent) {
+LatinGlyph glyph_of_sheet(const FontSlot& font, int code) {
+    LatinGlyph glyph;
+    glyph.code = code;
+    const int left = font.glyph_x[static_cast<std::size_t>(code)];
+    for (int y = 0; y < font.cell_h; ++y) {
+        std::string& row = glyph.rows.emplace_back();
+        for (int x = 0; x < font.cell_w; ++x)
+            row += *pixels_at(font.sheet, left + x, y) != transparent_color ? '#' : '.';
+    }
+    return glyph;
+}
+
+std::string text_of(const LatinGlyph& glyph, int advance, int cell_h, int descent) {
     constexpr int thousandths = 1000;
-    const auto character = static_cast<std::size_t>(code);
-    const int advance = font.advance[character];
-    std::string glyph = line("STARTCHAR U+%04X", static_cast<unsigned>(code)) + line("ENCODING %d", code) +
-                        line("SWIDTH %d 0", advance * thousandths / font.cell_h) + line("DWIDTH %d 0", advance) +
-                        line("BBX %d %d 0 %d", font.cell_w, font.cell_h, -descent) + "BITMAP\n";
-    for (int y = 0; y < font.cell_h; ++y) glyph += bitmap_row(font.sheet, font.glyph_x[character], y, font.cell_w);
-    return glyph + "ENDCHAR\n";
+    std::string text = line("STARTCHAR U+%04X", static_cast<unsigned>(glyph.code)) + line("ENCODING %d", glyph.code) +
+                       line("SWIDTH %d 0", advance * thousandths / cell_h) + line("DWIDTH %d 0", advance) +
+                       line("BBX %d %d 0 %d", static_cast<int>(glyph.rows.front().size()),
+                            static_cast<int>(glyph.rows.size()), -descent) +
+                       "BITMAP\n";
+    for (const std::string& row : glyph.rows) text += bitmap_row(row);
+    return text + "ENDCHAR\n";
 }
 
 }  // namespace
 
-std::string bdf_of(const FontSlot& font, const std::string& name, int descent) {
-    std::vector<int> codes;
-    for (int code = first_code; code <= last_code; ++code)
-        if (font.glyph_x[static_cast<std::size_t>(code)] != 0) codes.push_back(code);
+std::string bdf_of(const FontSlot& font, std::span<const LatinGlyph> more, const std::string& name, int descent) {
+    std::string glyphs;
+    int count = static_cast<int>(more.size()), widest = font.cell_w, highest = font.cell_h;
+    for (int code = first_code; code <= last_code; ++code) {
+        if (font.glyph_x[static_cast<std::size_t>(code)] == 0) continue;
+        glyphs +=
+            text_of(glyph_of_sheet(font, code), font.advance[static_cast<std::size_t>(code)], font.cell_h, descent);
+        ++count;
+    }
+    for (const LatinGlyph& glyph : more) {
+        const int width = static_cast<int>(glyph.rows.front().size());
+        glyphs += text_of(glyph, width + 1, font.cell_h, descent);
+        widest = std::max(widest, width);
+        highest = std::max(highest, static_cast<int>(glyph.rows.size()));
+    }
     const int pitch = font.advance['A'], height = font.cell_h;
     constexpr int tenths = 10, dots_per_inch = 75;
     std::string file = "STARTFONT 2.1\n";
-    file += line("FONT -nubo-%s-medium-r-normal--%d-%d-%d-%d-c-%d-ISO10646-1", name.c_str(), height, height * tenths,
+    file += line("FONT -nubo-%s-medium-r-normal--%d-%d-%d-%d-p-%d-ISO10646-1", name.c_str(), height, height * tenths,
                  dots_per_inch, dots_per_inch, pitch * tenths);
     file += line("SIZE %d %d %d", height, dots_per_inch, dots_per_inch);
-    file += line("FONTBOUNDINGBOX %d %d 0 %d", font.cell_w, height, -descent);
+    file += line("FONTBOUNDINGBOX %d %d 0 %d", widest, highest, -descent);
     file += "STARTPROPERTIES 6\n" + line("FAMILY_NAME \"%s\"", name.c_str()) + line("PIXEL_SIZE %d", height) +
             line("FONT_ASCENT %d", height - descent) + line("FONT_DESCENT %d", descent) +
             "CHARSET_REGISTRY \"ISO10646\"\nCHARSET_ENCODING \"1\"\nENDPROPERTIES\n";
-    file += line("CHARS %d", static_cast<int>(codes.size()));
-    for (const int code : codes) file += glyph_of(font, code, descent);
-    return file + "ENDFONT\n";
+    return file + line("CHARS %d", count) + glyphs + "ENDFONT\n";
 }
 
 }  // namespace nubo

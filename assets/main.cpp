@@ -9,6 +9,7 @@
 #include "framework/text.h"
 #include "gui_sheet.h"
 #include "icons.h"
+#include "latin_glyphs.h"
 #include "logo.h"
 #include "program_files.h"
 #include "schemes.h"
@@ -98,11 +99,24 @@ struct FontRow {
     Font slot;
     const char* source;
     const char* place;
-    const char* name;  // as a font for TEXT
+    const char* name;   // as a font for TEXT
+    const char* latin;  // what it has beside its own letters there
 };
-constexpr FontRow fonts[] = {{FONT_WIDE, "font_05.txt", "resource/UA_FONT_05", "NuboWide"},
-                             {FONT_NARROW, "font_04.txt", "resource/UA_FONT_04", "NuboNarrow"}};
+constexpr FontRow fonts[] = {{FONT_WIDE, "font_05.txt", "resource/UA_FONT_05", "NuboWide", "latin_05.txt"},
+                             {FONT_NARROW, "font_04.txt", "resource/UA_FONT_04", "NuboNarrow", "latin_04.txt"}};
 constexpr int tail_rows = 2;  // of both, below the baseline
+
+/// The font as one for TEXT.
+bool make_text_font(Studio& studio, const FontRow& row, const ArtSource& letters) {
+    constexpr int cell_w = 9, cell_h = 12;  // on the contact sheet
+    const auto latin = source_of(studio, row.latin);
+    const auto glyphs = latin ? read_latin_glyphs(letters, *latin) : std::nullopt;
+    if (!glyphs) return false;
+    studio.panels.push_back({draw_latin_glyphs(*glyphs, cell_w, cell_h), cell_w, cell_h});
+    const FontSlot& font = font_slots[static_cast<std::size_t>(row.slot)];
+    return write_bytes(place_of(studio, std::string("fonts/") + row.name + ".bdf"),
+                       bdf_of(font, *glyphs, row.name, tail_rows));
+}
 
 bool make_fonts(Studio& studio) {
     UA_init_text_colors();
@@ -113,11 +127,10 @@ bool make_fonts(Studio& studio) {
         BITMAP* const sheets[] = {picture.get()};
         if (!picture || !build_font(row.slot, sheets)) return false;
         const FontSlot& font = font_slots[static_cast<std::size_t>(row.slot)];
-        const std::string bdf = std::string("fonts/") + row.name + ".bdf";
-        if (!write_bytes(place_of(studio, bdf), bdf_of(font, row.name, tail_rows))) return false;
         // The tones in the last row would keep the empty rest of the sheet on the contact sheet.
         hline(picture.get(), 0, picture->h - 1, picture->w - 1, static_cast<int>(transparent_color));
         studio.panels.push_back({std::move(picture), font.cell_w + 1, font.cell_h + 1});
+        if (!make_text_font(studio, row, *source)) return false;
     }
     return true;
 }

@@ -1,4 +1,6 @@
 // The staged sheets, read back by the program's own loaders: scrambling, palette and depth all lie between.
+#include "base/utf8.h"
+#include "framework/outline_font.h"
 #include "framework/resources.h"
 #include "framework/text.h"
 #include "gui_sheet.h"
@@ -8,6 +10,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <memory>
 #include <set>
 
 namespace nubo {
@@ -140,6 +143,39 @@ TEST_F(StagedResources, HoldEachSpriteInItsPlaceOverATemplateOfKnownParts) {
             EXPECT_TRUE(*pixels_at(gui_sheet, x, y) == transparent_color ||
                         (x >= 39 && x <= 47 && y >= 142 && y <= 149))
                 << x << ", " << y;
+}
+
+// ---- Fonts for TEXT ------------------------------------------------------------------------------------------------
+
+TEST(StagedTextFonts, HaveTheLettersOfLatin1EachInAFormOfItsOwn) {
+    ASSERT_EQ(font_system_init(), 0);
+    for (const char* name : {"NuboWide.bdf", "NuboNarrow.bdf"}) {
+        const std::unique_ptr<OutlineFont, OutlineFontDestroyer> font(
+            font_load(std::string(NUBO_FOLDER "/fonts/") + name));
+        ASSERT_NE(font, nullptr);
+        font_set_convert(font.get(), CONVERT_WIDE);
+        const auto form_of = [&](char32_t code) {
+            const OwnedBitmap coverage(create_bitmap_ex(8, 20, 30));
+            clear_bitmap(coverage.get());
+            font_cover(coverage.get(), font.get(), utf8_of(code), 4, 8, EDGES_ROUGH);
+            return std::vector<std::uint8_t>(coverage->line[0], coverage->line[0] + 20 * 30);
+        };
+        std::set<std::vector<std::uint8_t>> forms{form_of(U' ')};
+        for (char32_t code = 0x21; code <= 0xff; ++code) {
+            if ((code > 0x7e && code <= 0xa0) || code == 0xad) continue;  // controls, a blank, a second hyphen
+            EXPECT_TRUE(forms.insert(form_of(code)).second) << name << " " << static_cast<int>(code);
+        }
+        const auto dots_added = [&](char32_t to, char32_t by) {
+            const auto plain = form_of(to), marked = form_of(by);
+            int dots = 0;
+            for (std::size_t i = 0; i < plain.size(); ++i) dots += plain[i] != marked[i];
+            return dots;
+        };
+        EXPECT_EQ(dots_added(U'A', U'\u00c4'), 2) << "two dots, over the line";
+        EXPECT_EQ(dots_added(U'e', U'\u00e9'), 2);
+        EXPECT_EQ(font_text_height(font.get()), glyph_height) << "the line is as high as without accents";
+    }
+    font_system_exit();
 }
 
 }  // namespace
