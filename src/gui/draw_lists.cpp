@@ -1,8 +1,10 @@
 #include "gui/draw_lists.h"
 
+#include "base/bitmap.h"
 #include "framework/text.h"
 #include "gui/columns.h"
 #include "gui/draw_elements.h"
+#include "gui/field_selection.h"
 #include "gui/text_field.h"
 #include "state/run.h"
 #include "state/view.h"
@@ -51,6 +53,28 @@ void draw_row(int slot, int row, const ListColors& colors) {
             gui::y[s] + 1 + gui::row_top[s] + rise + row * gui::row_h[s], text);
 }
 
+/// Where the characters of a field stand.
+struct FieldCells {
+    static constexpr int cell_w = 6, left = 3, top = 2;
+
+    int slot, first;  // the byte that is shown first
+    int x() const { return gui::x[at(slot)] + left; }
+    int y() const { return gui::y[at(slot)] + top; }
+    /// The column before the character at `position`, in which the cursor stands.
+    int before(int position) const { return x() - 1 + field_columns(slot, first, position) * cell_w; }
+};
+
+/// Letters and paper change their colours.
+void reverse_part(const FieldCells& cells, const FieldPart& part, Color paper, Color letters) {
+    const int right = std::min(cells.before(part.end), screen_buffer->w - 1), top = cells.y() - 1;
+    const int bottom = gui::y[at(cells.slot)] + gui::h[at(cells.slot)] - 2;
+    for (int y = std::max(top, 0); y <= std::min(bottom, screen_buffer->h - 1); ++y)
+        for (int x = std::max(cells.before(part.start), 0); x <= right; ++x) {
+            Color& pixel = *pixels_at(screen_buffer, x, y);
+            pixel = pixel == paper ? letters : paper;
+        }
+}
+
 }  // namespace
 
 void draw_list_in(int slot, const ListColors& colors) {
@@ -67,26 +91,30 @@ void draw_list_in(int slot, const ListColors& colors) {
 }
 
 void draw_field_in(int slot, const FieldColors& colors) {
-    const std::size_t s = at(slot);
-    constexpr int cell_w = 6, left = 3, top = 2, phases_lit = 4;
+    constexpr int phases_lit = 4;
     GUI_box(slot, colors.fill, colors.border);
     set_font(FONT_WIDE, colors.text);
-    const int first = gui::field_scroll[s], x = gui::x[s] + left, y = gui::y[s] + top;
+    const FieldCells cells{slot, gui::field_scroll[at(slot)]};
     std::array<char, field_size> text{};
     GUI_read_field(slot, text);
-    const int end = step_by_columns(slot, first, gui::field_visible[s]);
-    UA_text_as_is(screen_buffer, x, y, {text.data() + first, at(end - first)}, cell_w);
-    if (key_focus == slot && cursor_phase < phases_lit) {
-        const int cursor_x = x - 1 + field_columns(slot, first, gui::cursor[s]) * cell_w;
-        vline(screen_buffer, cursor_x, y - 1, gui::y[s] + gui::h[s] - 2, text_colors[colors.text][0]);
-    }
+    const int end = step_by_columns(slot, cells.first, gui::field_visible[at(slot)]);
+    UA_text_as_is(screen_buffer, cells.x(), cells.y(), {text.data() + cells.first, at(end - cells.first)},
+                  FieldCells::cell_w);
+    if (key_focus != slot) return;
+    const Color letters = text_colors[colors.text][0];
+    const FieldPart selected = selected_part(slot);
+    const FieldPart seen{std::clamp(selected.start, cells.first, end), std::clamp(selected.end, cells.first, end)};
+    if (!seen.is_empty()) reverse_part(cells, seen, colors.fill, letters);
+    if (cursor_phase < phases_lit)
+        vline(screen_buffer, cells.before(gui::cursor[at(slot)]), cells.y() - 1,
+              gui::y[at(slot)] + gui::h[at(slot)] - 2, static_cast<int>(letters));
 }
 
 void draw_list(int slot) { draw_list_in(slot, {color_of(slot), ui_border, ui_shadow, TEXT_LIGHT, TEXT_SELECTED}); }
 
 void draw_text_field(int slot) {
-    const bool refused = gui::invalid[at(slot)] != 0;
-    draw_field_in(slot, {refused ? ui_highlight_fore : color_of(slot), ui_border, TEXT_LIGHT});
+    const bool refused = gui::invalid[at(slot)] != 0, blinks = gui::field_blink[at(slot)] > 0;
+    draw_field_in(slot, {refused != blinks ? ui_highlight_fore : color_of(slot), ui_border, TEXT_LIGHT});
 }
 
 }  // namespace nubo

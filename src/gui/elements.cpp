@@ -57,6 +57,9 @@ void clear_field(std::size_t slot) {
     for (auto& letter : gui::text[slot]) letter = '\0';
     gui::cursor[slot] = gui::field_visible[slot] = gui::field_max[slot] = gui::field_scroll[slot] = 0;
     gui::field_font[slot] = FONT_NARROW;
+    gui::field_selects[slot] = SELECTS_ALL;
+    gui::field_anchor[slot] = -1;
+    gui::field_blink[slot] = 0;
 }
 
 void place(int slot, ElementType type, int x, int y, int w, int h) {
@@ -233,6 +236,8 @@ void GUI_set_field(int slot, const FieldLayout& layout, const char* text) {
     const std::size_t length = size_of_characters(text, layout.max);
     for (std::size_t i = 0; i < field_size; ++i) gui::text[s][i] = i < length ? text[i] : '\0';
     gui::cursor[s] = gui::field_scroll[s] = 0;
+    gui::field_anchor[s] = -1;
+    gui::field_selects[s] = layout.selects;
     gui::field_visible[s] = layout.visible;
     gui::field_max[s] = layout.max;
     gui::field_font[s] = layout.font;

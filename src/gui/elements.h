@@ -78,6 +78,7 @@ void GUI_link_slider(int slot, Word* value);
 struct FieldLayout {
     int visible = 0, max = 0;  // characters that fit, and that it takes at most, within `field_size` bytes
     Font font = FONT_WIDE;
+    FieldSelects selects = SELECTS_ALL;
 };
 /// Makes the element a text field (`ELEMENT_TEXT_FIELD`, left action ACTION_FOCUS) that holds a copy of `text`.
 void GUI_set_field(int slot, const FieldLayout& layout, const char* text);

@@ -2,6 +2,7 @@
 
 #include "base/jobs.h"
 #include "gui/elements.h"
+#include "gui/field_selection.h"
 #include "gui/text_field.h"
 #include "platform/clipboard.h"
 #include "state/flow.h"
@@ -21,17 +22,27 @@ std::weak_ptr<const std::string> copied;
 
 bool stands(int slot) { return is_text_field(slot) && gui::active[at(slot)] != 0; }
 
-void copy_field(int slot) {
+/// Nothing to copy would only take away what is there. True when the clipboard has it.
+bool copy_part(int slot, FieldPart part) {
     std::array<char, field_size> bytes{};
     GUI_read_field(slot, bytes);
-    const auto text = std::make_shared<const std::string>(bytes.data());
-    if (text->empty()) return;  // which would only take away what is there
+    if (part.is_empty()) return false;
+    const auto text = std::make_shared<const std::string>(bytes.data() + part.start, bytes.data() + part.end);
     const bool offered =
         offer_to_clipboard({{text_kinds.begin(), text_kinds.end()}, [text](const std::string&, Bytes& encoded) {
                                 encoded.assign(text->begin(), text->end());
                                 return true;
                             }});
     if (offered) copied = text;
+    return offered;
+}
+
+void copy_or_cut(int slot, bool cuts) {
+    FieldPart part = selected_part(slot);
+    if (part.is_empty()) part = {0, field_length(slot)};
+    if (!copy_part(slot, part) || !cuts) return;
+    if (selected_part(slot).is_empty()) select_all(slot);
+    delete_selected(slot);
 }
 
 void paste_into_field(int slot) {
@@ -49,10 +60,10 @@ void serve_job(int job_slot) {
     const int slot = job::arg[at(job_slot)][0], what = job::arg[at(job_slot)][1];
     UA_clear_job(job_slot);
     if (!stands(slot)) return;
-    if (what == FIELD_COPIES)
-        copy_field(slot);
-    else
+    if (what == FIELD_PASTES)
         paste_into_field(slot);
+    else
+        copy_or_cut(slot, what == FIELD_CUTS);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "base/utf8.h"
 #include "gui/elements.h"
 #include "gui/field_clipboard.h"
+#include "gui/field_selection.h"
 #include "gui/text_field.h"
 #include "gui/typed_text.h"
 #include "state/view.h"
@@ -36,7 +37,16 @@ void move_right(int slot) {
         gui::field_scroll[s] = field_step_on(slot, gui::field_scroll[s]);
 }
 
-void move_home(std::size_t s) { gui::cursor[s] = gui::field_scroll[s] = 0; }
+void move_home(int slot) { gui::cursor[at(slot)] = gui::field_scroll[at(slot)] = 0; }
+
+/// With SHIFT what the cursor passes is selected.
+void move_cursor(int slot, void (*move)(int slot)) {
+    if (shift_is_down())
+        begin_selection(slot);
+    else
+        unselect(slot);
+    move(slot);
+}
 
 /// The next field above this one, or else the first one below.
 void focus_next(int slot) {
@@ -50,40 +60,56 @@ void focus_next(int slot) {
 
 // ---- Keys ----------------------------------------------------------------------------------------------------------
 
-/// False where it doesn't fit.
+/// In the place of what is selected. False, after a blink of the field, where it doesn't fit: then nothing has changed.
 bool insert_at_cursor(int slot, std::string_view character) {
-    if (GUI_insert_field(slot, character, gui::cursor[at(slot)]) == 0) return false;
+    constexpr int blink_ticks = 24;
+    const FieldPart selected = selected_part(slot);
+    const int rest = field_length(slot) - (selected.end - selected.start);
+    const bool fits = rest + static_cast<int>(character.size()) < field_size;
+    if (fits) delete_selected(slot);
+    if (!fits || GUI_insert_field(slot, character, gui::cursor[at(slot)]) == 0) {
+        gui::field_blink[at(slot)] = blink_ticks;
+        return false;
+    }
     move_right(slot);
     return true;
 }
 
-/// With CTRL a key types nothing: C and V are the clipboard's.
-void type_character(int slot, int code) {
+/// With CTRL a key types nothing.
+void press_with_ctrl(int slot, int code) {
     constexpr int rests_until_up = -1'000'000'000;  // ticks
-    if ((modifiers_down() & key_ctrl) == 0) {
-        insert_at_cursor(slot, typed_by(code));
-        return;
-    }
-    key_repeat[at(code)] = rests_until_up;  // or it would type itself when CTRL goes up first
+    key_repeat[at(code)] = rests_until_up;          // or it would type itself when CTRL goes up first
+    if (code == KEY_A) select_all(slot);
     if (code == KEY_C) ask_field_clipboard(slot, FIELD_COPIES);
     if (code == KEY_V) ask_field_clipboard(slot, FIELD_PASTES);
+    if (code == KEY_X) ask_field_clipboard(slot, FIELD_CUTS);
+}
+
+void type_character(int slot, int code) {
+    if ((modifiers_down() & key_ctrl) != 0) return press_with_ctrl(slot, code);
+    if (const std::string character = typed_by(code); !character.empty()) insert_at_cursor(slot, character);
 }
 
 void delete_back(int slot) {
+    if (delete_selected(slot)) return show_left_of_cursor(slot);
     const int end = gui::cursor[at(slot)], start = field_step_back(slot, end);
     GUI_delete_field(slot, end);
     move_back_to(slot, start);
     show_left_of_cursor(slot);
 }
 
+void delete_on(int slot) {
+    if (!delete_selected(slot)) GUI_delete_field(slot, gui::cursor[at(slot)], Forward{});
+}
+
 void press_key(int slot, int code) {
     switch (code) {
     case KEY_BACKSPACE: delete_back(slot); return;
-    case KEY_DEL: GUI_delete_field(slot, gui::cursor[at(slot)], Forward{}); return;
-    case KEY_LEFT: move_left(slot); return;
-    case KEY_RIGHT: move_right(slot); return;
-    case KEY_HOME: move_home(at(slot)); return;
-    case KEY_END: scroll_field_to_end(slot); return;
+    case KEY_DEL: delete_on(slot); return;
+    case KEY_LEFT: move_cursor(slot, move_left); return;
+    case KEY_RIGHT: move_cursor(slot, move_right); return;
+    case KEY_HOME: move_cursor(slot, move_home); return;
+    case KEY_END: move_cursor(slot, scroll_field_to_end); return;
     case KEY_TAB: focus_next(slot); return;
     case KEY_ENTER:
     case KEY_ENTER_PAD: gui::click[at(slot)] = 1; return;

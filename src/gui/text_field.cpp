@@ -1,20 +1,12 @@
 #include "gui/text_field.h"
 
-#include "base/log.h"
 #include "base/utf8.h"
 #include "framework/traps.h"
 #include "gui/elements.h"
-#include "state/view.h"
 #include <algorithm>
 
 namespace nubo {
 namespace {
-
-/// Moves the bytes from `end` on down to `start`.
-void close_gap(int slot, int start, int end) {
-    auto& text = gui::text[at(slot)];
-    for (int i = start; i < field_size; ++i, ++end) text[at(i)] = end < field_size ? char{text[at(end)]} : '\0';
-}
 
 /// Moves the bytes from `start` on up to `end`.
 void open_gap(int slot, int start, int end) {
@@ -37,14 +29,6 @@ private:
     std::size_t length_;
     std::array<char, field_size> bytes_{};
 };
-
-/// The position under the mouse, no further than what shows.
-int cursor_under_mouse(int slot, int advance) {
-    constexpr int text_left = 5;
-    const int distance = mouse_x - text_left - gui::x[at(slot)];
-    const int column = std::min(distance / advance + (distance > 0 ? 1 : 0), int{gui::field_visible[at(slot)]});
-    return step_by_columns(slot, gui::field_scroll[at(slot)], column);
-}
 
 }  // namespace
 
@@ -90,24 +74,6 @@ void scroll_field_to_end(int slot) {
     for (int i = 0; i < gui::field_visible[s]; ++i) gui::field_scroll[s] = field_step_back(slot, gui::field_scroll[s]);
 }
 
-void GUI_set_key_focus(int slot, bool to_end) {
-    if (!GUI_check_window(slot, "GUI_set_key_focus")) return;
-    const std::size_t s = at(slot);
-    key_focus = slot;
-    const int font = std::clamp<int>(gui::field_font[s], 0, font_slot_count - 1);
-    const int width = std::min(font_slots[at(font)].cell_w, font_slots[at(font)].advance['A']);
-    if (width < 1) {
-        UA_log("[ ERROR ] : Width of text field font is less than one!");
-        UA_log("[ STATS ] : Font slot = %d", font);
-        UA_log("[ STATS ] : Width     = %d", width);
-        return;
-    }
-    if (to_end)
-        scroll_field_to_end(slot);
-    else
-        gui::cursor[s] = cursor_under_mouse(slot, font_slots[at(font)].advance['A']);
-}
-
 int GUI_insert_field(int slot, std::string_view character, int position) {
     if (!GUI_check_window(slot, "GUI_insert_field")) return 0;
     const int length = field_length(slot), size = static_cast<int>(character.size());
@@ -118,15 +84,20 @@ int GUI_insert_field(int slot, std::string_view character, int position) {
     return 1;
 }
 
+void delete_bytes(int slot, int start, int end) {
+    auto& text = gui::text[at(slot)];
+    for (int i = start; i < field_size; ++i, ++end) text[at(i)] = end < field_size ? char{text[at(end)]} : '\0';
+}
+
 void GUI_delete_field(int slot, int position) {
     if (!GUI_check_window(slot, "GUI_delete_field")) return;
     if (position < 1 || position > field_length(slot) || gui::cursor[at(slot)] <= 0) return;
-    close_gap(slot, field_step_back(slot, position), position);
+    delete_bytes(slot, field_step_back(slot, position), position);
 }
 
 void GUI_delete_field(int slot, int position, Forward) {
     if (!GUI_check_window(slot, "GUI_delete_field")) return;
-    if (position >= 0 && position < field_length(slot)) close_gap(slot, position, field_step_on(slot, position));
+    if (position >= 0 && position < field_length(slot)) delete_bytes(slot, position, field_step_on(slot, position));
 }
 
 }  // namespace nubo

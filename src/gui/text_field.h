@@ -6,7 +6,9 @@
 
 namespace nubo {
 
-/// Gives the field the keyboard. The cursor goes to the character under the mouse, or with `to_end` behind the last.
+/// Gives the field the keyboard, with its text selected as `field_selects` says and the cursor behind the last
+/// character. Without `to_end`, for a press, the cursor goes to the character under the mouse where nothing is to be
+/// selected: in prose, and in the field that has the keyboard already.
 void GUI_set_key_focus(int slot, bool to_end);
 
 /// The cursor behind the last character, with as much of the text before it as the field shows.
@@ -23,7 +25,11 @@ void GUI_delete_field(int slot, int position);
 struct Forward {};
 void GUI_delete_field(int slot, int position, Forward);
 
-/// Inserts a text at the cursor, as if typed: its first line, as much of it as the field takes.
+/// Deletes the bytes from `start` to before `end`, both inside the text.
+void delete_bytes(int slot, int start, int end);
+
+/// Inserts a text at the cursor, as if typed: its first line, as much of it as the field takes, in the place of what is
+/// selected.
 void type_text(int slot, std::string_view text);
 
 /// Bytes in the field. Its numbers, as `cursor` and `field_scroll`, count bytes; a character may have several.

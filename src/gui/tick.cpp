@@ -124,6 +124,7 @@ void serve_slots(MouseState buttons, int wheel) {
     for (int slot = gui_slots - 1; slot >= first_live_slot; --slot) {
         if (gui::active[at(slot)] == 0 || gui::hidden[at(slot)] != 0) continue;
         if (slot == focus) run_text_input(slot);
+        if (gui::field_blink[at(slot)] > 0) gui::field_blink[at(slot)] -= 1;
         serve_slot(slot, buttons, wheel);
     }
 }

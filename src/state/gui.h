@@ -92,6 +92,10 @@ enum Action : int {
 };
 inline constexpr int click_right = -2;
 
+/// What a text field selects when it gets the keyboard: all, the name of a file without its ending, or, of prose that
+/// goes on, nothing.
+enum FieldSelects : int { SELECTS_ALL, SELECTS_STEM, SELECTS_NOTHING };
+
 // ---- The table -----------------------------------------------------------------------------------------------------
 
 inline constexpr int gui_slots = 128;
@@ -159,6 +163,9 @@ inline constinit std::array<Word, gui_slots> field_visible{};  // characters tha
 inline constinit std::array<Word, gui_slots> field_max{};      // most characters that it takes
 inline constinit std::array<Word, gui_slots> field_scroll{};   // first character shown
 inline constinit auto field_font = filled<Word, gui_slots>(4);
+inline constinit std::array<Word, gui_slots> field_selects{};      // a FieldSelects
+inline constinit auto field_anchor = filled<Word, gui_slots>(-1);  // other end of what is selected, -1: none is
+inline constinit std::array<Word, gui_slots> field_blink{};        // ticks left, after a character without room
 }  // namespace gui
 
 // ---- Input, shared by the whole table ------------------------------------------------------------------------------

@@ -162,7 +162,6 @@ struct Edit {
     Color start_color;
     std::array<int, slider_count> start_sliders{};
     std::string digits{};  // as last seen in the field
-    bool types = false;    // the field had the keyboard then
 };
 
 Colorspace space_shown() { return static_cast<Colorspace>(colorspace); }
@@ -195,8 +194,6 @@ void follow_sliders(Edit& edit) {
 /// The colour that the user has typed, to the bit, or else the edited one in the field.
 void follow_digits(Edit& edit) {
     const bool types = key_focus == COLOR_HEX;
-    if (types && !edit.types) gui::cursor[COLOR_HEX] = 0;  // where six digits take the place of all
-    edit.types = types;
     const std::string digits = read_hex_field(COLOR_HEX);
     const auto typed = digits == edit.digits ? std::nullopt : color_of_digits(digits);
     edit.digits = digits;

@@ -72,6 +72,14 @@ std::string field_text(int slot) {
     return text.data();
 }
 
+/// A font in a form that TEXT takes, beside those of the table of formats.
+bool is_other_font(const std::string& name) {
+    std::string ending = fs::path(name).extension();
+    std::transform(ending.begin(), ending.end(), ending.begin(),
+                   [](unsigned char letter) { return std::tolower(letter); });
+    return ending == ".otf" || ending == ".bdf";
+}
+
 /// Where the browser opens, the next where one can't be entered: at home, where it was, or, the first time, in the
 /// user's pictures; for a font where that one lies.
 std::array<std::string, 4> first_folders(BrowserMode mode) {
@@ -178,7 +186,13 @@ private:
         GUI_set_field(BROWSER_PATH, field_layout, image_dir.data());
     }
 
-    static void show_name(const std::string& name) { GUI_set_field(BROWSER_FILE, field_layout, name.c_str()); }
+    /// What stands in the field that has the keyboard is selected: the next name is typed in its place.
+    void show_name(const std::string& name) const {
+        FieldLayout layout = field_layout;
+        if (mode_ == BROWSE_TO_SAVE) layout.selects = SELECTS_STEM;
+        GUI_set_field(BROWSER_FILE, layout, name.c_str());
+        if (key_focus == BROWSER_FILE) GUI_set_key_focus(BROWSER_FILE, true);
+    }
 
     // Moving about.
 
@@ -220,7 +234,8 @@ private:
         const std::string name = field_text(BROWSER_FILE);
         if (name.empty()) return;
         const FileType type = file_type_from_extension(name, mode_);
-        if (type == FILE_UNKNOWN && !asked)
+        const bool is_known = type != FILE_UNKNOWN || (mode_ == BROWSE_FOR_FONT && is_other_font(name));
+        if (!is_known && !asked)
             set_preview_message(PREVIEW_UNAVAILABLE);
         else if (mode_ == BROWSE_FOR_FONT)
             preview_font_file(absolute_path(name));

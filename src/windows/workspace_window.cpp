@@ -56,7 +56,7 @@ constexpr WindowRow window{.id = WINDOW_WORKSPACE,
                            .outside = OUTSIDE_HIDES,
                            .focus = WORKSPACE_TITLE,
                            .pans = true};
-constexpr FieldLayout field{.visible = 24, .max = 120, .font = FONT_WIDE};
+constexpr FieldLayout field{.visible = 24, .max = 120, .font = FONT_WIDE, .selects = SELECTS_NOTHING};
 
 void read_fields() {
     constexpr std::size_t stored = 120 + 1;  // with the terminator

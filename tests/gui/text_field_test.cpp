@@ -116,6 +116,79 @@ TEST_F(FieldTest, EditingKeysMoveAndDelete) {
     }
 }
 
+// Each begins as the field gets the keyboard, with all of its text selected.
+TEST_F(FieldTest, WhatIsSelectedGivesWayToWhatIsTyped) {
+    constexpr int shift = 1000, ctrl = 2000;  // added to a key's code: it is struck with that one down
+    const auto strike_each = [](const std::vector<int>& codes) {
+        for (const int code : codes) {
+            const int held = code >= ctrl ? KEY_LCONTROL : KEY_LSHIFT;
+            ::key[held] = code >= shift ? 1 : 0;
+            tick();
+            strike({code % shift});
+            ::key[held] = 0;
+            tick();
+        }
+    };
+    struct Case {
+        std::vector<int> keys;
+        const char* text;
+    };
+    for (const Case& one : {Case{{KEY_X}, "x"},
+                            {{KEY_BACKSPACE}, ""},
+                            {{KEY_DEL, KEY_Y}, "y"},
+                            {{KEY_F5, KEY_LEFT, KEY_X}, "abcdexf"},
+                            {{KEY_RIGHT, KEY_X}, "abcdefx"},
+                            {{KEY_HOME, KEY_X}, "xabcdef"},
+                            {{KEY_END, KEY_X}, "abcdefx"},
+                            {{KEY_HOME, shift + KEY_RIGHT, shift + KEY_RIGHT, KEY_X}, "xcdef"},
+                            {{KEY_END, shift + KEY_LEFT, shift + KEY_LEFT, KEY_DEL}, "abcd"},
+                            {{KEY_HOME, shift + KEY_RIGHT, shift + KEY_LEFT, KEY_X}, "xabcdef"},
+                            {{KEY_HOME, KEY_RIGHT, shift + KEY_END, KEY_X}, "ax"},
+                            {{KEY_LEFT, shift + KEY_HOME, KEY_BACKSPACE}, "f"},
+                            {{shift + KEY_LEFT, KEY_X}, "xf"},
+                            {{KEY_HOME, ctrl + KEY_A, KEY_X}, "x"}}) {
+        set_text("abcdef");
+        GUI_set_key_focus(field, true);
+        strike_each(one.keys);
+        EXPECT_EQ(text(), one.text) << one.text;
+    }
+}
+
+TEST_F(FieldTest, AFirstPressSelectsAndTheNextOnePlacesTheCursor) {
+    set_text("abcdef");
+    key_focus = next_field;
+    click_at(112, 62);
+    strike({KEY_X});
+    EXPECT_EQ(text(), "x");
+    set_text("abcd");
+    key_focus = next_field;
+    for (int i = 0; i < 2; ++i) click_at(112, 62);  // behind the second character
+    strike({KEY_X});
+    EXPECT_EQ(text(), "abxcd");
+}
+
+TEST_F(FieldTest, SelectedTextIsDrawnReversedAndAFullFieldBlinks) {
+    constexpr Color ink = 0x123456, paper = 0x000042;
+    text_colors[TEXT_LIGHT].fill(ink);
+    ui_highlight_fore = 0x990000;
+    gui::color[field] = static_cast<int>(paper);
+    cursor_phase = 6;  // unseen
+    set_text("abcdefgh");
+    const auto pixel_of_character = [](int column) {  // above its letter
+        draw_on(0);
+        return screen_pixel(100 + 3 + 6 * column + 2, 60 + 1);
+    };
+    GUI_set_key_focus(field, true);
+    EXPECT_EQ(pixel_of_character(0), ink);
+    EXPECT_EQ(pixel_of_character(4), ink);
+    strike({KEY_END});
+    EXPECT_EQ(pixel_of_character(4), paper);
+    strike({KEY_X});
+    EXPECT_EQ(pixel_of_character(4), ui_highlight_fore);
+    tick(40);
+    EXPECT_EQ(pixel_of_character(4), paper);
+}
+
 TEST_F(FieldTest, WhatIsDeletedToStaysInView) {
     set_text("abcdefgh");
     strike({KEY_END, KEY_BACKSPACE, KEY_BACKSPACE});
@@ -168,10 +241,19 @@ TEST_F(FieldTest, CtrlWithCAndVCopiesAndPastes) {
         tick();
         UA_run_jobs();
     };
-    set_text("abc");
-    strike_with_ctrl(KEY_C);
-    EXPECT_EQ(copied, "UTF8_STRING:abc");
+    set_text("abcdef");
+    gui::cursor[field] = 4;
+    ::key[KEY_LSHIFT] = 1;
+    tick();
     strike({KEY_END});
+    ::key[KEY_LSHIFT] = 0;
+    tick();
+    strike_with_ctrl(KEY_X);
+    EXPECT_EQ(copied, "UTF8_STRING:ef");
+    EXPECT_EQ(text(), "abcd");
+    strike({KEY_BACKSPACE});
+    strike_with_ctrl(KEY_C);
+    EXPECT_EQ(copied, "UTF8_STRING:abc") << "all where nothing is selected";
     struct Case {
         const char *there, *text;
     };
@@ -187,7 +269,8 @@ TEST_F(FieldTest, CtrlWithCAndVCopiesAndPastes) {
     }
     EXPECT_EQ(gui::cursor[field], 9);
     strike_with_ctrl(KEY_A);
-    EXPECT_EQ(text(), "abc12xy\xc3\xa4");
+    strike_with_ctrl(KEY_V);
+    EXPECT_EQ(text(), "xyz") << "in the place of all";
 }
 
 TEST_F(FieldTest, ALongFieldEndsWithItsBytesAndWithWholeCharacters) {

@@ -215,6 +215,20 @@ TEST_F(FileBrowserTest, AFileIsOverwrittenOnlyWhenTheUserSaysSo) {
     EXPECT_EQ(*pixels_at(saved.bitmap.get(), 5, 5), 0x123456u);
 }
 
+TEST_F(FileBrowserTest, ANameTypedInSaveTakesThePlaceOfTheStemThatIsOffered) {
+    std::strncpy(image_file.data(), "hero1.png", file_name_size - 1);
+    for (int i = 0; i < 2; ++i)
+        play_on(save_frame_command, [](User& user) -> Script {
+            co_await user.wait(3);
+            co_await user.tap_key(KEY_X);
+            co_await user.tap_key(KEY_Y);
+            co_await user.tap_key(KEY_ENTER);
+            if (slot_of(LABEL_OVERWRITE) != -1) co_await click(user, slot_of(LABEL_OVERWRITE) - 2);
+        });
+    EXPECT_STREQ(image_file.data(), "xy.png");
+    EXPECT_EQ(std::distance(fs::directory_iterator("."), {}), 1) << "one picture, saved twice";
+}
+
 // The drawing menu is hidden meanwhile, and what a lost display would save is the Frame.
 TEST_F(FileBrowserTest, TheQualityIsSeenAndTheFrameComesBack) {
     new_frame(64, 64);

@@ -75,6 +75,16 @@ TEST_F(ResizeWindowTest, TypedSizesAndTheAnchorMakeTheNewFrame) {
     });
 }
 
+TEST_F(ResizeWindowTest, SizesTypedAtOnceTakeThePlaceOfThoseOffered) {
+    play([](User& user) -> Script {
+        co_await click(user, DRAWING_FRAME);
+        co_await click(user, slot_of(LABEL_RESIZE));
+        for (const int code : {KEY_1, KEY_6, KEY_TAB, KEY_1, KEY_2, KEY_ENTER}) co_await tap(user, code);
+        EXPECT_EQ(frame_w, 16);
+        EXPECT_EQ(frame_h, 12);
+    });
+}
+
 TEST_F(ResizeWindowTest, QuickCropCutsBetweenTwoClicks) {
     play([](User& user) -> Script {
         for (const bool leaves : {true, false}) {
