@@ -31,6 +31,7 @@
 #include "windows/opened_files.h"
 #include "windows/placement.h"
 #include "windows/scheme.h"
+#include "windows/text_window.h"
 #include "workspace/folders.h"
 #include "workspace/frame_memory.h"
 #include "workspace/notices.h"
@@ -234,6 +235,7 @@ std::optional<int> start_program(const std::vector<std::string>& files) {
     if (preferred_font == nullptr) return refuse("System font file is missing. Please reinstall the application.");
     save_on_display_loss([] {
         end_placement();
+        keep_open_text();
         shutdown_program();
     });
     warn_if_nothing_can_be_saved();

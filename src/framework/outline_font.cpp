@@ -377,6 +377,8 @@ int font_set_height(OutlineFont* font, int height) {
     return font->fixed_size_count < 0 ? set_outline_height(*font, height) : set_bitmap_height(*font, height);
 }
 
+bool font_has_one_size(const OutlineFont* font) { return font != nullptr && font->fixed_size_count == 1; }
+
 void font_set_spacing(OutlineFont* font, int pixels) { font->char_spacing = std::clamp(pixels, 0, spacing_max); }
 
 void font_set_language(OutlineFont* font, const char* name) { font->language = name; }

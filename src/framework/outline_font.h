@@ -37,6 +37,9 @@ struct OutlineFontDestroyer {
 /// of bitmaps exactly that one. 0; or -1, with the old size kept, if there is none. Another size empties the cache.
 int font_set_height(OutlineFont* font, int height);
 
+/// True for a font of bitmaps in a single size, which it has had since it was loaded.
+bool font_has_one_size(const OutlineFont* font);
+
 /// Pixels after each glyph that moves the pen, held to 0 to 4,096.
 void font_set_spacing(OutlineFont* font, int pixels);
 

@@ -20,7 +20,7 @@ const std::uint8_t* coverage_at(const BITMAP* bitmap, int y) { return bitmap->li
 // ---- The line ------------------------------------------------------------------------------------------------------
 
 void set_size(int size) {
-    if (font_set_height(preferred_font, size) == 0) return;
+    if (font_has_one_size(preferred_font) || font_set_height(preferred_font, size) == 0) return;
     UA_log("[ ERROR ] : Font error detected. Dunno what, 'cuz the lib won't fucking tell me.");
     UA_log("[ STATS ] : Size = %d", size);
 }

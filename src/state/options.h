@@ -128,10 +128,11 @@ inline constinit std::array<char, path_size> default_image_dir{};  // HOME direc
 inline constinit std::array<char, path_size> default_font_dir{};
 inline constinit std::array<char, path_size> font_dir{};  // of the preferred font
 inline constinit std::array<char, file_name_size> font_name{};
-inline constinit std::array<char, text_size> text_tool_text{" "};  // last byte always zero
-inline constinit int text_tool_size = 0;                           // 0 is read as 28
-inline constinit Shared<int> jpeg_quality = 90;                    // 0 to 100
-inline constinit int state_flag = 1, state_format = 13;            // of the workspace's state file
-inline constinit int workspace_damaged = 0;                        // repairs were made; told once
+inline constinit std::array<char, text_size> text_tool_text{};  // last byte always zero
+inline constinit int text_tool_size = 0;                        // 0 is read as 28
+inline constinit Shared<int> text_tool_gap = 0;                 // pixels behind each letter of TEXT
+inline constinit Shared<int> jpeg_quality = 90;                 // 0 to 100
+inline constinit int state_flag = 1, state_format = 13;         // of the workspace's state file
+inline constinit int workspace_damaged = 0;                     // repairs were made; told once
 
 }  // namespace nubo

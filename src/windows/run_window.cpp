@@ -148,7 +148,8 @@ WindowPass loop(const WindowRow& window, const WindowCalls& calls) {
         pass = ends ? WINDOW_CANCELLED : serve_pass(window, calls);
     }
     hotkeys_busy = 0;
-    if (pass == WINDOW_DONE) write_sliders();  // what the hand did since the last picture
+    if (exit_requested != 0 && calls.show) calls.show();  // for what was typed into the last picture
+    if (pass == WINDOW_DONE) write_sliders();             // what the hand did since the last picture
     return pass;
 }
 

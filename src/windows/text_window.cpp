@@ -1,10 +1,12 @@
 #include "windows/text_window.h"
 
+#include "framework/outline_font.h"
 #include "gui/presses.h"
 #include "gui/waiting.h"
 #include "paint/tool_text.h"
 #include "state/flow.h"
 #include "state/outline_fonts.h"
+#include "state/run.h"
 #include "windows/file_browser.h"
 #include "windows/quick_pan.h"
 #include "windows/run_window.h"
@@ -39,9 +41,19 @@ constexpr ElementRow button_row(TextSlot slot, int x, Label label) {
     return {.slot = slot, .type = ELEMENT_BUTTON_LIT, .x = x, .y = 32, .w = 59, .label = label, .left = ACTION_CLICK};
 }
 
+constexpr ElementRow size_row{.slot = TEXT_SIZE, .type = ELEMENT_BOX, .x = 38, .y = 12, .w = 150, .range = size_range};
+/// Dark, as a title is.
+constexpr ElementRow one_size_row{.slot = TEXT_SIZE,
+                                  .type = ELEMENT_TITLE,
+                                  .x = 38,
+                                  .y = 12,
+                                  .w = 150,
+                                  .label = LABEL_FONT_HAS_ONE_SIZE,
+                                  .fill = &ui_shadow};
+
 constexpr std::array<ElementRow, TEXT_SLOTS - slot_content> rows{{
     caption_row(TEXT_SIZE_LABEL, 2, 12, LABEL_SIZE),
-    {.slot = TEXT_SIZE, .type = ELEMENT_BOX, .x = 38, .y = 12, .w = 150, .range = size_range},
+    size_row,
     caption_row(TEXT_GAP_LABEL, 189, 12, LABEL_GAP),
     {.slot = TEXT_GAP, .type = ELEMENT_BOX, .x = 225, .y = 12, .w = 92, .range = gap_range},
     caption_row(TEXT_INPUT_LABEL, 2, 22, LABEL_INPUT),
@@ -66,11 +78,11 @@ constexpr WindowRow window{.id = WINDOW_TEXT,
                            .focus = TEXT_INPUT,
                            .prompt = MESSAGE_CEL_REPOSITION,
                            .pans = true};
-constexpr FieldLayout input_layout{.visible = 45, .max = 120, .font = FONT_WIDE};
+constexpr FieldLayout input_layout{.visible = 45, .max = 120, .font = FONT_WIDE, .selects = SELECTS_NOTHING};
 
 // ---- The tool ------------------------------------------------------------------------------------------------------
 
-constinit Word size = 0, gap = 0;  // where the sliders stand; the gap stays for the next text
+constinit Word size = 0;  // where the slider stands
 
 class TextTool;
 constinit TextTool* running = nullptr;
@@ -93,8 +105,16 @@ public:
         WindowRow row = window;
         if (at_top) row.y = upper_y;
         follow();
-        const WindowPass end = run_window(row, {.built = fill, .serve = [&] { return serve(); }});
-        if (end == WINDOW_DONE) commit();
+        const WindowPass end = run_window(row, {.built = fill, .show = look, .serve = [&] { return serve(); }});
+        if (end == WINDOW_DONE)
+            commit();
+        else if (exit_requested != 0)
+            keep();
+    }
+
+    static void keep() {
+        text_tool_text = text_in_hand;
+        text_tool_size = size;
     }
 
     void draw_preview() {
@@ -105,13 +125,27 @@ public:
 private:
     static void fill() {
         GUI_link_slider(TEXT_SIZE, &size);
-        GUI_link_slider(TEXT_GAP, &gap);
+        GUI_link_slider(TEXT_GAP, &text_tool_gap);
         GUI_set_field(TEXT_INPUT, input_layout, text_in_hand.data());
+        settle_size();
+    }
+
+    /// Of a font that has one size only, SIZE says so in the place of its slider.
+    static void settle_size() {
+        const bool slides = !font_has_one_size(preferred_font);
+        if (slides == (gui::has_slider[TEXT_SIZE] != 0)) return;
+        build_element(slides ? size_row : one_size_row, window_x(), window_y());
+        if (slides) GUI_link_slider(TEXT_SIZE, &size);
+    }
+
+    static void look() {
+        GUI_read_field(TEXT_INPUT, text_in_hand);
+        settle_size();
     }
 
     WindowPass serve() {
         const bool entered = take_click(TEXT_INPUT) > 0, okay = take_click(TEXT_OKAY) > 0;
-        GUI_read_field(TEXT_INPUT, text_in_hand);  // behind the clicks: what was typed before them belongs to the text
+        look();  // behind the clicks: what was typed before them belongs to the text
         follow();
         if (entered || okay || right_press_outside()) return WINDOW_DONE;
         if (take_click(TEXT_FONT) > 0) choose_font();
@@ -120,7 +154,7 @@ private:
     }
 
     void follow() {
-        const TextLook look{text_in_hand.data(), size, gap, tool_option(TOOL_TEXT, OPTION_ANTIALIAS)};
+        const TextLook look{text_in_hand.data(), size, text_tool_gap, tool_option(TOOL_TEXT, OPTION_ANTIALIAS)};
         if (!line_.follow(look)) flash_text("THIS TEXT IS TOO LARGE TO BE DRAWN");
     }
 
@@ -155,8 +189,7 @@ private:
     void commit() {
         preview_.reset();
         line_.commit();
-        text_tool_text = text_in_hand;
-        text_tool_size = size;
+        keep();
     }
 
     TextInHand line_;
@@ -174,6 +207,10 @@ void draw_text_preview() {
 void register_text_window() {
     set_tool_runner(TOOL_TEXT, text_tool);
     set_preview_drawer(TOOL_TEXT, draw_text_preview);
+}
+
+void keep_open_text() {
+    if (running != nullptr) TextTool::keep();
 }
 
 void text_tool(BrushTool) {

@@ -54,9 +54,10 @@ bool clear_workspace() {
     bool saved = save_frame_to_slot(workspace_folder(), 0);
     saved = save_workspace_state(state_file, false) && saved;
     if (!saved) flash_message(MESSAGE_SAVE_FAILED);
-    // Behind the writing: on disk the old names stay until the next one.
+    // Behind the writing: on disk the old words stay until the next one.
     set_text(workspace_title, "UNNAMED WORKSPACE");
     set_text(workspace_notes, "...");
+    set_text(text_tool_text, "");
     browse_in(program_folder());
     handlers_locked = 0;
     return saved;

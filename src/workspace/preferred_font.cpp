@@ -69,11 +69,11 @@ bool select_preferred_font() {
 
 void choose_preferred_font(const std::string& path) {
     if (!file_exists(path)) return flash_text("THERE IS NO SUCH FILE");
+    if (load_preferred_font(path) != 1) return;
     const fs::path file(path);
     const std::string folder = file.parent_path();
     set_text(font_dir, folder == delivered_fonts().path() ? "" : folder);  // which may move, or come by an archive
     set_text(font_name, file.filename());
-    if (load_preferred_font(path) != 1) take_system_font();
 }
 
 }  // namespace nubo

@@ -15,8 +15,8 @@ bool select_preferred_font();
 /// Where the preferred font lies: where none is named, in the program's `fonts`.
 Folder font_folder();
 
-/// The font at `path` is the user's choice, which the Workspace remembers. In the place of one that can't be read comes
-/// the program's own; where no file is, nothing changes.
+/// The font at `path` is the user's choice, which the Workspace remembers. Where no file is, or none that can be read,
+/// which is told, the font in use stays.
 void choose_preferred_font(const std::string& path);
 
 }  // namespace nubo

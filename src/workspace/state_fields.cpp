@@ -64,13 +64,23 @@ template <class Fields> void walk_shapes(Fields& fields) {
     fields.word(polygon_values.sides, {"the sides of R.POLY", 0, 32, 0});
 }
 
+/// What TEXT's window shows beyond the size's low byte, in bytes that older files leave at 0.
+template <class Fields> void walk_rest_of_text(Fields& fields) {
+    constexpr int byte_values = 256;
+    int high = text_tool_size / byte_values;
+    fields.byte(text_tool_gap, {"the gap of the text", 0, 32, 0});
+    fields.byte(high, {"the text size's high byte", 0, 1, 0});
+    text_tool_size = text_tool_size % byte_values + high * byte_values;
+}
+
 template <class Fields> void walk_colors_and_views(Fields& fields) {
     constexpr int reach = max_frame_side;  // how far a view or the Cel may lie off
     for (Color& color : color_slots) fields.color(color, "a colour slot");
     for (Color& color : favorites) fields.color(color, "a favourite");
     fields.reserved(reserved_colors);
     fields.byte(state_format, {"the state format", 0, 255, 13});
-    fields.reserved(3);
+    walk_rest_of_text(fields);
+    fields.reserved(1);
     for (FrameView& view : frame_view) fields.byte(view.zoom, {"the zoom of a frame", 0, zoom_max, zoom_min});
     fields.word(cel_angle, {"the angle of the cel", 0, 360, 0});
     fields.word(jpeg_quality, {"the JPEG quality", 0, 100, 90});

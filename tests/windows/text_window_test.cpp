@@ -3,6 +3,7 @@
 
 #include "base/log.h"
 #include "framework/outline_font.h"
+#include "gui/text_field.h"
 #include "harness/harness.h"
 #include "menus_kit.h"
 #include "paint/inks.h"
@@ -28,6 +29,11 @@ void set_text(const char* text) {
 }
 
 int sliders_slot(Label label) { return slot_of(label) + 1; }
+int font_button() {
+    int slot = 0;
+    while (gui::type[at(slot)] != ELEMENT_FILE_NAME) ++slot;
+    return slot;
+}
 int input_slot() { return sliders_slot(LABEL_INPUT); }
 
 auto undo_steps() {
@@ -142,12 +148,6 @@ TEST_F(TextWindowTest, OnlyACommitPaintsAndKeeps) {
         co_await user.tap_key(KEY_ESC);
         EXPECT_EQ(menu_id, WINDOW_DRAWING_MENU);
     });
-    leave([](User& user) -> Script {
-        co_await click_place(user, 100, 60);
-        co_await user.tap_key(KEY_H);
-        exit_requested = 1;
-        co_await user.wait(10);
-    });
     play([](User& user) -> Script {  // nothing to paint, or nothing in the Frame: no step of undo
         co_await click_place(user, 100, 60);
         co_await user.tap_key(KEY_SPACE);
@@ -158,6 +158,32 @@ TEST_F(TextWindowTest, OnlyACommitPaintsAndKeeps) {
         co_await click(user, slot_of(LABEL_OKAY));
     });
     EXPECT_EQ(undo_steps(), 0);
+}
+
+// Whatever stands above the line; what the handler typed into the last picture too.
+TEST_F(TextWindowTest, TheProgramsEndPaintsNothingAndKeepsWhatStandsInTheWindow) {
+    static int above;
+    replace_bitmap(preview_bitmap, make_bitmap(preview_w, preview_h));
+    for (above = 0; above < 3; ++above) {
+        set_text("");
+        text_tool_size = 28;
+        play([](User& user) -> Script {
+            co_await click_place(user, 100, 60);
+            gui::slider_value[at(sliders_slot(LABEL_SIZE))] = 300;
+            gui::slider_value[at(sliders_slot(LABEL_GAP))] = 9;
+            for (const int key : {KEY_H, KEY_I}) co_await user.tap_key(key);
+            if (above == 0) GUI_insert_field(input_slot(), "g", 2);
+            if (above == 1) co_await click_place(user, 120, 150);  // carries it
+            if (above == 2) co_await click(user, font_button());
+            EXPECT_EQ(menu_id, above == 2 ? WINDOW_FILE_BROWSER : WINDOW_TEXT);
+            exit_requested = 1;
+            co_await user.wait(10);
+        });
+        EXPECT_STREQ(text_tool_text.data(), above == 0 ? "hig" : "hi");
+        EXPECT_EQ(text_tool_size, 300);
+        EXPECT_EQ(undo_steps() + count_pixels(white), 0);
+        exit_requested = 0;
+    }
 }
 
 TEST_F(TextWindowTest, ARightPressPaintsWhileItIsCarriedWhicheverWayTheButtonsAre) {
@@ -323,11 +349,6 @@ TEST_F(TextWindowTest, AnotherFontKeepsTextPlaceAndSize) {
             while (gui::type[at(list)] != ELEMENT_FILE_LIST) ++list;
             return Point{gui::x[at(list)] + 20, gui::y[at(list)] + 4 + find_file(name) * file_row_h};
         };
-        const auto font_button = [] {
-            int slot = 0;
-            while (gui::type[at(slot)] != ELEMENT_FILE_NAME) ++slot;
-            return slot;
-        };
         co_await click_place(user, 100, 60);
         gui::slider_value[at(sliders_slot(LABEL_SIZE))] = 40;
         gui::slider_value[at(sliders_slot(LABEL_GAP))] = 5;
@@ -351,11 +372,43 @@ TEST_F(TextWindowTest, AnotherFontKeepsTextPlaceAndSize) {
         EXPECT_EQ(gui::type[high_slot], ELEMENT_FAILURE_BOX);
         co_await click_place(user, 5, 5);
         EXPECT_EQ(gui::active[high_slot], 0);
-        EXPECT_STREQ(font_name.data(), system_font) << "in the place of one that is none";
+        EXPECT_STREQ(font_name.data(), "other.ttf");
+        EXPECT_EQ(font_dir.data(), std::filesystem::current_path());
         co_await user.tap_key(KEY_ENTER);
     });
     EXPECT_EQ(frame_pixels(), picture_of("HHh", 100, 60));
     EXPECT_EQ(text_tool_size, 40);
+}
+
+// A font of bitmaps has the sizes that it has; the user's own comes back with the next font of outlines.
+TEST_F(TextWindowTest, AFontOfOneSizeTakesTheSliderAwayAndAnyFontIsPreviewedAtOnce) {
+    const ScratchFolder fonts;
+    UA_log_open();
+    std::filesystem::copy_file(NUBO_FOLDER "/fonts/NuboWide.bdf", "a.bdf");
+    std::filesystem::copy_file(NUBO_FOLDER "/fonts/system.ttf", "b.OTF");
+    std::strncpy(font_dir.data(), fonts.path().c_str(), path_size - 1);
+    replace_bitmap(preview_bitmap, make_bitmap(preview_w, preview_h));
+    set_text("H");
+    text_tool_size = 40;
+    play([](User& user) -> Script {
+        co_await click_place(user, 100, 60);
+        const int size = sliders_slot(LABEL_SIZE);
+        for (const char* name : {"a.bdf", "b.OTF"}) {
+            co_await click(user, font_button());
+            font_destroy(std::exchange(preview_font, nullptr));
+            int list = 0;
+            while (gui::type[at(list)] != ELEMENT_FILE_LIST) ++list;
+            co_await click_place(user, gui::x[at(list)] + 20, gui::y[at(list)] + 4 + find_file(name) * file_row_h);
+            EXPECT_NE(preview_font, nullptr) << name;
+            co_await click(user, slot_of(LABEL_OKAY));
+            co_await user.wait(4);
+            EXPECT_EQ(gui::has_slider[at(size)], name[0] == 'b' ? 1 : 0);
+            EXPECT_EQ(font_text_height(preferred_font), name[0] == 'b' ? 40 : 7);
+        }
+        EXPECT_EQ(gui::slider_value[at(size)], 40);
+        co_await click(user, slot_of(LABEL_CANCEL));
+    });
+    EXPECT_EQ(log_text().find("Font error"), std::string::npos);
 }
 
 }  // namespace

@@ -73,10 +73,12 @@ TEST_F(WorkspaceTest, ClearLeavesOneBlankFrameAndTheOptions) {
     make_workspace({1, 2, 3}, 2);
     opt_cel_masking = 0;
     std::strcpy(workspace_title.data(), "MINE");
+    std::strcpy(text_tool_text.data(), "MINE");
     clear_workspace();
     EXPECT_EQ(ids_on_disk(), Ids{0});
     EXPECT_TRUE(frame_index == 0 && frame_count == 1 && tile_id(1) == 0 && opt_cel_masking == 0);
     EXPECT_STREQ(workspace_title.data(), "UNNAMED WORKSPACE");
+    EXPECT_STREQ(text_tool_text.data(), "");
     ASSERT_TRUE(open_workspace());
     EXPECT_STREQ(workspace_title.data(), "MINE");  // it was written before the title went
 }

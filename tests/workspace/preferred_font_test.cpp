@@ -97,6 +97,7 @@ TEST_F(PreferredFontTest, TextSizeAndFontComeBackWithTheWorkspace) {
     choose_preferred_font(folder_.path() + "/mine/good.ttf");
     set_text(text_tool_text, "H\xc3\xa4tte");
     text_tool_size = 300;
+    text_tool_gap = 7;
     const std::vector<std::uint8_t> bytes = pack_state();
     for (auto* const text : {&font_dir, &program_dir}) text->fill('x');
     set_text(text_tool_text, "");
@@ -106,8 +107,9 @@ TEST_F(PreferredFontTest, TextSizeAndFontComeBackWithTheWorkspace) {
     EXPECT_TRUE(select_preferred_font());
     EXPECT_STREQ(font_name.data(), "good.ttf");
     EXPECT_STREQ(text_tool_text.data(), "H\xc3\xa4tte");
-    EXPECT_EQ(text_tool_size, 44) << "the byte of 300";
-    EXPECT_EQ(font_text_height(preferred_font), 44);
+    EXPECT_EQ(text_tool_size, 300);
+    EXPECT_EQ(text_tool_gap, 7);
+    EXPECT_EQ(font_text_height(preferred_font), 300);
     text_tool_size = 0;
     EXPECT_TRUE(select_preferred_font());
     EXPECT_EQ(font_text_height(preferred_font), 8) << "no size of none";
