@@ -1,10 +1,12 @@
 // nubo-wsp: looks into an archive of a Workspace, takes its files out and puts a folder's files in. It needs no
 // display.
 #include "base/color.h"
+#include "base/utf8.h"
 #include "codecs/bmp_file.h"
 #include "codecs/png.h"
 #include "state/frames.h"
 #include "workspace/archive_file.h"
+#include "workspace/state_fields.h"
 #include <algorithm>
 #include <allegro.h>
 #include <array>
@@ -37,10 +39,16 @@ bool open_archive(const InputFile& file, const std::string& path, ArchiveContent
     return fault == nullptr || (fail(path + " is damaged: " + fault), false);
 }
 
-/// What is wrong with a component, or null. The state has no form that could be told from another.
-const char* fault_of_part(const InputFile& file, const ArchiveContents& contents, int index, BmpHeader& header) {
-    if (index + 1 == component_count(contents.head.frame_count)) return nullptr;
-    return read_picture_head(file, contents.parts[static_cast<unsigned>(index)], header);
+/// A text of an archive without what would move the cursor of a terminal, or more.
+std::string printable(std::string_view text) {
+    std::string shown;
+    for (Utf8Character next; !text.empty(); text.remove_prefix(next.size)) {
+        next = first_character(text);
+        const bool is_control = next.code < U' ' || (next.code >= U'\x7f' && next.code < U'\xa0');
+        const bool is_loose_byte = next.size == 1 && next.code >= U'\x7f';
+        shown += is_control || is_loose_byte ? "?" : std::string(text.substr(0, next.size));
+    }
+    return shown;
 }
 
 int list(Words words) {
@@ -48,33 +56,52 @@ int list(Words words) {
     ArchiveContents contents;
     if (!open_archive(file, words[0], contents)) return EXIT_FAILED;
     const int frames = contents.head.frame_count;
-    std::printf("title   %s\nnotes   %s\nframes  %d\n", contents.head.title.c_str(), contents.head.notes.c_str(),
-                frames);
+    std::printf("title   %s\nnotes   %s\nframes  %d\n", printable(contents.head.title).c_str(),
+                printable(contents.head.notes).c_str(), frames);
     for (int i = 0; i < component_count(frames); ++i) {
+        const ArchivePart& part = contents.parts[static_cast<unsigned>(i)];
         BmpHeader header;
-        const char* const fault = fault_of_part(file, contents, i, header);
+        const bool is_state = i + 1 == component_count(frames);
+        const char* const fault = is_state ? nullptr : read_picture_head(file, part, header);
         const std::string size =
             header.width > 0 ? std::to_string(header.width) + "x" + std::to_string(header.height) : "";
-        std::printf("%-12s %10zu bytes  %s\n", component_name(STEM_CURRENT, i, frames).c_str(),
-                    contents.parts[static_cast<unsigned>(i)].size, fault != nullptr ? fault : size.c_str());
+        std::printf("%-12s %10zu bytes  %s\n", component_name(STEM_CURRENT, i, frames).c_str(), part.size,
+                    fault != nullptr ? fault : size.c_str());
     }
     return EXIT_DONE;
+}
+
+// ---- Checking ------------------------------------------------------------------------------------------------------
+
+/// False after lines that tell each value which the editor would have to repair.
+bool check_state(const InputFile& part) {
+    std::vector<std::uint8_t> bytes(std::min(part.size(), state_file_limit));
+    if (!part.read_at(0, bytes.data(), bytes.size())) return fail("current.spa can't be read"), false;
+    return unpack_state(bytes, "current.spa") || (fail("current.spa: the editor would repair it"), false);
+}
+
+/// Reads a component as the editor would. False after a message.
+bool check_part(const InputFile& part, int index, int frames) {
+    if (index + 1 == component_count(frames)) return check_state(part);
+    const char* const fault = fault_of_bmp(part);
+    if (fault == nullptr) return true;
+    fail(component_name(STEM_CURRENT, index, frames) + ": " + fault +
+         (index < frames ? "; the editor would refuse the archive" : "; the editor would make a black one"));
+    return false;
 }
 
 int check(Words words) {
     const InputFile file(words[0]);
     ArchiveContents contents;
     if (!open_archive(file, words[0], contents)) return EXIT_FAILED;
-    int faults = 0;
-    for (int i = 0; i < component_count(contents.head.frame_count); ++i) {
-        BmpHeader header;
-        const char* const fault = fault_of_part(file, contents, i, header);
-        if (fault == nullptr) continue;
-        ++faults;
-        fail(component_name(STEM_CURRENT, i, contents.head.frame_count) + ": " + fault);
+    const int frames = contents.head.frame_count;
+    bool is_whole = true;
+    for (int i = 0; i < component_count(frames); ++i) {
+        const ArchivePart& part = contents.parts[static_cast<unsigned>(i)];
+        is_whole = check_part(InputFile(file, part.at, part.size), i, frames) && is_whole;
     }
-    if (faults > 0) return EXIT_FAILED;
-    std::printf("%s is whole: %d frames\n", words[0], contents.head.frame_count);
+    if (!is_whole) return EXIT_FAILED;
+    std::printf("%s is whole: %d frames\n", words[0], frames);
     return EXIT_DONE;
 }
 
@@ -128,31 +155,48 @@ void read_names(const Folder& folder, ArchiveHead& head) {
     }
 }
 
+/// The number of Frames in the row; 0, told, if it is empty or has a gap.
+int count_frames(const Folder& folder) {
+    int count = 0;
+    while (count < frame_slots && file_exists(frame_path(folder, STEM_CURRENT, count))) ++count;
+    if (count > 0 && count == count_slot_files(folder, STEM_CURRENT)) return count;
+    fail(frame_path(folder, STEM_CURRENT, count) + " is missing");
+    return 0;
+}
+
+/// Looks at all before FILE is touched, which may be a good one.
 int make(Words words) {
     const Folder folder(words[1]);
     ArchiveHead head;
-    while (head.frame_count < frame_slots && file_exists(frame_path(folder, STEM_CURRENT, head.frame_count)))
-        ++head.frame_count;
-    if (head.frame_count == 0) return fail(frame_path(folder, STEM_CURRENT, 0) + " is missing");
-    for (const char* ending : side_endings) {
-        const std::string path = folder.file(side_file_name(STEM_CURRENT, ending));
-        if (!file_exists(path)) return fail(path + " is missing");
+    head.frame_count = count_frames(folder);
+    bool is_whole = head.frame_count > 0;
+    for (int i = 0; head.frame_count > 0 && i < component_count(head.frame_count); ++i) {
+        const std::string path = folder.file(component_name(STEM_CURRENT, i, head.frame_count));
+        const InputFile part(path);
+        if (!part.is_open())
+            is_whole = (fail(path + (file_exists(path) ? " can't be read" : " is missing")), false);
+        else
+            is_whole = check_part(part, i, head.frame_count) && is_whole;
     }
+    if (!is_whole) return fail(std::string(words[0]) + " isn't made");
     read_names(folder, head);
     SafeFile archive(words[0]);
     CopyBuffer buffer;
     if (!write_archive(archive, folder, head, buffer)) return fail("a file in " + folder.path() + " can't be read");
-    return archive.commit() ? check(words) : fail(std::string(words[0]) + " can't be written");
+    if (!archive.commit()) return fail(std::string(words[0]) + " can't be written");
+    std::printf("%s is whole: %d frames\n", words[0], head.frame_count);
+    return EXIT_DONE;
 }
 
 // ---- The words of the command --------------------------------------------------------------------------------------
 
 constexpr const char* usage =
     "Usage: nubo-wsp list FILE                  what is in an archive\n"
-    "       nubo-wsp check FILE                 whether it is whole\n"
+    "       nubo-wsp check FILE                 whether it is whole, and what the editor would have to repair\n"
     "       nubo-wsp extract [--png] FILE DIR   takes its files out; with --png its pictures as PNG\n"
-    "       nubo-wsp make FILE DIR              makes one of the files current.* in DIR, as extract leaves them, and "
-    "checks it\n"
+    "       nubo-wsp make FILE DIR              checks the files current.* in DIR, as extract leaves them, and makes "
+    "one "
+    "of them\n"
     "FILE is an archive of Nubo's, ending in .wsp. No file in DIR is written over.\n";
 
 struct Command {

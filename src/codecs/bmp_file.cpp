@@ -320,6 +320,12 @@ ReadPicture read_bmp(FileBytes bytes) {
     return {nullptr, refusal.cause};
 }
 
+const char* fault_of_bmp(const InputFile& file) {
+    OwnedBitmap bitmap;
+    const Refusal refusal = read_picture(file, bitmap);
+    return refusal.fault == PICTURE_FINE ? nullptr : refusal.cause;
+}
+
 OwnedBitmap load_bmp_file(const std::string& path) {
     PictureFault fault;
     return load_bmp_file(path, fault);

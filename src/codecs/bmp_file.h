@@ -2,6 +2,7 @@
 // Windows BMP files, also the form of the Frames and their side files on disk.
 #include "base/bitmap.h"
 #include "codecs/read_picture.h"
+#include "platform/input_file.h"
 #include "platform/safe_file.h"
 #include <string>
 #include <vector>
@@ -33,5 +34,8 @@ OwnedBitmap load_bmp_file(const std::string& path, PictureFault& fault);
 
 /// The same from bytes in memory, with the cause in the result instead of the log.
 ReadPicture read_bmp(FileBytes bytes);
+
+/// Reads all of a picture in an open file and lets it go. Null if it can be had here, else what is wrong with it.
+const char* fault_of_bmp(const InputFile& file);
 
 }  // namespace nubo

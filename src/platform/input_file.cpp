@@ -21,6 +21,7 @@ InputFile::~InputFile() {
 
 bool InputFile::read_at(std::size_t at, void* to, std::size_t count) const {
     if (!is_open() || at > size_ || count > size_ - at) return false;
+    if (whole_ != nullptr) return whole_->read_at(start_ + at, to, count);
     if (file_ < 0) {
         std::copy_n(memory_.data() + at, count, static_cast<std::uint8_t*>(to));
         return true;

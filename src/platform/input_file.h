@@ -15,11 +15,13 @@ public:
     explicit InputFile(const std::string& path);
     /// The same on bytes that are in memory already, and must live as long.
     explicit InputFile(std::span<const std::uint8_t> bytes) : memory_(bytes), size_(bytes.size()) {}
+    /// A part of an open file, which must live as long; `size` bytes from the offset `at` that it has.
+    InputFile(const InputFile& whole, std::size_t at, std::size_t size) : whole_(&whole), start_(at), size_(size) {}
     ~InputFile();
     InputFile(const InputFile&) = delete;
     InputFile& operator=(const InputFile&) = delete;
 
-    bool is_open() const { return file_ >= 0 || memory_.data() != nullptr; }
+    bool is_open() const { return file_ >= 0 || whole_ != nullptr || memory_.data() != nullptr; }
     /// Bytes in the file when it was opened.
     std::size_t size() const { return size_; }
     /// Reads exactly `count` bytes from the offset `at`; false if they aren't all there.
@@ -27,8 +29,9 @@ public:
 
 private:
     int file_ = -1;
-    std::span<const std::uint8_t> memory_;
-    std::size_t size_ = 0;
+    std::span<const std::uint8_t> memory_{};
+    const InputFile* whole_ = nullptr;
+    std::size_t start_ = 0, size_ = 0;
 };
 
 /// The first `limit` bytes of a file, or all if it is shorter. False if it can't be read.

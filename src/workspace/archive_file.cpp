@@ -1,6 +1,7 @@
 #include "workspace/archive_file.h"
 
 #include "base/log.h"
+#include "codecs/bmp_file.h"
 #include "state/frames.h"
 #include <algorithm>
 #include <array>
@@ -117,9 +118,12 @@ const char* read_picture_head(const InputFile& file, const ArchivePart& part, Bm
 }
 
 int find_bent_frame(const InputFile& file, const ArchiveContents& contents) {
-    BmpHeader header;
-    for (int slot = 0; slot < contents.head.frame_count; ++slot)
-        if (read_picture_head(file, contents.parts[static_cast<unsigned>(slot)], header) != nullptr) return slot;
+    for (int slot = 0; slot < contents.head.frame_count; ++slot) {
+        const ArchivePart& part = contents.parts[static_cast<unsigned>(slot)];
+        BmpHeader header;
+        if (read_picture_head(file, part, header) != nullptr) return slot;
+        if (header.is_run_length() && fault_of_bmp(InputFile(file, part.at, part.size)) != nullptr) return slot;
+    }
     return -1;
 }
 

@@ -48,7 +48,8 @@ const char* read_archive(const InputFile& file, ArchiveContents& contents);
 /// Reads the head of the picture that a component holds. Null if it may be believed, else what is wrong with it.
 const char* read_picture_head(const InputFile& file, const ArchivePart& part, BmpHeader& header);
 
-/// The first Frame that is no picture, -1 if all are.
+/// The first Frame that is no picture, -1 if all are. A plain one is believed for its head and its length; a packed one
+/// is read.
 int find_bent_frame(const InputFile& file, const ArchiveContents& contents);
 
 // ---- Copying -------------------------------------------------------------------------------------------------------
