@@ -15,7 +15,7 @@ constexpr const char* usage =
     "       nubo --help | --version\n"
     "\n"
     "Each FILE, a picture in GIF, PCX, BMP, PNG, JPG or LBM, is opened as a new Frame, up to 100 in all.\n"
-    "A FILE in WSP is a whole workspace: it takes the place of the last one, which is kept as previous.wsp.\n"
+    "A FILE in WSP, one at most, is a whole workspace and takes the place of the last, kept as previous.wsp.\n"
     "If the program runs already, its window opens them. \"--\" ends the options.\n"
     "The workspace comes back at each start and is written at each exit.\n";
 

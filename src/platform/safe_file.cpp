@@ -107,7 +107,9 @@ SafeFile::~SafeFile() {
 }
 
 void SafeFile::fail(const char* step) {
-    if (failure_.empty()) failure_ = std::string("can't be ") + step + ": " + std::strerror(errno);
+    if (!failure_.empty()) return;
+    fault_ = errno;
+    failure_ = std::string("can't be ") + step + ": " + std::strerror(fault_);
 }
 
 void SafeFile::reserve(std::size_t size) {

@@ -1,6 +1,7 @@
 #pragma once
 // The one way to write a file: to a hidden new name in the same folder, flushed and synced, then renamed over the old
 // one. Whatever fails, the old file is as it was. Renaming and removing go by here too.
+#include <cerrno>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -42,6 +43,9 @@ public:
     /// True as long as nothing has failed; after a failure the cause is logged.
     bool is_sound() const;
 
+    /// True if it has failed since the disk is full, or a quota used up.
+    bool lacks_room() const { return fault_ == ENOSPC || fault_ == EDQUOT; }
+
 private:
     void open_beside();
     void take_permissions();
@@ -55,6 +59,7 @@ private:
     int file_ = -1;
     bool exists_ = false;  // under its unfinished name
     std::string failure_;  // empty: all went well
+    int fault_ = 0;        // the `errno` of it
 };
 
 /// Writes a whole file of `size` bytes by `SafeFile`.

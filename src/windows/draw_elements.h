@@ -43,6 +43,7 @@ void draw_about(int slot);
 void draw_anchor_preview(int slot);
 void draw_file_list(int slot);
 void draw_help_text(int slot);
+void draw_kept_workspace(int slot);
 void draw_minimap(int slot);
 void draw_thumbnail(int slot);
 void draw_zoom_preview(int slot);

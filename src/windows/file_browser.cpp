@@ -14,11 +14,12 @@
 #include "windows/file_preview.h"
 #include "windows/picture_files.h"
 #include "windows/picture_formats.h"
+#include "windows/previous_window.h"
 #include "windows/run_window.h"
-#include "workspace/archive.h"
 #include "workspace/folders.h"
 #include "workspace/notices.h"
 #include "workspace/preferred_font.h"
+#include "workspace/previous.h"
 #include <algorithm>
 #include <allegro.h>
 #include <array>
@@ -96,7 +97,7 @@ public:
         : mode_(mode), purpose_(purpose),
           places_(mode == BROWSE_FOR_FONT ? find_font_places(program_dir.data()) : find_places(program_dir.data())),
           offers_previous_(mode == BROWSE_TO_LOAD && purpose == PURPOSE_ARCHIVE &&
-                           file_exists(previous_workspace_file())) {
+                           !list_previous_workspaces().empty()) {
         if (offers_previous_) places_.resize(std::min<std::size_t>(places_.size(), places_beside_previous));
     }
 
@@ -251,7 +252,7 @@ private:
         if (take_click(BROWSER_HOME) > 0) flip_home();
         serve_filters();
         serve_places();
-        if (offers_previous_ && take_click(BROWSER_PREVIOUS) > 0) pick_previous();
+        if (offers_previous_ && take_click(BROWSER_PREVIOUS) > 0 && picks_previous()) return WINDOW_DONE;
         if (take_click(BROWSER_PREVIEW) > 0) show_preview(true);
         const bool okay = take_click(BROWSER_OKAY) > 0, entered = take_click(BROWSER_FILE) > 0;
         return (okay || entered || doubled || keyed) && commit() ? WINDOW_DONE : WINDOW_STAYS;
@@ -310,14 +311,10 @@ private:
             if (take_click(BROWSER_PLACE_FIRST + static_cast<int>(i)) > 0) go_to(places_[i].folder);
     }
 
-    /// Goes to the Workspace that was put away, and takes its name.
-    void pick_previous() {
-        const fs::path previous = previous_workspace_file();
-        filter_ = -1;
-        fill_filters();
-        go_to(previous.parent_path());
-        const int index = find_file(previous.filename());
-        if (is_entry(index)) pick(index);
+    /// True when one of the Workspaces that were put away is chosen.
+    bool picks_previous() {
+        chosen_ = choose_previous_workspace();
+        return !chosen_.empty();
     }
 
     /// A name without an ending gets that of the lit filter, and a Workspace its own.

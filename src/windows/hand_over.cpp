@@ -35,6 +35,7 @@ constexpr std::array drawer_rows{
     DrawerRow{ELEMENT_HOTKEY, draw_hotkey},
     DrawerRow{ELEMENT_FRAME_COUNT, draw_frame_count},
     DrawerRow{ELEMENT_FILE_NAME, draw_file_name},
+    DrawerRow{ELEMENT_KEPT_WORKSPACE, draw_kept_workspace},
     DrawerRow{ELEMENT_HELP_TEXT, draw_help_text},
     DrawerRow{ELEMENT_ZOOM_PREVIEW, draw_zoom_preview},
     DrawerRow{ELEMENT_SCHEME_PANEL, draw_scheme_panel},

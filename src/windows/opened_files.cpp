@@ -33,18 +33,25 @@ bool open_as_frame(const std::string& file) {
     return append_frame(picture.bitmap.get()) || refuse(file, "its Frame can't be written to the workspace");
 }
 
-void open_workspace_file(const std::string& file) {
-    if (!load_workspace(file)) refuse(file, "it can't be loaded");
+/// One at the most: each would put away the one before it. How many are refused.
+int open_workspace_files(const std::vector<std::string>& files) {
+    int refused = 0;
+    for (const std::string& file : files)
+        if (&file != &files.front())
+            refused += refuse(file, "one workspace at a time") ? 0 : 1;
+        else if (!load_workspace(file))
+            refused += refuse(file, "it can't be loaded") ? 0 : 1;
+    return refused;
 }
 
 void say_opened(int count) {
     flash_text(count == 1 ? "OPENED AS A NEW FRAME" : "OPENED " + std::to_string(count) + " PICTURES AS NEW FRAMES");
 }
 
-void open_pictures(const std::vector<std::string>& files) {
+/// `refused` files were refused before.
+void open_pictures(const std::vector<std::string>& files, int refused) {
     if (files.empty()) return;
     const int first = frame_count;
-    int refused = 0;
     const BusyNotice notice;
     for (const std::string& file : files)
         if (!open_as_frame(file)) ++refused;
@@ -56,13 +63,10 @@ void open_pictures(const std::vector<std::string>& files) {
 }  // namespace
 
 void open_files(const std::vector<std::string>& files) {
-    std::vector<std::string> pictures;
-    for (const std::string& file : files)
-        if (file_type_of(file) == FILE_WSP)
-            open_workspace_file(file);
-        else
-            pictures.push_back(file);
-    open_pictures(pictures);
+    std::vector<std::string> pictures, workspaces;
+    for (const std::string& file : files) (file_type_of(file) == FILE_WSP ? workspaces : pictures).push_back(file);
+    const int refused = open_workspace_files(workspaces);
+    open_pictures(pictures, refused);
 }
 
 void open_handed_files() {

@@ -14,6 +14,7 @@
 #include "workspace/frame_memory.h"
 #include "workspace/notices.h"
 #include "workspace/preferred_font.h"
+#include "workspace/previous.h"
 #include "workspace/workspace_files.h"
 #include <filesystem>
 
@@ -79,8 +80,9 @@ bool told(bool done, const char* yes, const char* no) {
 
 bool is_workspace_file(const std::string& path) {
     std::error_code away;
-    const fs::path file = fs::weakly_canonical(path, away), program = fs::weakly_canonical(program_dir.data(), away);
-    if (file.parent_path() == program) return file.stem() == "previous" && file.extension() == ".wsp";
+    const fs::path file = fs::weakly_canonical(fs::absolute(path, away), away),
+                   program = fs::weakly_canonical(program_dir.data(), away);
+    if (file.parent_path() == program) return is_previous_name(file.filename().string());
     const bool is_inside = file.parent_path() == fs::weakly_canonical(program / "WORKSPACE", away);
     return is_inside && (is_stem(file.stem().string()) || file.stem() == "frames");
 }

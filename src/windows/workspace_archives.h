@@ -8,11 +8,11 @@ namespace nubo {
 /// Saves all that is in memory, and then the Workspace as one file. True when it was saved.
 bool save_workspace(const std::string& path);
 
-/// Puts the Workspace of an archive in the place of the one that stands, which is kept as `previous.wsp`. On failure
-/// nothing changes. True when it was loaded.
+/// Puts the Workspace of an archive in the place of the one that stands, which is put away as `previous.wsp` if
+/// something has changed in it. On failure nothing changes. True when it was loaded.
 bool load_workspace(const std::string& path);
 
-/// Begins a new Workspace. The one that stands is kept as `previous.wsp`; if it can't be, nothing changes.
+/// Begins a new Workspace. The one that stands is put away in the same way; if it can't be, nothing changes.
 void new_workspace();
 
 }  // namespace nubo

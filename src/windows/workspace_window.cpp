@@ -82,7 +82,7 @@ void workspace_window() {
     run_window(window, {.built = set_fields, .show = read_fields, .serve = serve});
     if (saves) file_browser(BROWSE_TO_SAVE, PURPOSE_ARCHIVE);
     if (loads) file_browser(BROWSE_TO_LOAD, PURPOSE_ARCHIVE);
-    if (clears && confirm(LABEL_CLEAR_WORKSPACE, LABEL_CANNOT_BE_UNDONE)) new_workspace();
+    if (clears && confirm(LABEL_CLEAR_WORKSPACE, LABEL_PREVIOUS_BRINGS_BACK)) new_workspace();
 }
 
 }  // namespace nubo

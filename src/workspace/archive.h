@@ -11,18 +11,13 @@ namespace nubo {
 /// WORKSPACE.
 int save_workspace_archive(const std::string& path);
 
-/// Saves what is in memory, and then all as `save_workspace_archive` does. False after a failure.
+/// Saves what is in memory, and then all as `save_workspace_archive` does. False after a failure, and the first time
+/// after a Frame has vanished from the disk.
 bool archive_workspace(const std::string& path);
 
-/// Puts the Workspace of the archive `path` in the place of the one that stands, which is saved and goes into the one
-/// file `previous.wsp` beside WORKSPACE. All is checked before. -1 after a failure: nothing has changed, on disk and in
-/// memory. 0 when the new Workspace stands; what is missing or bent beside its Frames is repaired, and a box tells it.
+/// Puts the Workspace of the archive `path` in the place of the one that stands, which is saved and put away
+/// (workspace/replace.h). All is checked before. -1 after a failure: nothing has changed, on disk and in memory. 0 when
+/// the new Workspace stands; what is missing or bent beside its Frames is repaired, and a box tells it.
 int load_workspace_archive(const std::string& path);
-
-/// Saves the Workspace and puts it into `previous.wsp`, before it goes. False if that can't be done.
-bool keep_previous_workspace();
-
-/// The path of `previous.wsp`.
-std::string previous_workspace_file();
 
 }  // namespace nubo

@@ -119,7 +119,7 @@ FrameRepairs repair_frame_files(const Folder& folder) {
     FrameRepairs repairs;
     remove_unfinished_files(folder.path());
     remove_unfinished_files(path_of(folder, "../"));
-    if (const std::optional<RenameJob> job = finish_interrupted_job(folder); job && job->kind != JOB_LOAD) {
+    if (const std::optional<RenameJob> job = finish_interrupted_job(folder); job && job->kind != JOB_CHANGE) {
         repairs.moved = true;
         repairs.frames_before = job->frames;
         repairs.nail_is_old = job->kind == JOB_DELETE;

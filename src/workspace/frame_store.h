@@ -26,8 +26,9 @@ bool delete_frames(int start, int count);
 /// The number of frame files that exist.
 int count_frame_files();
 
-/// Wipes the Workspace: one blank Frame, all else at the defaults. The user has been asked. The file browser then opens
-/// in the program's folder. False, told, if nothing was wiped, or the new Workspace couldn't be written.
+/// Wipes the Workspace: one blank Frame, all else at the defaults. What stands is saved and put away
+/// (workspace/replace.h). The user has been asked. The file browser then opens in the program's folder. False, told, if
+/// nothing has changed.
 bool clear_workspace();
 
 }  // namespace nubo

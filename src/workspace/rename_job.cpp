@@ -36,7 +36,7 @@ bool numbers_fit(const RenameJob& job) {
     switch (job.kind) {
     case JOB_INSERT: return job.start < job.frames && job.count <= most - job.frames;
     case JOB_DELETE: return job.count < job.frames && job.start <= job.frames - job.count;
-    case JOB_LOAD: return true;
+    case JOB_CHANGE: return true;
     }
     return false;
 }
@@ -44,7 +44,8 @@ bool numbers_fit(const RenameJob& job) {
 /// No journal may touch anything but the Workspace's own files.
 bool is_known_name(const std::string& name) {
     if (name.rfind(above, 0) == 0)
-        return name == previous_workspace || name == previous_staged || name == previous_retired;
+        return name == previous_staged || name == previous_retired ||
+               std::find(previous_names.begin(), previous_names.end(), name) != previous_names.end();
     return is_stem(name.substr(0, name.find('.'))) && name.find('/') == std::string::npos;
 }
 
@@ -159,7 +160,7 @@ std::optional<RenameJob> finish_interrupted_job(const Folder& folder) {
         return std::nullopt;
     }
     UA_log("[ INFO ] : Finished what the last run began with frame %d", job->start);
-    if (job->kind == JOB_LOAD) end_job(folder);  // its state is on disk
+    if (job->kind == JOB_CHANGE) end_job(folder);  // its state is on disk
     return job;
 }
 

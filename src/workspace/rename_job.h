@@ -1,20 +1,20 @@
 #pragma once
 // Many files take other names as one step: all of them or none, wherever the program is killed.
 //
-// An insert and a delete of Frames and the loading of an archive are such jobs. Each goes in four steps, and each step
-// can be the last one before a kill:
+// An insert and a delete of Frames are such jobs, and so is the change to another Workspace, by LOAD or NEW. Each goes
+// in four steps, and each step can be the last one before a kill:
 //
-//   Step             Insert                       Delete                      Load
+//   Step             Insert                       Delete                      Change
 //   1 what is new    inserted.000 on, and         nothing                     loaded.000 on, loaded.cel, .nal, .tip,
 //     is written     inserted.nal                                             .spa; the Workspace that goes, whole in
-//                                                                             ../previous-new.wsp
+//                                                                             ../previous-new.wsp, if it is put away
 //   2 the journal    frames.job: what is done, where, how many Frames there were, and every rename
 //     is written
 //   3 the files are  those behind move up, from   those to be deleted become  all current.* become backup.*, the new
-//     renamed        the far end on; the Nail     deleted.000 on, those       ones current.*, the new previous.wsp
-//     takes
-//                    becomes backup.nal; then     behind move down            its place by way of previous-old.wsp;
-//                    the new ones go in place                                 the state comes last
+//     renamed        the far end on; the Nail     deleted.000 on, those       those put away move up by one, from the
+//                    becomes backup.nal; then     behind move down            oldest on, which becomes
+//                    the new ones go in place                                 previous-old.wsp; then the new ones go in
+//                                                                             place, the state as the last
 //   4 the state is   written anew; then the journal goes, and only then       in place since step 3; then the same
 //     on disk        what was taken out
 //
@@ -23,24 +23,27 @@
 // exist tell which renames are done. If a rename fails, all are taken back and the journal goes.
 // Where the state can't be written the journal stays, and nothing that it speaks of is written before it has ended.
 #include "platform/folder.h"
+#include <array>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace nubo {
 
-/// Files of the folder that holds the WORKSPACE folder, by names as a job knows them: "../" leads there.
-inline constexpr const char *previous_workspace = "../previous.wsp", *previous_staged = "../previous-new.wsp",
-                            *previous_retired = "../previous-old.wsp";
+/// Files of the folder that holds the WORKSPACE folder, by names as a job knows them: "../" leads there. The archives
+/// of the Workspaces that were put away, the newest first; one on its way in, and the one that goes for it.
+inline constexpr std::array previous_names{"../previous.wsp", "../previous-2.wsp", "../previous-3.wsp",
+                                           "../previous-4.wsp", "../previous-5.wsp"};
+inline constexpr const char *previous_staged = "../previous-new.wsp", *previous_retired = "../previous-old.wsp";
 
-enum JobKind : char { JOB_INSERT = 'I', JOB_DELETE = 'D', JOB_LOAD = 'L' };
+enum JobKind : char { JOB_INSERT = 'I', JOB_DELETE = 'D', JOB_CHANGE = 'L' };
 
 struct Rename {
     std::string from, to;
 };
 
 struct RenameJob {
-    JobKind kind = JOB_LOAD;
+    JobKind kind = JOB_CHANGE;
     int start = 0, count = 0, frames = 0;  // the slot, how many Frames are new or go, how many there were
     std::vector<Rename> renames{};         // in their order
 

@@ -13,6 +13,7 @@
 #include "workspace/nail.h"
 #include "workspace/notices.h"
 #include "workspace/preferred_font.h"
+#include "workspace/previous.h"
 #include "workspace/rescue.h"
 #include "workspace/rescue_folder.h"
 #include "workspace/side_files.h"
@@ -80,7 +81,10 @@ bool open_workspace() {
     set_workspace_away(false);
     set_workspace_away(!reach_workspace());
     const bool opened = workspace_is_away() ? open_without_workspace() : restore(workspace_folder());
-    if (workspace_damaged != 0) queue_box(LABEL_WORKSPACE_DAMAGED, LABEL_REPAIRS_MADE);
+    if (workspace_damaged != 0) {
+        queue_box(LABEL_WORKSPACE_DAMAGED, LABEL_REPAIRS_MADE);
+        if (previous_is_whole()) queue_box(LABEL_PREVIOUS_IS_WHOLE, LABEL_WHERE_PREVIOUS_IS);
+    }
     browse_in_image_dir();
     return opened;
 }

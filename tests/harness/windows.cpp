@@ -26,6 +26,7 @@
 #include "windows/option_slider.h"
 #include "windows/options_window.h"
 #include "windows/placement.h"
+#include "windows/previous_window.h"
 #include "windows/resize_window.h"
 #include "windows/scheme_window.h"
 #include "windows/screen_pick.h"
@@ -118,6 +119,7 @@ std::vector<WindowOpener> all_windows() {
     std::vector<WindowOpener> all{
         {"TIPS", IS_WINDOW, tip_window},
         {"WORKSPACE", IS_WINDOW | PANS, workspace_window},
+        {"PREVIOUS", IS_WINDOW, [] { choose_previous_workspace(); }},
         {"FRAME", IS_WINDOW | PANS, open_menu<frame_menu>},
         {"PIC", IS_WINDOW | PANS, open_menu<pic_menu>},
         {"CEL", IS_WINDOW | PANS, open_menu<cel_menu>},

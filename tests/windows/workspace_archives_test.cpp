@@ -6,10 +6,12 @@
 #include "windows/file_list.h"
 #include "windows/opened_files.h"
 #include "windows/picture_files.h"
+#include "windows/workspace_archives.h"
 #include "windows/workspace_window.h"
 #include "workspace/archive.h"
 #include "workspace/frame_store.h"
 #include "workspace/preferred_font.h"
+#include "workspace/previous.h"
 
 #include <filesystem>
 #include <fstream>
@@ -66,8 +68,12 @@ TEST_F(WorkspaceArchivesTest, AreSavedUnderATypedNameAndChosenFromTheList) {
         co_await user.wait(3);
         co_await press(user, LABEL_WORKSPACE_LOAD);
         co_await press(user, LABEL_PREVIOUS_WORKSPACE);
-        EXPECT_STREQ(image_file.data(), "previous.wsp");
-        co_await press(user, LABEL_OKAY);
+        co_await press(user, LABEL_CANCEL);  // of the list: the browser comes back
+        co_await press(user, LABEL_PREVIOUS_WORKSPACE);
+        constexpr int first_row = slot_content + 1;
+        EXPECT_EQ(gui::type[first_row], ELEMENT_KEPT_WORKSPACE);
+        EXPECT_EQ(gui::active[first_row + 1], 0) << "one was put away";
+        co_await click(user, first_row);
         co_await user.wait_until([] { return frame_pixel(5, 5) == 0x222222u; });
     });
 }
@@ -84,7 +90,9 @@ TEST_F(WorkspaceArchivesTest, NewKeepsTheOldOneAndLoadingRemembersTheCloseButton
     exit_requested = 0;
     EXPECT_EQ(frame_count, 1);
     EXPECT_EQ(frame_pixel(5, 5), 0u);
-    EXPECT_FALSE(save_file("previous.wsp", PURPOSE_ARCHIVE)) << "the next LOAD would write over it";
+    for (const char* kept : {"previous.wsp", "previous-2.wsp", "previous-5.wsp"})
+        EXPECT_FALSE(save_file(kept, PURPOSE_ARCHIVE)) << "the next LOAD would write over it";
+    EXPECT_TRUE(save_file("previous-6.wsp", PURPOSE_ARCHIVE));
     play_on(
         [] {
             open_files({previous_workspace_file(), "none.png"});
@@ -96,15 +104,20 @@ TEST_F(WorkspaceArchivesTest, NewKeepsTheOldOneAndLoadingRemembersTheCloseButton
     EXPECT_EQ(exit_requested, 1);
     EXPECT_EQ(frame_count, 2);
     EXPECT_EQ(frame_pixel(5, 5), 0x333333u);
+    paint(0x555555);
     EXPECT_TRUE(load_file(previous_workspace_file(), PURPOSE_PICTURE)) << "also where a picture is looked for";
-    EXPECT_EQ(frame_count, 1);
-    open_files({previous_workspace_file()});
     EXPECT_EQ(told(), "LOADED 2 FRAMES. THE OLD ONES ARE IN PREVIOUS.WSP");
+    EXPECT_EQ(frame_pixel(5, 5), 0x333333u);
+    new_workspace();
+    EXPECT_EQ(told(), "A NEW WORKSPACE") << "nothing had changed";
+    open_files({previous_workspace_file(), "previous-2.wsp"});
+    EXPECT_EQ(frame_pixel(5, 5), 0x555555u) << "the second isn't taken";
+    EXPECT_EQ(told(), "NOT OPENED: PREVIOUS-2.WSP");
 }
 
 TEST_F(WorkspaceArchivesTest, WithoutRoomForTheOldOneNothingIsCleared) {
     paint(0x444444);
-    fs::create_directories("previous.wsp/in_the_way");
+    fs::create_directories("previous-new.wsp/in_the_way");
     play_on(workspace_window, [](User& user) -> Script {
         co_await user.wait(3);
         co_await press(user, LABEL_WORKSPACE_NEW);

@@ -1,6 +1,8 @@
 // Archives, to the byte and back, and what becomes of bent ones, of full disks and of the Workspace that goes. A kill
 // at each step stands in interruption_test.cpp.
 #include "workspace/archive.h"
+#include "workspace/previous.h"
+#include "workspace/replace.h"
 
 #include "editor/present.h"
 #include "harness/user.h"
@@ -8,8 +10,11 @@
 #include "state/flow.h"
 #include "state/gui.h"
 #include "state/messages.h"
+#include "state/tools.h"
+#include "state/view.h"
 #include "workspace/archive_file.h"
 #include "workspace/notices.h"
+#include "workspace/pack.h"
 #include "workspace/rescue.h"
 #include "workspace/state_fields.h"
 #include "workspace/workspace_kit.h"
@@ -121,6 +126,7 @@ TEST_F(ArchiveTest, BringsEveryFileBackAndTheOneThatWentIsWhole) {
     make_workspace({11, 12, 13, 14, 15, 16, 17, 18, 19, 20}, 4);
     paint(99);  // on no disk yet
     ASSERT_EQ(load_workspace_archive("three.wsp"), 0);
+    fs::remove("WORKSPACE/arrived.sum");
     EXPECT_TRUE(workspace_files() == three);
     EXPECT_EQ(id_in_memory(), 2);
     EXPECT_EQ(frame_view[2].pan_x, 3);
@@ -212,6 +218,136 @@ TEST_F(ArchiveTest, OnAFullDiskAllStaysAsItIs) {
     EXPECT_GT(refused, 10);
 }
 
+// ---- What is put away ---------------------------------------------------------------------------------------------
+
+/// The current Frame of each archive that is kept, the newest first.
+Ids kept_ids() {
+    Ids ids;
+    for (const PreviousWorkspace& kept : list_previous_workspaces()) {
+        ArchiveContents contents;
+        const InputFile file(kept.path);
+        EXPECT_EQ(read_archive(file, contents), nullptr);
+        std::uint8_t blue = 0;  // behind a head of 54 bytes
+        EXPECT_TRUE(file.read_at(contents.parts[0].at + 54, &blue, 1));
+        ids.push_back(blue);
+    }
+    return ids;
+}
+
+TEST_F(ArchiveTest, TheLastFiveThatChangedAreKept) {
+    make_workspace({1}, 0);
+    for (int id = 1; id <= 7; ++id) {
+        paint(id);
+        ASSERT_TRUE(clear_workspace() && last_one_was_put_away());
+        ASSERT_TRUE(clear_workspace() && !last_one_was_put_away()) << "a blank one";
+    }
+    EXPECT_EQ(kept_ids(), (Ids{7, 6, 5, 4, 3}));
+    paint(8);
+    std::strcpy(workspace_title.data(), "EIGHT");
+    ASSERT_EQ(load_workspace_archive("previous-5.wsp"), 0);
+    EXPECT_EQ(kept_ids(), (Ids{8, 7, 6, 5, 4}));
+    EXPECT_EQ(list_previous_workspaces()[0].title, "EIGHT");
+    ASSERT_EQ(load_workspace_archive("previous-3.wsp"), 0);
+    EXPECT_EQ(kept_ids(), (Ids{3, 8, 7, 6, 5})) << "its archive has gone with the load, the only one that there was";
+    ASSERT_EQ(load_workspace_archive("previous-2.wsp"), 0);
+    EXPECT_EQ(kept_ids(), (Ids{3, 8, 7, 6, 5})) << "6 is still there, if under another name";
+    EXPECT_EQ(id_in_memory(), 8);
+}
+
+TEST_F(ArchiveTest, WhatHasChangedSinceItCameIsPutAwayAndNothingElse) {
+    constexpr void (*nothing[])() = {[] {}, [] { fetch_frame(0, 1); },
+                                     [] { EXPECT_TRUE(close_workspace() && open_workspace()); },
+                                     [] {
+                                         pan_x = 3;
+                                         tool_slots[0] = TOOL_OVAL;
+                                     }};
+    constexpr void (*changes[])() = {
+        [] { paint(9); },
+        [] {
+            EXPECT_TRUE(fetch_frame(0, 1));
+            paint(9);
+            EXPECT_TRUE(fetch_frame(1, 0));
+        },
+        [] { insert_frames(1, 1, true); },
+        [] { clear_to_color(cel_mask, 5); },
+        [] { putpixel(tip_sheet, 3, custom_tip_y + 3, 0xffffff); },
+        [] { color_slots[9] ^= 1; },
+        [] { favorites[200] ^= 1; },
+        [] { spectrum_end ^= 1; },
+        [] { std::strcpy(workspace_notes.data(), "MINE"); },
+        [] { std::strcpy(text_tool_text.data(), "MINE"); },
+        [] { fs::remove("a.wsp"); },  // it is all that there is of it now
+    };
+    const auto loads = [this](auto change) {
+        make_workspace({1, 2}, 0);
+        EXPECT_EQ(save_workspace_archive("a.wsp"), 0);
+        EXPECT_EQ(load_workspace_archive("a.wsp"), 0);
+        change();
+        EXPECT_TRUE(clear_workspace());
+        return last_one_was_put_away();
+    };
+    for (const auto& change : nothing) EXPECT_FALSE(loads(change)) << &change - nothing;
+    for (const auto& change : changes) EXPECT_TRUE(loads(change)) << &change - changes;
+}
+
+TEST_F(ArchiveTest, TheOldestGoesWhereRoomLacks) {
+    for (int n = 0;; ++n) {
+        make_workspace({1, 2}, 0);
+        for (const char* name : {"previous.wsp", "previous-2.wsp", "previous-3.wsp"}) put(name, name);
+        fs::remove("previous-4.wsp");
+        faults::arm(faults::CALL_OPEN, n, ENOSPC);
+        const bool cleared = clear_workspace(), struck = faults::struck();
+        faults::disarm();
+        ASSERT_TRUE(struck) << "no call asks for room";
+        if (!cleared || fs::exists("previous-4.wsp")) continue;
+        EXPECT_EQ(bytes_of("previous-2.wsp") + bytes_of("previous-3.wsp"), "previous.wspprevious-2.wsp");
+        break;
+    }
+}
+
+TEST_F(ArchiveTest, AFrameThatHasVanishedIsReplacedAndNamed) {
+    make_workspace({1, 2, 3}, 0);
+    put("a.wsp", "precious");
+    fs::remove("WORKSPACE/current.000");
+    paint(11);
+    EXPECT_TRUE(archive_workspace("b.wsp"));
+    EXPECT_EQ(missing_frames_told(), "FRAME 00 WAS MISSING, WRITTEN ANEW");
+    fs::remove("WORKSPACE/current.002");
+    EXPECT_FALSE(archive_workspace("a.wsp"));
+    EXPECT_STREQ(told_text.data(), "NOT SAVED: FRAME 02 WAS MISSING, NOW BLANK");
+    EXPECT_EQ(bytes_of("a.wsp"), "precious");
+    EXPECT_TRUE(archive_workspace("a.wsp"));
+    EXPECT_EQ(ids_on_disk(), (Ids{11, 2, 0}));
+    for (const bool loads : {true, false}) {
+        fs::remove("WORKSPACE/current.001");
+        EXPECT_TRUE(loads ? load_workspace_archive("b.wsp") == 0 : clear_workspace());
+        EXPECT_EQ(missing_frames_told(), "FRAME 01 WAS MISSING, NOW BLANK");
+    }
+    make_workspace({1, 2, 3}, 0);
+    fs::remove("WORKSPACE/current.001");
+    fs::create_directory("WORKSPACE/current.001");
+    EXPECT_FALSE(archive_workspace("a.wsp"));
+    EXPECT_STREQ(told_text.data(), "THE WORKSPACE COULD NOT BE SAVED! FRAME 01 CAN'T BE READ");
+    EXPECT_FALSE(clear_workspace());
+    EXPECT_STREQ(told_text.data(), "NOTHING CLEARED: FRAME 01 CAN'T BE READ");
+}
+
+TEST_F(ArchiveTest, AStartWithADamagedRowTellsOfTheOneBefore) {
+    for (const bool whole : {true, false}) {
+        make_workspace({1, 2, 3}, 0);
+        ASSERT_TRUE(clear_workspace());
+        workspace_damaged = pending_box_count = 0;
+        if (!whole) put("previous.wsp", "nWSP");
+        fs::remove("WORKSPACE/current.000");
+        fs::remove("WORKSPACE/current.cel");
+        ASSERT_TRUE(open_workspace());
+        const auto first = take_box(), second = take_box();
+        ASSERT_TRUE(first.has_value());
+        EXPECT_EQ(first->first, LABEL_WORKSPACE_DAMAGED);
+        EXPECT_EQ(second.has_value() && second->first == LABEL_PREVIOUS_IS_WHOLE, whole);
+    }
+}
+
 /// A disk that is ready only when a picture was shown meanwhile.
 std::atomic<int> disk_waits, frozen_waits;
 int wait_for_picture(int) {
@@ -272,9 +408,13 @@ TEST_F(ArchiveTest, WhatIsBentBesideTheFramesIsRepairedAndTold) {
     EXPECT_EQ(box->first, LABEL_WORKSPACE_DAMAGED);
     EXPECT_EQ(load_workspace_archive("none.wsp"), -1);
     EXPECT_TRUE(logged("[ ERROR ] : Workspace archive is missing or corrupt! Aborting load!"));
-    put("b.wsp", std::string("nWSP\0\0\0\0\0\1", 10) + component("no picture") + component("") + component("") +
-                     component("") + component(packed_state()));
-    EXPECT_EQ(load_workspace_archive("b.wsp"), -1) << "a Frame that is none";
+    std::string vast("BM\0\0\0\0\0\0\0\0\x36\4\0\0\x28\0\0\0\x30\x75\0\0\x30\x75\0\0\1\0\x08\0\1\0\0\0", 34);
+    vast.resize(1082);  // 30000 by 30000 pixels, packed in four bytes behind the palette
+    for (const std::string& frame : {std::string("no picture"), vast}) {
+        put("b.wsp", std::string("nWSP\0\0\0\0\0\1", 10) + component(frame) + component("") + component("") +
+                         component("") + component(packed_state()));
+        EXPECT_EQ(load_workspace_archive("b.wsp"), -1) << "a Frame that is none";
+    }
     EXPECT_EQ(id_in_memory(), 0x030201);
 }
 

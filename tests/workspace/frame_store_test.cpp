@@ -1,3 +1,4 @@
+#include "harness/user.h"
 #include "state/boxes.h"
 #include "state/messages.h"
 #include "state/view.h"
@@ -70,6 +71,7 @@ TEST_F(WorkspaceTest, LimitsOfTheRow) {
 }
 
 TEST_F(WorkspaceTest, ClearLeavesOneBlankFrameAndTheOptions) {
+    make_screen();
     make_workspace({1, 2, 3}, 2);
     opt_cel_masking = 0;
     std::strcpy(workspace_title.data(), "MINE");

@@ -1,3 +1,4 @@
+#include "harness/user.h"
 #include "platform/input_file.h"
 #include "state/hotkeys.h"
 #include "state/tools.h"
@@ -220,6 +221,7 @@ TEST_F(WorkspaceTest, AlternateSetTakesThePlaceOfNone) {
 }
 
 TEST_F(WorkspaceTest, FileBrowserOpensWhereTheLastOperationLeftIt) {
+    make_screen();
     make_workspace({1, 2, 3}, 0);
     const std::string home = folder_.path(), images = home + "/Images";
     std::filesystem::create_directory(images);
