@@ -111,7 +111,8 @@ TEST_F(ScriptsTest, WhatIsHardlyMeantIsWarnedOfWithItsLine) {
         {std::string(299, 'x') + "0102", "\xF0\x01\x02", 1, 0},  // what is too long goes on as the next line
         {std::string(299, 'x') + "\n0102", "\xF0\x01\x02", 0, 0},
         {"[22] 7,\n0102", "\x16" + arg(7) + "\xF0\x01\x02", 2, 0},  // the 22 lacks its second argument
-        {"\n\n\"\xEF\n\xF0\xFF\"", string("\xEF\xF0\xFF"), 0, 4},
+        {"\n\n\"\xEF\n\xF0\"", string("\xEF\xF0"), 0, 4},
+        {"\"\xFF\"", string("\xFF"), 0, 1},
     };
     std::string log;
     const auto warn = [&log](const char* words, int line) {

@@ -74,6 +74,8 @@ TEST_F(FileBrowserTest, EachFormatBringsBackWhatItTook) {
         rectfill(current_frame, 32, 0, 63, 47, static_cast<int>(right));
         jpeg_quality = 100;
         ASSERT_TRUE(write_picture_file(name, current_frame)) << name;
+        const bool has_own_ending = std::string(name).size() == 5 && std::string(name) != "p.ttf";
+        EXPECT_TRUE(has_own_ending || file_type_from_magic(name) == FILE_PNG) << name;
         new_frame(5, 5, 0x123456);
         ASSERT_TRUE(load_file(name, PURPOSE_PICTURE)) << name;
         EXPECT_EQ(frame_w, 64);
