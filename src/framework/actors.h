@@ -21,9 +21,10 @@ void UA_initialize_actors();
 /// back.
 int UA_grab_object();
 
-/// Gives every field its reset value, which frees the row unless it was just grabbed, and frees the actor's speech
-/// bubbles. Before it calls `app_hook::destroyed` if the actor has an `App_link`, behind it the `Suicide_buddy` goes as
-/// well. Rows 0 and 49 and numbers outside are refused with a line in the log, which names the caller by `tag`.
+/// Gives every field its reset value, which frees the row unless it was just grabbed, frees the actor's speech bubbles
+/// and ends its scripts. Before it calls `app_hook::destroyed` if the actor has an `App_link`, behind it the
+/// `Suicide_buddy` goes as well. Rows 0 and 49 and numbers outside are refused with a line in the log, which names the
+/// caller by `tag`.
 void UA_destroy_actor(int who, const char* tag);
 
 /// Destroys the actors from 1 to 49 of that `Type` and `Profession`, -1 for any, and returns how many went. Row 49 is

@@ -1,9 +1,6 @@
 #include "art_source.h"
 #include "harness/harness.h"
 
-#include <fstream>
-#include <gtest/gtest.h>
-
 namespace nubo {
 namespace {
 

@@ -1,7 +1,6 @@
 // The first start of a fresh program folder: the delivered settings and Workspace, through the program's own readers.
 #include "harness/harness.h"
 
-#include "base/log.h"
 #include "codecs/png.h"
 #include "framework/outline_font.h"
 #include "paint/stroke.h"
@@ -16,21 +15,12 @@
 #include "workspace/nail.h"
 #include "workspace/user_settings.h"
 #include "workspace/workspace.h"
-#include <filesystem>
-#include <fstream>
-#include <gtest/gtest.h>
-#include <iterator>
 #include <set>
 
 namespace nubo {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string bytes_of(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 /// A copy of the staged folder's settings, sheets and first Workspace, with the bitmaps that a start makes.
 class FirstStart : public testing::Test {

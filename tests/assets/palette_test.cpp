@@ -1,9 +1,6 @@
 #include "harness/harness.h"
 #include "palette.h"
 
-#include "base/color.h"
-#include <gtest/gtest.h>
-
 namespace nubo {
 namespace {
 

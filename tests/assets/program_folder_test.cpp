@@ -2,20 +2,10 @@
 #include "codecs/png.h"
 #include "harness/harness.h"
 
-#include "base/color.h"
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <gtest/gtest.h>
-#include <iterator>
 
 namespace nubo {
 namespace {
-
-std::string text_of(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 /// A copy of the companion in a folder of its own, which it takes for the program folder.
 class Configure : public testing::Test {
@@ -32,10 +22,10 @@ protected:
 
 TEST_F(Configure, WritesTheModeOfItsArgumentAndRefusesOthers) {
     EXPECT_EQ(run("4"), 0);
-    EXPECT_EQ(text_of("config.def"), "4");
+    EXPECT_EQ(bytes_of("config.def"), "4");
     for (const char* words : {"0", "5", "33", "''", "x", "1 2"}) {
         EXPECT_NE(run(words), 0) << words;
-        EXPECT_EQ(text_of("config.def"), "4") << words;
+        EXPECT_EQ(bytes_of("config.def"), "4") << words;
     }
 }
 
@@ -44,11 +34,11 @@ TEST_F(Configure, AsksUntilItGetsAModeOrNoAnswer) {
     EXPECT_FALSE(std::filesystem::exists("config.def"));
     std::ofstream("answers") << "5\nwindow\n2\n4\n";
     EXPECT_EQ(run("< answers"), 0);
-    EXPECT_EQ(text_of("config.def"), "2");
+    EXPECT_EQ(bytes_of("config.def"), "2");
     std::ofstream("answers") << "\n4\n";
     EXPECT_EQ(run("< answers"), 0);
-    EXPECT_EQ(text_of("config.def"), "2");
-    EXPECT_NE(text_of("output").find("640x480  (now)"), std::string::npos);
+    EXPECT_EQ(bytes_of("config.def"), "2");
+    EXPECT_NE(bytes_of("output").find("640x480  (now)"), std::string::npos);
 }
 
 TEST_F(Configure, SaysSoWhenItCannotWrite) {
@@ -74,23 +64,23 @@ protected:
 };
 
 TEST_F(WspCompanion, PutsAFolderInAndTakesItOutAgain) {
-    ASSERT_EQ(run("make a.wsp first"), 0) << text_of("output");
+    ASSERT_EQ(run("make a.wsp first"), 0) << bytes_of("output");
     EXPECT_EQ(run("check a.wsp"), 0);
     EXPECT_EQ(run("list a.wsp"), 0);
-    EXPECT_NE(text_of("output").find("frames  3"), std::string::npos);
+    EXPECT_NE(bytes_of("output").find("frames  3"), std::string::npos);
     EXPECT_EQ(run("extract a.wsp out"), 0);
     for (const auto& entry : std::filesystem::directory_iterator("first"))
-        EXPECT_EQ(text_of(entry.path()), text_of("out" / entry.path().filename())) << entry.path();
+        EXPECT_EQ(bytes_of(entry.path()), bytes_of("out" / entry.path().filename())) << entry.path();
     EXPECT_NE(run("extract a.wsp out"), 0) << "nothing is written over";
-    EXPECT_EQ(run("extract --png a.wsp pictures"), 0) << text_of("output");
-    const std::string picture = text_of("pictures/current.001.png");
+    EXPECT_EQ(run("extract --png a.wsp pictures"), 0) << bytes_of("output");
+    const std::string picture = bytes_of("pictures/current.001.png");
     EXPECT_EQ(picture.substr(1, 3), "PNG");
     EXPECT_FALSE(std::filesystem::exists("pictures/current.001"));
 }
 
 TEST_F(WspCompanion, TellsWhatIsWrong) {
     ASSERT_EQ(run("make a.wsp first"), 0);
-    const std::string whole = text_of("a.wsp");
+    const std::string whole = bytes_of("a.wsp");
     std::ofstream("cut.wsp", std::ios::binary) << whole.substr(0, whole.size() - 1);
     std::string bent = whole;
     bent[bent.find("BM")] = 'X';

@@ -1,20 +1,15 @@
-#include "harness/harness.h"
 #include "harness/user.h"
 #include "logo.h"
 #include "schemes.h"
 
-#include "base/color.h"
 #include "framework/resources.h"
 #include "gui/columns.h"
 #include "gui/draw.h"
 #include "gui/elements.h"
-#include "state/run.h"
 #include "state/texts_help.h"
 #include "windows/help_window.h"
 #include "windows/scheme.h"
-#include <algorithm>
 #include <cmath>
-#include <gtest/gtest.h>
 
 namespace nubo {
 namespace {

@@ -2,10 +2,6 @@
 #include "codecs/png.h"
 #include "harness/harness.h"
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <gtest/gtest.h>
-#include <iterator>
 #include <set>
 #include <sstream>
 
@@ -17,10 +13,6 @@ protected:
     /// Runs it with the words of a shell line, and returns its exit code.
     static int run(const std::string& words) {
         return WEXITSTATUS(std::system((NUBO_FOLDER "/nubo-stage " + words + " >output 2>&1").c_str()));
-    }
-    static std::string bytes_of(const std::string& path) {
-        std::ifstream file(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
     }
     static std::vector<std::string> scenes() {
         EXPECT_EQ(run("--list"), 0);

@@ -7,9 +7,6 @@
 #include "harness/harness.h"
 #include "state/resources.h"
 
-#include <algorithm>
-#include <filesystem>
-#include <gtest/gtest.h>
 #include <memory>
 #include <set>
 

@@ -2,9 +2,6 @@
 #include "harness/harness.h"
 #include "tip_sheet.h"
 
-#include "base/color.h"
-#include <algorithm>
-#include <gtest/gtest.h>
 #include <set>
 
 namespace nubo {

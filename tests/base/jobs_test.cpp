@@ -1,14 +1,11 @@
 #include "base/jobs.h"
 
-#include "base/log.h"
 #include "framework/framework_jobs.h"
 #include "gui/window_drag.h"
 #include "harness/harness.h"
 
-#include <gtest/gtest.h>
 #include <set>
 #include <thread>
-#include <vector>
 
 namespace nubo {
 namespace {

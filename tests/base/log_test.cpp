@@ -2,9 +2,6 @@
 
 #include "harness/harness.h"
 
-#include <filesystem>
-#include <fstream>
-#include <gtest/gtest.h>
 #include <sstream>
 #include <thread>
 

@@ -1,11 +1,8 @@
 #include "base/timebase.h"
 
-#include "base/log.h"
 #include "base/refresh.h"
 #include "harness/harness.h"
 #include "state/run.h"
-
-#include <gtest/gtest.h>
 
 namespace nubo {
 namespace {

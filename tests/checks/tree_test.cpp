@@ -1,20 +1,8 @@
 #include "checks/tree.h"
 
-#include <filesystem>
-#include <fstream>
-#include <gtest/gtest.h>
-#include <iterator>
+#include "harness/harness.h"
 
 namespace nubo {
-
-namespace {
-
-std::string text_of(const std::filesystem::path& path) {
-    std::ifstream file(path);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-}  // namespace
 
 TEST(Tree, KeepsItsStoreysAndRules) {
     const std::filesystem::path root = NUBO_SOURCE_DIR;
@@ -27,7 +15,7 @@ TEST(Tree, KeepsItsStoreysAndRules) {
             if (extension != ".cpp" && extension != ".h") continue;
             ++files;
             const std::string path = entry.path().lexically_relative(root);
-            const std::string text = text_of(entry.path());
+            const std::string text = bytes_of(entry.path());
             for (const std::string& fault : faults_of(path, text)) ADD_FAILURE() << fault;
             if (path.starts_with("src/")) add_includes(graph, path, text);
         }

@@ -1,16 +1,10 @@
 // The status bar, the measured distance and the two hold commands.
-#include "base/bitmap.h"
 #include "editor/status_bar.h"
 #include "framework/resources.h"
 #include "gui/elements.h"
 #include "harness/user.h"
 #include "paint/shape_in_hand.h"
-#include "state/frames.h"
-#include "state/options.h"
-#include "state/run.h"
 #include "state/shape.h"
-#include "state/view.h"
-#include <cstring>
 
 namespace nubo {
 namespace {

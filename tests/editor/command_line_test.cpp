@@ -1,7 +1,6 @@
 #include "editor/command_line.h"
 
 #include "harness/harness.h"
-#include <gtest/gtest.h>
 
 namespace nubo {
 namespace {

@@ -1,13 +1,7 @@
 // A hasty hand: presses in the same instant as the motion, clicks and strokes of keys shorter than a look.
 #include "gui/elements.h"
 #include "harness/user.h"
-#include "paint/undo.h"
 #include "platform/input_queue.h"
-#include "state/flow.h"
-#include "state/options.h"
-#include "state/run.h"
-#include "state/stroke.h"
-#include "state/view.h"
 #include "windows/drawing_menu.h"
 
 namespace nubo {

@@ -1,15 +1,10 @@
 // Each row of the key table, by its key as it is at the start: what it does is seen in what it changes.
 #include "gui/columns.h"
-#include "paint/undo.h"
 #include "platform/clipboard.h"
-#include "state/cel.h"
-#include "state/flow.h"
 #include "state/messages.h"
-#include "state/stroke.h"
 #include "windows/menus_kit.h"
 #include "windows/option_slider.h"
 #include "workspace/frame_store.h"
-#include <algorithm>
 
 namespace nubo {
 namespace {

@@ -1,7 +1,4 @@
 // The steps of the program loop's pass and of the picture, each by what a user sees when it is there.
-#include "state/colors.h"
-#include "state/flow.h"
-#include "state/stroke.h"
 #include "windows/menus_kit.h"
 #include "workspace/notices.h"
 #include "workspace/rescue.h"

@@ -4,42 +4,28 @@
 //
 //   NUBO_RANDOM_EVENTS  events in all
 //   NUBO_RANDOM_SEED    the first sitting's seed; a failure names it and the event
-#include "base/log.h"
 #include "codecs/png.h"
 #include "editor/loop.h"
 #include "editor/present.h"
 #include "framework/outline_font.h"
 #include "framework/resources.h"
 #include "gui/window.h"
-#include "harness/harness.h"
 #include "harness/user.h"
 #include "harness/windows.h"
-#include "paint/surfaces.h"
-#include "paint/undo.h"
 #include "platform/input_queue.h"
 #include "platform/system_calls.h"
-#include "state/cel.h"
-#include "state/frames.h"
-#include "state/options.h"
-#include "state/run.h"
-#include "state/stroke.h"
 #include "windows/drawing_menu.h"
 #include "workspace/folders.h"
 #include "workspace/workspace.h"
 #include "workspace/workspace_files.h"
-#include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
-#include <filesystem>
 #include <initializer_list>
 #include <random>
 #include <set>
 #include <sstream>
-#include <string>
 #include <unistd.h>
-#include <vector>
 
 namespace nubo {
 namespace {

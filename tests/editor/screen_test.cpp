@@ -1,15 +1,7 @@
 #include "editor/screen.h"
 
-#include "base/bitmap.h"
-#include "base/color.h"
 #include "gui/mouse.h"
 #include "harness/user.h"
-#include "state/flow.h"
-#include "state/frames.h"
-#include "state/options.h"
-#include "state/run.h"
-#include "state/stroke.h"
-#include "state/view.h"
 
 namespace nubo {
 namespace {

@@ -1,9 +1,5 @@
 // The thread from a press to the pixel, through the program's own loop.
 #include "harness/user.h"
-#include "state/frames.h"
-#include "state/run.h"
-#include "state/stroke.h"
-#include "state/view.h"
 
 namespace nubo {
 namespace {

@@ -1,7 +1,5 @@
 
 #include "harness/user.h"
-#include "state/run.h"
-#include "state/view.h"
 #include "view/view.h"
 
 namespace nubo {

@@ -1,15 +1,11 @@
 #include "framework/actors.h"
 
-#include "base/log.h"
 #include "base/random.h"
 #include "framework/screen_effects.h"
 #include "harness/harness.h"
 #include "state/colors.h"
 #include "state/drawn_actors.h"
 #include "state/run.h"
-#include <filesystem>
-#include <fstream>
-#include <gtest/gtest.h>
 #include <map>
 
 namespace nubo {

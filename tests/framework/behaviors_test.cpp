@@ -1,14 +1,12 @@
 #include "framework/behaviors.h"
 
 #include "base/jobs.h"
-#include "base/log.h"
 #include "base/random.h"
 #include "framework/actors.h"
 #include "harness/harness.h"
 #include "state/colors.h"
 #include "state/effects.h"
 #include "state/run.h"
-#include <gtest/gtest.h>
 #include <span>
 
 namespace nubo {

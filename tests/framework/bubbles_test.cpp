@@ -1,11 +1,8 @@
 #include "framework/bubbles.h"
 
-#include "base/log.h"
 #include "framework/actors.h"
 #include "harness/harness.h"
 #include "state/run.h"
-#include <gtest/gtest.h>
-#include <string>
 
 namespace nubo {
 namespace {

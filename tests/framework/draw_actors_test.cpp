@@ -1,7 +1,6 @@
 // The families of actors against single pixels told by hand.
 #include "framework/draw_actors.h"
 
-#include "base/log.h"
 #include "base/random.h"
 #include "framework/actors.h"
 #include "framework/effects.h"
@@ -15,7 +14,6 @@
 #include "state/run.h"
 #include "state/view.h"
 #include <functional>
-#include <gtest/gtest.h>
 
 namespace nubo {
 namespace {

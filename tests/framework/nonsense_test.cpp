@@ -1,5 +1,4 @@
 // Numbers that no game would write: the sanitizers see where a sum of them is none.
-#include "base/log.h"
 #include "framework/actors.h"
 #include "framework/behaviors.h"
 #include "framework/draw_actors.h"
@@ -13,7 +12,6 @@
 #include "state/run.h"
 #include "state/view.h"
 #include <climits>
-#include <gtest/gtest.h>
 
 namespace nubo {
 namespace {

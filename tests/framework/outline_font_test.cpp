@@ -1,14 +1,8 @@
 // Outline fonts against FreeType itself, called with the same settings; fonts that lie, and files that are none.
 #include "framework/outline_font.h"
 
-#include "base/bitmap.h"
 #include "harness/harness.h"
-#include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <ft2build.h>
-#include <gtest/gtest.h>
-#include <iterator>
 #include <memory>
 #include <random>
 #include <sys/stat.h>
@@ -20,11 +14,6 @@ namespace {
 using OwnedFont = std::unique_ptr<OutlineFont, OutlineFontDestroyer>;
 
 constexpr const char* delivered_font = NUBO_FOLDER "/fonts/system.ttf";
-
-std::string bytes_of(const char* path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 OwnedFont from_memory(const std::string& bytes) {
     return OwnedFont(font_load_from_memory(bytes.data(), static_cast<int>(bytes.size())));

@@ -1,15 +1,11 @@
 #include "framework/resources.h"
 
-#include "base/log.h"
 #include "codecs/gif.h"
 #include "font_sheet.h"
 #include "harness/harness.h"
 #include "platform/faults.h"
 #include "state/resources.h"
 #include <chrono>
-#include <filesystem>
-#include <fstream>
-#include <gtest/gtest.h>
 #include <unistd.h>
 
 namespace nubo {
@@ -18,11 +14,6 @@ namespace {
 namespace fs = std::filesystem;
 
 void write_text(const char* path, std::string_view text) { std::ofstream(path, std::ios::binary) << text; }
-
-std::string read_text(const char* path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 void set_age(const char* path, int hours) {
     fs::last_write_time(path, fs::file_time_type::clock::now() - std::chrono::hours(hours));
@@ -71,7 +62,7 @@ TEST_F(ResourcesTest, ANewerPlainPictureIsScrambledOverTheOldAndIsGone) {
     write_dot("ART.gif", 7);
     EXPECT_EQ(loaded_color("ART"), UA_palette_color(7));
     EXPECT_FALSE(fs::exists("ART.gif") || fs::exists("prat"));
-    EXPECT_NE(read_text("ART").substr(1, 3), "GIF");
+    EXPECT_NE(bytes_of("ART").substr(1, 3), "GIF");
     EXPECT_EQ(global_palette[7].r, 7 * 9);
     set_age("ART", 2);
     write_dot("ART.gif", 9);

@@ -1,16 +1,12 @@
 // Effects on the whole picture: ripples, fog, the screenshot, the tint.
 #include "framework/screen_effects.h"
 
-#include "base/log.h"
 #include "codecs/png.h"
 #include "framework/actors.h"
 #include "framework/ripples.h"
 #include "harness/harness.h"
 #include "state/options.h"
 #include "state/run.h"
-#include <filesystem>
-#include <fstream>
-#include <gtest/gtest.h>
 
 namespace nubo {
 namespace {

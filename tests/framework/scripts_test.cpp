@@ -2,7 +2,6 @@
 #include "framework/scripts.h"
 
 #include "base/jobs.h"
-#include "base/log.h"
 #include "base/random.h"
 #include "framework/actors.h"
 #include "framework/bubbles.h"
@@ -12,12 +11,6 @@
 #include "state/effects.h"
 #include "state/run.h"
 #include "state/view.h"
-#include <algorithm>
-#include <fstream>
-#include <gtest/gtest.h>
-#include <string>
-#include <string_view>
-#include <vector>
 
 namespace nubo {
 namespace {

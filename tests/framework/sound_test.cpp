@@ -1,7 +1,6 @@
 #include "framework/sound.h"
 
 #include "base/jobs.h"
-#include "base/log.h"
 #include "base/random.h"
 #include "framework/framework_jobs.h"
 #include "framework/resources.h"
@@ -10,11 +9,6 @@
 #include "state/options.h"
 #include "state/run.h"
 #include <allegro.h>
-#include <filesystem>
-#include <fstream>
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
 
 namespace nubo {
 namespace {

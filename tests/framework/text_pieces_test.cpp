@@ -1,5 +1,4 @@
 // Texts that are more than a line on the screen: letters that are actors, and the picture of bubbles.
-#include "base/log.h"
 #include "font_sheet.h"
 #include "framework/actors.h"
 #include "framework/bubbles.h"
@@ -8,8 +7,6 @@
 #include "harness/harness.h"
 #include "state/run.h"
 #include "state/view.h"
-#include <gtest/gtest.h>
-#include <string>
 
 namespace nubo {
 namespace {

@@ -1,12 +1,8 @@
 #include "framework/text.h"
 
-#include "base/color.h"
-#include "base/log.h"
 #include "font_sheet.h"
 #include "harness/harness.h"
 #include "state/run.h"
-#include <cstring>
-#include <gtest/gtest.h>
 
 namespace nubo {
 namespace {

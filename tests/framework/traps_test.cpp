@@ -1,8 +1,6 @@
 #include "framework/traps.h"
 
-#include "base/log.h"
 #include "harness/harness.h"
-#include <gtest/gtest.h>
 
 namespace nubo {
 namespace {

@@ -4,12 +4,8 @@
 #include "framework/console.h"
 #include "framework/resources.h"
 #include "gui_kit.h"
-#include "harness/harness.h"
 #include "state/console.h"
-#include <allegro.h>
 #include <atomic>
-#include <filesystem>
-#include <string>
 #include <thread>
 
 namespace nubo {

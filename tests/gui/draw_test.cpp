@@ -3,12 +3,7 @@
 #include "gui/columns.h"
 #include "gui/shapes.h"
 #include "gui_kit.h"
-#include "harness/harness.h"
 #include "state/resources.h"
-#include <algorithm>
-#include <allegro.h>
-#include <filesystem>
-#include <string>
 
 namespace nubo {
 namespace {

@@ -1,6 +1,5 @@
 #pragma once
 // An editor whose interface is elements that the test builds, with its handler run tick by tick or by a scripted user.
-#include "base/bitmap.h"
 #include "gui/draw.h"
 #include "gui/elements.h"
 #include "gui/mouse.h"
@@ -8,10 +7,6 @@
 #include "gui/window.h"
 #include "harness/user.h"
 #include "platform/input_queue.h"
-#include "state/flow.h"
-#include "state/options.h"
-#include "state/run.h"
-#include "state/view.h"
 
 namespace nubo {
 

@@ -1,9 +1,6 @@
 // Presses: which element takes them, and what each action leaves behind.
-#include "base/log.h"
 #include "gui/columns.h"
 #include "gui_kit.h"
-#include "harness/harness.h"
-#include "state/tools.h"
 
 namespace nubo {
 namespace {

@@ -1,11 +1,7 @@
 #include "harness/harness.h"
 
-#include "base/color.h"
 #include "base/random.h"
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 
 namespace nubo {
 
@@ -31,9 +27,11 @@ ScratchFolder::~ScratchFolder() {
     std::filesystem::remove_all(path_, ignored);
 }
 
-std::string log_text() {
-    std::ifstream log("UA_log.txt");
-    return {std::istreambuf_iterator<char>(log), {}};
+std::string bytes_of(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
 }
+
+std::string log_text() { return bytes_of("UA_log.txt"); }
 
 }  // namespace nubo

@@ -1,7 +1,18 @@
 #pragma once
-// What every test stands on.
+// What every test stands on, with the headers that nearly all of them use.
 #include "base/bitmap.h"
+#include "base/color.h"
+#include "base/log.h"
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace nubo {
 
@@ -21,6 +32,9 @@ public:
 private:
     std::string path_, before_;
 };
+
+/// All bytes of a file; none if it can't be read.
+std::string bytes_of(const std::filesystem::path& path);
 
 /// The log's text so far, when the test has opened the log in its scratch folder; for looking for lines.
 std::string log_text();

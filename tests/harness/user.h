@@ -2,14 +2,21 @@
 // A scripted user: a coroutine that moves, presses and types while the program's own loops run. Every wait loop of the
 // program passes the present step; there the time goes on, the timer handlers run as often as their rates ask, and the
 // script is resumed. So a modal tool or window is played from press to commit in milliseconds, the same way every time.
-#include "state/colors.h"
+#include "harness/harness.h"
+#include "paint/surfaces.h"
+#include "paint/undo.h"
+#include "state/cel.h"
+#include "state/flow.h"
+#include "state/frames.h"
+#include "state/options.h"
+#include "state/run.h"
+#include "state/stroke.h"
 #include "state/tools.h"
+#include "state/view.h"
 #include <allegro.h>
 #include <coroutine>
 #include <exception>
 #include <functional>
-#include <gtest/gtest.h>
-#include <vector>
 
 namespace nubo {
 
@@ -82,6 +89,9 @@ void advance_time(int milliseconds);
 
 /// The bitmaps of the picture, and the time that goes on with each present: what `update_screen` needs.
 void make_screen();
+
+/// The states that undo and redo hold, with the one shown.
+int undo_steps();
 
 /// The editor as after a start, without files: a black Frame of 320x240, default keys, tool DRAW, ink OPAQUE, brush
 /// white, three tips: 0 one full pixel, 1 a full square of 3x3, 2 the same at tip value 100.

@@ -2,13 +2,9 @@
 // masks a Cel.
 #include "ink_surfaces.h"
 
+#include "harness/user.h"
 #include "paint/cel_paste.h"
 #include "paint/cel_pixels.h"
-#include "paint/undo.h"
-#include "state/options.h"
-#include "state/run.h"
-#include "state/view.h"
-#include <algorithm>
 #include <initializer_list>
 
 namespace nubo {
@@ -42,9 +38,6 @@ protected:
     }
     static std::vector<Color> frame_row(int y) {
         return {pixels_at(current_frame, 0, y), pixels_at(current_frame, 0, y) + current_frame->w};
-    }
-    static auto undo_steps() {
-        return std::ranges::count_if(undo_age, [](int age) { return age != undo_free; });
     }
 };
 

@@ -6,14 +6,9 @@
 #include "paint/shape_lines.h"
 #include "paint/stroke.h"
 #include "paint/tool_cases.h"
-#include "paint/undo.h"
-#include "state/frames.h"
 #include "state/messages.h"
-#include "state/run.h"
 #include "state/shape.h"
-#include "state/view.h"
 
-#include <algorithm>
 #include <random>
 
 namespace nubo {
@@ -88,9 +83,6 @@ TEST(ShapeFillTest, PaintsThePixelsOfAllegrosPolygon) {
 class ShapeCommitTest : public EditorTest {
 protected:
     ~ShapeCommitTest() override { free_point_list(); }
-    static auto undo_steps() {
-        return std::ranges::count_if(undo_age, [](int age) { return age != undo_free; });
-    }
     static void commit(BrushTool tool, const Points& points, int filled, int tip) {
         undo_last();
         take_tool(tool);

@@ -1,14 +1,11 @@
 // The generators of shapes, against closed forms and points worked out by hand.
-#include "base/log.h"
 #include "harness/harness.h"
 #include "paint/shape_generators.h"
 #include "paint/shape_lines.h"
 #include "paint/shape_spline.h"
 
-#include <algorithm>
 #include <allegro.h>
 #include <cmath>
-#include <gtest/gtest.h>
 
 namespace nubo {
 

@@ -1,15 +1,11 @@
 // The shape tools that need only the mouse, by the scripted user: from the press to the commit and to each way out.
 #include "harness/user.h"
 #include "paint/shape_in_hand.h"
-#include "paint/undo.h"
 #include "state/gui.h"
 #include "state/messages.h"
-#include "state/run.h"
 #include "state/shape.h"
-#include "state/stroke.h"
 #include "state/windows.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace nubo {
@@ -20,9 +16,6 @@ constexpr int right_button = 2;
 
 class ShapeToolTest : public EditorTest {
 protected:
-    static auto undo_steps() {
-        return std::ranges::count_if(undo_age, [](int age) { return age != undo_free; });
-    }
     static void take(BrushTool tool, int filled, int tip) {
         take_tool(tool);
         tool_option(tool, OPTION_FILLED) = filled;

@@ -1,16 +1,7 @@
 #include "paint/stroke.h"
 
-#include "base/log.h"
-#include "harness/harness.h"
 #include "harness/user.h"
-#include "paint/surfaces.h"
-#include "paint/undo.h"
-#include "state/frames.h"
-#include "state/run.h"
-#include "state/stroke.h"
-#include "state/view.h"
 
-#include <algorithm>
 #include <random>
 
 namespace nubo {

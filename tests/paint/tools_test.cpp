@@ -1,16 +1,8 @@
 // The tools that need nothing but the mouse, from press to commit and from press to leaving.
-#include "base/color.h"
 #include "base/random.h"
 #include "harness/user.h"
 #include "paint/stroke.h"
-#include "paint/surfaces.h"
-#include "paint/undo.h"
-#include "state/options.h"
-#include "state/run.h"
-#include "state/stroke.h"
-#include "state/view.h"
 
-#include <algorithm>
 #include <cstdlib>
 #include <random>
 
@@ -22,9 +14,6 @@ int draws_taken;
 
 class ToolTest : public EditorTest {
 protected:
-    static auto undo_steps() {
-        return std::ranges::count_if(undo_age, [](int age) { return age != undo_free; });
-    }
     static void paint_rect(int x1, int y1, int x2, int y2, Color color) {
         rectfill(current_frame, x1, y1, x2, y2, static_cast<int>(color));
     }

@@ -1,14 +1,10 @@
 #include "paint/undo.h"
 
-#include "base/log.h"
 #include "harness/harness.h"
 #include "paint/surfaces.h"
 #include "state/messages.h"
 #include "state/options.h"
 #include "state/view.h"
-
-#include <algorithm>
-#include <gtest/gtest.h>
 
 namespace nubo {
 namespace {

@@ -1,10 +1,6 @@
 #include "platform/file_inbox.h"
 
-#include "base/log.h"
 #include "harness/harness.h"
-#include <filesystem>
-#include <fstream>
-#include <gtest/gtest.h>
 
 namespace nubo {
 namespace {

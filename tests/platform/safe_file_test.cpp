@@ -1,13 +1,9 @@
 #include "platform/safe_file.h"
 
-#include "base/log.h"
 #include "harness/harness.h"
 #include "platform/faults.h"
 #include "platform/input_file.h"
 
-#include <cstring>
-#include <filesystem>
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 
@@ -15,12 +11,6 @@ namespace nubo {
 namespace {
 
 constexpr std::size_t large = 700'000;  // more than one buffer
-
-std::string text_of(const char* path) {
-    std::vector<std::uint8_t> bytes;
-    EXPECT_TRUE(read_file(path, SIZE_MAX, bytes));
-    return {bytes.begin(), bytes.end()};
-}
 
 int files_here() {
     int count = 0;
@@ -48,7 +38,7 @@ TEST_F(SafeFileTest, KeepsTheOldFileWhateverCallFails) {
             const bool struck = faults::struck();
             faults::disarm();
             // After the rename only the folder's sync can fail, and the new file stands.
-            EXPECT_TRUE(text_of("kept") == (written ? new_bytes_ : "old")) << n;
+            EXPECT_TRUE(bytes_of("kept") == (written ? new_bytes_ : "old")) << n;
             EXPECT_EQ(files_here(), 2) << n;  // the log is the other
             if (!struck) break;
             if (!written) ++failures;
@@ -66,11 +56,11 @@ TEST_F(SafeFileTest, IsWholeOldOrWholeNewWhenTheProcessStops) {
         }
         int status = 0;
         ASSERT_EQ(waitpid(child, &status, 0), child);
-        const std::string text = text_of("kept");
+        const std::string text = bytes_of("kept");
         EXPECT_TRUE(text == "old" || text == new_bytes_) << n;
         if (WEXITSTATUS(status) != faults::stop_status) break;
     }
-    EXPECT_TRUE(text_of("kept") == new_bytes_);
+    EXPECT_TRUE(bytes_of("kept") == new_bytes_);
     EXPECT_GT(files_here(), 1);
     remove_unfinished_files(".");
     EXPECT_EQ(files_here(), 1);
@@ -97,7 +87,7 @@ TEST_F(SafeFileTest, KeepsLinksAndPermissions) {
     std::filesystem::permissions("kept", std::filesystem::perms(0640));
     ASSERT_TRUE(write_file("link", "new", 3));
     EXPECT_TRUE(std::filesystem::is_symlink("link"));
-    EXPECT_EQ(text_of("kept"), "new");
+    EXPECT_EQ(bytes_of("kept"), "new");
     EXPECT_EQ(std::filesystem::status("kept").permissions(), std::filesystem::perms(0640));
 }
 
@@ -107,7 +97,7 @@ TEST_F(SafeFileTest, WritesWhatALinkWillLeadToAndLeavesAloneWhatIsNoFile) {
     std::filesystem::create_symlink("far/new", "step");
     ASSERT_TRUE(write_file("link", "new", 3));
     EXPECT_TRUE(std::filesystem::is_symlink("link") && std::filesystem::is_symlink("step"));
-    EXPECT_EQ(text_of("far/new"), "new");
+    EXPECT_EQ(bytes_of("far/new"), "new");
 
     ASSERT_EQ(mkfifo("pipe", 0600), 0);
     std::filesystem::create_symlink("pipe", "to_pipe");
@@ -136,7 +126,7 @@ TEST_F(SafeFileTest, TellsWhetherAFolderTakesFiles) {
 
 TEST_F(SafeFileTest, LeavesNoTraceWithoutACommit) {
     { SafeFile("kept").write("half", 4); }
-    EXPECT_EQ(text_of("kept"), "old");
+    EXPECT_EQ(bytes_of("kept"), "old");
     EXPECT_EQ(files_here(), 1);
 }
 

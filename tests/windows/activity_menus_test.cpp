@@ -1,7 +1,5 @@
 // The activity menus and the Workspace window: where they open, what their items do, how they end.
 #include "menus_kit.h"
-#include "paint/undo.h"
-#include "state/frames.h"
 #include "windows/pic_commands.h"
 #include "workspace/frame_store.h"
 

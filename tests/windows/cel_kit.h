@@ -2,9 +2,6 @@
 // A Frame with a small sprite, and a user who takes it as the Cel or moves it.
 #include "menus_kit.h"
 #include "paint/cel_pixels.h"
-#include "paint/undo.h"
-#include "state/cel.h"
-#include <algorithm>
 
 namespace nubo {
 
@@ -27,9 +24,6 @@ protected:
         opt_cel_tolerance = 5;
         fill(40, 50, 42, 51, red);  // a sprite of 3 by 2 with one green pixel
         fill(42, 50, 42, 50, green);
-    }
-    static int undo_steps() {
-        return static_cast<int>(std::ranges::count_if(undo_age, [](int age) { return age != undo_free; }));
     }
     static void grab_sprite() { take_cel(copy_of_area({40, 50, 42, 51})), cel_x = 40, cel_y = 50; }
     static void expect_at_rest() {

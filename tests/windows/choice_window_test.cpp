@@ -3,7 +3,6 @@
 #include "gui/sliders.h"
 #include "menus_kit.h"
 #include "windows/option_widgets.h"
-#include <array>
 #include <span>
 
 namespace nubo {

@@ -71,9 +71,6 @@ protected:
             return update > 20;
         });
     }
-    static int undo_steps() {
-        return static_cast<int>(std::ranges::count_if(undo_age, [](int age) { return age != undo_free; }));
-    }
     static void expect_the_cel_is_back() {
         EXPECT_EQ(cel_place.mode, -1);
         EXPECT_EQ(cel->w, 5);

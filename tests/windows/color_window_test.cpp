@@ -1,17 +1,12 @@
 // The colour window, colours picked from the screen, and the gradient nodes, by the hand of a user.
 #include "windows/color_window.h"
 
-#include "base/bitmap.h"
 #include "gui/window.h"
 #include "harness/user.h"
 #include "paint/spectrum.h"
-#include "state/frames.h"
-#include "state/options.h"
-#include "state/run.h"
 #include "windows/color_elements.h"
 #include "windows/gradient_nodes.h"
 #include "windows/screen_pick.h"
-#include <allegro.h>
 
 namespace nubo {
 namespace {

@@ -1,8 +1,5 @@
 // The drawing menu: what each button does, and where each window opens and ends.
 #include "menus_kit.h"
-#include "paint/undo.h"
-#include "state/frames.h"
-#include "state/stroke.h"
 
 namespace nubo {
 namespace {

@@ -2,9 +2,7 @@
 
 #include "gui/columns.h"
 #include "harness/user.h"
-#include "state/options.h"
 #include "state/texts_help.h"
-#include "state/view.h"
 
 namespace nubo {
 namespace {

@@ -1,8 +1,6 @@
 // The hotkey window and its prompt, by the hand of a user.
 #include "windows/hotkey_window.h"
 
-#include "base/log.h"
-#include "harness/harness.h"
 #include "menus_kit.h"
 
 namespace nubo {

@@ -1,13 +1,8 @@
 #pragma once
 // An editor with the drawing menu on its screen, whose buttons the scripted user presses by their slots.
-#include "base/log.h"
 #include "gui/gui_kit.h"
-#include "harness/harness.h"
-#include "state/frames.h"
 #include "windows/drawing_menu.h"
 #include "workspace/workspace.h"
-#include <cstring>
-#include <filesystem>
 
 namespace nubo {
 

@@ -1,7 +1,5 @@
 // The keys that change the main option of the tool or the ink in use.
-#include "base/log.h"
 #include "gui/sliders.h"
-#include "harness/harness.h"
 #include "menus_kit.h"
 #include "windows/option_slider.h"
 

@@ -2,11 +2,6 @@
 
 #include "gui/elements.h"
 #include "harness/user.h"
-#include "state/colors.h"
-#include "state/options.h"
-#include "state/run.h"
-#include "state/stroke.h"
-#include "state/view.h"
 #include "windows/favorites_window.h"
 
 namespace nubo {

@@ -3,7 +3,6 @@
 #include "windows/number_field.h"
 #include "windows/resize_window.h"
 #include "windows/sheet_tool.h"
-#include <algorithm>
 
 namespace nubo {
 namespace {

@@ -1,7 +1,6 @@
 // The ColorScheme on the interface's colours and sprites, and the window that edits it.
 #include "windows/scheme_window.h"
 
-#include "base/color.h"
 #include "framework/text.h"
 #include "menus_kit.h"
 #include "state/resources.h"

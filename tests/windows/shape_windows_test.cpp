@@ -1,14 +1,7 @@
 // R.POLY, SSHAPE and SPIRAL, by the scripted user: the window, the drag of the shape, what is kept and what is left.
-#include "base/log.h"
-#include "harness/harness.h"
 #include "menus_kit.h"
-#include "paint/undo.h"
 #include "state/shape.h"
-#include "state/stroke.h"
 #include "windows/shape_windows.h"
-
-#include <algorithm>
-#include <string>
 
 namespace nubo {
 namespace {
@@ -23,9 +16,6 @@ protected:
         polygon_values = {0, 20, 4};
         supershape_values = {0, 200, 200, 200, 4, 20};  // a circle
         spiral_values = {0, 100, 2, 0, 0};
-    }
-    static auto undo_steps() {
-        return std::ranges::count_if(undo_age, [](int age) { return age != undo_free; });
     }
 };
 

@@ -36,10 +36,6 @@ int font_button() {
 }
 int input_slot() { return sliders_slot(LABEL_INPUT); }
 
-auto undo_steps() {
-    return std::ranges::count_if(undo_age, [](int age) { return age != undo_free; });
-}
-
 /// What is drawn of a text in the preferred font, with its line's corner at (x, y): white on black.
 std::vector<Color> picture_of(const char* text, int x, int y, int smooth = 1) {
     const OwnedBitmap coverage(create_bitmap_ex(8, current_frame->w, current_frame->h));

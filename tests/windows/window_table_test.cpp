@@ -2,7 +2,6 @@
 #include "harness/windows.h"
 #include "menus_kit.h"
 #include "state/texts_labels.h"
-#include <string>
 
 namespace nubo {
 namespace {

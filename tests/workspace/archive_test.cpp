@@ -32,11 +32,6 @@ namespace {
 namespace fs = std::filesystem;
 using Files = std::map<std::string, std::string>;
 
-std::string bytes_of(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 void put(const char* name, const std::string& bytes) { std::ofstream(name, std::ios::binary) << bytes; }
 
 std::string number(std::size_t value) {
