@@ -91,18 +91,18 @@ TEST_F(WspCompanion, TellsWhatIsWrong) {
     EXPECT_EQ(run("extract bent.wsp out"), 0) << "what can be had of it";
     for (const char* words : {"", "list", "check a b", "extract --png a.wsp"}) EXPECT_EQ(run(words), 2) << words;
     for (const char* words : {"--help", "list --help", "make -h"}) EXPECT_EQ(run(words), 0) << words;
-    const auto is_untouched = [&] { return text_of("a.wsp") == whole; };
+    const auto is_untouched = [&] { return bytes_of("a.wsp") == whole; };
     for (const char* name : {"current.003", "current.005", "current.cel"}) {  // no picture, behind a gap, no picture
         std::filesystem::rename("first", "kept");
         std::filesystem::copy("kept", "first");
         std::filesystem::copy("bent.wsp", std::string("first/") + name,
                               std::filesystem::copy_options::overwrite_existing);
-        EXPECT_TRUE(run("make a.wsp first") == 1 && is_untouched()) << name << text_of("output");
+        EXPECT_TRUE(run("make a.wsp first") == 1 && is_untouched()) << name << bytes_of("output");
         std::filesystem::remove_all("first");
         std::filesystem::rename("kept", "first");
     }
     std::filesystem::remove("first/current.cel");
-    EXPECT_TRUE(run("make a.wsp first") == 1 && is_untouched()) << text_of("output");
+    EXPECT_TRUE(run("make a.wsp first") == 1 && is_untouched()) << bytes_of("output");
 }
 
 /// A picture of 30000 by 30000, packed, and nothing behind its palette of 256 colours but the end of four bytes.
@@ -119,22 +119,22 @@ TEST_F(WspCompanion, ReadsAllThatTheEditorReadsAndPrintsNoControlBytes) {
     };
     const auto archive = [&](const std::string& title, const std::string& frame, const std::string& state) {
         std::string bytes = "nWSP" + std::string(1, static_cast<char>(title.size())) + title + '\0' + number(1);
-        for (const std::string& part :
-             {frame, text_of("first/current.cel"), text_of("first/current.nal"), text_of("first/current.tip"), state})
+        for (const std::string& part : {frame, bytes_of("first/current.cel"), bytes_of("first/current.nal"),
+                                        bytes_of("first/current.tip"), state})
             bytes += number(part.size()) + part;
         std::ofstream("a.wsp", std::ios::binary) << bytes;
     };
-    const std::string frame = text_of("first/current.000"), state = text_of("first/current.spa");
+    const std::string frame = bytes_of("first/current.000"), state = bytes_of("first/current.spa");
     archive("a\x1b[2Jb\xc3\xa9\xc2\x9b\xff", frame, state);
-    EXPECT_EQ(run("check a.wsp"), 0) << text_of("output");
+    EXPECT_EQ(run("check a.wsp"), 0) << bytes_of("output");
     EXPECT_EQ(run("list a.wsp"), 0);
-    EXPECT_NE(text_of("output").find("title   a?[2Jb\xc3\xa9??\n"), std::string::npos) << text_of("output");
+    EXPECT_NE(bytes_of("output").find("title   a?[2Jb\xc3\xa9??\n"), std::string::npos) << bytes_of("output");
     archive("", frame, std::string(state.size(), '\0'));
     EXPECT_EQ(run("check a.wsp"), 1);
-    EXPECT_NE(text_of("output").find("a tool slot"), std::string::npos) << text_of("output");
+    EXPECT_NE(bytes_of("output").find("a tool slot"), std::string::npos) << bytes_of("output");
     archive("", vast_picture(), state);
     EXPECT_EQ(run("check a.wsp"), 1);
-    EXPECT_NE(text_of("output").find("current.000"), std::string::npos) << text_of("output");
+    EXPECT_NE(bytes_of("output").find("current.000"), std::string::npos) << bytes_of("output");
 }
 
 }  // namespace
