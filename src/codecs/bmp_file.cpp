@@ -4,6 +4,7 @@
 #include "base/color.h"
 #include "base/log.h"
 #include "codecs/bmp_header.h"
+#include "codecs/rgb_rows.h"
 #include "platform/input_file.h"
 #include "platform/safe_file.h"
 #include <algorithm>
@@ -11,9 +12,6 @@
 #include <filesystem>
 #include <unistd.h>
 #include <vector>
-#if defined(__x86_64__)
-#include <tmmintrin.h>
-#endif
 
 namespace nubo {
 namespace {
@@ -46,48 +44,12 @@ std::vector<std::uint8_t> make_header(const BITMAP* bitmap, std::uint32_t pixel_
     return head;
 }
 
-#if defined(__x86_64__)
-/// Four pixels a step. The last steps write past their twelve bytes, into those of the next pixels: a row's last four
-/// pixels are left to the plain way. How many pixels were packed.
-__attribute__((target("ssse3"))) int pack_by_shuffle(const Color* from, std::uint8_t* to, int width) {
-    const __m128i order = _mm_setr_epi8(0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1);
-    int i = 0;
-    for (; i + 8 <= width; i += 4, to += 12) {
-        const __m128i pixels = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from + i));
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(to), _mm_shuffle_epi8(pixels, order));
-    }
-    return i;
-}
-
-/// The reverse, with the same care at the end of a row.
-__attribute__((target("ssse3"))) int unpack_by_shuffle(const std::uint8_t* from, Color* to, int width) {
-    const __m128i order = _mm_setr_epi8(0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1);
-    int i = 0;
-    for (; i + 8 <= width; i += 4, from += 12) {
-        const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(to + i), _mm_shuffle_epi8(bytes, order));
-    }
-    return i;
-}
-
-const bool has_shuffle = __builtin_cpu_supports("ssse3") != 0;
-#else
-constexpr bool has_shuffle = false;
-int pack_by_shuffle(const Color*, std::uint8_t*, int) { return 0; }
-int unpack_by_shuffle(const std::uint8_t*, Color*, int) { return 0; }
-#endif
-
-/// Blue, green, red of each pixel.
-void pack_row(const Color* from, std::uint8_t* to, int width) {
-    int i = has_shuffle ? pack_by_shuffle(from, to, width) : 0;
-    for (to += i * 3; i < width; ++i, to += 3) {
-        to[0] = static_cast<std::uint8_t>(from[i]);
-        to[1] = static_cast<std::uint8_t>(from[i] >> 8);
-        to[2] = static_cast<std::uint8_t>(from[i] >> 16);
-    }
-}
-
 // ---- Reading plain rows --------------------------------------------------------------------------------------------
+
+std::uint32_t pixel_of_16_bits(const std::uint8_t* from) { return static_cast<std::uint32_t>(from[0] | from[1] << 8); }
+std::uint32_t pixel_of_32_bits(const std::uint8_t* from) {
+    return pixel_of_16_bits(from) | pixel_of_16_bits(from + 2) << 16;
+}
 
 /// The component under a mask, as 8 bits: a narrower one is repeated until they are full, so that white stays white.
 std::uint32_t component(std::uint32_t pixel, std::uint32_t mask) {
@@ -105,27 +67,16 @@ Color masked_color(std::uint32_t pixel, const BmpHeader& header) {
            component(pixel, header.masks[2]);
 }
 
-/// The reverse of `pack_row`.
-void unpack_24_bits(const std::uint8_t* from, Color* to, int width) {
-    int i = has_shuffle ? unpack_by_shuffle(from, to, width) : 0;
-    for (from += i * 3; i < width; ++i, from += 3) to[i] = static_cast<Color>(from[0] | from[1] << 8 | from[2] << 16);
-}
-
 /// One row of the file, unpacked to colours.
 void unpack_row(const BmpHeader& header, const std::uint8_t* from, Color* to) {
     const auto width = static_cast<std::size_t>(header.width), bits = static_cast<std::size_t>(header.bits);
     switch (header.bits) {
-    case 24: unpack_24_bits(from, to, header.width); return;
+    case 24: unpack_row(from, to, header.width, BYTES_BGR); return;
     case 32:
-        for (std::size_t i = 0; i < width; ++i, from += 4)
-            to[i] =
-                masked_color(from[0] | static_cast<std::uint32_t>(from[1]) << 8 |
-                                 static_cast<std::uint32_t>(from[2]) << 16 | static_cast<std::uint32_t>(from[3]) << 24,
-                             header);
+        for (std::size_t i = 0; i < width; ++i, from += 4) to[i] = masked_color(pixel_of_32_bits(from), header);
         return;
     case 16:
-        for (std::size_t i = 0; i < width; ++i, from += 2)
-            to[i] = masked_color(static_cast<std::uint32_t>(from[0] | from[1] << 8), header);
+        for (std::size_t i = 0; i < width; ++i, from += 2) to[i] = masked_color(pixel_of_16_bits(from), header);
         return;
     default:  // 1, 4 or 8 bits, the first pixel in the highest ones
         for (std::size_t i = 0; i < width; ++i) {
@@ -136,20 +87,45 @@ void unpack_row(const BmpHeader& header, const std::uint8_t* from, Color* to) {
     }
 }
 
+/// What the alphas of all pixels come to. Of some programs all are 0, and mean nothing.
+class SeenAlpha {
+public:
+    explicit SeenAlpha(const BmpHeader& header)
+        : mask_(header.alpha_mask), width_(header.width), wide_(header.bits == 32) {}
+
+    void see_row(const std::uint8_t* from) {
+        for (int i = 0; mask_ != 0 && i < width_; ++i, from += wide_ ? 4 : 2) {
+            const std::uint32_t pixel = wide_ ? pixel_of_32_bits(from) : pixel_of_16_bits(from);
+            all_ &= pixel;
+            any_ |= pixel;
+        }
+    }
+    bool is_lost() const { return (all_ & mask_) != mask_ && (any_ & mask_) != 0; }
+
+private:
+    std::uint32_t mask_;
+    int width_;
+    bool wide_;
+    std::uint32_t all_ = ~0U, any_ = 0;
+};
+
 constexpr std::size_t block_bytes = 256 * 1024;
 
 /// Reads the rows some at a time, so that a large picture isn't in memory twice.
-bool read_rows(const InputFile& file, const BmpHeader& header, BITMAP* bitmap) {
-    const std::size_t row = header.row_bytes();
+bool read_rows(const InputFile& file, const BmpHeader& header, BITMAP* bitmap, SeenAlpha& alpha) {
+    const std::size_t row = header.rows().row_bytes();
     const int rows_at_once = static_cast<int>(std::max<std::size_t>(1, block_bytes / row));
     std::vector<std::uint8_t> block(row * static_cast<std::size_t>(std::min(rows_at_once, header.height)));
     for (int first = 0; first < header.height; first += rows_at_once) {
         const int rows = std::min(rows_at_once, header.height - first);
         const std::size_t at = header.pixels_at + row * static_cast<std::size_t>(first);
-        if (!file.read_at(at, block.data(), row * static_cast<std::size_t>(rows))) return false;
+        const std::size_t bytes = std::min(row * static_cast<std::size_t>(rows), file.size() - at);
+        if (!file.read_at(at, block.data(), bytes)) return false;  // what fills up the last row may be missing
         for (int i = 0; i < rows; ++i) {
             const int y = header.top_down ? first + i : header.height - 1 - first - i;
-            unpack_row(header, block.data() + row * static_cast<std::size_t>(i), pixels_at(bitmap, 0, y));
+            const std::uint8_t* const from = block.data() + row * static_cast<std::size_t>(i);
+            unpack_row(header, from, pixels_at(bitmap, 0, y));
+            alpha.see_row(from);
         }
     }
     return true;
@@ -258,7 +234,16 @@ struct Refusal {
     const char* cause = "";
 };
 
-Refusal read_picture(const InputFile& file, OwnedBitmap& bitmap) {
+/// Of the widest component.
+std::uint32_t sample_bits(const BmpHeader& header) {
+    std::uint32_t bits = 8;
+    for (const std::uint32_t mask : header.masks)
+        if (header.bits > 8 && mask != 0)
+            bits = std::max(bits, static_cast<std::uint32_t>(std::bit_width(mask >> std::countr_zero(mask))));
+    return bits;
+}
+
+Refusal read_picture(const InputFile& file, OwnedBitmap& bitmap, PictureLoss& loss) {
     std::vector<std::uint8_t> head(std::min(bmp_head_limit, file.size()));
     if (!file.read_at(0, head.data(), head.size())) return {PICTURE_OUT_OF_REACH, "its head can't be read"};
     BmpHeader header;
@@ -269,7 +254,11 @@ Refusal read_picture(const InputFile& file, OwnedBitmap& bitmap) {
     if (!bitmap) return {PICTURE_OUT_OF_REACH, "there isn't memory enough"};
     take_rows(bitmap.get(), 0, header.height);
     if (packed) return {read_runs(file, header, bitmap.get()), "its pixels can't be read"};
-    return {read_rows(file, header, bitmap.get()) ? PICTURE_FINE : PICTURE_OUT_OF_REACH, "its pixels can't be read"};
+    SeenAlpha alpha(header);
+    if (!read_rows(file, header, bitmap.get(), alpha)) return {PICTURE_OUT_OF_REACH, "its pixels can't be read"};
+    loss.alpha = alpha.is_lost();
+    loss.sample_bits = sample_bits(header);
+    return {};
 }
 
 /// Gives the file's bytes to `put(bytes, size)`, a row at a time.
@@ -280,7 +269,7 @@ template <typename Put> void put_bmp(BITMAP* bitmap, Put put) {
     put(head.data(), head.size());
     std::vector<std::uint8_t> row(row_bytes);  // its padding stays zero
     for (int y = bitmap->h - 1; y >= 0; --y) {
-        pack_row(pixels_at(bitmap, 0, y), row.data(), bitmap->w);
+        pack_row(pixels_at(bitmap, 0, y), row.data(), bitmap->w, BYTES_BGR);
         put(row.data(), row.size());
     }
 }
@@ -304,9 +293,10 @@ bool save_bmp_file(const std::string& path, BITMAP* bitmap) {
 
 OwnedBitmap load_bmp_file(const std::string& path, PictureFault& fault) {
     OwnedBitmap bitmap;
+    PictureLoss loss;
     const InputFile file(path);
     const Refusal refusal =
-        file.is_open() ? read_picture(file, bitmap) : Refusal{fault_of_opening(path), "it can't be opened"};
+        file.is_open() ? read_picture(file, bitmap, loss) : Refusal{fault_of_opening(path), "it can't be opened"};
     fault = refusal.fault;
     if (fault == PICTURE_FINE) return bitmap;
     UA_log("[ ERROR ] : The picture %s can't be loaded: %s", path.c_str(), refusal.cause);
@@ -315,7 +305,7 @@ OwnedBitmap load_bmp_file(const std::string& path, PictureFault& fault) {
 
 ReadPicture read_bmp(FileBytes bytes) {
     ReadPicture picture;
-    const Refusal refusal = read_picture(InputFile(bytes), picture.bitmap);
+    const Refusal refusal = read_picture(InputFile(bytes), picture.bitmap, picture.loss);
     if (refusal.fault == PICTURE_FINE) return picture;
     return {nullptr, refusal.cause};
 }

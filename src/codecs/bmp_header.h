@@ -1,5 +1,6 @@
 #pragma once
 // The head of a BMP file: everything in front of its pixels, checked.
+#include "codecs/read_picture.h"
 #include "state/colors.h"
 #include <array>
 #include <cstddef>
@@ -18,10 +19,13 @@ struct BmpHeader {
     std::size_t pixels_at = 0;             // offset of the first pixel, inside the file
     std::array<Color, 256> palette{};      // black where the file names no colour
     std::array<std::uint32_t, 3> masks{};  // bits of red, green, blue, at 16 and 32 bits
+    std::uint32_t alpha_mask = 0;          // 0: there is no alpha
 
-    /// Bytes of a row in the file, a multiple of four.
-    std::size_t row_bytes() const {
-        return (static_cast<std::size_t>(width) * static_cast<std::size_t>(bits) + 31) / 32 * 4;
+    PixelRows rows() const {
+        return {.width = static_cast<std::uint32_t>(width),
+                .height = static_cast<std::uint32_t>(height),
+                .bits = static_cast<std::size_t>(bits),
+                .unit = 4};
     }
     bool is_run_length() const { return packing == BMP_RLE8 || packing == BMP_RLE4; }
 };

@@ -182,6 +182,15 @@ OwnedBitmap convert_bitmap(GifFile& gif, OwnedBitmap indexed) {
     return bitmap;
 }
 
+/// Goes over the image that find_image has found.
+bool skip_image(PACKFILE* file) {
+    std::array<std::uint8_t, 9> bytes{};
+    if (!read_bytes(file, bytes)) return false;
+    const int table_bytes = (bytes[8] & has_color_table) != 0 ? 3 << ((bytes[8] & table_size_bits) + 1) : 0;
+    constexpr int minimum_bits_byte = 1;
+    return pack_fseek(file, table_bytes + minimum_bits_byte) == 0 && skip_sub_blocks(file);
+}
+
 OwnedBitmap read_image(GifFile& gif) {
     if (!read_start(gif) || !find_image(gif) || !read_descriptor(gif)) return nullptr;
     OwnedBitmap bitmap = read_pixels(gif);
@@ -203,9 +212,11 @@ BITMAP* load_gif_pf(PACKFILE* file, RGB* palette) {
 ReadPicture read_gif(FileBytes bytes) {
     PACKFILE* const file = open_for_reading(bytes);
     if (file == nullptr) return {nullptr, "there isn't memory enough"};
-    OwnedBitmap bitmap(load_gif_pf(file, nullptr));
+    GifFile gif{file};
+    ReadPicture picture = plain_picture(read_image(gif), "it is no GIF file, or is damaged");
+    while (picture.bitmap && find_image(gif) && skip_image(file)) ++picture.loss.images;
     pack_fclose(file);
-    return plain_picture(std::move(bitmap), "it is no GIF file, or is damaged");
+    return picture;
 }
 
 BITMAP* load_gif(const char* path, RGB* palette) {

@@ -5,8 +5,8 @@
 namespace nubo {
 
 /// Reads 1 to 8 planes with a palette, half-brite, HAM of 6 and 8 planes, and 24 planes of true colour, packed or not,
-/// with or without a plane that masks (left out); also the form that has bytes for planes ("PBM "). Bytes that end
-/// before the pixels do are refused.
+/// with or without a plane that masks (left out); also the form that has bytes for 8 planes ("PBM "). Bytes that
+/// end before the pixels do are refused.
 ReadPicture read_ilbm(FileBytes bytes);
 
 }  // namespace nubo

@@ -13,7 +13,7 @@
 namespace nubo {
 namespace {
 
-constexpr std::size_t palette_entries = 256, true_color_planes = 24;
+constexpr std::size_t palette_entries = 256, byte_planes = 8, true_color_planes = 24;
 constexpr std::size_t half_brite_planes = 6, half_brite_entries = 32;
 constexpr std::size_t pixels_of_a_byte = 8 * 64;  // a run of 128 bytes of 8 pixels each, in two bytes
 
@@ -26,11 +26,10 @@ constexpr std::uint32_t chunk_name(const char (&name)[5]) {
 enum IlbmMode : std::uint32_t { MODE_HALF_BRITE = 0x80, MODE_HAM = 0x800 };  // bits of the view mode
 
 struct IlbmPicture {
-    std::uint32_t width = 0, height = 0;
-    std::size_t planes = 0, planes_stored = 0;  // the latter with the mask's
-    std::size_t row_bytes = 0;                  // of one plane
-    bool packed = false, chunky = false;        // chunky: a byte for each pixel, no planes
-    bool half_brite = false, ham = false;
+    PixelRows rows{};                     // of all planes that are stored, the mask's among them
+    std::size_t planes = 0;               // of colours, or the bits of a pixel that is a byte
+    bool packed = false, chunky = false;  // chunky: a byte for each pixel, no planes
+    bool masked = false, half_brite = false, ham = false;
     std::array<Color, palette_entries> palette{};
     FileBytes body;
 };
@@ -70,7 +69,7 @@ void read_palette(const IlbmChunks& chunks, IlbmPicture& ilbm) {
     for (std::size_t i = 0; i < count; ++i)
         ilbm.palette[i] = pack_color(static_cast<int>(colors.byte(3 * i)), static_cast<int>(colors.byte(3 * i + 1)),
                                      static_cast<int>(colors.byte(3 * i + 2)));
-    if (ilbm.planes > 8) return;
+    if (ilbm.planes > byte_planes) return;
     ilbm.ham = (chunks.view_mode & MODE_HAM) != 0 && ilbm.planes > 4;
     // Old files of six planes with half the colours bring no view mode.
     ilbm.half_brite = ilbm.planes == half_brite_planes && !ilbm.ham &&
@@ -84,6 +83,11 @@ void read_palette(const IlbmChunks& chunks, IlbmPicture& ilbm) {
         ilbm.palette[i] = static_cast<Color>(i * 255 / (shades - 1) * 0x010101);
 }
 
+bool is_known_form(const IlbmPicture& ilbm) {
+    if (ilbm.chunky) return ilbm.planes == byte_planes;
+    return (ilbm.planes >= 1 && ilbm.planes <= byte_planes) || ilbm.planes == true_color_planes;
+}
+
 /// Null, or why the head can't be believed.
 const char* read_head(const ByteView& file, IlbmPicture& ilbm) {
     constexpr std::size_t header_bytes = 20;
@@ -93,20 +97,18 @@ const char* read_head(const ByteView& file, IlbmPicture& ilbm) {
     const IlbmChunks chunks = find_chunks(file);
     const ByteView header(chunks.header);
     if (header.size() < header_bytes || chunks.body.empty()) return "it is cut short";
-    ilbm.width = header.big_16(0);
-    ilbm.height = header.big_16(2);
+    const std::uint32_t width = header.big_16(0), height = header.big_16(2), packing = header.byte(10);
     ilbm.planes = header.byte(8);
     ilbm.chunky = form == chunk_name("PBM ");
-    const std::uint32_t masking = header.byte(9), packing = header.byte(10);
-    const bool known_planes = ilbm.chunky ? ilbm.planes == 8 : ilbm.planes >= 1 && ilbm.planes <= 8;
-    if ((!known_planes && ilbm.planes != true_color_planes) || packing > 1) return "its pixels have no known form";
-    if (ilbm.width < 1 || ilbm.height < 1) return "its size is out of range";
+    ilbm.masked = !ilbm.chunky && header.byte(9) == 1;
+    if (!is_known_form(ilbm) || packing > 1) return "its pixels have no known form";
+    if (width < 1 || height < 1) return "its size is out of range";
     ilbm.packed = packing == 1;
-    ilbm.planes_stored = ilbm.chunky ? 1 : ilbm.planes + (masking == 1 ? 1 : 0);
-    ilbm.row_bytes = ilbm.chunky ? ilbm.width + ilbm.width % 2 : (std::size_t{ilbm.width} + 15) / 16 * 2;
+    const std::size_t bits = ilbm.chunky ? 8 : 1, stored = ilbm.chunky ? 1 : ilbm.planes + (ilbm.masked ? 1 : 0);
+    ilbm.rows = {.width = width, .height = height, .bits = bits, .planes = stored, .unit = 2};
     ilbm.body = chunks.body;
-    const bool enough = ilbm.packed ? can_fill(ilbm.width, ilbm.height, ilbm.body.size(), pixels_of_a_byte)
-                                    : ilbm.row_bytes * ilbm.planes_stored * ilbm.height <= ilbm.body.size();
+    const bool enough = ilbm.packed ? can_fill(width, height, ilbm.body.size(), pixels_of_a_byte)
+                                    : ilbm.rows.row_bytes() * height <= ilbm.body.size();
     if (!enough) return "it is cut short";
     read_palette(chunks, ilbm);
     return nullptr;
@@ -181,7 +183,11 @@ void join_planes(const std::uint8_t* planes, std::size_t row_bytes, Count count,
         std::memcpy(to, &pixels, sizeof pixels);
     }
 }
-constexpr std::integral_constant<std::size_t, 8> eight_planes;
+constexpr std::integral_constant<std::size_t, byte_planes> eight_planes;
+
+/// Bytes of the indexes that `join_planes` makes of a row, and how often it does.
+std::size_t joined_bytes(const IlbmPicture& ilbm) { return 8 * ilbm.rows.plane_bytes(); }
+std::size_t joined_times(const IlbmPicture& ilbm) { return ilbm.planes == true_color_planes ? 3 : 1; }
 
 /// A row of hold and modify: each pixel is an entry of the palette, or the one left of it with a component changed.
 void spread_ham(const IlbmPicture& ilbm, const std::uint8_t* indexes, Color* to) {
@@ -189,7 +195,7 @@ void spread_ham(const IlbmPicture& ilbm, const std::uint8_t* indexes, Color* to)
     constexpr std::array<int, 4> shifts{0, 0, 16, 8};
     const int bits = ilbm.planes > half_brite_planes ? 6 : 4;
     Color color = ilbm.palette[0];
-    for (std::size_t x = 0; x < ilbm.width; ++x) {
+    for (std::size_t x = 0; x < ilbm.rows.width; ++x) {
         const Color value = indexes[x] & ((1U << bits) - 1);
         const auto change = static_cast<std::size_t>(indexes[x] >> bits);
         const Color full = value << (8 - bits) | value >> (2 * bits - 8);  // its bits again, until they are 8
@@ -199,22 +205,31 @@ void spread_ham(const IlbmPicture& ilbm, const std::uint8_t* indexes, Color* to)
     }
 }
 
-/// Turns a row's planes, or its bytes, into colours; `scratch` has room for 8 * row_bytes for each 8 planes.
+/// Turns a row's planes, or its bytes, into colours; `scratch` has room for all that `join_planes` makes.
 void spread_row(const IlbmPicture& ilbm, const std::uint8_t* row, std::uint8_t* scratch, Color* to) {
+    const std::size_t plane_bytes = ilbm.rows.plane_bytes();
     if (ilbm.planes == true_color_planes) {
-        const std::size_t pixels = 8 * ilbm.row_bytes;
-        for (std::size_t i = 0; i < 3; ++i)
-            join_planes(row + i * 8 * ilbm.row_bytes, ilbm.row_bytes, eight_planes, scratch + i * pixels);
-        for (std::size_t x = 0; x < ilbm.width; ++x)
+        const std::size_t pixels = joined_bytes(ilbm);
+        for (std::size_t i = 0; i < joined_times(ilbm); ++i)
+            join_planes(row + i * byte_planes * plane_bytes, plane_bytes, eight_planes, scratch + i * pixels);
+        for (std::size_t x = 0; x < ilbm.rows.width; ++x)
             to[x] = static_cast<Color>(scratch[x]) << 16 | static_cast<Color>(scratch[pixels + x]) << 8 |
                     scratch[2 * pixels + x];
         return;
     }
-    if (!ilbm.chunky && ilbm.planes == eight_planes) join_planes(row, ilbm.row_bytes, eight_planes, scratch);
-    if (!ilbm.chunky && ilbm.planes != eight_planes) join_planes(row, ilbm.row_bytes, ilbm.planes, scratch);
+    if (!ilbm.chunky && ilbm.planes == eight_planes) join_planes(row, plane_bytes, eight_planes, scratch);
+    if (!ilbm.chunky && ilbm.planes != eight_planes) join_planes(row, plane_bytes, ilbm.planes, scratch);
     const std::uint8_t* const indexes = ilbm.chunky ? row : scratch;
     if (ilbm.ham) return spread_ham(ilbm, indexes, to);
-    for (std::size_t x = 0; x < ilbm.width; ++x) to[x] = ilbm.palette[indexes[x]];
+    for (std::size_t x = 0; x < ilbm.rows.width; ++x) to[x] = ilbm.palette[indexes[x]];
+}
+
+/// Whether the row's mask, its last plane, leaves a pixel out.
+bool hides_a_pixel(const IlbmPicture& ilbm, const std::uint8_t* row) {
+    const std::uint8_t* const mask = row + ilbm.planes * ilbm.rows.plane_bytes();
+    for (std::size_t x = 0; x < ilbm.rows.width; ++x)
+        if ((mask[x / 8] >> (7 - x % 8) & 1) == 0) return true;
+    return false;
 }
 
 }  // namespace
@@ -223,13 +238,14 @@ ReadPicture read_ilbm(FileBytes bytes) {
     IlbmPicture ilbm;
     if (const char* const fault = read_head(ByteView(bytes), ilbm)) return {nullptr, fault};
     ReadPicture picture;
-    picture.bitmap = bitmap_to_fill(ilbm.width, ilbm.height, picture.cause);
+    picture.bitmap = bitmap_to_fill(ilbm.rows.width, ilbm.rows.height, picture.cause);
     if (!picture.bitmap) return picture;
-    std::vector<std::uint8_t> row(ilbm.row_bytes * ilbm.planes_stored), scratch(3 * 8 * ilbm.row_bytes);
+    std::vector<std::uint8_t> row(ilbm.rows.row_bytes()), scratch(joined_bytes(ilbm) * joined_times(ilbm));
     BodyBytes body(ilbm.body, ilbm.packed);
     for (int y = 0; y < picture.bitmap->h; ++y) {
         if (!body.fill(row.data(), row.size())) return {nullptr, "it is cut short"};
         spread_row(ilbm, row.data(), scratch.data(), pixels_at(picture.bitmap.get(), 0, y));
+        if (ilbm.masked && !picture.loss.alpha) picture.loss.alpha = hides_a_pixel(ilbm, row.data());
     }
     return picture;
 }

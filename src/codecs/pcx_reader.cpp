@@ -13,6 +13,7 @@ namespace {
 
 constexpr std::size_t head_bytes = 128, small_palette_at = 16, small_palette_entries = 16, large_palette_entries = 256;
 constexpr std::uint32_t signature = 10, version_without_palette = 3, large_palette_mark = 12;
+constexpr std::size_t alpha_planes = 4;           // of 8 bits, the last of them the alpha
 constexpr std::size_t pixels_of_a_byte = 8 * 63;  // a run of bytes of 8 pixels each, in two bytes
 
 /// The colours of a file that brings none: those of the adapter of its time.
@@ -21,9 +22,7 @@ constexpr std::array<Color, small_palette_entries> default_palette_16{
     0x555555, 0x5555ff, 0x55ff55, 0x55ffff, 0xff5555, 0xff55ff, 0xffff55, 0xffffff};
 
 struct PcxPicture {
-    std::uint32_t width = 0, height = 0;
-    std::size_t bits = 0, planes = 0;  // of a pixel in each plane
-    std::size_t row_bytes = 0;         // of one plane
+    PixelRows rows{};
     bool packed = false;
     std::array<Color, large_palette_entries> palette{};
 };
@@ -31,11 +30,12 @@ struct PcxPicture {
 // ---- Head and palette ----------------------------------------------------------------------------------------------
 
 bool is_known_form(const PcxPicture& pcx) {
-    switch (pcx.bits) {
-    case 1: return pcx.planes >= 1 && pcx.planes <= 4;
+    const std::size_t planes = pcx.rows.planes;
+    switch (pcx.rows.bits) {
+    case 1: return planes >= 1 && planes <= 4;
     case 2:
-    case 4: return pcx.planes == 1;
-    case 8: return pcx.planes == 1 || pcx.planes == 3 || pcx.planes == 4;
+    case 4: return planes == 1;
+    case 8: return planes == 1 || planes == 3 || planes == alpha_planes;
     default: return false;
     }
 }
@@ -50,7 +50,7 @@ void read_colors(const ByteView& file, std::size_t at, std::size_t count, PcxPic
 /// are black and white.
 void read_small_palette(const ByteView& file, PcxPicture& pcx) {
     read_colors(file, small_palette_at, small_palette_entries, pcx);
-    const std::size_t used = std::size_t{1} << pcx.bits * pcx.planes;
+    const std::size_t used = std::size_t{1} << pcx.rows.bits * pcx.rows.planes;
     const auto first = pcx.palette.begin(), end = first + static_cast<std::ptrdiff_t>(used);
     const bool has_colors = file.byte(1) != version_without_palette &&
                             std::any_of(first, end, [&](Color color) { return color != pcx.palette[0]; });
@@ -72,23 +72,23 @@ void read_large_palette(const ByteView& file, PcxPicture& pcx) {
 const char* read_head(const ByteView& file, PcxPicture& pcx) {
     if (file.size() < head_bytes || file.byte(0) != signature || file.byte(2) > 1) return "it is no PCX file";
     pcx.packed = file.byte(2) == 1;
-    pcx.bits = file.byte(3);
-    pcx.planes = file.byte(65);
-    pcx.row_bytes = file.little_16(66);
+    PixelRows& rows = pcx.rows;
+    rows.bits = file.byte(3);
+    rows.planes = file.byte(65);
+    rows.unit = file.little_16(66);  // the file says how long its rows are
     if (!is_known_form(pcx)) return "its pixels have no known form";
     const std::uint32_t left = file.little_16(4), top = file.little_16(6), right = file.little_16(8),
                         bottom = file.little_16(10);
     if (right < left || bottom < top) return "its size is out of range";
-    pcx.width = right - left + 1;
-    pcx.height = bottom - top + 1;
-    if (pcx.row_bytes < (pcx.width * pcx.bits + 7) / 8) return "its rows are shorter than the picture is wide";
-    const std::size_t bytes = pcx.row_bytes * pcx.planes * pcx.height;
-    const bool enough =
-        pcx.packed ? can_fill(pcx.width, pcx.height, file.size(), pixels_of_a_byte) : bytes <= file.size() - head_bytes;
+    rows.width = right - left + 1;
+    rows.height = bottom - top + 1;
+    if (rows.unit < rows.used_bytes()) return "its rows are shorter than the picture is wide";
+    const bool enough = pcx.packed ? can_fill(rows.width, rows.height, file.size(), pixels_of_a_byte)
+                                   : rows.row_bytes() * rows.height <= file.size() - head_bytes;
     if (!enough) return "it is cut short";
-    if (pcx.bits == 8 && pcx.planes == 1)
+    if (rows.bits == 8 && rows.planes == 1)
         read_large_palette(file, pcx);
-    else if (pcx.bits < 8)
+    else if (rows.bits < 8)
         read_small_palette(file, pcx);
     return nullptr;
 }
@@ -148,25 +148,32 @@ private:
 };
 
 /// The index of pixel x: the bits of its place in each plane, the first plane's the lowest.
-std::size_t index_at(const PcxPicture& pcx, const std::uint8_t* row, std::size_t x) {
-    const std::size_t bit = x * pcx.bits, mask = (std::size_t{1} << pcx.bits) - 1;
+std::size_t index_at(const PcxPicture& pcx, const std::uint8_t* row, std::size_t plane_bytes, std::size_t x) {
+    const std::size_t bits = pcx.rows.bits, bit = x * bits, mask = (std::size_t{1} << bits) - 1;
     std::size_t index = 0;
-    for (std::size_t plane = 0; plane < pcx.planes; ++plane)
-        index |= (row[plane * pcx.row_bytes + bit / 8] >> (8 - pcx.bits - bit % 8) & mask) << plane;
+    for (std::size_t plane = 0; plane < pcx.rows.planes; ++plane)
+        index |= (row[plane * plane_bytes + bit / 8] >> (8 - bits - bit % 8) & mask) << plane;
     return index;
 }
 
 void spread_row(const PcxPicture& pcx, const std::uint8_t* row, Color* to) {
-    const std::size_t width = pcx.width;
-    if (pcx.bits == 8 && pcx.planes == 1) {
+    const std::size_t width = pcx.rows.width, plane_bytes = pcx.rows.plane_bytes();
+    if (pcx.rows.bits == 8 && pcx.rows.planes == 1) {
         for (std::size_t x = 0; x < width; ++x) to[x] = pcx.palette[row[x]];
-    } else if (pcx.bits == 8) {
-        const std::uint8_t *green = row + pcx.row_bytes, *blue = green + pcx.row_bytes;
+    } else if (pcx.rows.bits == 8) {
+        const std::uint8_t *green = row + plane_bytes, *blue = green + plane_bytes;
         for (std::size_t x = 0; x < width; ++x)
             to[x] = static_cast<Color>(row[x]) << 16 | static_cast<Color>(green[x]) << 8 | blue[x];
     } else {
-        for (std::size_t x = 0; x < width; ++x) to[x] = pcx.palette[index_at(pcx, row, x)];
+        for (std::size_t x = 0; x < width; ++x) to[x] = pcx.palette[index_at(pcx, row, plane_bytes, x)];
     }
+}
+
+bool hides_a_pixel(const PcxPicture& pcx, const std::uint8_t* row) {
+    constexpr std::uint8_t whole = 255;
+    if (pcx.rows.bits != 8 || pcx.rows.planes != alpha_planes) return false;
+    const std::uint8_t* const alpha = row + (alpha_planes - 1) * pcx.rows.plane_bytes();
+    return std::any_of(alpha, alpha + pcx.rows.width, [](std::uint8_t value) { return value != whole; });
 }
 
 }  // namespace
@@ -175,14 +182,15 @@ ReadPicture read_pcx(FileBytes bytes) {
     PcxPicture pcx;
     if (const char* const fault = read_head(ByteView(bytes), pcx)) return {nullptr, fault};
     ReadPicture picture;
-    picture.bitmap = bitmap_to_fill(pcx.width, pcx.height, picture.cause);
+    picture.bitmap = bitmap_to_fill(pcx.rows.width, pcx.rows.height, picture.cause);
     if (!picture.bitmap) return picture;
-    const std::size_t row_bytes = pcx.row_bytes * pcx.planes;
+    const std::size_t row_bytes = pcx.rows.row_bytes();
     std::vector<std::uint8_t> row(row_bytes + run_slack);
     PcxBytes planes(bytes, pcx.packed);
     for (int y = 0; y < picture.bitmap->h; ++y) {
         if (!planes.fill(row.data(), row_bytes)) return {nullptr, "it is cut short"};
         spread_row(pcx, row.data(), pixels_at(picture.bitmap.get(), 0, y));
+        picture.loss.alpha = picture.loss.alpha || hides_a_pixel(pcx, row.data());
     }
     return picture;
 }

@@ -26,10 +26,11 @@ int save_png(const char* path, BITMAP* bitmap, const RGB* palette);
 /// The same on an open packfile, which stays open.
 int save_png_pf(PACKFILE* file, BITMAP* bitmap, const RGB* palette);
 
-/// Reads a PNG from memory, without its alpha.
+/// Reads a PNG from memory, without its alpha. One that ends anywhere behind its last pixel is whole.
 ReadPicture read_png(FileBytes bytes);
 
-/// The same, but what is more transparent than not becomes `clear_pixel`.
+/// The same, but what is more transparent than not becomes `clear_pixel`, by whatever means the file tells that: an
+/// alpha of each pixel or of the palette's colours, or one colour that is clear.
 ReadPicture read_cut_out_png(FileBytes bytes);
 inline constexpr std::uint32_t clear_pixel = 0xffff00ff;
 

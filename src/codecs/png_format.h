@@ -20,8 +20,8 @@ constexpr std::uint32_t png_chunk_type(const char (&name)[5]) {
     return word;
 }
 inline constexpr std::uint32_t png_chunk_header = png_chunk_type("IHDR"), png_chunk_palette = png_chunk_type("PLTE"),
-                               png_chunk_alpha = png_chunk_type("tRNS"), png_chunk_pixels = png_chunk_type("IDAT"),
-                               png_chunk_end = png_chunk_type("IEND");
+                               png_chunk_alpha = png_chunk_type("tRNS"), png_chunk_animation = png_chunk_type("acTL"),
+                               png_chunk_pixels = png_chunk_type("IDAT"), png_chunk_end = png_chunk_type("IEND");
 
 inline constexpr std::uint32_t png_header_length = 13;  // bytes in an IHDR chunk
 inline constexpr int palette_entries = 256;
@@ -42,7 +42,9 @@ struct PngHeader {
     int bit_depth = 0;          // of a sample: 1, 2, 4, 8 or 16
     PngColorType color_type = PNG_GREY;
     bool interlaced = false;
-    std::size_t row_bytes = 0;  // one filtered row, without its filter byte
+    std::size_t row_bytes = 0;                 // one filtered row, without its filter byte
+    bool has_key = false;                      // grey or RGB: pixels of these samples are clear, all others get an
+    std::array<std::uint16_t, 3> clear_key{};  // alpha of 255
 
     /// The bytes of all its rows with their filter bytes.
     std::size_t filtered_size() const { return width == 0 ? 0 : static_cast<std::size_t>(height) * (row_bytes + 1); }
@@ -64,8 +66,10 @@ constexpr bool png_has_alpha(PngColorType type) { return type == PNG_GREY_ALPHA 
 
 /// The bytes of one filtered row, from the header's width and pixel format.
 constexpr std::size_t png_row_bytes(const PngHeader& header) {
-    const int pixel_bits = header.bit_depth * png_channels(header.color_type);
-    return (static_cast<std::size_t>(header.width) * static_cast<std::size_t>(pixel_bits) + 7) / 8;
+    return PixelRows{.width = static_cast<std::uint32_t>(header.width),
+                     .height = static_cast<std::uint32_t>(header.height),
+                     .bits = static_cast<std::size_t>(header.bit_depth * png_channels(header.color_type))}
+        .row_bytes();
 }
 
 /// Keeps the cause of a failure. Always false, so that a failing function can return it.

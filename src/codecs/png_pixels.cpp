@@ -123,6 +123,24 @@ void unpack_row(const PngHeader& header, const std::uint8_t* row, std::uint8_t* 
     }
 }
 
+/// A sample as it stands in the row.
+int sample_at(const PngHeader& header, const std::uint8_t* row, int index) {
+    if (header.bit_depth == 16) return row[2 * index] << 8 | row[2 * index + 1];
+    return packed_sample(row, index, header.bit_depth);
+}
+
+/// Every pixel shows but those of the one colour that the file calls clear.
+void apply_key(const PngHeader& header, const std::uint8_t* row, Color* pixels) {
+    constexpr Color whole = 255;
+    const int channels = png_channels(header.color_type);
+    for (int x = 0; x < header.width; ++x) {
+        bool is_clear = true;
+        for (int i = 0; i < channels; ++i)
+            is_clear &= sample_at(header, row, x * channels + i) == header.clear_key[static_cast<std::size_t>(i)];
+        if (!is_clear) pixels[x] |= whole << _rgb_a_shift_32;
+    }
+}
+
 OwnedBitmap new_bitmap(const PngHeader& header) {
     OwnedBitmap bitmap(create_bitmap_ex(header.color_type == PNG_PALETTE ? 8 : 32, header.width, header.height));
     if (!bitmap) png_fail("Cannot allocate bitmap!");
@@ -137,8 +155,11 @@ OwnedBitmap build_bitmap(const PngHeader& header, std::uint8_t* rows, std::size_
     if (!undo_filters(header, rows)) return nullptr;
     OwnedBitmap bitmap = new_bitmap(header);
     if (!bitmap) return nullptr;
-    for (int y = 0; y < header.height; ++y)
-        unpack_row(header, rows + static_cast<std::size_t>(y) * (header.row_bytes + 1) + 1, bitmap->line[y]);
+    for (int y = 0; y < header.height; ++y) {
+        const std::uint8_t* const row = rows + static_cast<std::size_t>(y) * (header.row_bytes + 1) + 1;
+        unpack_row(header, row, bitmap->line[y]);
+        if (header.has_key) apply_key(header, row, reinterpret_cast<Color*>(bitmap->line[y]));
+    }
     return bitmap;
 }
 

@@ -12,7 +12,7 @@ std::array<PngHeader, 7> png_sub_images(const PngHeader& whole);
 std::size_t png_filtered_size(const PngHeader& header);
 
 /// The bitmap of a whole image of `size` inflated bytes, whose filters are undone in place: 8 bits of indexes for a
-/// palette image, else 32 bits with the alpha of the types that have one and 0 in the others.
+/// palette image, else 32 bits with the alpha of the types and keys that have one and 0 in the others.
 OwnedBitmap png_build_image(const PngHeader& header, std::uint8_t* rows, std::size_t size);
 
 }  // namespace nubo

@@ -24,9 +24,10 @@ struct PngFile {
     PngHeader header{};
     std::array<RGB, palette_entries> palette{};
     bool has_palette = false;
-    bool is_cut_out = false;  // then kept: the alpha of the palette's first entries, and what the pixels' indexes were
+    bool keeps_alpha = false;  // also that which stands beside the pixels: of a colour, of the palette's first entries
     Bytes palette_alpha{};
-    OwnedBitmap indexes{};
+    OwnedBitmap indexes{};     // what they were, where the palette has alpha
+    std::uint32_t images = 1;  // of an animation
 };
 
 struct ChunkStart {
@@ -152,19 +153,51 @@ bool read_palette(PngFile& png, std::uint32_t length) {
     return skip_crc(png.file);
 }
 
-/// More entries than a palette has, or those of another kind of picture, mean nothing here.
-bool read_palette_alpha(PngFile& png, const ChunkStart& chunk) {
-    const bool is_meant = png.is_cut_out && png.header.color_type == PNG_PALETTE && chunk.length <= palette_entries;
-    if (!is_meant) return skip_chunk(png.file, chunk);
-    png.palette_alpha.resize(chunk.length);
-    const auto length = static_cast<long>(chunk.length);
-    if (pack_fread(png.palette_alpha.data(), length, png.file) != length) return png_fail("Cannot read palette!");
+/// The length that tRNS has, or may have at most; 0 of a picture that has its alpha in the pixels.
+std::uint32_t transparency_length(PngColorType type) {
+    switch (type) {
+    case PNG_PALETTE: return palette_entries;
+    case PNG_GREY:
+    case PNG_RGB: return static_cast<std::uint32_t>(2 * png_channels(type));
+    case PNG_GREY_ALPHA:
+    case PNG_RGB_ALPHA: return 0;
+    }
+    return 0;
+}
+
+/// More entries than a palette has, or bytes of another length than a colour's, mean nothing.
+bool read_transparency(PngFile& png, const ChunkStart& chunk) {
+    PngHeader& header = png.header;
+    const std::uint32_t length = transparency_length(header.color_type);
+    const bool is_meant = header.color_type == PNG_PALETTE ? chunk.length <= length : chunk.length == length;
+    if (!png.keeps_alpha || !is_meant) return skip_chunk(png.file, chunk);
+    Bytes bytes(chunk.length);
+    const auto wanted = static_cast<long>(chunk.length);
+    if (pack_fread(bytes.data(), wanted, png.file) != wanted) return png_fail("Cannot read palette!");
+    if (header.color_type == PNG_PALETTE) {
+        png.palette_alpha = std::move(bytes);
+    } else {
+        const unsigned sample_mask = (1U << header.bit_depth) - 1;
+        header.has_key = !bytes.empty();
+        for (std::size_t i = 0; i < bytes.size() / 2; ++i)
+            header.clear_key[i] = static_cast<std::uint16_t>((bytes[2 * i] << 8 | bytes[2 * i + 1]) & sample_mask);
+    }
     return skip_crc(png.file);
+}
+
+/// How many images an animation has. The first of them is the picture, as a rule.
+bool read_animation(PngFile& png, const ChunkStart& chunk) {
+    constexpr std::uint32_t length = 8, times_bytes = 4;  // how often it plays
+    if (chunk.length != length) return skip_chunk(png.file, chunk);
+    const std::optional<std::uint32_t> images = read_word(png.file);
+    png.images = std::max(images.value_or(1), 1U);
+    return skip(png.file, times_bytes) && skip_crc(png.file);
 }
 
 bool read_chunk(PngFile& png, const ChunkStart& chunk) {
     if (chunk.type == png_chunk_palette) return read_palette(png, chunk.length);
-    if (chunk.type == png_chunk_alpha) return read_palette_alpha(png, chunk);
+    if (chunk.type == png_chunk_alpha) return read_transparency(png, chunk);
+    if (chunk.type == png_chunk_animation) return read_animation(png, chunk);
     return skip_chunk(png.file, chunk);
 }
 
@@ -183,15 +216,16 @@ bool read_data_chunk(PACKFILE* file, std::uint32_t length, GrowingBytes& data) {
     while (length > 0) {
         const std::size_t piece = std::min<std::size_t>(length, piece_bytes);
         if (!data.make_room(piece)) return png_fail("Cannot allocate memory!");
-        if (pack_fread(data.end(), static_cast<long>(piece), file) != static_cast<long>(piece))
-            return png_fail("Cannot read image data!");
-        data.advance(piece);
+        const long got = pack_fread(data.end(), static_cast<long>(piece), file);
+        if (got > 0) data.advance(static_cast<std::size_t>(got));
+        if (got != static_cast<long>(piece)) return png_fail("Cannot read image data!");
         length -= static_cast<std::uint32_t>(piece);
     }
     return skip_crc(file);
 }
 
-/// Gathers the data chunks from `chunk` on; `chunk` becomes the start of the first one behind them.
+/// Gathers the data chunks from `chunk` on; `chunk` becomes the start of the first one behind them. False when the file
+/// ends before that: what was gathered may be all the same.
 bool read_data(PACKFILE* file, ChunkStart& chunk, GrowingBytes& data) {
     while (chunk.type == png_chunk_pixels) {
         if (!read_data_chunk(file, chunk.length, data)) return false;
@@ -199,14 +233,15 @@ bool read_data(PACKFILE* file, ChunkStart& chunk, GrowingBytes& data) {
         if (!next) return false;
         chunk = *next;
     }
-    return data.size() >= fewest_data_bytes || png_fail("File without data!");
+    return true;
 }
 
+/// Behind the data nothing is needed, be the end of the file missing.
 bool read_up_to_end(PACKFILE* file, ChunkStart chunk) {
     while (chunk.type != png_chunk_end) {
-        if (!skip_chunk(file, chunk)) return false;
+        if (!skip_chunk(file, chunk)) return true;
         const std::optional<ChunkStart> next = read_chunk_start(file);
-        if (!next) return false;
+        if (!next) return true;
         chunk = *next;
     }
     return chunk.length == 0 || png_fail("Incorrect IEND length!");
@@ -214,22 +249,47 @@ bool read_up_to_end(PACKFILE* file, ChunkStart chunk) {
 
 // ---- Data to bitmap ------------------------------------------------------------------------------------------------
 
-OwnedBitmap inflate_image(const PngHeader& header, const GrowingBytes& data) {
+/// Inflates into `size` bytes. Null, or why they aren't all there; of data that the file's end cuts off only what is
+/// behind the last pixel may be missing.
+const char* inflate_rows(const GrowingBytes& data, bool is_cut, std::uint8_t* rows, std::size_t size) {
+    if (data.size() < fewest_data_bytes) return "File without data!";
+    uLongf inflated = size;
+    const int result = uncompress(rows, &inflated, data.data(), data.size());
+    if (result != Z_OK && !(is_cut && result == Z_BUF_ERROR)) return "Cannot decompress data!";
+    return inflated == size ? nullptr : "Not enough data!";
+}
+
+/// `cut`: why the data ends before its chunks do, or null.
+OwnedBitmap inflate_image(const PngHeader& header, const GrowingBytes& data, const char* cut) {
     const std::size_t size = png_filtered_size(header);
     // A header that promises more than these bytes can hold is known before the memory for it is asked for.
-    if (size / deflate_limit > data.size()) return png_fail("Not enough data!"), nullptr;
+    if (size / deflate_limit > data.size()) return png_fail(cut != nullptr ? cut : "Not enough data!"), nullptr;
     const PngBytes rows = png_bytes(size);
     if (!rows) return png_fail("Cannot allocate memory!"), nullptr;
-    uLongf inflated = size;
-    if (uncompress(rows.get(), &inflated, data.data(), data.size()) != Z_OK)
-        return png_fail("Cannot decompress data!"), nullptr;
-    if (inflated != size) return png_fail("Not enough data!"), nullptr;
+    if (const char* const fault = inflate_rows(data, cut != nullptr, rows.get(), size))
+        return png_fail(cut != nullptr ? cut : fault), nullptr;
     return png_build_image(header, rows.get(), size);
+}
+
+bool has_alpha(const PngFile& png) {
+    return png_has_alpha(png.header.color_type) || png.header.has_key || png.indexes != nullptr;
+}
+
+void take_alpha_of_palette(const PngFile& png, BITMAP* bitmap) {
+    constexpr Color color_bits = 0xffffff, whole = 255;
+    for (int y = 0; y < bitmap->h; ++y) {
+        Color* const pixels = pixels_at(bitmap, 0, y);
+        const std::uint8_t* const indexes = png.indexes->line[y];
+        for (int x = 0; x < bitmap->w; ++x) {
+            const Color alpha = indexes[x] < png.palette_alpha.size() ? png.palette_alpha[indexes[x]] : whole;
+            pixels[x] = (pixels[x] & color_bits) | alpha << _rgb_a_shift_32;
+        }
+    }
 }
 
 /// Brings the bitmap to the depth that Allegro wants for it, and `png.palette` to what its indexes mean.
 OwnedBitmap convert_bitmap(PngFile& png, OwnedBitmap bitmap) {
-    const bool indexed = png.header.color_type == PNG_PALETTE, alpha = png_has_alpha(png.header.color_type);
+    const bool indexed = png.header.color_type == PNG_PALETTE, alpha = has_alpha(png);
     const int depth = indexed ? _color_load_depth(8, 0) : alpha ? _color_load_depth(32, 1) : _color_load_depth(24, 0);
     if (depth == bitmap_color_depth(bitmap.get())) return bitmap;
     if (!png.palette_alpha.empty()) png.indexes = copy_bitmap(bitmap.get());
@@ -241,6 +301,7 @@ OwnedBitmap convert_bitmap(PngFile& png, OwnedBitmap bitmap) {
     }
     OwnedBitmap converted(_fixup_loaded_bitmap(bitmap.release(), png.palette.data(), depth));
     if (!converted) png_fail("Cannot allocate bitmap!");
+    if (converted && png.indexes && depth == 32) take_alpha_of_palette(png, converted.get());
     return converted;
 }
 
@@ -248,34 +309,56 @@ OwnedBitmap read_image(PngFile& png) {
     if (!read_signature(png.file) || !read_header(png)) return nullptr;
     std::optional<ChunkStart> chunk = read_up_to_data(png);
     GrowingBytes data;
-    if (!chunk || !read_data(png.file, *chunk, data)) return nullptr;
-    OwnedBitmap bitmap = inflate_image(png.header, data);
+    if (!chunk) return nullptr;
+    const bool goes_on = read_data(png.file, *chunk, data);
+    OwnedBitmap bitmap = inflate_image(png.header, data, goes_on ? nullptr : png_error);
     if (bitmap) bitmap = convert_bitmap(png, std::move(bitmap));
-    if (!bitmap || !read_up_to_end(png.file, *chunk)) return nullptr;
+    if (bitmap && goes_on && !read_up_to_end(png.file, *chunk)) return nullptr;
     return bitmap;
 }
 
-// ---- Cut-outs ------------------------------------------------------------------------------------------------------
+// ---- Alpha ---------------------------------------------------------------------------------------------------------
+
+Color alpha_of(Color pixel) { return pixel >> _rgb_a_shift_32 & 0xff; }
 
 void clear_by_alpha(BITMAP* bitmap) {
     constexpr Color color_bits = 0xffffff;
     for (int y = 0; y < bitmap->h; ++y) {
         Color* const pixels = pixels_at(bitmap, 0, y);
         for (int x = 0; x < bitmap->w; ++x) {
-            const Color alpha = pixels[x] >> _rgb_a_shift_32 & 0xff;
-            pixels[x] = alpha < half_clear ? clear_pixel : pixels[x] & color_bits;
+            pixels[x] = alpha_of(pixels[x]) < half_clear ? clear_pixel : pixels[x] & color_bits;
         }
     }
 }
 
-void clear_by_index(const PngFile& png, BITMAP* bitmap) {
-    for (int y = 0; y < bitmap->h; ++y) {
-        Color* const pixels = pixels_at(bitmap, 0, y);
-        const std::uint8_t* const indexes = png.indexes->line[y];
-        for (int x = 0; x < bitmap->w; ++x)
-            if (indexes[x] < png.palette_alpha.size() && png.palette_alpha[indexes[x]] < half_clear)
-                pixels[x] = clear_pixel;
+/// Whether a pixel has an alpha that a picture can't tell: whole, and in a cut-out none at all, are told.
+bool loses_alpha(BITMAP* bitmap, bool is_cut_out) {
+    constexpr Color whole = 255;
+    const auto is_lost = [is_cut_out](Color pixel) {
+        return alpha_of(pixel) != whole && (alpha_of(pixel) != 0 || !is_cut_out);
+    };
+    for (int y = 0; y < bitmap->h; ++y)
+        if (std::any_of(pixels_at(bitmap, 0, y), pixels_at(bitmap, 0, y) + bitmap->w, is_lost)) return true;
+    return false;
+}
+
+ReadPicture read_picture(FileBytes bytes, bool is_cut_out) {
+    PACKFILE* const file = open_for_reading(bytes);
+    if (file == nullptr) return {nullptr, "there isn't memory enough"};
+    PngFile png{.file = file, .keeps_alpha = true};
+    OwnedBitmap bitmap = read_image(png);
+    pack_fclose(file);
+    const bool alpha = bitmap && has_alpha(png) && bitmap_color_depth(bitmap.get()) == 32;
+    const PictureLoss loss{.alpha = alpha && loses_alpha(bitmap.get(), is_cut_out),
+                           .images = png.images,
+                           .sample_bits = png.header.bit_depth == 16 ? 16U : 8U};
+    if (alpha && is_cut_out) {
+        clear_by_alpha(bitmap.get());
+        return {std::move(bitmap), {}, loss};
     }
+    ReadPicture picture = plain_picture(std::move(bitmap), png_error);
+    picture.loss = loss;
+    return picture;
 }
 
 }  // namespace
@@ -292,28 +375,9 @@ BITMAP* load_png_pf(PACKFILE* file, RGB* palette) {
     return bitmap.release();
 }
 
-ReadPicture read_png(FileBytes bytes) {
-    PACKFILE* const file = open_for_reading(bytes);
-    if (file == nullptr) return {nullptr, "there isn't memory enough"};
-    OwnedBitmap bitmap(load_png_pf(file, nullptr));
-    pack_fclose(file);
-    return plain_picture(std::move(bitmap), png_error);
-}
+ReadPicture read_png(FileBytes bytes) { return read_picture(bytes, false); }
 
-ReadPicture read_cut_out_png(FileBytes bytes) {
-    PACKFILE* const file = open_for_reading(bytes);
-    if (file == nullptr) return {nullptr, "there isn't memory enough"};
-    PngFile png{.file = file, .is_cut_out = true};
-    OwnedBitmap bitmap = read_image(png);
-    pack_fclose(file);
-    if (bitmap && png_has_alpha(png.header.color_type) && bitmap_color_depth(bitmap.get()) == 32) {
-        clear_by_alpha(bitmap.get());
-        return {std::move(bitmap), {}};
-    }
-    ReadPicture picture = plain_picture(std::move(bitmap), png_error);
-    if (picture.bitmap && png.indexes) clear_by_index(png, picture.bitmap.get());
-    return picture;
-}
+ReadPicture read_cut_out_png(FileBytes bytes) { return read_picture(bytes, true); }
 
 BITMAP* load_png(const char* path, RGB* palette) {
     PACKFILE* const file = pack_fopen(path, "r");

@@ -30,9 +30,13 @@ int bar_row() {
 }
 
 void draw_centered(int row, std::string_view text, TextColor color) {
-    set_font(FONT_WIDE, color);
-    const int width = text_width(text);
-    set_font(FONT_WIDE, color);  // measuring has taken the text's colour codes
+    const auto width_in = [&](Font font) {
+        set_font(font, color);
+        return text_width(text);
+    };
+    const Font font = width_in(FONT_WIDE) <= view_w ? FONT_WIDE : FONT_NARROW;
+    const int width = width_in(font);
+    set_font(font, color);  // measuring has taken the text's colour codes
     UA_text(screen_buffer, (view_w - width) / 2, row + text_dy, text);
 }
 

@@ -54,7 +54,7 @@ inline constinit OverlayDrawer draw_over_frame = nullptr;  // what else each pic
 inline constinit int picking_color = 0;                    // the next update draws no cursor, crosshairs or tint
 inline constinit Shared<int> hotkeys_busy = 0;             // `check_hotkeys` is running
 inline constinit Shared<int> status_message = 0, status_timer = 0;  // message index and GUI ticks left
-inline constinit std::array<char, 64> told_text{};                  // what MESSAGE_TOLD says
+inline constinit std::array<char, 96> told_text{};                  // what MESSAGE_TOLD says
 inline constexpr int status_coordinates = 0, status_bar_only = -1;  // values of `status_message` without a text
 inline constinit int measure_x = -1, measure_y = -1;                // anchor of the distance, -1 none
 inline constinit int measure_state = 0;                             // 0 none, 1 first press, 2 running, 3 last press

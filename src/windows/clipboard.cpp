@@ -81,11 +81,11 @@ constexpr std::array<PictureKind, 7> picture_kinds{{
     {"text/uri-list", read_listed_picture},
 }};
 
-OwnedBitmap read_fetched(const Fetched& fetched) {
+ReadPicture read_fetched(const Fetched& fetched) {
     const auto kind = std::ranges::find(picture_kinds, fetched.kind, &PictureKind::name);
     ReadPicture picture = kind->read(fetched.bytes);
     if (!picture.bitmap) UA_log("[ ERROR ] : The clipboard's %s can't be read: %s", kind->name, picture.cause.c_str());
-    return std::move(picture.bitmap);
+    return picture;
 }
 
 /// A pass of waiting for another program's picture; one that comes soon needs no words. False when the user leaves.
@@ -101,10 +101,10 @@ bool wait_for_picture(std::optional<Waiting>& wait, int pass) {
 }
 
 /// What is there; null with FETCH_DONE: a picture that can't be read.
-FetchEnd fetch_picture(OwnedBitmap& picture) {
+FetchEnd fetch_picture(ReadPicture& picture) {
     serve_clipboard();  // another program may have copied just now
     if (const auto ours = copied.lock()) {
-        picture = copy_bitmap(ours.get());
+        picture.bitmap = copy_bitmap(ours.get());
         return FETCH_DONE;
     }
     std::vector<std::string> kinds;
@@ -160,9 +160,9 @@ int clipboard_put(BITMAP* bitmap) {
 }
 
 BITMAP* clipboard_get() {
-    OwnedBitmap picture;
+    ReadPicture picture;
     fetch_picture(picture);
-    return picture.release();
+    return picture.bitmap.release();
 }
 
 void clipboard_copy() {
@@ -170,14 +170,17 @@ void clipboard_copy() {
 }
 
 void clipboard_paste() {
-    OwnedBitmap picture;
-    if (fetch_picture(picture) == FETCH_LEFT) return;
+    ReadPicture fetched;
+    if (fetch_picture(fetched) == FETCH_LEFT) return;
+    OwnedBitmap picture = std::move(fetched.bitmap);
     if (!picture) return flash_message(MESSAGE_CLIPBOARD_EMPTY);
     if (!let_frame_grow(picture.get())) return;
     if (picture->w < frame_w && picture->h < frame_h)
         float_over_frame(std::move(picture));
     else
         fill_frame(picture.get());
+    const std::string lost = loss_text(fetched.loss);
+    if (!lost.empty() && exit_requested == 0) flash_text("FROM THE CLIPBOARD" + lost);
 }
 
 }  // namespace nubo

@@ -11,6 +11,7 @@
 #include "workspace/frame_store.h"
 #include "workspace/notices.h"
 #include "workspace/state_file.h"
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 
@@ -25,12 +26,17 @@ bool refuse(const std::string& file, const std::string& cause) {
     return false;
 }
 
-bool open_as_frame(const std::string& file) {
+/// `loss` grows by what the file loses.
+bool open_as_frame(const std::string& file, PictureLoss& loss) {
     if (frame_count >= frame_slots) return refuse(file, "there are 100 Frames already");
     FileType type = FILE_UNKNOWN;
     const ReadPicture picture = read_picture_file(file, type);
     if (!picture.bitmap) return refuse(file, picture.cause);
-    return append_frame(picture.bitmap.get()) || refuse(file, "its Frame can't be written to the workspace");
+    if (!append_frame(picture.bitmap.get())) return refuse(file, "its Frame can't be written to the workspace");
+    loss.alpha = loss.alpha || picture.loss.alpha;
+    loss.images = std::max(loss.images, picture.loss.images);
+    loss.sample_bits = std::max(loss.sample_bits, picture.loss.sample_bits);
+    return true;
 }
 
 /// One at the most: each would put away the one before it. How many are refused.
@@ -44,20 +50,23 @@ int open_workspace_files(const std::vector<std::string>& files) {
     return refused;
 }
 
-void say_opened(int count) {
-    flash_text(count == 1 ? "OPENED AS A NEW FRAME" : "OPENED " + std::to_string(count) + " PICTURES AS NEW FRAMES");
+void say_opened(int count, const PictureLoss& loss) {
+    const std::string what =
+        count == 1 ? "OPENED AS A NEW FRAME" : "OPENED " + std::to_string(count) + " PICTURES AS NEW FRAMES";
+    flash_text(what + loss_text(loss));
 }
 
 /// `refused` files were refused before.
 void open_pictures(const std::vector<std::string>& files, int refused) {
     if (files.empty()) return;
     const int first = frame_count;
+    PictureLoss loss;
     const BusyNotice notice;
     for (const std::string& file : files)
-        if (!open_as_frame(file)) ++refused;
+        if (!open_as_frame(file, loss)) ++refused;
     if (frame_count == first) return;
     save_workspace_state(state_file, true);
-    if (fetch_frame(frame_index, first) && refused == 0) say_opened(frame_count - first);
+    if (fetch_frame(frame_index, first) && refused == 0) say_opened(frame_count - first, loss);
 }
 
 }  // namespace

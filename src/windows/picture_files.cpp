@@ -40,7 +40,8 @@ bool load_picture(const std::string& path) {
         flash_text("THIS PICTURE CAN'T BE READ. SEE UA_LOG.TXT");
         return false;
     }
-    const std::string what = size_text(current_frame) + " " + std::string(file_format(type).ending);
+    const std::string what =
+        size_text(current_frame) + " " + std::string(file_format(type).ending) + loss_text(picture.loss);
     flash_text(is_whole ? "LOADED " + what : "DAMAGED FILE. LOADED WHAT THERE IS: " + what);
     return true;
 }

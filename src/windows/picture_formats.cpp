@@ -111,6 +111,14 @@ ReadPicture read_picture_file(const std::string& path, FileType& type) {
     return result;
 }
 
+std::string loss_text(const PictureLoss& loss) {
+    std::string text;
+    if (loss.images > 1) text += ". FIRST OF " + std::to_string(loss.images) + " IMAGES";
+    if (loss.alpha) text += ". ALPHA DROPPED";
+    if (loss.sample_bits > 8) text += ". " + std::to_string(loss.sample_bits) + " BITS A CHANNEL CUT TO 8";
+    return text;
+}
+
 bool write_picture_file(const std::string& path, BITMAP* picture) {
     const FileType type = file_type_from_extension(path, BROWSE_TO_SAVE);
     return file_format(is_picture_type(type) ? type : FILE_PNG).write(path, picture);

@@ -39,6 +39,9 @@ FileType file_type_of(const std::string& path);
 /// `type` becomes what it was read as.
 ReadPicture read_picture_file(const std::string& path, FileType& type);
 
+/// What was lost, as the status bar says it behind what was done: ". ALPHA DROPPED"; empty when nothing was.
+std::string loss_text(const PictureLoss& loss);
+
 /// Writes the picture to the file at `path`, wholly or not at all, as the type that its ending tells, or else as a PNG.
 /// JPG takes the quality `jpeg_quality`, GIF its colours as `opt_gif_reduction` asks. False after a log line.
 bool write_picture_file(const std::string& path, BITMAP* picture);

@@ -147,15 +147,7 @@ TEST(GifReader, RefusesWhatMakesNoSense) {
     EXPECT_EQ(load_gif((std::string(NUBO_TEST_DATA) + "/png_rgb8_n.png").c_str(), nullptr), nullptr);
 }
 
-TEST(GifReader, SurvivesCutFilesAndFlippedBits) {
-    for (const char* name : {"two", "several", "magick"}) {
-        Bytes bytes = test_file("gif_" + std::string(name) + ".gif");
-        for (std::size_t bit = 0; bit < 8 * bytes.size(); ++bit) {
-            bytes[bit / 8] ^= static_cast<std::uint8_t>(1 << bit % 8);
-            read(bytes);  // what it gives is a matter of the bit; that nothing breaks is one for the sanitizers
-            bytes[bit / 8] ^= static_cast<std::uint8_t>(1 << bit % 8);
-        }
-    }
+TEST(GifReader, NeedsNothingBehindTheLastPixel) {
     const Bytes whole = test_file("gif_transparent_zero.gif");  // its one image ends 3 bytes before the file:
     for (std::size_t size = 0; size < whole.size(); ++size)     // end code's last bits, terminator, trailer
         EXPECT_EQ(read({whole.begin(), whole.begin() + static_cast<long>(size)}) != nullptr, size + 3 >= whole.size())

