@@ -121,6 +121,7 @@ void set_first_settings() {
     set_second_keys();
     set_option_defaults();
     opt_undo_depth = undo_depth_max;          // slots are made when they are needed
+    opt_gif_reduction = REDUCTION_BEST;       // the others change colours that would all have found a place
     opt_cursor_zoom = cursor_keeps_its_size;  // grown, its arms would hide the pixels beside it
     opt_crosshair_scaling = 0;
     sfx_volume = music_volume = 255;

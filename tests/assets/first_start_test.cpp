@@ -182,6 +182,7 @@ TEST_F(FirstStart, TheSettingsHoldTheKeysAndTheNewcomersOptions) {
     EXPECT_EQ(opt_cursor_zoom, 1) << "off: it keeps its size";
     EXPECT_EQ(opt_crosshair_scaling, 0);
     EXPECT_EQ(opt_tooltips, 1);
+    EXPECT_EQ(opt_gif_reduction, REDUCTION_BEST);
     EXPECT_EQ(opt_tool_distance, 1);
     EXPECT_EQ(opt_crosshair_strength, 60);
     EXPECT_EQ(opt_crosshair_color, 1);
