@@ -1,4 +1,4 @@
-// Any bytes, read as a GIF.
+// Any bytes, read as a GIF: from a packfile, and as a picture.
 #include "base/bitmap.h"
 #include "codecs/gif.h"
 #include "fuzz/start.h"
@@ -11,5 +11,6 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     PALETTE palette;
     const nubo::OwnedBitmap picture(nubo::load_gif_pf(file, palette));
     pack_fclose(file);
+    nubo::read_gif(bytes);
     return started;
 }

@@ -1,4 +1,4 @@
-// Any bytes, read as a PNG.
+// Any bytes, read as a PNG: from a packfile, as a picture and as a cut-out.
 #include "base/bitmap.h"
 #include "codecs/png.h"
 #include "fuzz/start.h"
@@ -11,5 +11,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     PALETTE palette;
     const nubo::OwnedBitmap picture(nubo::load_png_pf(file, palette));
     pack_fclose(file);
+    nubo::read_png(bytes);
+    nubo::read_cut_out_png(bytes);
     return started;
 }
