@@ -42,8 +42,10 @@ void set_told_text(const std::string& text) {
 }
 
 void flash_text(const std::string& text) {
+    constexpr int ticks_to_read = 5;  // of a letter, where the text is long
     set_told_text(text);
     flash_message(MESSAGE_TOLD);
+    status_timer = std::max(flash_ticks, ticks_to_read * static_cast<int>(text.size()));
 }
 
 BusyNotice::BusyNotice(std::size_t amount) {

@@ -18,8 +18,8 @@ std::optional<PendingBox> take_box();
 /// Flashes a message in the status bar.
 void flash_message(Message message);
 
-/// Flashes a text that isn't in the table, in capitals, of at most `told_text`'s length. A bar in it, which would begin
-/// a colour code, shows as a "!".
+/// Flashes a text that isn't in the table, in capitals, of at most `told_text`'s length; a long one until it is read. A
+/// bar in it, which would begin a colour code, shows as a "!".
 void flash_text(const std::string& text);
 
 /// Such a text for a prompt, which is MESSAGE_TOLD then.
