@@ -312,7 +312,8 @@ ReadPicture read_bmp(FileBytes bytes) {
 
 const char* fault_of_bmp(const InputFile& file) {
     OwnedBitmap bitmap;
-    const Refusal refusal = read_picture(file, bitmap);
+    PictureLoss loss;
+    const Refusal refusal = read_picture(file, bitmap, loss);
     return refusal.fault == PICTURE_FINE ? nullptr : refusal.cause;
 }
 
