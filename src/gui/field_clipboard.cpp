@@ -1,21 +1,43 @@
 #include "gui/field_clipboard.h"
 
 #include "base/jobs.h"
+#include "base/utf8.h"
 #include "gui/elements.h"
 #include "gui/field_selection.h"
 #include "gui/text_field.h"
 #include "platform/clipboard.h"
 #include "state/flow.h"
 #include "state/run.h"
+#include <algorithm>
 #include <array>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace nubo {
 namespace {
 
 const std::array<std::string, 2> text_kinds{"UTF8_STRING", "text/plain;charset=utf-8"};
+
+/// What is pasted, too: older programs offer nothing else.
+constexpr const char *latin_kind = "STRING", *plain_kind = "text/plain";
+const std::array<std::string, 4> pasted_kinds{text_kinds[0], text_kinds[1], plain_kind, latin_kind};
+
+/// A STRING is of Latin-1, as are those bytes of a plain text that are no UTF-8.
+std::string text_of(const Fetched& fetched) {
+    constexpr std::size_t looked_at = 4 * field_size;  // bytes; a field takes less
+    std::string_view rest(reinterpret_cast<const char*>(fetched.bytes.data()),
+                          std::min(fetched.bytes.size(), looked_at));
+    std::string text;
+    while (!rest.empty()) {
+        const auto byte = static_cast<unsigned char>(rest.front());
+        const Utf8Character next = fetched.kind == latin_kind ? Utf8Character{byte} : first_character(rest);
+        text += utf8_of(next.code);
+        rest.remove_prefix(next.size);
+    }
+    return text;
+}
 
 // What was copied here last, for as long as it is on the clipboard.
 std::weak_ptr<const std::string> copied;
@@ -48,12 +70,11 @@ void copy_or_cut(int slot, bool cuts) {
 void paste_into_field(int slot) {
     serve_clipboard();  // another program may have copied just now
     if (const auto ours = copied.lock()) return type_text(slot, *ours);
-    const Fetched fetched = fetch_from_clipboard(text_kinds, [slot] {
+    const Fetched fetched = fetch_from_clipboard(pasted_kinds, [slot] {
         update_screen(UPDATE_NORMAL);
         return exit_requested == 0 && stands(slot);
     });
-    if (fetched.end == FETCH_DONE && stands(slot))
-        type_text(slot, {reinterpret_cast<const char*>(fetched.bytes.data()), fetched.bytes.size()});
+    if (fetched.end == FETCH_DONE && stands(slot)) type_text(slot, text_of(fetched));
 }
 
 void serve_job(int job_slot) {

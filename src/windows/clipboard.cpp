@@ -23,6 +23,7 @@
 #include <array>
 #include <memory>
 #include <optional>
+#include <span>
 #include <utility>
 
 namespace nubo {
@@ -84,7 +85,8 @@ constexpr std::array<PictureKind, 7> picture_kinds{{
 ReadPicture read_fetched(const Fetched& fetched) {
     const auto kind = std::ranges::find(picture_kinds, fetched.kind, &PictureKind::name);
     ReadPicture picture = kind->read(fetched.bytes);
-    if (!picture.bitmap) UA_log("[ ERROR ] : The clipboard's %s can't be read: %s", kind->name, picture.cause.c_str());
+    if (!picture.cause.empty())
+        UA_log("[ ERROR ] : The clipboard's %s can't be read: %s", kind->name, picture.cause.c_str());
     return picture;
 }
 
@@ -100,7 +102,8 @@ bool wait_for_picture(std::optional<Waiting>& wait, int pass) {
     return hand != HAND_RIGHT && hand != HAND_ESCAPES;
 }
 
-/// What is there; null with FETCH_DONE: a picture that can't be read.
+/// What is there: the first kind that is whole, or else the first of which there is a part. Null with FETCH_DONE: a
+/// picture that can't be read.
 FetchEnd fetch_picture(ReadPicture& picture) {
     serve_clipboard();  // another program may have copied just now
     if (const auto ours = copied.lock()) {
@@ -110,10 +113,21 @@ FetchEnd fetch_picture(ReadPicture& picture) {
     std::vector<std::string> kinds;
     for (const PictureKind& kind : picture_kinds) kinds.emplace_back(kind.name);
     std::optional<Waiting> wait;  // most pictures come before the next look
-    const Fetched fetched =
-        fetch_from_clipboard(kinds, [&wait, pass = 0]() mutable { return wait_for_picture(wait, pass++); });
-    if (fetched.end == FETCH_DONE) picture = read_fetched(fetched);
-    return fetched.end;
+    const auto goes_on = [&wait, pass = 0]() mutable { return wait_for_picture(wait, pass++); };
+    FetchEnd end = FETCH_NOTHING;
+    for (std::span<const std::string> left = kinds; !left.empty();) {
+        const Fetched fetched = fetch_from_clipboard(left, goes_on);
+        if (fetched.end == FETCH_LEFT) return FETCH_LEFT;
+        if (fetched.end == FETCH_NOTHING) break;
+        end = FETCH_DONE;
+        ReadPicture read = read_fetched(fetched);
+        const bool is_whole = read.bitmap && read.cause.empty();
+        if (is_whole || !picture.bitmap) picture = std::move(read);
+        if (is_whole) break;
+        const auto tried = std::ranges::find(left, fetched.kind) - left.begin();
+        left = left.subspan(static_cast<std::size_t>(tried) + 1);
+    }
+    return end;
 }
 
 // ---- Pasting -------------------------------------------------------------------------------------------------------

@@ -219,7 +219,7 @@ TEST_F(FieldTest, ACharacterOfSeveralBytesIsOne) {
 }
 
 TEST_F(FieldTest, CtrlWithCAndVCopiesAndPastes) {
-    static std::string copied, there;
+    static std::string copied, there, kind;  // the one that is there, empty: what is asked for first
     static const ClipboardStandIn stand_in{
         [](const ClipboardOffer& offer) {
             Bytes bytes;
@@ -227,7 +227,9 @@ TEST_F(FieldTest, CtrlWithCAndVCopiesAndPastes) {
             return copied = offer.kinds.front() + ":" + std::string(bytes.begin(), bytes.end()), true;
         },
         [](std::span<const std::string> kinds, const std::function<bool()>&) {
-            return Fetched{FETCH_DONE, kinds.front(), Bytes(there.begin(), there.end())};
+            const bool has_it = kind.empty() || std::ranges::find(kinds, kind) != kinds.end();
+            return Fetched{has_it ? FETCH_DONE : FETCH_NOTHING, kind.empty() ? kinds.front() : kind,
+                           Bytes(there.begin(), there.end())};
         }};
     set_clipboard_stand_in(&stand_in);
     const auto strike_with_ctrl = [](int code) {
@@ -268,6 +270,15 @@ TEST_F(FieldTest, CtrlWithCAndVCopiesAndPastes) {
         EXPECT_EQ(text(), one.text);
     }
     EXPECT_EQ(gui::cursor[field], 9);
+    for (const char* const only : {"STRING", "text/plain"})
+        for (const char* const bytes : {"\xe4", "\xc3\xa4"}) {
+            kind = only, there = bytes;
+            set_text("");
+            strike_with_ctrl(KEY_V);
+            const bool is_latin = kind == "STRING" && there.size() == 2;  // two letters of that
+            EXPECT_EQ(text(), is_latin ? "\xc3\x83\xc2\xa4" : "\xc3\xa4") << kind;
+        }
+    set_text("abc12xy\xc3\xa4");
     strike_with_ctrl(KEY_A);
     strike_with_ctrl(KEY_V);
     EXPECT_EQ(text(), "xyz") << "in the place of all";

@@ -26,6 +26,7 @@ constexpr Color red = 0xff0000, green = 0x00ff00, blue = 0x0000ff, white = 0xfff
 struct FakeClipboard {
     std::string kind;
     Bytes bytes;
+    Bytes as_bmp{};  // the same as another kind, if not empty
     std::optional<ClipboardOffer> offered;
     bool stalls = false;
 };
@@ -34,8 +35,11 @@ FakeClipboard fake;
 Fetched fetch_fake(std::span<const std::string> kinds, const std::function<bool()>& goes_on) {
     while (fake.stalls)
         if (!goes_on()) return {FETCH_LEFT, {}, {}};
-    if (std::ranges::find(kinds, fake.kind) == kinds.end()) return {};
-    return {FETCH_DONE, fake.kind, fake.bytes};
+    for (const std::string& kind : kinds) {
+        if (kind == fake.kind) return {FETCH_DONE, kind, fake.bytes};
+        if (kind == "image/bmp" && !fake.as_bmp.empty()) return {FETCH_DONE, kind, fake.as_bmp};
+    }
+    return {};
 }
 const ClipboardStandIn stand_in{[](ClipboardOffer offer) { return fake.offered = std::move(offer), true; }, fetch_fake};
 
@@ -110,6 +114,21 @@ TEST_F(ClipboardTest, WithoutADisplayNothingIsThere) {
         EXPECT_EQ(status_message, MESSAGE_CLIPBOARD_EMPTY);
     });
     EXPECT_EQ(undo_steps(), 0);
+}
+
+TEST_F(ClipboardTest, ABadKindIsFollowedByTheNext) {
+    there_is_red(40, 30);
+    const Bytes whole = fake.bytes;
+    write_bmp(picture(3, 2, blue).get(), fake.as_bmp);
+    for (const std::size_t left : {std::size_t{4}, whole.size() - 20, whole.size()}) {  // garbage, a part, all
+        fake.bytes.assign(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(left));
+        const OwnedBitmap got(clipboard_get());
+        ASSERT_TRUE(got);
+        EXPECT_EQ(got->w, left == whole.size() ? 40 : 3) << left;
+    }
+    fake.bytes.resize(4);
+    fake.as_bmp.resize(20);
+    EXPECT_EQ(clipboard_get(), nullptr);
 }
 
 TEST_F(ClipboardTest, ASmallerPictureFloatsAsACel) {
