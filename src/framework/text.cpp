@@ -210,8 +210,8 @@ void UA_text_as_is(BITMAP* target, int x, int y, std::string_view text, int cell
     for (; !text.empty(); x += cell_w) {
         const Utf8Character next = first_character(text);
         text.remove_prefix(next.size);
-        const auto code = static_cast<char>(next.code);
-        if (has_glyph(next.code))
+        const char code = has_glyph(next.code) ? static_cast<char>(next.code) : '?';
+        if (has_glyph(static_cast<unsigned char>(code)))
             UA_text(target, x, y, {&code, 1});
         else
             draw_empty_box(target, x, y, cell_w);

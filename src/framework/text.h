@@ -71,7 +71,7 @@ inline constexpr int text_measure_x = -9000;
 int UA_text(BITMAP* target, int x, int y, std::string_view text);
 
 /// Draws names of files and what users type, as they stand: no bar begins a colour code, each character has a cell of
-/// `cell_w`, and an empty box stands for what the font lacks.
+/// `cell_w`, and a "?" stands for what the font lacks, or an empty box where it lacks that, too.
 void UA_text_as_is(BITMAP* target, int x, int y, std::string_view text, int cell_w);
 
 /// The width of a text in the font set. Colour codes in it stay in force, as those of a drawn text do.

@@ -85,6 +85,10 @@ TEST_F(TextTest, AsItIsEachCharacterHasItsCell) {
     EXPECT_TRUE(is_box(10 + 5 * 7) && is_box(10 + 6 * 7));
     for (const int cell : {0, 7}) EXPECT_NE(at(10 + cell * 7 + 2, 22), paper) << "a d, hanging by 2";
     for (const int cell : {1, 2, 3, 4}) EXPECT_NE(at(10 + cell * 7, 20), paper);
+    font_slots[FONT_WIDE].glyph_x['?'] = font_slots[FONT_WIDE].glyph_x['A'];
+    UA_text_as_is(target_.get(), 10, 40, "\xc3\xa9", 7);
+    EXPECT_NE(at(10 + 1, 40), paper);
+    EXPECT_EQ(at(10 + 5, 44), paper) << "no box where there is a question mark";
 }
 
 TEST_F(TextTest, MeasuresWhatItDraws) {
