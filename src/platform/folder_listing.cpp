@@ -1,6 +1,8 @@
 #include "platform/folder_listing.h"
 
 #include "base/log.h"
+#include "platform/input_file.h"
+#include "platform/safe_file.h"
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
@@ -52,13 +54,15 @@ bool has_ending(std::string_view name, std::string_view ending) {
     return name[start - 1] == '.' && strncasecmp(name.data() + start, ending.data(), ending.size()) == 0;
 }
 
-bool FolderListing::read(const std::string& folder, const std::vector<std::string_view>& endings) {
+bool FolderListing::read(const std::string& folder, const std::vector<std::string_view>& endings,
+                         OfferedFiles offered) {
     const std::unique_ptr<DIR, int (*)(DIR*)> open_folder(opendir(folder.c_str()), closedir);
     if (!open_folder) {
         UA_log("[ ERROR ] : The folder %s can't be read: %s", folder.c_str(), std::strerror(errno));
         return false;
     }
     folder_ = folder;
+    offered_ = offered;
     entries_.clear();
     while (const dirent* const entry = readdir(open_folder.get())) {
         const EntryKind kind = kind_of(dirfd(open_folder.get()), *entry);
@@ -69,10 +73,11 @@ bool FolderListing::read(const std::string& folder, const std::vector<std::strin
 }
 
 bool FolderListing::is_offered(const FolderEntry& entry) const {
+    const std::string path = folder_ + "/" + entry.name;
+    if (offered_ == OFFER_READABLE && !entry.is_folder) return why_unreadable(path).empty();
     struct stat status {};
-    if (stat((folder_ + "/" + entry.name).c_str(), &status) != 0) return false;  // it has gone meanwhile
-    constexpr mode_t any_write_bit = S_IWUSR | S_IWGRP | S_IWOTH;
-    return entry.is_folder || (status.st_mode & any_write_bit) != 0;
+    if (stat(path.c_str(), &status) != 0) return false;  // it has gone meanwhile
+    return entry.is_folder || !is_write_protected(path);
 }
 
 void FolderListing::settle(std::size_t first, std::size_t count) {

@@ -7,6 +7,9 @@
 
 namespace nubo {
 
+/// Which files are offered: those that can be read, or those that may be written to.
+enum OfferedFiles : int { OFFER_READABLE, OFFER_WRITABLE };
+
 struct FolderEntry {
     std::string name;  // the bytes on disk
     bool is_folder = false;
@@ -16,13 +19,14 @@ struct FolderEntry {
 /// The folder above, the folders and the files of a folder, each kind in the order of its letters, capitals like small
 /// ones. Names that begin with a point stay out, and so does what is neither a file nor a folder.
 ///
-/// A file that nobody may write to isn't offered either. To know that each must be looked at, which takes several times
-/// as long as reading their names: so it is done for the rows that are about to be shown, by `settle`.
+/// Nor is what can't be read, or written to, as was asked for. To know that each must be looked at, which takes several
+/// times as long as reading their names: so it is done for the rows that are about to be shown, by `settle`.
 class FolderListing {
 public:
     /// Reads the folder at `folder`; of its files those named by one of the `endings` ("GIF"), or all if there is none.
     /// False, with what stood before kept, if the folder can't be read; the cause is logged.
-    bool read(const std::string& folder, const std::vector<std::string_view>& endings);
+    bool read(const std::string& folder, const std::vector<std::string_view>& endings,
+              OfferedFiles offered = OFFER_READABLE);
 
     std::size_t size() const { return entries_.size(); }
     const FolderEntry& operator[](std::size_t index) const { return entries_[index]; }
@@ -37,6 +41,7 @@ private:
     bool is_offered(const FolderEntry& entry) const;
 
     std::string folder_;
+    OfferedFiles offered_ = OFFER_READABLE;
     std::vector<FolderEntry> entries_;
 };
 

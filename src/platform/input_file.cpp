@@ -3,6 +3,7 @@
 #include "base/regular_file.h"
 #include <algorithm>
 #include <cerrno>
+#include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -36,6 +37,16 @@ bool InputFile::read_at(std::size_t at, void* to, std::size_t count) const {
         count -= static_cast<std::size_t>(got);
     }
     return true;
+}
+
+std::string why_unreadable(const std::string& path) {
+    constexpr mode_t any_read_bit = S_IRUSR | S_IRGRP | S_IROTH;
+    struct stat status;
+    if (stat(path.c_str(), &status) != 0)
+        return errno == ENOENT || errno == ENOTDIR ? "there is no such file" : std::strerror(errno);
+    if (!S_ISREG(status.st_mode)) return "it is no file";
+    const bool may = (status.st_mode & any_read_bit) != 0 && faccessat(AT_FDCWD, path.c_str(), R_OK, AT_EACCESS) == 0;
+    return may ? "" : "it may not be read";
 }
 
 bool read_file(const std::string& path, std::size_t limit, std::vector<std::uint8_t>& bytes) {

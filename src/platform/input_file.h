@@ -34,6 +34,10 @@ private:
     std::size_t start_ = 0, size_ = 0;
 };
 
+/// Why the file at `path` can't be read: it isn't there, it is no regular file, or this user may not. Empty where it
+/// can be; a file that nobody may read counts as unreadable to the superuser, too.
+std::string why_unreadable(const std::string& path);
+
 /// The first `limit` bytes of a file, or all if it is shorter. False if it can't be read.
 bool read_file(const std::string& path, std::size_t limit, std::vector<std::uint8_t>& bytes);
 

@@ -5,12 +5,16 @@
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
+#include <charconv>
+#include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
 #include <limits>
+#include <string_view>
 #include <sys/stat.h>
+#include <sys/utsname.h>
 #include <unistd.h>
 #include <utility>
 
@@ -19,10 +23,47 @@ namespace nubo {
 namespace {
 
 constexpr std::size_t buffer_size = 256 * 1024;
-constexpr mode_t new_file_mode = 0666, permission_bits = 0777;
+constexpr mode_t new_file_mode = 0666, permission_bits = 0777, any_write_bit = S_IWUSR | S_IWGRP | S_IWOTH;
 
-/// Ends the name of a file that is being written.
-constexpr const char* unfinished_suffix = ".unfinished";
+/// Ends the name of a file that is being written, ".name.PROCESS-NUMBER-HOST.unfinished".
+constexpr std::string_view unfinished_suffix = ".unfinished";
+
+/// "-" and the name of this machine, since a folder may be shared with others, whose processes have the same numbers.
+std::string host_ending() {
+    constexpr std::size_t longest = 64;
+    utsname system{};
+    std::string ending("-");
+    if (uname(&system) == 0) ending.append(system.nodename, strnlen(system.nodename, longest));
+    return ending;
+}
+
+/// The number at the end of `text`, which is taken off; 0 without one.
+pid_t take_number(std::string_view& text) {
+    const std::size_t start = text.find_last_not_of("0123456789") + 1;
+    pid_t number = 0;
+    std::from_chars(text.data() + start, text.data() + text.size(), number);
+    text = text.substr(0, start);
+    return number;
+}
+
+bool take_end(std::string_view& text, std::string_view end) {
+    if (!text.ends_with(end)) return false;
+    text.remove_suffix(end.size());
+    return true;
+}
+
+/// The process of this machine that was writing the file of that name, 0 for any other name. Without a host it is of
+/// this one: so the names were once.
+pid_t writer_of(std::string_view name) {
+    if (!name.starts_with('.') || !take_end(name, unfinished_suffix)) return 0;
+    take_end(name, host_ending());
+    take_number(name);
+    if (!take_end(name, "-")) return 0;
+    const pid_t process = take_number(name);
+    return name.ends_with('.') ? process : 0;
+}
+
+bool is_gone(pid_t process) { return kill(process, 0) != 0 && errno == ESRCH; }
 
 /// The file that a path leads to, step by step, since the last link may lead to a name that is still free. From a ring
 /// of links one of them comes back.
@@ -79,12 +120,13 @@ SafeFile::SafeFile(const std::string& path) : path_(behind_links(path)) {
 
 /// Never a name that exists, so that nothing is written over or through a link, in whatever folder this is.
 void SafeFile::open_beside() {
-    constexpr std::size_t longest_name = 200;  // bytes; with what is put around it below what file systems take
+    constexpr std::size_t longest_name = 150;  // bytes; with what is put around it below what file systems take
     static std::atomic<unsigned> count{0};     // a rescue is written beside the main flow
     const std::filesystem::path path(path_);
     const std::string begin = (path.parent_path() / ".").string() + path.filename().string().substr(0, longest_name);
+    const std::string end = host_ending().append(unfinished_suffix);
     do {
-        unfinished_ = begin + "." + std::to_string(getpid()) + "-" + std::to_string(count++) + unfinished_suffix;
+        unfinished_ = begin + "." + std::to_string(getpid()) + "-" + std::to_string(count++) + end;
         file_ =
             system_calls.open(unfinished_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, new_file_mode);
     } while (file_ < 0 && errno == EEXIST);
@@ -186,11 +228,17 @@ bool remove_file(const std::string& path) {
     return false;
 }
 
-void remove_unfinished_files(const std::string& folder) {
+void remove_unfinished_files(const std::string& folder, UnfinishedFiles which) {
     std::error_code error;
     std::vector<std::string> paths;
-    for (const auto& entry : std::filesystem::directory_iterator(folder, error))
-        if (entry.path().extension() == unfinished_suffix) paths.push_back(entry.path().string());
+    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        const std::string name = entry->path().filename();
+        const pid_t writer = which == UNFINISHED_BY_ENDED ? writer_of(name) : 0;
+        const bool goes =
+            which == UNFINISHED_BY_ALL ? name.ends_with(unfinished_suffix) : writer != 0 && is_gone(writer);
+        if (goes) paths.push_back(entry->path().string());
+    }
     for (const std::string& path : paths) remove_file(path);
 }
 
@@ -214,6 +262,12 @@ bool sync_disk(const std::string& folder) {
 bool file_exists(const std::string& path) {
     struct stat status;
     return lstat(path.c_str(), &status) == 0;
+}
+
+bool is_write_protected(const std::string& path) {
+    struct stat status;
+    if (stat(path.c_str(), &status) != 0) return false;
+    return (status.st_mode & any_write_bit) == 0 || faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0;
 }
 
 // ---- Waiting for the disk ------------------------------------------------------------------------------------------

@@ -10,8 +10,12 @@
 
 namespace nubo {
 
-/// Removes what a crash left of files that were being written in a folder of the program's own.
-void remove_unfinished_files(const std::string& folder);
+/// Whose unfinished files: of everybody in a folder that is the program's own and locked; elsewhere of processes of
+/// this machine that have ended.
+enum UnfinishedFiles : int { UNFINISHED_BY_ALL, UNFINISHED_BY_ENDED };
+
+/// Removes what a crash left of files that were being written in a folder.
+void remove_unfinished_files(const std::string& folder, UnfinishedFiles which = UNFINISHED_BY_ALL);
 
 /// When a new file is made to last through a loss of power: at once; its bytes at once and its name with the next file
 /// that is put into the same folder; or both by `sync_disk`, which takes many files together.
@@ -84,6 +88,10 @@ bool sync_disk(const std::string& folder);
 
 /// True if anything has that name, a link to nowhere included.
 bool file_exists(const std::string& path);
+
+/// True for a file that isn't to be written to: nobody may, or not this user. `SafeFile`, which needs only the folder's
+/// leave, would replace it all the same, and a stranger's would become the user's.
+bool is_write_protected(const std::string& path);
 
 // ---- Waiting for the disk ------------------------------------------------------------------------------------------
 

@@ -1,13 +1,16 @@
 #include "windows/file_browser.h"
 
+#include "base/keys.h"
 #include "gui/key_taps.h"
 #include "gui/presses.h"
 #include "gui/text_field.h"
+#include "gui/typed_text.h"
 #include "platform/places.h"
 #include "platform/safe_file.h"
 #include "state/options.h"
 #include "state/run.h"
 #include "state/view.h"
+#include "windows/browser_start.h"
 #include "windows/confirm_box.h"
 #include "windows/file_browser_rows.h"
 #include "windows/file_list.h"
@@ -16,6 +19,7 @@
 #include "windows/picture_formats.h"
 #include "windows/previous_window.h"
 #include "windows/run_window.h"
+#include "windows/type_ahead.h"
 #include "workspace/folders.h"
 #include "workspace/notices.h"
 #include "workspace/preferred_font.h"
@@ -81,12 +85,12 @@ bool is_other_font(const std::string& name) {
     return ending == ".otf" || ending == ".bdf";
 }
 
-/// Where the browser opens, the next where one can't be entered: at home, where it was, or, the first time, in the
-/// user's pictures; for a font where that one lies.
-std::array<std::string, 4> first_folders(BrowserMode mode) {
-    const std::string image = image_dir[0] != '\0' ? browse_folder().path() : pictures_folder();
-    const std::string last = mode == BROWSE_FOR_FONT ? font_folder().path() : image;
-    return {home_of(mode).data(), last, program_dir.data(), "/"};
+std::vector<std::string_view> endings_of_filter(int filter) {
+    if (filter == -1) return {};
+    const FileType type = filter_types[at(filter)];
+    if (type == FILE_UNKNOWN) return {otf_ending};
+    const auto endings = file_format(type).endings;
+    return {endings.begin(), endings.end()};
 }
 
 // ---- The browser ---------------------------------------------------------------------------------------------------
@@ -103,11 +107,10 @@ public:
 
     /// The chosen path, empty after CANCEL.
     std::string run() {
-        const std::string offered = offered_name();
-        const auto folders = first_folders(mode_);
+        const BrowserStart start = browser_start(mode_, purpose_);
         const auto enters = [&](const std::string& folder) { return is_folder(folder) && enter(folder); };
-        if (std::none_of(folders.begin(), folders.end(), enters)) return {};
-        set_text(image_file, offered);
+        if (std::ranges::none_of(start.folders, enters)) return {};
+        set_text(image_file, start.file);
         WindowRow row = browser_window;
         if (!offers_previous_) {
             row.child_count -= 1;
@@ -121,21 +124,14 @@ public:
                                                 .show = [&] { settle_file_list(BROWSER_LIST); },
                                                 .serve = [&] { return serve(); }});
         clear_preview();
-        if (mode_ != BROWSE_FOR_FONT) browse_in(Folder(image_dir.data()));
+        if (purpose_ == PURPOSE_PICTURE) browse_in(Folder(image_dir.data()));
+        if (chosen_.empty() || !is_workspace_file(chosen_))
+            remember_browsing(purpose_, image_dir.data(), image_file.data());
         return end == WINDOW_DONE ? chosen_ : "";
     }
 
 private:
     // Building.
-
-    /// The last name, if it is of the kind that is to be saved: no picture is to be lost for a Workspace, or for
-    /// colours, whose files have no ending.
-    std::string offered_name() const {
-        const FileType type = file_type_from_extension(image_file.data(), mode_);
-        const bool is_of_kind =
-            type == FILE_UNKNOWN ? purpose_ != PURPOSE_ARCHIVE : file_format(type).purpose == purpose_;
-        return mode_ == BROWSE_TO_SAVE && is_of_kind ? image_file.data() : "";
-    }
 
     void fill() {
         for (const int field : {BROWSER_PATH, BROWSER_FILE}) GUI_set_field(field, field_layout, "");
@@ -199,9 +195,8 @@ private:
 
     /// Lists the folder. False, where it was and told, if it can't be read or its path is too long to be kept.
     bool enter(const std::string& folder) {
-        const std::vector<std::string_view> no_filter;
-        if (folder.size() >= path_size ||
-            !file_names.read(folder, filter_ == -1 ? no_filter : browser_filters[at(filter_)])) {
+        const OfferedFiles offered = mode_ == BROWSE_TO_SAVE ? OFFER_WRITABLE : OFFER_READABLE;
+        if (folder.size() >= path_size || !file_names.read(folder, endings_of_filter(filter_), offered)) {
             flash_text(folder.size() >= path_size ? "THE PATH OF THIS FOLDER IS TOO LONG" : "CAN'T OPEN THIS FOLDER");
             return false;
         }
@@ -213,17 +208,19 @@ private:
 
     /// The same for the window on screen. The name that is to be saved stays.
     void go_to(const std::string& folder) {
+        sought_ = {};
         if (enter(folder) && mode_ != BROWSE_TO_SAVE) show_name("");
         show_folder();
     }
 
     void open_entry(int index) { go_to(path_of_entry(file_names[at(index)].name)); }
 
-    /// Takes a file's name, and shows what is in the file.
+    /// Takes a file's name, and shows what is in the file. A folder's is shown where no name is to be saved.
     void pick(int index) {
         file_cursor = index;
         show_file(BROWSER_LIST, index);
         const FolderEntry& entry = file_names[at(index)];
+        if (entry.is_folder && mode_ != BROWSE_TO_SAVE) show_name(entry.name + "/");
         name_at_pick_ = field_text(BROWSER_FILE);
         if (entry.is_folder) return;
         set_text(image_file, entry.name);
@@ -284,10 +281,39 @@ private:
         const bool is_of_list = code == KEY_UP || code == KEY_DOWN || code == KEY_PGUP || code == KEY_PGDN;
         if (code == 0 || (is_text_field(key_focus) && !is_of_list)) return false;
         if (code == KEY_TAB) GUI_set_key_focus(BROWSER_FILE, true);
-        if (code == KEY_BACKSPACE) go_to(path_of_entry(".."));
+        if (code == KEY_BACKSPACE) go_back();
         const int index = file_of_key(code, file_cursor);
         if (index != file_cursor && is_entry(index)) pick(index);
+        if (index == file_cursor) serve_typing(code);
         return code == KEY_ENTER || code == KEY_ENTER_PAD;
+    }
+
+    /// A character that was mistyped goes, or the user does, to the folder above.
+    void go_back() {
+        if (sought_.take_back())
+            find_sought(std::max(file_cursor, 0));
+        else
+            go_to(path_of_entry(".."));
+    }
+
+    void serve_typing(int code) {
+        const std::string typed = (modifiers_down() & key_ctrl) == 0 ? typed_by(code) : "";
+        if (typed.empty() || static_cast<unsigned char>(typed.front()) < ' ' || typed.front() == '\x7f') return;
+        sought_.add(typed);
+        const bool begins = sought_.text() == typed;
+        find_sought(std::max(file_cursor + (begins ? 1 : 0), 0));
+    }
+
+    /// The name that begins so, or, of one letter again and again, the next with that; else what was typed stands in
+    /// the field, so that ENTER opens nothing that isn't shown.
+    void find_sought(int first) {
+        int index = find_beginning(sought_.text(), first);
+        if (index == -1) index = find_beginning(sought_.repeated(), file_cursor + 1);
+        if (is_entry(index) && !sought_.text().empty()) return pick(index);
+        file_cursor = -1;
+        set_text(image_file, "");
+        show_name(sought_.text());
+        set_preview_message(PREVIEW_UNAVAILABLE);
     }
 
     static bool is_entry(int index) { return index >= 0 && at(index) < file_names.size(); }
@@ -317,13 +343,18 @@ private:
         return !chosen_.empty();
     }
 
-    /// A name without an ending gets that of the lit filter, and a Workspace its own.
+    /// A picture's name whose ending no kind of files has gets that of the lit filter, and a Workspace its own.
     std::string named_path() const {
-        const std::string name = field_text(BROWSER_FILE);
-        const bool has_point = name.find('.') != std::string::npos, is_archive = purpose_ == PURPOSE_ARCHIVE;
-        const bool completes = mode_ == BROWSE_TO_SAVE && (filter_ != -1 || is_archive) && !has_point;
-        const int filter = is_archive ? filter_count - 1 : filter_;
-        return absolute_path(completes ? name + "." + std::string(browser_filters[at(filter)].front()) : name);
+        const std::string name = field_text(BROWSER_FILE), path = absolute_path(name);
+        const int filter = purpose_ == PURPOSE_ARCHIVE ? workspace_filter : filter_;
+        const bool has_filter = purpose_ == PURPOSE_ARCHIVE || (purpose_ == PURPOSE_PICTURE && filter_ != -1);
+        if (mode_ != BROWSE_TO_SAVE || !has_filter) return path;
+        const auto endings = endings_of_filter(filter);
+        const auto has_it = [&](std::string_view ending) { return has_ending(name, ending); };
+        const bool is_named = std::ranges::any_of(endings, has_it) || !foreign_picture_ending(name).empty() ||
+                              file_type_from_extension(name, mode_) != FILE_UNKNOWN;
+        const bool names_folder = name.find('.') != std::string::npos && is_folder(path);
+        return is_named || names_folder ? path : path + "." + std::string(endings.front());
     }
 
     /// A folder that the keys have come to, and no name typed since.
@@ -344,16 +375,17 @@ private:
             go_to(path);
             return false;
         }
-        std::error_code away;
-        if (mode_ == BROWSE_TO_SAVE && fs::exists(path, away) && !may_overwrite()) return false;
+        if (mode_ == BROWSE_TO_SAVE && !(may_save_as(path, purpose_) && may_overwrite(path))) return false;
         set_text(image_file, fs::path(path).filename());
         chosen_ = path;
         return true;
     }
 
-    static bool may_overwrite() {
+    static bool may_overwrite(const std::string& path) {
+        std::error_code away;
+        if (!fs::exists(path, away)) return true;
         hide_window();
-        const bool may = confirm_box(LABEL_OVERWRITE, LABEL_NONE, true, false) != 0;
+        const bool may = confirm_about(LABEL_OVERWRITE, shown_file_name(fs::path(path).filename()));
         toggle_window();
         return may;
     }
@@ -366,6 +398,7 @@ private:
     bool pressed_ = false;
     std::string chosen_, name_at_pick_;  // the latter: in the FILE field when an entry was chosen last
     KeyTaps keys_;
+    TypeAhead sought_;
 };
 
 }  // namespace
@@ -374,7 +407,7 @@ void file_browser(BrowserMode mode, FilePurpose purpose) {
     const auto images_dir = image_dir;
     const auto images_file = image_file;
     const std::string path = FileBrowser(mode, purpose).run();
-    if (mode == BROWSE_FOR_FONT) {  // who looks for a font doesn't leave his pictures
+    if (purpose != PURPOSE_PICTURE) {  // who looks for anything else doesn't leave his pictures
         image_dir = images_dir;
         image_file = images_file;
     }

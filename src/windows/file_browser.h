@@ -5,7 +5,8 @@
 namespace nubo {
 
 /// Lets the user choose a file in a folder, and loads or saves it as the purpose asks. `image_dir` and `image_file`
-/// are left as the user left them, also after CANCEL; a choice of a font leaves them alone.
+/// are left as the user left them, also after CANCEL, where he has looked for a picture; all other kinds of files have
+/// folders of their own (windows/browser_start.h).
 void file_browser(BrowserMode mode, FilePurpose purpose);
 
 /// The commands of the PIC menu and their keys.

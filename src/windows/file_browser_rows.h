@@ -3,10 +3,10 @@
 #include "gui/text_field.h"
 #include "gui/window.h"
 #include "platform/places.h"
+#include "state/files.h"
 #include "state/run.h"
 #include <array>
 #include <string_view>
-#include <vector>
 
 namespace nubo {
 
@@ -108,8 +108,10 @@ inline constexpr WindowRow browser_window{.id = WINDOW_FILE_BROWSER,
                                           .keys = KEYS_ESCAPE};
 inline constexpr FieldLayout field_layout{.visible = 25, .max = 254, .font = FONT_WIDE};
 
-/// What each filter button lets through; JPG and LBM have more endings than their names.
-inline const std::array<std::vector<std::string_view>, filter_count> browser_filters{
-    {{"GIF"}, {"PCX"}, {"BMP"}, {"PNG"}, {"JPG", "JPEG"}, {"LBM", "IFF", "ILBM"}, {"TTF"}, {"OTF"}, {"WSP"}}};
+/// The kind of files that each filter button lets through; that of the OTF fonts has no type.
+inline constexpr std::array<FileType, filter_count> filter_types{FILE_GIF, FILE_PCX, FILE_BMP,     FILE_PNG, FILE_JPG,
+                                                                 FILE_LBM, FILE_TTF, FILE_UNKNOWN, FILE_WSP};
+inline constexpr std::string_view otf_ending = "OTF";
+inline constexpr int workspace_filter = filter_count - 1;
 
 }  // namespace nubo

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <allegro.h>
 #include <cctype>
+#include <strings.h>
 
 namespace nubo {
 namespace {
@@ -37,20 +38,6 @@ void draw_file_row(int list, int row) {
     if (text.size() > name_letters) text.replace(name_letters - 2, std::string::npos, "..");
     set_font(FONT_WIDE, color_of_entry(index));
     UA_text_as_is(screen_buffer, gui::x[at(list)] + row_left, y, text, letter_w);
-}
-
-/// The next entry behind `index` that begins with the letter, or the first one.
-int next_with_letter(char letter, int index) {
-    for (int step = 1; step <= entry_count(); ++step) {
-        const int candidate = (std::max(index, 0) + step) % entry_count();
-        if (std::toupper(static_cast<unsigned char>(entry_at(candidate).name.front())) == letter) return candidate;
-    }
-    return index;
-}
-
-char letter_of_key(int code) {
-    if (code >= KEY_A && code <= KEY_Z) return static_cast<char>('A' + code - KEY_A);
-    return code >= KEY_0 && code <= KEY_9 ? static_cast<char>('0' + code - KEY_0) : '\0';
 }
 
 }  // namespace
@@ -110,10 +97,16 @@ int file_of_key(int key_code, int index) {
     case KEY_PGDN: return moved(index + file_rows);
     case KEY_HOME: return moved(0);
     case KEY_END: return moved(last);
-    default: break;
+    default: return index;
     }
-    const char letter = letter_of_key(key_code);
-    return letter != '\0' && last >= 0 ? next_with_letter(letter, index) : index;
+}
+
+int find_beginning(const std::string& text, int first) {
+    for (int step = 0; !text.empty() && step < entry_count(); ++step) {
+        const int index = (first + step) % entry_count();
+        if (strncasecmp(entry_at(index).name.c_str(), text.c_str(), text.size()) == 0) return index;
+    }
+    return -1;
 }
 
 std::string shown_file_name(const std::string& name) {

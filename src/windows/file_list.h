@@ -26,9 +26,13 @@ int find_file(const std::string& name);
 /// Scrolls by as little as shows the entry.
 void show_file(int list, int index);
 
-/// The entry that a key moves to from `index` (-1 none): the arrow keys, Page Up and Down, Home, End, and letters,
-/// which go to the next name that begins with them. `index` for any other key.
+/// The entry that a key moves to from `index` (-1 none): the arrow keys, Page Up and Down, Home, End. `index` for any
+/// other key.
 int file_of_key(int key_code, int index);
+
+/// The first entry from `first` on, and round, whose name begins so, capitals like small letters; -1 none, as for no
+/// text.
+int find_beginning(const std::string& text, int first);
 
 /// A name as the list and the fields show it: in capitals, a "?" for each character that the interface's font lacks.
 std::string shown_file_name(const std::string& name);

@@ -4,6 +4,7 @@
 #include "framework/text.h"
 #include "paint/cel_pixels.h"
 #include "platform/input_file.h"
+#include "platform/safe_file.h"
 #include "state/options.h"
 #include "state/run.h"
 #include "windows/picture_formats.h"
@@ -15,11 +16,12 @@
 namespace nubo {
 namespace {
 
-constexpr std::array<std::array<std::string_view, 3>, 4> message_lines{{
+constexpr std::array<std::array<std::string_view, 3>, 5> message_lines{{
     {"PREVIEW", "UNAVAILABLE"},
     {"THIS FILE", "IS BORKED"},
     {"PREVIEWS", "DISABLED"},
     {"FILE TOO LARGE", "FOR PREVIEW", "(CLICK TO VIEW)"},
+    {"THIS FILE", "CAN'T BE READ"},
 }};
 
 bool is_over_limit(const std::string& path) {
@@ -98,11 +100,11 @@ void preview_picture(const std::string& path, FileType type, bool asked) {
     if (opt_file_preview == PREVIEW_NONE) return set_preview_message(PREVIEW_DISABLED);
     if (opt_file_preview == PREVIEW_LIMIT && !asked && is_over_limit(path))
         return set_preview_message(PREVIEW_TOO_LARGE);
-    if (type == FILE_WSP) return set_preview_message(PREVIEW_UNAVAILABLE);
+    if (type == FILE_WSP || !file_exists(path)) return set_preview_message(PREVIEW_UNAVAILABLE);
     const BusyNotice notice(InputFile(path).size());
     FileType read_as = FILE_UNKNOWN;
     const ReadPicture picture = read_picture_file(path, read_as);
-    if (!picture.bitmap) return set_preview_message(PREVIEW_BORKED);
+    if (!picture.bitmap) return set_preview_message(why_unreadable(path).empty() ? PREVIEW_BORKED : PREVIEW_UNREADABLE);
     show_picture(picture.bitmap.get());
 }
 

@@ -5,7 +5,13 @@
 
 namespace nubo {
 
-enum PreviewMessage : int { PREVIEW_UNAVAILABLE, PREVIEW_BORKED, PREVIEW_DISABLED, PREVIEW_TOO_LARGE };
+enum PreviewMessage : int {
+    PREVIEW_UNAVAILABLE,
+    PREVIEW_BORKED,
+    PREVIEW_DISABLED,
+    PREVIEW_TOO_LARGE,
+    PREVIEW_UNREADABLE
+};
 
 /// Writes one of the preview's messages in place of a picture.
 void set_preview_message(PreviewMessage kind);

@@ -2,6 +2,9 @@
 
 #include "base/log.h"
 #include "gui/window.h"
+#include "platform/input_file.h"
+#include "platform/safe_file.h"
+#include "state/frame_sources.h"
 #include "state/frames.h"
 #include "state/options.h"
 #include "windows/color_files.h"
@@ -37,24 +40,34 @@ bool load_picture(const std::string& path) {
     ReadPicture picture = read_picture_file(path, type);
     const bool is_whole = picture.cause.empty();
     if (!picture.bitmap || !place_picture(std::move(picture.bitmap))) {
-        flash_text("THIS PICTURE CAN'T BE READ. SEE UA_LOG.TXT");
+        flash_text(why_unreadable(path).empty() ? "THIS PICTURE CAN'T BE READ. SEE UA_LOG.TXT"
+                                                : "THIS FILE MAY NOT BE READ");
         return false;
     }
+    frame_source[at(frame_index)] = fs::path(path).filename();
     const std::string what =
-        size_text(current_frame) + " " + std::string(file_format(type).ending) + loss_text(picture.loss);
+        size_text(current_frame) + " " + std::string(file_format(type).ending()) + loss_text(picture.loss);
     flash_text(is_whole ? "LOADED " + what : "DAMAGED FILE. LOADED WHAT THERE IS: " + what);
     return true;
 }
 
+/// A Frame that was opened from outside stays where the user has it; else the browser's folder holds.
+void note_source(const std::string& path) {
+    std::string& source = frame_source[at(frame_index)];
+    source = source.starts_with('/') ? path : fs::path(path).filename().string();
+}
+
 bool save_picture(const std::string& path) {
-    if (file_type_from_extension(path, BROWSE_TO_SAVE) == FILE_JPG && jpeg_quality_window() == -1) return false;
+    const FileType type = written_type(path);
+    if (type == FILE_JPG && jpeg_quality_window() == -1) return false;
     const BusyNotice notice(static_cast<std::size_t>(frame_w) * static_cast<std::size_t>(frame_h));
     const bool saved = write_picture_file(path, current_frame);
+    if (!saved) return flash_text("FILE COULD NOT BE SAVED! SEE UA_LOG.TXT"), false;
+    note_source(path);
     std::error_code away;
-    const std::string bytes = saved ? std::to_string(fs::file_size(path, away)) : "";
-    flash_text(saved ? "SAVED " + bytes + " BYTES TO " + shown_file_name(fs::path(path).filename())
-                     : "FILE COULD NOT BE SAVED! SEE UA_LOG.TXT");
-    return saved;
+    flash_text("SAVED " + std::string(file_format(type).ending()) + " OF " + std::to_string(fs::file_size(path, away)) +
+               " BYTES TO " + shown_file_name(fs::path(path).filename()));
+    return true;
 }
 
 /// A Workspace or a file of colours is what it is, also where a picture is looked for. No picture is a font.
@@ -99,9 +112,20 @@ bool load_file(const std::string& path, FilePurpose purpose) {
     return false;
 }
 
+bool may_save_as(const std::string& path, FilePurpose purpose) {
+    const std::string name = shown_file_name(fs::path(path).filename());
+    if (is_workspace_file(path)) return flash_text("THIS NAME BELONGS TO THE WORKSPACE. TAKE ANOTHER"), false;
+    if (is_write_protected(path)) return flash_text("WRITE PROTECTED, NOT REPLACED: " + name), false;
+    const std::string foreign = purpose == PURPOSE_PICTURE ? foreign_picture_ending(path) : "";
+    if (!foreign.empty()) return flash_text(foreign + " ISN'T WRITTEN HERE. TAKE PNG, GIF, BMP, PCX OR JPG"), false;
+    return true;
+}
+
 bool save_file(const std::string& path, FilePurpose purpose) {
     constexpr const char* failure = "FILE COULD NOT BE SAVED! SEE UA_LOG.TXT";
-    if (is_workspace_file(path)) return told(false, "", "THIS NAME BELONGS TO THE WORKSPACE. TAKE ANOTHER");
+    if (!may_save_as(path, purpose)) return false;
+    std::error_code away;
+    remove_unfinished_files(fs::weakly_canonical(fs::absolute(path), away).parent_path(), UNFINISHED_BY_ENDED);
     switch (purpose_of(file_type_from_extension(path, BROWSE_TO_SAVE), purpose)) {
     case PURPOSE_PICTURE: return save_picture(path);
     case PURPOSE_FAVORITES: return told(save_favorites(path), "FAVORITES SAVED", failure);

@@ -10,8 +10,13 @@ namespace nubo {
 /// failure nothing changes. True when it was loaded.
 bool load_file(const std::string& path, FilePurpose purpose);
 
+/// True if something may be saved under that name. False, and told: it belongs to the Workspace, its file is write
+/// protected, or a picture of that ending isn't written here.
+bool may_save_as(const std::string& path, FilePurpose purpose);
+
 /// Saves the Frame, the Workspace, the favourites or the ColorScheme to the file, wholly or not at all. A JPEG asks for
-/// its quality first. True when it was saved.
+/// its quality first. True when it was saved; false also where it `may_save_as` nothing. What a killed program has left
+/// unfinished in that folder goes.
 bool save_file(const std::string& path, FilePurpose purpose);
 
 /// True for a name that the program itself uses in its WORKSPACE folder, or for the Workspace that goes: a picture

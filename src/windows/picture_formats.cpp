@@ -41,21 +41,38 @@ bool write_jpeg_file(const std::string& path, BITMAP* picture) { return save_jpe
 
 // ---- The table -----------------------------------------------------------------------------------------------------
 
+constexpr std::array<std::string_view, 1> gif_endings{"GIF"}, pcx_endings{"PCX"}, bmp_endings{"BMP"},
+    png_endings{"PNG"}, ttf_endings{"TTF"}, fon_endings{"FON"}, wsp_endings{"WSP"};
+constexpr std::array<std::string_view, 2> jpg_endings{"JPG", "JPEG"};
+constexpr std::array<std::string_view, 3> lbm_endings{"LBM", "IFF", "ILBM"};
+
 // A picture in a type that isn't written is a PNG, known by its first bytes when it comes back.
 constexpr std::array<FileFormat, FILE_TYPE_COUNT> file_formats{{
-    {FILE_GIF, "GIF", "GIF", 0, read_whole<read_gif>, write_whole<encode_gif>},
-    {FILE_PCX, "PCX", "", 0, read_whole<read_pcx>, write_whole<write_pcx>},
-    {FILE_BMP, "BMP", "BM", 0, read_whole<read_bmp>, save_bmp_file},
-    {FILE_PNG, "PNG", "PNG", 1, read_whole<read_png>, write_whole<write_png>},
-    {FILE_JPG, "JPG", "\xff\xd8", 0, load_jpeg, write_jpeg_file},
-    {FILE_LBM, "LBM", "FORM", 0, read_whole<read_ilbm>, write_whole<write_png>},
-    {.type = FILE_TTF, .ending = "TTF", .purpose = PURPOSE_FONT},
-    {.type = FILE_FON, .ending = "FON", .purpose = PURPOSE_FONT},
-    {.type = FILE_WSP, .ending = "WSP", .magic = "nWSP", .purpose = PURPOSE_ARCHIVE},
+    {FILE_GIF, gif_endings, "GIF", 0, read_whole<read_gif>, write_whole<encode_gif>},
+    {FILE_PCX, pcx_endings, "", 0, read_whole<read_pcx>, write_whole<write_pcx>},
+    {FILE_BMP, bmp_endings, "BM", 0, read_whole<read_bmp>, save_bmp_file},
+    {FILE_PNG, png_endings, "PNG", 1, read_whole<read_png>, write_whole<write_png>},
+    {FILE_JPG, jpg_endings, "\xff\xd8", 0, load_jpeg, write_jpeg_file},
+    {FILE_LBM, lbm_endings, "FORM", 0, read_whole<read_ilbm>},
+    {.type = FILE_TTF, .endings = ttf_endings, .purpose = PURPOSE_FONT},
+    {.type = FILE_FON, .endings = fon_endings, .purpose = PURPOSE_FONT},
+    {.type = FILE_WSP, .endings = wsp_endings, .magic = "nWSP", .purpose = PURPOSE_ARCHIVE},
     {.type = FILE_FAVORITES, .magic = "COL", .purpose = PURPOSE_FAVORITES},
     {.type = FILE_SCHEME, .magic = "SCH", .purpose = PURPOSE_SCHEME},
 }};
 static_assert(rows_in_order(file_formats, &FileFormat::type));
+
+/// Kinds of pictures that other programs know.
+constexpr std::array<std::string_view, 5> foreign_endings{"TIFF", "TIF", "WEBP", "TGA", "PSD"};
+
+/// What stands behind the last point, in capitals; empty without one.
+std::string ending_of(std::string_view name) {
+    const std::size_t point = name.rfind('.');
+    std::string ending(point == std::string_view::npos ? std::string_view() : name.substr(point + 1));
+    std::transform(ending.begin(), ending.end(), ending.begin(),
+                   [](unsigned char letter) { return static_cast<char>(std::toupper(letter)); });
+    return ending;
+}
 
 FileType type_of_bytes(const Bytes& bytes) {
     const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
@@ -72,14 +89,21 @@ const FileFormat& file_format(FileType type) { return file_formats[static_cast<s
 bool is_picture_type(FileType type) { return type != FILE_UNKNOWN && file_format(type).read != nullptr; }
 
 FileType file_type_from_extension(std::string_view name, BrowserMode mode) {
-    constexpr std::size_t ending_size = 4;  // with the point
-    if (name.size() < ending_size || name[name.size() - ending_size] != '.') return FILE_UNKNOWN;
-    std::string ending(name.substr(name.size() - ending_size + 1));
-    std::transform(ending.begin(), ending.end(), ending.begin(),
-                   [](unsigned char letter) { return static_cast<char>(std::toupper(letter)); });
-    const auto format = std::ranges::find(file_formats, ending, &FileFormat::ending);
+    const std::string ending = ending_of(name);
+    const auto has_it = [&](const FileFormat& row) { return std::ranges::count(row.endings, ending) != 0; };
+    const auto format = std::ranges::find_if(file_formats, has_it);
     const bool counts = format != file_formats.end() && (mode != BROWSE_FOR_FONT || format->purpose == PURPOSE_FONT);
     return counts ? format->type : FILE_UNKNOWN;
+}
+
+std::string foreign_picture_ending(std::string_view name) {
+    const std::string ending = ending_of(name);
+    return std::ranges::count(foreign_endings, ending) != 0 ? ending : std::string();
+}
+
+FileType written_type(std::string_view name) {
+    const FileType type = file_type_from_extension(name, BROWSE_TO_SAVE);
+    return type != FILE_UNKNOWN && file_format(type).write != nullptr ? type : FILE_PNG;
 }
 
 FileType file_type_from_magic(const std::string& path) {
@@ -106,6 +130,7 @@ ReadPicture read_picture_file(const std::string& path, FileType& type) {
         type = told;
         result = file_format(type).read(path);
     }
+    if (const std::string fault = result.bitmap ? "" : why_unreadable(path); !fault.empty()) result.cause = fault;
     if (result.bitmap == nullptr || !result.cause.empty())
         UA_log("[ ERROR ] : Picture %s: %s", path.c_str(), result.cause.c_str());
     return result;
@@ -120,8 +145,7 @@ std::string loss_text(const PictureLoss& loss) {
 }
 
 bool write_picture_file(const std::string& path, BITMAP* picture) {
-    const FileType type = file_type_from_extension(path, BROWSE_TO_SAVE);
-    return file_format(is_picture_type(type) ? type : FILE_PNG).write(path, picture);
+    return file_format(written_type(path)).write(path, picture);
 }
 
 }  // namespace nubo

@@ -3,6 +3,7 @@
 #include "base/color.h"
 #include "base/random.h"
 #include "state/colors.h"
+#include "state/frame_sources.h"
 #include "state/frames.h"
 #include "state/tools.h"
 #include "state/view.h"
@@ -20,6 +21,7 @@ Color random_color() {
 
 void set_workspace_defaults() {
     frame_view.fill({});
+    frame_source.fill({});
     for (Color& color : color_slots) color = random_color();
     favorites.fill(color_scheme[SCHEME_BACKGROUND]);
     spectrum_start = random_color();

@@ -4,6 +4,7 @@
 #include "paint/undo.h"
 #include "platform/safe_file.h"
 #include "state/cel.h"
+#include "state/frame_sources.h"
 #include "state/frames.h"
 #include "state/options.h"
 #include "state/run.h"
@@ -67,6 +68,13 @@ void insert_views(int start, int count, bool blank) {
     renumber_waiting_steps([=](int slot) { return slot > start ? slot + count : slot; });
 }
 
+/// A copy is no file yet.
+void insert_sources(int start, int count) {
+    const auto behind = frame_source.begin() + start + 1;
+    std::move_backward(behind, frame_source.end() - count, frame_source.end());
+    std::fill_n(behind, count, std::string());
+}
+
 /// Puts the new Frames on disk. The Nail in memory shows them only if that went well.
 bool insert_on_disk(int start, int count, BITMAP* picture) {
     const OwnedBitmap old_nail = copy_bitmap(nail_sheet);
@@ -77,8 +85,8 @@ bool insert_on_disk(int start, int count, BITMAP* picture) {
     return false;
 }
 
-/// The views, thumbnails and waiting steps of the deleted slots go, those behind move down. What the end of the row
-/// held stays there.
+/// The views, thumbnails, waiting steps and sources of the deleted slots go, those behind move down. What the end of the
+/// row held stays there.
 void delete_entries(int start, int count) {
     for (int slot = start; slot < start + count; ++slot) view_of(slot) = {};
     for (int slot = start + count; slot < frame_count; ++slot) {
@@ -86,6 +94,8 @@ void delete_entries(int start, int count) {
         copy_nail_tile(slot, slot - count);
     }
     renumber_waiting_steps([=](int slot) { return slot < start ? slot : slot < start + count ? -1 : slot - count; });
+    std::move(frame_source.begin() + start + count, frame_source.end(), frame_source.begin() + start);
+    std::fill_n(frame_source.end() - count, count, std::string());
 }
 
 /// The slot of the Frame to show after a delete, as the row will be then.
@@ -150,6 +160,7 @@ bool insert_frames(int start, int count, bool blank) {
         forget_rescue(workspace_folder(), frame_index);  // the slot is another Frame's now
     if (inserted) {
         insert_views(start, count, blank);
+        insert_sources(start, count);
         frame_count += count;
     } else {
         flash_message(MESSAGE_SAVE_FAILED);
@@ -162,6 +173,7 @@ bool append_frame(BITMAP* picture) {
     settle_rescue();
     if (frame_count >= frame_slots || !reach_workspace() || !insert_on_disk(frame_count - 1, 1, picture)) return false;
     view_of(frame_count) = {};
+    insert_sources(frame_count - 1, 1);
     frame_count += 1;
     return true;
 }

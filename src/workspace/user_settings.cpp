@@ -8,6 +8,7 @@
 #include "state/options.h"
 #include "state/run.h"
 #include "state/texts_labels.h"
+#include "workspace/browse_places.h"
 #include "workspace/byte_fields.h"
 #include "workspace/folders.h"
 #include "workspace/notices.h"
@@ -81,6 +82,7 @@ void set_first_run_defaults() {
 }  // namespace
 
 void load_user_settings() {
+    load_browse_places();
     set_first_run_defaults();
     const std::string path = settings_path();
     if (!file_exists(path))
@@ -102,7 +104,8 @@ bool save_user_settings() {
     FieldWriter fields;
     walk_settings(fields);
     const std::string path = settings_path();
-    return make_way(path) && write_file(path, fields.bytes.data(), fields.bytes.size());
+    const bool places_kept = save_browse_places();
+    return make_way(path) && write_file(path, fields.bytes.data(), fields.bytes.size()) && places_kept;
 }
 
 }  // namespace nubo

@@ -4,7 +4,8 @@
 namespace nubo {
 
 /// Reads `user.def` from the resource folder of `program_dir`. Without one, and for what is missing of it, the defaults
-/// of a first run hold; one that can't be read is set aside before another is written.
+/// of a first run hold; one that can't be read is set aside before another is written. The folders of `browse_places.h`
+/// come and go with them.
 void load_user_settings();
 
 /// Writes `user.def`. False after a failure, which is logged.

@@ -47,10 +47,14 @@ TEST_F(FolderListingTest, FoldersComeFirstAndAllByLetter) {
     EXPECT_EQ(listing_.size(), 10u);
 }
 
-TEST_F(FolderListingTest, WhatNobodyMayWriteToLeavesTheListWhenItsRowIsShown) {
+TEST_F(FolderListingTest, WhatMayntBeWrittenToOrReadLeavesTheListWhenItsRowIsShown) {
     for (char letter = 'a'; letter <= 'j'; ++letter) put(std::string(1, letter));
     for (const char* name : {"a", "c", "d", "j"}) fs::permissions(folder_ + "/" + name, fs::perms::owner_read);
-    ASSERT_TRUE(listing_.read(folder_, {}));
+    fs::permissions(folder_ + "/b", fs::perms::owner_write);
+    ASSERT_TRUE(listing_.read(folder_, {}, OFFER_READABLE));
+    listing_.settle(0, 3);
+    EXPECT_EQ(names(), (Names{"..", "a", "c", "d", "e", "f", "g", "h", "i", "j"}));
+    ASSERT_TRUE(listing_.read(folder_, {}, OFFER_WRITABLE));
     listing_.settle(0, 3);
     EXPECT_EQ(names(), (Names{"..", "b", "e", "f", "g", "h", "i", "j"}));
     listing_.settle(3, 20);

@@ -2,13 +2,10 @@
 #include "windows/file_browser.h"
 
 #include "base/color.h"
+#include "browser_kit.h"
 #include "codecs/picture_files.h"
-#include "harness/harness.h"
-#include "menus_kit.h"
 #include "platform/faults.h"
 #include "windows/color_files.h"
-#include "windows/file_list.h"
-#include "windows/file_preview.h"
 #include "windows/jpeg_quality_window.h"
 #include "windows/picture_files.h"
 #include "windows/picture_formats.h"
@@ -21,36 +18,13 @@
 namespace nubo {
 namespace {
 
-namespace fs = std::filesystem;
-
-class FileBrowserTest : public MenuTest {
-protected:
-    FileBrowserTest() {
-        replace_bitmap(preview_bitmap, make_bitmap(preview_w, preview_h));
-        std::strncpy(default_image_dir.data(), folder_.path().c_str(), path_size - 1);
-        opt_file_preview = PREVIEW_ALL;
-    }
-    static void put(const char* name, const std::string& bytes) { std::ofstream(name, std::ios::binary) << bytes; }
-    static bool is_shown(const char* name) { return find_file(name) != -1; }
-    static int row_y(int list, int row) { return gui::y[at(list)] + 4 + row * file_row_h; }
-    static int list_slot() {
-        int slot = 0;
-        while (gui::type[at(slot)] != ELEMENT_FILE_LIST) ++slot;
-        return slot;
-    }
-    static User::Pause click_row(User& user, int row) {
-        const int list = list_slot();
-        return click_place(user, gui::x[at(list)] + 20, row_y(list, row));
-    }
-
-    ScratchFolder folder_;
-};
-
 TEST_F(FileBrowserTest, TypesAreToldByEndingAndByTheFirstBytes) {
     EXPECT_EQ(file_type_from_extension("a.PnG", BROWSE_TO_LOAD), FILE_PNG);
     EXPECT_EQ(file_type_from_extension(".GIF", BROWSE_TO_LOAD), FILE_GIF);
     EXPECT_EQ(file_type_from_extension("gif", BROWSE_TO_LOAD), FILE_UNKNOWN);
-    EXPECT_EQ(file_type_from_extension("a.jpeg", BROWSE_TO_LOAD), FILE_UNKNOWN);
+    EXPECT_EQ(file_type_from_extension("a.b.jpeg", BROWSE_TO_LOAD), FILE_JPG);
+    EXPECT_EQ(file_type_from_extension("a.Iff", BROWSE_TO_LOAD), FILE_LBM);
+    EXPECT_EQ(file_type_from_extension("town.v2", BROWSE_TO_LOAD), FILE_UNKNOWN);
     EXPECT_EQ(file_type_from_extension("a.wsp", BROWSE_TO_SAVE), FILE_WSP);
     EXPECT_EQ(file_type_from_extension("a.ttf", BROWSE_FOR_FONT), FILE_TTF);
     EXPECT_EQ(file_type_from_extension("a.png", BROWSE_FOR_FONT), FILE_UNKNOWN);
@@ -204,6 +178,8 @@ TEST_F(FileBrowserTest, AFileIsOverwrittenOnlyWhenTheUserSaysSo) {
         co_await user.wait(3);
         co_await user.tap_key(KEY_ENTER);
         co_await user.wait_until([] { return slot_of(LABEL_OVERWRITE) != -1; });
+        const char* const named = gui::value_text[at(slot_of(LABEL_OVERWRITE) + 1)];
+        EXPECT_STREQ(named != nullptr ? named : "", "A.PNG");
         co_await click(user, slot_of(LABEL_OVERWRITE) - 1);  // CANCEL stands before the question
         EXPECT_EQ(fs::file_size("a.png"), 3u);
         EXPECT_EQ(menu_id, WINDOW_FILE_BROWSER);
@@ -385,6 +361,9 @@ TEST_F(FileBrowserTest, ThePreviewSaysWhyItShowsNothing) {
     EXPECT_TRUE(shows(PREVIEW_DISABLED));
     preview("bad.png", PREVIEW_ALL, false);
     EXPECT_TRUE(shows(PREVIEW_BORKED));
+    fs::permissions("bad.png", fs::perms::none);
+    EXPECT_FALSE(load_file("bad.png", PURPOSE_PICTURE));
+    EXPECT_STREQ(told_text.data(), "THIS FILE MAY NOT BE READ");
     preview("a.wsp", PREVIEW_ALL, false);
     EXPECT_TRUE(shows(PREVIEW_UNAVAILABLE));
 }
@@ -402,7 +381,7 @@ TEST_F(FileBrowserTest, PatienceIsAskedForWhileWorkLastsAndWhatCameOfItStays) {
     EXPECT_EQ(status_message, status_coordinates);
     new_frame(500, 400);  // pixels enough
     EXPECT_TRUE(save_file("a.bmp", PURPOSE_PICTURE));
-    EXPECT_TRUE(says("SAVED 600054 BYTES TO A.BMP")) << told_text.data();  // a head of 54, three a pixel
+    EXPECT_TRUE(says("SAVED BMP OF 600054 BYTES TO A.BMP")) << told_text.data();  // a head of 54, three a pixel
     EXPECT_TRUE(load_file("a.bmp", PURPOSE_PICTURE));
     EXPECT_TRUE(says("LOADED 500X400 BMP"));
     EXPECT_TRUE(load_file(NUBO_TEST_DATA "/png_greya16_n.png", PURPOSE_PICTURE));
