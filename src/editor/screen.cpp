@@ -25,6 +25,7 @@
 #include "state/options.h"
 #include "state/run.h"
 #include "state/view.h"
+#include "windows/handed_files.h"
 #include "windows/zoom_preview.h"
 #include "workspace/rescue.h"
 #include <algorithm>
@@ -229,6 +230,7 @@ void update_screen(int mode) {
     }
     refresh_ticks = 0;
     UA_run_jobs();
+    notice_handed_files();
     // A freehand stroke lasts as long as the button; all other painting shows itself in the stroke's mode.
     autosave_tick(!normal || mouse_left != 0 || area_floats != 0 || frame_behind_preview != nullptr);
 }

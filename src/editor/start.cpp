@@ -28,6 +28,7 @@
 #include "state/view.h"
 #include "windows/emblem.h"
 #include "windows/hand_over.h"
+#include "windows/handed_files.h"
 #include "windows/opened_files.h"
 #include "windows/placement.h"
 #include "windows/scheme.h"
@@ -61,6 +62,16 @@ int refuse(const std::string& cause) {
 
 void request_exit_by_close_button() { exit_requested = 1; }
 
+/// What the user is told by a start that finds the program running and can't hand over all its files.
+std::string words_of_locked_start(const std::vector<std::string>& files, std::size_t handed) {
+    std::string words = "Nubo is already running on this Workspace";
+    if (files.empty()) return words + ". Go back to its window, or close it first.";
+    words += " and takes no files at present. " + std::filesystem::path(files[handed]).filename().string();
+    if (const std::size_t others = files.size() - handed - 1; others > 0)
+        words += " and " + std::to_string(others) + " more";
+    return words + (files.size() - handed == 1 ? " was" : " were") + " not opened. Go back to its window first.";
+}
+
 /// Two editors on one Workspace would write over each other's Frames: the second one ends before it touches anything.
 std::optional<int> claim_program_folder(const std::vector<std::string>& files) {
     if (!find_program_dir()) {
@@ -68,8 +79,9 @@ std::optional<int> claim_program_folder(const std::vector<std::string>& files) {
         return cannot_start;
     }
     if (lock_folder(program_dir.data())) return std::nullopt;
-    if (!files.empty() && hand_over_files(program_dir.data(), files)) return 0;
-    say_last_words("Nubo is already running on this Workspace. Go back to its window, or close it first.");
+    const std::size_t handed = files.empty() ? 0 : hand_over_files(program_dir.data(), files);
+    if (!files.empty() && handed == files.size()) return 0;
+    say_last_words(words_of_locked_start(files, handed));
     return exit_locked;
 }
 
@@ -263,6 +275,7 @@ int shutdown_program() {
     const bool settings_kept = save_user_settings();
     UA_log("[ END ] : Closing font renderer hooks.");
     font_system_exit();
+    leave_handed_files();
     UA_log("[ END ] : Closing log.");
     UA_log_close();
     save_on_display_loss(nullptr);

@@ -52,6 +52,7 @@ struct WindowRow {
     Message prompt = MESSAGE_NONE;  // in the status bar as long as it is open
     bool shadows = false;           // what stood before stays dimly visible behind it
     bool pans = false;              // the middle button pans the Frame behind it
+    bool gives_way = false;  // left without loss: it ends, as by CANCEL, where the user opens a file from outside
 };
 
 // ---- Building ------------------------------------------------------------------------------------------------------

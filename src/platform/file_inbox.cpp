@@ -47,18 +47,20 @@ bool send_message(int to, const std::string& message) {
     return send(to, message.data(), message.size(), MSG_NOSIGNAL) == static_cast<ssize_t>(message.size());
 }
 
-/// Several files to a message, since only few messages wait where nobody reads them.
-bool send_files(int to, const std::vector<std::string>& files) {
+/// Several files to a message, since only few messages wait where nobody reads them. The number of files sent.
+std::size_t send_files(int to, const std::vector<std::string>& files) {
     std::string message;
-    for (const std::string& file : files) {
-        if (message.size() + file.size() >= message_size) {
-            if (!send_message(to, message)) return false;
+    std::size_t sent = 0;
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        if (message.size() + files[i].size() >= message_size) {
+            if (!send_message(to, message)) return sent;
             message.clear();
+            sent = i;
         }
-        message += file;
+        message += files[i];
         message += '\0';
     }
-    return send_message(to, message);
+    return send_message(to, message) ? files.size() : sent;
 }
 
 /// Bytes of the message that waits, 0 for none.
@@ -99,13 +101,13 @@ std::vector<std::string> take_handed_files() {
     return files;
 }
 
-bool hand_over_files(const std::string& folder, const std::vector<std::string>& files) {
+std::size_t hand_over_files(const std::string& folder, const std::vector<std::string>& files) {
     const InboxAddress address(folder);
     const int to = new_socket();
     constexpr timeval patience{5, 0};
     const bool reached = to >= 0 && setsockopt(to, SOL_SOCKET, SO_SNDTIMEO, &patience, sizeof patience) == 0 &&
                          connect(to, address.get(), InboxAddress::size) == 0;
-    const bool handed = reached && send_files(to, files);
+    const std::size_t handed = reached ? send_files(to, files) : 0;
     if (to >= 0) close(to);
     return handed;
 }

@@ -16,7 +16,8 @@ void close_file_inbox();
 /// The files that were handed over since the last call, absolute paths. Costs one call of the system.
 std::vector<std::string> take_handed_files();
 
-/// Hands files to the program that has locked the folder. False if it doesn't take them.
-bool hand_over_files(const std::string& folder, const std::vector<std::string>& files);
+/// Hands files to the program that has locked the folder. The number of those that it got, in their order: it may be
+/// stuck, and then takes only as many as wait for it.
+std::size_t hand_over_files(const std::string& folder, const std::vector<std::string>& files);
 
 }  // namespace nubo

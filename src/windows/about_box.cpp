@@ -32,7 +32,8 @@ constexpr WindowRow window{.id = WINDOW_ABOUT,
                            .title_w = 177,
                            .elements = rows,
                            .okay = ABOUT_OKAY,
-                           .keys = KEYS_ESCAPE};
+                           .keys = KEYS_ESCAPE,
+                           .gives_way = true};
 
 struct AboutLine {
     int y;

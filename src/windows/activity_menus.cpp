@@ -37,7 +37,8 @@ WindowRow window_of(const ActivityMenu& menu, int button_x, int button_y) {
             .title_w = row_w,
             .cancel = back_slot(menu),
             .shadows = true,
-            .pans = true};
+            .pans = true,
+            .gives_way = true};
 }
 
 void build_items(const ActivityMenu& menu) {

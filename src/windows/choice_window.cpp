@@ -64,7 +64,8 @@ WindowRow window_of(const ChoiceWindow& kind) {
             .title_w = 72,
             .elements = rows,
             .key = kind.key,
-            .outside = OUTSIDE_CANCELS};
+            .outside = OUTSIDE_CANCELS,
+            .gives_way = true};
 }
 
 void finish_window(const ChoiceWindow& kind, int slot) {

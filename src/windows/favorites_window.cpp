@@ -51,7 +51,8 @@ constexpr WindowRow window{.id = WINDOW_FAVORITES,
                            .title_w = 61,
                            .elements = rows,
                            .key = HOTKEY_FAVORITES,
-                           .outside = OUTSIDE_CANCELS};
+                           .outside = OUTSIDE_CANCELS,
+                           .gives_way = true};
 
 void build_swatch(int slot, int x, int y) {
     constexpr int swatch_w = 10, swatch_h = 9;

@@ -112,6 +112,7 @@ public:
         if (std::ranges::none_of(start.folders, enters)) return {};
         set_text(image_file, start.file);
         WindowRow row = browser_window;
+        row.gives_way = mode_ != BROWSE_TO_SAVE;
         if (!offers_previous_) {
             row.child_count -= 1;
             row.elements = row.elements.first(row.elements.size() - 1);

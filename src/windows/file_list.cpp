@@ -118,4 +118,10 @@ std::string shown_file_name(const std::string& name) {
     return shown;
 }
 
+std::string short_file_name(const std::string& path) {
+    constexpr std::size_t longest = 20;
+    const std::string name = shown_file_name(path.substr(path.rfind('/') + 1));
+    return name.size() <= longest ? name : name.substr(0, longest - 2) + "..";
+}
+
 }  // namespace nubo

@@ -37,4 +37,7 @@ int find_beginning(const std::string& text, int first);
 /// A name as the list and the fields show it: in capitals, a "?" for each character that the interface's font lacks.
 std::string shown_file_name(const std::string& name);
 
+/// The name of the file at `path` in the same way, cut to 20 characters for a message in the status bar.
+std::string short_file_name(const std::string& path);
+
 }  // namespace nubo

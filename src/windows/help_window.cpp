@@ -39,7 +39,8 @@ constexpr WindowRow window{.id = WINDOW_BOX,
                            .title_w = 312,
                            .elements = rows,
                            .cancel = HELP_BUTTON_EXIT,
-                           .keys = KEYS_ESCAPE};
+                           .keys = KEYS_ESCAPE,
+                           .gives_way = true};
 constexpr ListLayout topic_layout{.rows = 21, .row_h = 10, .font = FONT_WIDE, .row_w = 84, .row_top = 1};
 constexpr int topic_rows = 45, topic_slider_x = 87, topic_stops = 22, text_slider_x = 204;
 constexpr int wheel_rows = 2;

@@ -1,10 +1,12 @@
 #include "windows/opened_files.h"
 
 #include "base/log.h"
-#include "platform/file_inbox.h"
-#include "platform/window_focus.h"
+#include "gui/elements.h"
+#include "platform/input_file.h"
+#include "state/frame_sources.h"
 #include "state/frames.h"
 #include "windows/file_list.h"
+#include "windows/handed_files.h"
 #include "windows/picture_formats.h"
 #include "windows/workspace_archives.h"
 #include "workspace/folders.h"
@@ -22,7 +24,7 @@ namespace {
 bool refuse(const std::string& file, const std::string& cause) {
     std::fprintf(stderr, "nubo: %s: %s\n", file.c_str(), cause.c_str());
     UA_log("[ ERROR ] : %s isn't opened: %s", file.c_str(), cause.c_str());
-    flash_text("NOT OPENED: " + shown_file_name(std::filesystem::path(file).filename()));
+    flash_text("NOT OPENED: " + short_file_name(file) + ", " + shown_file_name(cause));
     return false;
 }
 
@@ -36,7 +38,13 @@ bool open_as_frame(const std::string& file, PictureLoss& loss) {
     loss.alpha = loss.alpha || picture.loss.alpha;
     loss.images = std::max(loss.images, picture.loss.images);
     loss.sample_bits = std::max(loss.sample_bits, picture.loss.sample_bits);
+    frame_source[at(frame_count - 1)] = file;
     return true;
+}
+
+std::string why_not_loaded(const std::string& file) {
+    const std::string fault = why_unreadable(file);
+    return fault.empty() ? "it can't be loaded" : fault;
 }
 
 /// One at the most: each would put away the one before it. How many are refused.
@@ -46,7 +54,7 @@ int open_workspace_files(const std::vector<std::string>& files) {
         if (&file != &files.front())
             refused += refuse(file, "one workspace at a time") ? 0 : 1;
         else if (!load_workspace(file))
-            refused += refuse(file, "it can't be loaded") ? 0 : 1;
+            refused += refuse(file, why_not_loaded(file)) ? 0 : 1;
     return refused;
 }
 
@@ -79,10 +87,7 @@ void open_files(const std::vector<std::string>& files) {
 }
 
 void open_handed_files() {
-    const std::vector<std::string> files = take_handed_files();
-    if (files.empty()) return;
-    raise_window();
-    open_files(files);
+    if (files_wait()) open_files(take_waiting_files());
 }
 
 }  // namespace nubo

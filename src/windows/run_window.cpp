@@ -9,6 +9,7 @@
 #include "state/flow.h"
 #include "state/run.h"
 #include "windows/drawing_menu.h"
+#include "windows/handed_files.h"
 #include "windows/quick_pan.h"
 
 namespace nubo {
@@ -133,7 +134,9 @@ WindowPass serve_pass(const WindowRow& window, const WindowCalls& calls) {
     const WindowPass said = calls.serve ? calls.serve() : WINDOW_STAYS;
     if (said != WINDOW_STAYS) return said;
     if (is_clicked(window, window.okay)) return WINDOW_DONE;
-    const bool cancelled = is_clicked(window, window.cancel) || serve_outside(window) || key_cancels(window);
+    const bool gives_way = window.gives_way && files_wait() && mouse_left == 0 && mouse_right == 0;
+    const bool cancelled =
+        is_clicked(window, window.cancel) || serve_outside(window) || key_cancels(window) || gives_way;
     return cancelled ? WINDOW_CANCELLED : WINDOW_STAYS;
 }
 

@@ -50,7 +50,8 @@ constexpr WindowRow window{.id = WINDOW_TIP,
                            .title_w = 52,
                            .elements = {&custom_row, 1},
                            .key = HOTKEY_BRUSH_TIP,
-                           .outside = OUTSIDE_CANCELS};
+                           .outside = OUTSIDE_CANCELS,
+                           .gives_way = true};
 
 void build_cells() {
     for (int tip = 0; tip < tip_count; ++tip) build_cell(tip);

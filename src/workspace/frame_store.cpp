@@ -85,8 +85,8 @@ bool insert_on_disk(int start, int count, BITMAP* picture) {
     return false;
 }
 
-/// The views, thumbnails, waiting steps and sources of the deleted slots go, those behind move down. What the end of the
-/// row held stays there.
+/// The views, thumbnails, waiting steps and sources of the deleted slots go, those behind move down. What the end of
+/// the row held stays there.
 void delete_entries(int start, int count) {
     for (int slot = start; slot < start + count; ++slot) view_of(slot) = {};
     for (int slot = start + count; slot < frame_count; ++slot) {

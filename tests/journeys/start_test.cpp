@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <csignal>
 #include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -175,6 +176,27 @@ TEST(Start, AnotherStartHandsItsFilesToTheWindowThatIsOpen) {
     EXPECT_EQ(journey.close(), 0);
     EXPECT_EQ(read_bmp(journey.path("WORKSPACE/current.001")).at(64, 54), white);
     EXPECT_FALSE(std::filesystem::exists(journey.path("pictures/UA_log.txt")));
+}
+
+TEST(Start, FilesThatAStuckProgramDoesntTakeAreNamed) {
+    Journey journey;
+    ASSERT_TRUE(journey.start());
+    journey.program().send_signal(SIGSTOP);
+    std::vector<std::string> command{journey.path("nubo")};
+    for (int i = 0; i < 12; ++i) {  // more than the system keeps for it
+        command.emplace_back();
+        for (int part = 0; part < 250; ++part) command.back() += "/" + std::string(200, 'd');
+        command.back() += "/last" + std::to_string(i) + ".png";
+    }
+    const std::string said = journey.path("second.txt");
+    Process second({command, journey.folder(), said, {{"DISPLAY", journey.desktop().name()}}});
+    const auto names_it = [&] {
+        std::ifstream file(said);
+        const std::string words{std::istreambuf_iterator<char>(file), {}};
+        return words.find(".png") != std::string::npos && words.find("not opened") != std::string::npos;
+    };
+    EXPECT_TRUE(wait_until(names_it));
+    journey.program().send_signal(SIGCONT);
 }
 
 TEST(Start, TheWindowIsAsLargeAsConfiguredOrAsTheDesktopAllows) {

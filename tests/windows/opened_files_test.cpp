@@ -1,17 +1,22 @@
 // Pictures that are opened from outside, each as a Frame of its own.
 #include "windows/opened_files.h"
 
+#include "gui/text_field.h"
 #include "harness/user.h"
+#include "menus_kit.h"
 #include "platform/file_inbox.h"
+#include "state/run.h"
 #include "state/view.h"
+#include "windows/file_browser.h"
 #include "windows/picture_formats.h"
 #include "workspace/workspace_kit.h"
 
 namespace nubo {
 namespace {
 
-class OpenedFilesTest : public EditorTest {
+class OpenedFilesTest : public MenuTest {
 protected:
+    OpenedFilesTest() { replace_bitmap(preview_bitmap, make_bitmap(preview_w, preview_h)); }
     /// The Workspace of the test's own folder, and pictures beside it; a picture of one colour is known by it.
     struct Workspace : WorkspaceTest {
         Workspace() { SetUp(); }
@@ -70,15 +75,84 @@ TEST_F(OpenedFilesTest, WhatFindsNoSlotIsNamed) {
     EXPECT_EQ(said, "nubo: b.png: there are 100 Frames already\n");
 }
 
-TEST_F(OpenedFilesTest, WhatAnotherStartHandsOverIsOpened) {
+TEST_F(OpenedFilesTest, WhatIsntThereIsCalledSo) {
+    workspace_.make_workspace({1}, 0);
+    for (const char* name : {"/nonexist", "/nonexist.wsp"}) {
+        EXPECT_EQ(said_of({name}), std::string("nubo: ") + name + ": there is no such file\n");
+        EXPECT_NE(std::string(told_text.data()).find("THERE IS NO SUCH FILE"), std::string::npos) << told_text.data();
+    }
+}
+
+// Each Frame keeps its own file, wherever it moves in the row; one that was never opened has none.
+TEST_F(OpenedFilesTest, SaveOffersTheFileThatWasOpened) {
+    workspace_.make_workspace({1, 2}, 0);
+    const std::string folder = std::string(program_dir.data()) + "/mine";
+    std::filesystem::create_directory("mine");
+    for (const char* name : {"mine/a.png", "mine/b.png"}) put(name, 11);
+    std::strncpy(image_file.data(), "first.png", file_name_size - 1);
+    open_files({folder + "/a.png", folder + "/b.png"});
+    insert_frames(0, 1, true);
+    fetch_frame(frame_index, 1);
+    delete_frames(1, 1);
+    static std::string offered, opened;
+    const auto offers = [&](int slot) {
+        EXPECT_TRUE(fetch_frame(frame_index, slot));
+        exit_requested = 0;
+        play_on(save_frame_command, [](User& user) -> Script {
+            co_await user.wait(3);
+            std::array<char, field_size> text{};
+            GUI_read_field(key_focus, text);
+            offered = text.data();
+            opened = image_dir.data();
+            exit_requested = 1;
+        });
+        return offered;
+    };
+    EXPECT_EQ(offers(2), "a.png");
+    EXPECT_EQ(opened, folder);
+    EXPECT_EQ(offers(3), "b.png");
+    EXPECT_EQ(offers(1), "") << "of another Frame";
+}
+
+// Whatever stands open, the user is told at once; what holds nothing that could be lost gives way.
+TEST_F(OpenedFilesTest, WhatAnotherStartHandsOverIsOpenedBehindWhatWaits) {
     workspace_.make_workspace({1}, 0);
     put("a.png", 11);
     open_file_inbox(program_dir.data());
-    ASSERT_TRUE(hand_over_files(program_dir.data(), {std::string(program_dir.data()) + "/a.png"}));
-    open_handed_files();
-    open_handed_files();
+    static const auto hand_over = [] {
+        ASSERT_TRUE(hand_over_files(program_dir.data(), {std::string(program_dir.data()) + "/a.png"}));
+    };
+    static const auto is_told = [] {
+        return status_message == MESSAGE_TOLD &&
+               std::string(told_text.data()) == "A.PNG WILL BE OPENED WHEN THIS IS DONE";
+    };
+    play([](User& user) -> Script {
+        hand_over();
+        co_await user.wait_until([] { return frame_count == 2; });
+        for (const int key : std::array<int, 2>{0, KEY_F9}) {  // a menu, LOAD
+            const int frames = frame_count;
+            if (key == 0) co_await click(user, slot_of(LABEL_USER));
+            if (key != 0) co_await user.tap_key(key);
+            co_await user.wait_until([] { return menu_id != WINDOW_DRAWING_MENU; });
+            hand_over();
+            co_await user.wait_until([frames] { return frame_count > frames && menu_id == WINDOW_DRAWING_MENU; });
+        }
+        co_await user.tap_key(KEY_F5);  // SAVE
+        co_await user.wait_until([] { return menu_id != WINDOW_DRAWING_MENU; });
+        hand_over();
+        co_await user.wait_until(is_told);
+        EXPECT_EQ(frame_count, 4);
+        co_await user.tap_key(KEY_ESC);
+        co_await user.wait_until([] { return frame_count == 5; });
+        co_await user.press_left(20, 20);
+        hand_over();
+        co_await user.wait_until(is_told);
+        EXPECT_EQ(frame_count, 5);
+        co_await user.release_left();
+        co_await user.wait_until([] { return frame_count == 6; });
+    });
     close_file_inbox();
-    EXPECT_EQ(workspace_.ids_on_disk(), (Ids{1, 11}));
+    EXPECT_EQ(workspace_.ids_on_disk().back(), 11);
 }
 
 }  // namespace
