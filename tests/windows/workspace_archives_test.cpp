@@ -112,7 +112,7 @@ TEST_F(WorkspaceArchivesTest, NewKeepsTheOldOneAndLoadingRemembersTheCloseButton
     EXPECT_EQ(told(), "A NEW WORKSPACE") << "nothing had changed";
     open_files({previous_workspace_file(), "previous-2.wsp"});
     EXPECT_EQ(frame_pixel(5, 5), 0x555555u) << "the second isn't taken";
-    EXPECT_EQ(told(), "NOT OPENED: PREVIOUS-2.WSP");
+    EXPECT_EQ(told(), "NOT OPENED: PREVIOUS-2.WSP, ONE WORKSPACE AT A TIME");
 }
 
 TEST_F(WorkspaceArchivesTest, WithoutRoomForTheOldOneNothingIsCleared) {
