@@ -3,6 +3,7 @@
 #include "base/bitmap_memory.h"
 #include "base/color.h"
 #include "base/log.h"
+#include "base/memory.h"
 #include "codecs/bmp_header.h"
 #include "codecs/rgb_rows.h"
 #include "platform/input_file.h"
@@ -233,6 +234,7 @@ struct Refusal {
     PictureFault fault = PICTURE_FINE;
     const char* cause = "";
 };
+constexpr Refusal without_memory{PICTURE_OUT_OF_REACH, "there isn't memory enough"};
 
 /// Of the widest component.
 std::uint32_t sample_bits(const BmpHeader& header) {
@@ -251,7 +253,7 @@ Refusal read_picture(const InputFile& file, OwnedBitmap& bitmap, PictureLoss& lo
     const bool packed = header.is_run_length();
     if (packed && !runs_can_fill(header, file.size() - header.pixels_at)) return {PICTURE_MALFORMED, "it is cut short"};
     bitmap = memory_bears(header) ? make_uncleared_bitmap(header.width, header.height) : nullptr;
-    if (!bitmap) return {PICTURE_OUT_OF_REACH, "there isn't memory enough"};
+    if (!bitmap) return without_memory;
     take_rows(bitmap.get(), 0, header.height);
     if (packed) return {read_runs(file, header, bitmap.get()), "its pixels can't be read"};
     SeenAlpha alpha(header);
@@ -261,16 +263,25 @@ Refusal read_picture(const InputFile& file, OwnedBitmap& bitmap, PictureLoss& lo
     return {};
 }
 
-/// Gives the file's bytes to `put(bytes, size)`, a row at a time.
+/// Gives the file's bytes to `put(bytes, size)`, piece by piece, so that a Frame of any width is written without memory
+/// of its own.
 template <typename Put> void put_bmp(BITMAP* bitmap, Put put) {
+    constexpr int piece = 1024;  // pixels
+    constexpr std::size_t most_padding = 3;
     const std::size_t row_bytes = (static_cast<std::size_t>(bitmap->w) * 3 + 3) / 4 * 4;
+    const std::size_t padding = row_bytes - static_cast<std::size_t>(bitmap->w) * 3;
     const auto pixel_bytes = static_cast<std::uint32_t>(row_bytes * static_cast<std::size_t>(bitmap->h));
     const std::vector<std::uint8_t> head = make_header(bitmap, pixel_bytes);
     put(head.data(), head.size());
-    std::vector<std::uint8_t> row(row_bytes);  // its padding stays zero
+    std::array<std::uint8_t, std::size_t{piece} * 3> packed;
+    constexpr std::array<std::uint8_t, most_padding> zeros{};
     for (int y = bitmap->h - 1; y >= 0; --y) {
-        pack_row(pixels_at(bitmap, 0, y), row.data(), bitmap->w, BYTES_BGR);
-        put(row.data(), row.size());
+        for (int x = 0; x < bitmap->w; x += piece) {
+            const int count = std::min(piece, bitmap->w - x);
+            pack_row(pixels_at(bitmap, x, y), packed.data(), count, BYTES_BGR);
+            put(packed.data(), static_cast<std::size_t>(count) * 3);
+        }
+        put(zeros.data(), padding);
     }
 }
 
@@ -295,8 +306,9 @@ OwnedBitmap load_bmp_file(const std::string& path, PictureFault& fault) {
     OwnedBitmap bitmap;
     PictureLoss loss;
     const InputFile file(path);
-    const Refusal refusal =
-        file.is_open() ? read_picture(file, bitmap, loss) : Refusal{fault_of_opening(path), "it can't be opened"};
+    const Refusal refusal = file.is_open()
+                                ? unless_memory_ends([&] { return read_picture(file, bitmap, loss); }, without_memory)
+                                : Refusal{fault_of_opening(path), "it can't be opened"};
     fault = refusal.fault;
     if (fault == PICTURE_FINE) return bitmap;
     UA_log("[ ERROR ] : The picture %s can't be loaded: %s", path.c_str(), refusal.cause);
@@ -313,7 +325,7 @@ ReadPicture read_bmp(FileBytes bytes) {
 const char* fault_of_bmp(const InputFile& file) {
     OwnedBitmap bitmap;
     PictureLoss loss;
-    const Refusal refusal = read_picture(file, bitmap, loss);
+    const Refusal refusal = unless_memory_ends([&] { return read_picture(file, bitmap, loss); }, without_memory);
     return refusal.fault == PICTURE_FINE ? nullptr : refusal.cause;
 }
 

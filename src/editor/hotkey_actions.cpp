@@ -93,7 +93,7 @@ void exit_by_key() {
 
 void rapid_exit_by_key() {
     wait_while_held(HOTKEY_RAPID_EXIT);
-    exit_requested = 1;
+    exit_requested = EXIT_BY_HAND;
 }
 
 }  // namespace nubo

@@ -2,14 +2,18 @@
 #include "editor/command_line.h"
 #include "editor/loop.h"
 #include "editor/start.h"
+#include "editor/stop.h"
 #include "platform/clipboard.h"
 
 int main(int argc, char** argv) {
     const nubo::CommandLine asked = nubo::read_command_line(argc, argv);
     if (asked.answered) return *asked.answered;
     if (const auto code = nubo::start_program(asked.files)) return *code;
-    nubo::program_loop();
-    const int code = nubo::shutdown_program();
+    std::optional<int> code;
+    do {
+        nubo::program_loop();
+        code = nubo::shutdown_program();
+    } while (!code);
     nubo::leave_clipboard();  // last, since it waits for another program
-    return code;
+    return *code;
 }

@@ -100,6 +100,7 @@ void show_picture() {
 void rest_after_picture() {
     constexpr int low_ms = 5, high_ms = 10;
     if (!prepare_stroke_mask()) prepare_undo_memory();
+    check_mouse();
     if (power_saving == POWER_OFF) {
         vsync();
     } else if (pan_moved.take() != 0) {

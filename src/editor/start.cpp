@@ -6,6 +6,7 @@
 #include "codecs/png.h"
 #include "editor/graphics.h"
 #include "editor/handlers.h"
+#include "editor/stop.h"
 #include "framework/outline_font.h"
 #include "framework/resources.h"
 #include "framework/screen_effects.h"
@@ -14,6 +15,7 @@
 #include "platform/folder_lock.h"
 #include "platform/input.h"
 #include "platform/input_file.h"
+#include "platform/input_queue.h"
 #include "platform/last_words.h"
 #include "platform/memory_packfile.h"
 #include "platform/program_folder.h"
@@ -28,11 +30,8 @@
 #include "state/view.h"
 #include "windows/emblem.h"
 #include "windows/hand_over.h"
-#include "windows/handed_files.h"
 #include "windows/opened_files.h"
-#include "windows/placement.h"
 #include "windows/scheme.h"
-#include "windows/text_window.h"
 #include "workspace/folders.h"
 #include "workspace/frame_memory.h"
 #include "workspace/notices.h"
@@ -50,7 +49,7 @@
 namespace nubo {
 namespace {
 
-constexpr int cannot_start = -1, no_font_layer = 1, could_not_save = 5;
+constexpr int cannot_start = -1, no_font_layer = 1;
 constexpr const char* no_memory = "The program ran out of memory! Reboot, or close some active programs and try again.";
 
 /// The end of a start that can't go on, with its cause in the log, on standard error and in a window.
@@ -59,8 +58,6 @@ int refuse(const std::string& cause) {
     say_last_words(cause);
     return cannot_start;
 }
-
-void request_exit_by_close_button() { exit_requested = 1; }
 
 /// What the user is told by a start that finds the program running and can't hand over all its files.
 std::string words_of_locked_start(const std::vector<std::string>& files, std::size_t handed) {
@@ -116,7 +113,7 @@ bool start_allegro() {
     install_input();
     set_window_title(program_title);
     name_window_class();
-    set_close_button_callback(request_exit_by_close_button);
+    set_close_button_callback(note_close);
     request_exit_on_signals();
     return true;
 }
@@ -226,6 +223,7 @@ std::optional<int> start_program(const std::vector<std::string>& files) {
     if (const auto code = open_log_and_enter_folder()) return code;
     if (!start_allegro()) return cannot_start;
     if (const GraphicsResult result = UA_init_graphics(); result != GRAPHICS_UP) return result;
+    watch_window();
     if (font_system_init() != 0) return refuse("Error while initializing the font layer"), no_font_layer;
     UA_log("[ INIT ] : Framework initialized");
     load_user_settings();
@@ -245,11 +243,7 @@ std::optional<int> start_program(const std::vector<std::string>& files) {
     UA_log("[ INIT ] : Interrupts installed");
     if (!open_workspace()) return refuse(no_memory);
     if (preferred_font == nullptr) return refuse("System font file is missing. Please reinstall the application.");
-    save_on_display_loss([] {
-        end_placement();
-        keep_open_text();
-        shutdown_program();
-    });
+    save_work_at_sudden_end();
     warn_if_nothing_can_be_saved();
     gui_enabled = 1;
     handlers_locked = 0;
@@ -260,27 +254,6 @@ std::optional<int> start_program(const std::vector<std::string>& files) {
     wear_scheme();
     open_files(files);
     return std::nullopt;
-}
-
-int shutdown_program() {
-    UA_log("[ END ] : User has opted to exit the program.");
-    UA_log("[ END ] : Switching off handlers and locking processes.");
-    handlers_locked = 1;
-    gui_enabled = 0;
-    editor_running = 0;
-    end_frame_preview();
-    UA_log("[ END ] : Writing workspace to file.");
-    const bool workspace_kept = close_workspace();
-    UA_log("[ END ] : Writing user settings to file.");
-    const bool settings_kept = save_user_settings();
-    UA_log("[ END ] : Closing font renderer hooks.");
-    font_system_exit();
-    leave_handed_files();
-    UA_log("[ END ] : Closing log.");
-    UA_log_close();
-    save_on_display_loss(nullptr);
-    close_file_inbox();
-    return workspace_kept && settings_kept ? 0 : could_not_save;
 }
 
 }  // namespace nubo

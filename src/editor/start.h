@@ -1,5 +1,5 @@
 #pragma once
-// How the program comes up and goes down.
+// How the program comes up.
 #include <optional>
 #include <string>
 #include <vector>
@@ -9,9 +9,5 @@ namespace nubo {
 /// The start sequence, up to the program loop; the files, absolute paths, are opened at its end. Else the exit code of
 /// a program that doesn't run: it can't, and what is wrong has been said, or another one that runs has taken the files.
 std::optional<int> start_program(const std::vector<std::string>& files);
-
-/// The exit sequence: writes the workspace and closes what is open. The program's exit code: 0, or another when
-/// something couldn't be written where it belongs.
-int shutdown_program();
 
 }  // namespace nubo

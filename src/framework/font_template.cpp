@@ -52,7 +52,7 @@ void UA_make_font_template(int cell_w, int cell_h, int advance) {
         if (save_pcx("font.pcx", page.get(), global_palette.data()) != 0)
             UA_log("[ ERROR ] : font.pcx can't be saved!");
     }
-    exit_requested = 1;
+    exit_requested = EXIT_BY_HAND;
 }
 
 }  // namespace nubo

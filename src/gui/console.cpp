@@ -163,6 +163,7 @@ void UA_console(int paused) {
             update_screen(UPDATE_NORMAL);
         } else {
             frame_presented = 1;  // `GUI_tick` may be waiting for a picture, and keys for `GUI_tick`
+            check_mouse();
             rest_until_input(rest_ms, input_waits);
             renew_input();
         }

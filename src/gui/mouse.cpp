@@ -65,8 +65,15 @@ void change_key(const InputChange& change) {
     key_down[code].publish(change.down ? 1 : 0);
 }
 
+/// What came before it has been served, or is being.
+void request_exit() {
+    if (exit_requested == EXIT_NONE) exit_requested = EXIT_BY_HAND;
+}
+
 void take_change(const InputChange& change) {
-    if (change.is_button())
+    if (change.code == input_close)
+        request_exit();
+    else if (change.is_button())
         change_button(change);
     else
         change_key(change);

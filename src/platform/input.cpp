@@ -1,6 +1,7 @@
 #include "platform/input.h"
 
 #include "platform/clipboard.h"
+#include "platform/display_loss.h"
 #include "platform/input_queue.h"
 #include "platform/keyboard.h"
 #include "platform/typed_characters.h"
@@ -13,6 +14,7 @@
 #include <chrono>
 #include <poll.h>
 #include <pthread.h>
+#include <utility>
 #include <xalleg.h>
 
 namespace nubo {
@@ -37,7 +39,13 @@ void read_events() {
         _xwin_private_handle_input();
 }
 
-void hear_mouse(int /*flags*/) { note_mouse(::mouse_x, ::mouse_y, ::mouse_b); }
+int buttons_heard = 0;
+unsigned button_changes = 0;
+
+void hear_mouse(int /*flags*/) {
+    if (std::exchange(buttons_heard, ::mouse_b) != ::mouse_b) ++button_changes;
+    note_mouse(::mouse_x, ::mouse_y, ::mouse_b);
+}
 
 Typist typist;
 char32_t typed = 0;  // by the key that is being heard
@@ -55,37 +63,64 @@ void hear_key(int code) {
     note_key(code & ~released, (code & released) == 0, typed);
 }
 
-// ---- The place of the mouse ----------------------------------------------------------------------------------------
+// ---- What the server says of the mouse -----------------------------------------------------------------------------
 
 /// Puts Allegro's mouse where the pointer really is: of a pointer that comes to lie on the window without a motion, as
 /// when a window before it closes, Allegro knows nothing.
-void align_mouse() {
+void align_place(int x, int y) {
+    if (x < 0 || y < 0 || x >= screen_w || y >= screen_h) return;
+    _mouse_x = x;
+    _mouse_y = y;
+    _handle_mouse_input();
+}
+
+/// Allegro hears the release of the buttons that it holds for pressed and that the server says are up.
+void release_lost_buttons(unsigned state) {
+    struct ButtonRow {
+        int bit;  // Allegro's
+        unsigned mask, number;
+    };
+    constexpr std::array<ButtonRow, input_buttons> rows{
+        {{1, Button1Mask, Button1}, {2, Button3Mask, Button3}, {4, Button2Mask, Button2}}};
+    for (const ButtonRow& row : rows) {
+        if ((::mouse_b & row.bit) == 0 || (state & row.mask) != 0) continue;
+        XEvent release{};
+        release.xbutton.type = ButtonRelease;
+        release.xbutton.display = _xwin.display;
+        release.xbutton.window = _xwin.window;
+        release.xbutton.button = row.number;
+        XPutBackEvent(_xwin.display, &release);
+        _xwin_handle_input();
+    }
+}
+
+/// What came before the answer must not be added to it, and what was pressed behind it not be taken off. With a button
+/// held only that is looked at: a stroke is made of the motions that Allegro sees, each once.
+void ask_for_mouse() {
     Window root = 0, child = 0;
     int root_x = 0, root_y = 0, x = 0, y = 0;
-    unsigned buttons = 0;
+    unsigned state = 0;
     XLOCK();
-    if (XQueryPointer(_xwin.display, _xwin.window, &root, &child, &root_x, &root_y, &x, &y, &buttons) != 0) {
-        _xwin_handle_input();  // what came before the answer must not be added to it
-        if (x >= 0 && y >= 0 && x < screen_w && y < screen_h) {
-            _mouse_x = x;
-            _mouse_y = y;
-            _handle_mouse_input();
-        }
+    const bool held = ::mouse_b != 0;
+    const unsigned changes = button_changes;
+    if (XQueryPointer(_xwin.display, _xwin.window, &root, &child, &root_x, &root_y, &x, &y, &state) != 0) {
+        _xwin_handle_input();
+        if (held && changes == button_changes) release_lost_buttons(state);
+        if (!held) align_place(x, y);
     }
     XUNLOCK();
 }
 
-/// Aligns the mouse if the last time is longer ago than `interval`. Not with a button held: a stroke is made of the
-/// motions that Allegro sees, each once.
-void align_mouse_after(milliseconds interval) {
+/// Asks if the last time is longer ago than `interval`.
+void ask_for_mouse_after(milliseconds interval) {
     static Clock::time_point last = Clock::now();
     const auto now = Clock::now();
-    if (now - last < interval || ::mouse_b != 0) return;
+    if (now - last < interval) return;
     last = now;
-    align_mouse();
+    ask_for_mouse();
 }
 
-constexpr milliseconds idle_interval(400), input_interval(20);
+constexpr milliseconds idle_interval(400), held_interval(100), input_interval(20);
 
 // ---- Resting -------------------------------------------------------------------------------------------------------
 
@@ -111,7 +146,7 @@ void listen_until(Clock::time_point end, bool (*wanted)()) {
     for (bool heard = false;;) {
         _xwin_handle_input();  // first: what Xlib holds already wakes no sleeper
         if (wanted()) return;
-        if (heard) align_mouse_after(input_interval);
+        if (heard && ::mouse_b == 0) ask_for_mouse_after(input_interval);
         const milliseconds left = time_left(end);
         if (left <= milliseconds::zero()) return;
         heard = sleep_for(left);
@@ -133,12 +168,18 @@ void install_input() {
     XUNLOCK();
 }
 
+void check_mouse() {
+    if (_xwin.display == nullptr) return;
+    const DisplayUse use;
+    ask_for_mouse_after(::mouse_b != 0 ? held_interval : idle_interval);
+}
+
 void rest_until_input(int time_ms, bool (*wanted)()) {
     if (_xwin.display == nullptr) {
         rest(static_cast<unsigned>(time_ms));
         return;
     }
-    align_mouse_after(idle_interval);
+    const DisplayUse use;
     main_flow_listens = true;
     listen_until(Clock::now() + milliseconds(time_ms), wanted);
     main_flow_listens = false;

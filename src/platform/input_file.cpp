@@ -1,5 +1,6 @@
 #include "platform/input_file.h"
 
+#include "base/memory.h"
 #include "base/regular_file.h"
 #include <algorithm>
 #include <cerrno>
@@ -51,9 +52,8 @@ std::string why_unreadable(const std::string& path) {
 
 bool read_file(const std::string& path, std::size_t limit, std::vector<std::uint8_t>& bytes) {
     const InputFile file(path);
-    if (!file.is_open()) return false;
-    bytes.resize(std::min(limit, file.size()));
-    return file.read_at(0, bytes.data(), bytes.size());
+    const auto make_room = [&] { return bytes.resize(std::min(limit, file.size())), true; };
+    return file.is_open() && unless_memory_ends(make_room, false) && file.read_at(0, bytes.data(), bytes.size());
 }
 
 }  // namespace nubo

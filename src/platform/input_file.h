@@ -38,7 +38,8 @@ private:
 /// can be; a file that nobody may read counts as unreadable to the superuser, too.
 std::string why_unreadable(const std::string& path);
 
-/// The first `limit` bytes of a file, or all if it is shorter. False if it can't be read.
+/// The first `limit` bytes of a file, or all if it is shorter. False if it can't be read, or the memory for it not be
+/// had.
 bool read_file(const std::string& path, std::size_t limit, std::vector<std::uint8_t>& bytes);
 
 }  // namespace nubo

@@ -25,14 +25,18 @@ void note_place(Place place) {
                        static_cast<std::uint32_t>(place.y));
 }
 
+/// False if the change found no place.
+bool put_change(const InputChange& change) {
+    const unsigned end = written, waiting = end - read.acquire();
+    if (change.down && waiting >= capacity - kept_for_releases) return false;
+    changes[end % capacity] = change;
+    written.publish(end + 1);
+    return true;
+}
+
 void note_change(int code, bool down, char32_t character = character_unknown) {
     bool& was_down = is_down[static_cast<std::size_t>(code)];
-    if (was_down == down) return;
-    const unsigned end = written, waiting = end - read.acquire();
-    if (down && waiting >= capacity - kept_for_releases) return;
-    was_down = down;
-    changes[end % capacity] = {code, down, place_written, character};
-    written.publish(end + 1);
+    if (was_down != down && put_change({code, down, place_written, character})) was_down = down;
 }
 
 }  // namespace
@@ -46,6 +50,8 @@ void note_mouse(int x, int y, int buttons) {
 void note_key(int code, bool down, char32_t character) {
     if (code > 0 && code < input_keys) note_change(code, down, character);
 }
+
+void note_close() { put_change({.code = input_close, .down = true, .place = place_written}); }
 
 Place newest_place() {
     const std::uint64_t word = place_word.acquire();

@@ -18,13 +18,16 @@ struct Place {
 /// What goes down and up: Allegro's key codes, and behind them the buttons in the order of Allegro's bits.
 inline constexpr int input_keys = 128, input_buttons = 3, input_codes = input_keys + input_buttons;
 
+/// The code of what only goes down: the button in the window's frame that asks the program to end.
+inline constexpr int input_close = input_codes;
+
 /// A button or a key went down or up while the mouse was at `place`.
 struct InputChange {
     int code = 0;
     bool down = false;
     Place place{};
     char32_t character = character_unknown;  // that a key types
-    bool is_button() const { return code >= input_keys; }
+    bool is_button() const { return code >= input_keys && code < input_codes; }
     int button() const { return code - input_keys; }
 };
 
@@ -37,6 +40,9 @@ void note_mouse(int x, int y, int buttons);
 /// The key is down and types `character`, or is up. A key down that is down already, as by the keyboard's own
 /// repeating, is no change.
 void note_key(int code, bool down, char32_t character = character_unknown);
+
+/// The user has asked the window to close, after all that was noted before.
+void note_close();
 
 // ---- The side that acts: the main flow -----------------------------------------------------------------------------
 

@@ -12,11 +12,13 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <limits>
+#include <new>
 #include <string_view>
 #include <sys/stat.h>
 #include <sys/utsname.h>
 #include <unistd.h>
 #include <utility>
+#include <vector>
 
 namespace nubo {
 
@@ -112,8 +114,8 @@ bool write_all(int file, const std::uint8_t* bytes, std::size_t size) {
 
 // ---- Writing -------------------------------------------------------------------------------------------------------
 
-SafeFile::SafeFile(const std::string& path) : path_(behind_links(path)) {
-    buffer_.reserve(buffer_size);
+SafeFile::SafeFile(const std::string& path)
+    : path_(behind_links(path)), buffer_(new (std::nothrow) std::uint8_t[buffer_size]) {
     open_beside();
     take_permissions();
 }
@@ -168,18 +170,24 @@ bool SafeFile::is_sound() const {
 void SafeFile::write(const void* bytes, std::size_t size) {
     const auto* from = static_cast<const std::uint8_t*>(bytes);
     size_ += size;
+    if (!buffer_) return pass_on(from, size);
     while (size > 0 && failure_.empty()) {
-        const std::size_t part = std::min(size, buffer_size - buffer_.size());
-        buffer_.insert(buffer_.end(), from, from + part);
+        const std::size_t part = std::min(size, buffer_size - buffered_);
+        std::copy_n(from, part, buffer_.get() + buffered_);
+        buffered_ += part;
         from += part;
         size -= part;
-        if (buffer_.size() == buffer_size) flush();
+        if (buffered_ == buffer_size) flush();
     }
 }
 
 void SafeFile::flush() {
-    if (failure_.empty() && !write_all(file_, buffer_.data(), buffer_.size())) fail("written");
-    buffer_.clear();
+    pass_on(buffer_.get(), buffered_);
+    buffered_ = 0;
+}
+
+void SafeFile::pass_on(const std::uint8_t* bytes, std::size_t size) {
+    if (failure_.empty() && !write_all(file_, bytes, size)) fail("written");
 }
 
 void SafeFile::sync() { finish(true); }

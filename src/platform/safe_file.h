@@ -5,8 +5,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
-#include <vector>
 
 namespace nubo {
 
@@ -21,7 +21,8 @@ void remove_unfinished_files(const std::string& folder, UnfinishedFiles which = 
 /// that is put into the same folder; or both by `sync_disk`, which takes many files together.
 enum FileSync : int { SYNC_NOW, SYNC_NAME_WITH_NEXT, SYNC_WITH_DISK };
 
-/// A file being written beside its place. Goes without a trace unless `commit` has succeeded.
+/// A file being written beside its place. Goes without a trace unless `commit` has succeeded. No lack of memory keeps
+/// it from being written.
 class SafeFile {
 public:
     /// A link at `path` stays a link: what it points to is replaced, or made. An existing file's permissions are kept;
@@ -54,11 +55,13 @@ private:
     void open_beside();
     void take_permissions();
     void flush();
+    void pass_on(const std::uint8_t* bytes, std::size_t size);
     void finish(bool lasting);
     void fail(const char* step);
 
     std::string path_, unfinished_;
-    std::vector<std::uint8_t> buffer_;
+    std::unique_ptr<std::uint8_t[]> buffer_;  // null without memory for it: then each piece goes to the system at once
+    std::size_t buffered_ = 0;
     std::size_t size_ = 0;  // of what was written so far
     int file_ = -1;
     bool exists_ = false;  // under its unfinished name

@@ -1,6 +1,7 @@
 #include "platform/selection_asker.h"
 
 #include "base/log.h"
+#include "base/memory.h"
 #include <string>
 #include <utility>
 
@@ -44,6 +45,12 @@ bool SelectionAsker::is_end_of_owner(const xcb_generic_event_t& event) const {
 
 void SelectionAsker::hear(const xcb_generic_event_t& event) {
     if (state_ != ASKER_WAITS) return;
+    if (unless_memory_ends([&] { return hear_owner(event), true; }, false)) return;
+    content = {};
+    give_up("has more than there is memory for");
+}
+
+void SelectionAsker::hear_owner(const xcb_generic_event_t& event) {
     if (is_end_of_owner(event)) return give_up("has gone");
     if (event_code(event) == XCB_SELECTION_NOTIFY) {
         hear_answer(reinterpret_cast<const xcb_selection_notify_event_t&>(event));

@@ -32,6 +32,7 @@ public:
 private:
     void give_up(const char* cause);
     bool is_end_of_owner(const xcb_generic_event_t& event) const;
+    void hear_owner(const xcb_generic_event_t& event);
     void hear_answer(const xcb_selection_notify_event_t& answer);
     void take_answer();
     void take_piece();

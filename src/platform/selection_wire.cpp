@@ -1,5 +1,6 @@
 #include "platform/selection_wire.h"
 
+#include "platform/display_loss.h"
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -30,6 +31,7 @@ std::vector<std::uint32_t> PropertyValue::words() const {
 // ---- Coming and going ----------------------------------------------------------------------------------------------
 
 std::unique_ptr<SelectionWire> SelectionWire::open() {
+    const DisplayUse use;
     int screen = 0;
     std::unique_ptr<SelectionWire> wire(new SelectionWire(xcb_connect(nullptr, &screen)));
     return !wire->is_broken() && wire->make_window(screen) ? std::move(wire) : nullptr;
@@ -57,6 +59,7 @@ void SelectionWire::flush() const { xcb_flush(connection_); }
 
 xcb_atom_t SelectionWire::atom(const std::string& name) {
     if (const auto known = atoms_.find(name); known != atoms_.end()) return known->second;
+    const DisplayUse use;
     const auto asked = xcb_intern_atom(connection_, 0, static_cast<std::uint16_t>(name.size()), name.c_str());
     const FromXcb<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection_, asked, nullptr));
     return reply ? atoms_[name] = reply->atom : xcb_atom_t{XCB_NONE};
@@ -96,6 +99,7 @@ xcb_timestamp_t SelectionWire::server_time() {
 // ---- Selections ----------------------------------------------------------------------------------------------------
 
 xcb_window_t SelectionWire::owner_of(xcb_atom_t selection) const {
+    const DisplayUse use;
     const FromXcb<xcb_get_selection_owner_reply_t> reply(
         xcb_get_selection_owner_reply(connection_, xcb_get_selection_owner(connection_, selection), nullptr));
     return reply ? reply->owner : xcb_window_t{XCB_NONE};
@@ -128,6 +132,7 @@ void SelectionWire::answer(const xcb_selection_request_event_t& request, xcb_ato
 // ---- Properties ----------------------------------------------------------------------------------------------------
 
 PropertyValue SelectionWire::take_property(xcb_window_t window, xcb_atom_t property, std::size_t limit) const {
+    const DisplayUse use;
     const auto asked = xcb_get_property(connection_, 1, window, property, XCB_GET_PROPERTY_TYPE_ANY, 0,
                                         static_cast<std::uint32_t>((limit + 3) / 4));
     const FromXcb<xcb_get_property_reply_t> reply(xcb_get_property_reply(connection_, asked, nullptr));

@@ -1,18 +1,42 @@
 #include "platform/signals.h"
 
+#include "base/log.h"
+#include "platform/display_loss.h"
 #include "state/run.h"
 #include <csignal>
+#include <semaphore.h>
+#include <system_error>
+#include <thread>
 
 namespace nubo {
 namespace {
 
-// A lock-free atomic word is one of the few things that a signal handler may write.
+// A lock-free atomic word and a semaphore are among the few things that a signal handler may write.
 static_assert(std::atomic<int>::is_always_lock_free);
-void request_exit(int) { exit_requested = 1; }
+sem_t asked;
+void request_exit(int) {
+    exit_requested = EXIT_BY_SIGNAL;
+    sem_post(&asked);
+}
+
+/// Where no thread is to be had the end is the main flow's alone.
+void start_watching() {
+    if (sem_init(&asked, 0, 0) != 0) return;
+    try {
+        std::thread([] {
+            while (sem_wait(&asked) != 0) {
+            }  // it was interrupted
+            end_even_if_display_hangs();
+        }).detach();
+    } catch (const std::system_error&) {
+        UA_log("[ WARNING ] : Nothing watches over an end that is asked for by a signal");
+    }
+}
 
 }  // namespace
 
 void request_exit_on_signals() {
+    start_watching();
     struct sigaction action {};
     action.sa_handler = request_exit;
     action.sa_flags = SA_RESTART;

@@ -10,7 +10,9 @@ namespace nubo {
 
 // ---- Run flags -----------------------------------------------------------------------------------------------------
 
-inline constinit Shared<int> exit_requested = 0;  // leaves `program_loop` at the end of the current pass
+/// Who asks for the program's end. By hand it is put off while nothing can be saved; a signal ends it whatever comes.
+enum ExitRequest : int { EXIT_NONE, EXIT_BY_HAND, EXIT_BY_SIGNAL };
+inline constinit Shared<int> exit_requested = EXIT_NONE;  // leaves `program_loop` at the end of the current pass
 inline constinit Shared<int> handlers_locked =
     1;  // start, shutdown, workspace clear: the animation handlers return at once
 inline constinit Shared<int> editor_running = 0;   // clear: no view tick, no GUI action step, no job delays

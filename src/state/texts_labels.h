@@ -289,6 +289,10 @@ inline constexpr auto label_text = with_names(fill_texts<LABEL_SLOTS>({
     {LABEL_PREVIOUS_TITLE, "WORKSPACES THAT WERE PUT AWAY"},
     {LABEL_PREVIOUS_IS_WHOLE, "THE WORKSPACE BEFORE IT IS WHOLE"},
     {LABEL_WHERE_PREVIOUS_IS, "<WORKSPC, LOAD, PREVIOUS>"},
+    {LABEL_WORK_NOT_SAVED, "YOUR WORK CAN'T BE SAVED!"},
+    {LABEL_TRY_AGAIN, "TRY AGAIN"},
+    {LABEL_GO_ON, "GO ON"},
+    {LABEL_WORK_WILL_BE_LOST, "<YOUR WORK WILL BE LOST>"},
     // Drives
     {drive_label(0), "A:"},
     {drive_label(1), "B:"},

@@ -2,6 +2,7 @@
 
 #include "base/bitmap.h"
 #include "base/log.h"
+#include "base/memory.h"
 #include "codecs/bmp_file.h"
 #include "codecs/gif.h"
 #include "codecs/jpeg.h"
@@ -38,9 +39,10 @@ constexpr Color color_bits = 0xffffff;
 std::weak_ptr<BITMAP> copied;
 
 bool encode(BITMAP* picture, const std::string& kind, Bytes& bytes) {
-    if (kind == png_kind) return write_png(picture, bytes, PNG_FAST);
-    write_bmp(picture, bytes);
-    return true;
+    const auto write = [&] {
+        return kind == png_kind ? write_png(picture, bytes, PNG_FAST) : (write_bmp(picture, bytes), true);
+    };
+    return unless_memory_ends(write, false);
 }
 
 // ---- In ------------------------------------------------------------------------------------------------------------
@@ -84,7 +86,8 @@ constexpr std::array<PictureKind, 7> picture_kinds{{
 
 ReadPicture read_fetched(const Fetched& fetched) {
     const auto kind = std::ranges::find(picture_kinds, fetched.kind, &PictureKind::name);
-    ReadPicture picture = kind->read(fetched.bytes);
+    ReadPicture picture =
+        unless_memory_ends([&] { return kind->read(fetched.bytes); }, {nullptr, "there isn't memory enough"});
     if (!picture.cause.empty())
         UA_log("[ ERROR ] : The clipboard's %s can't be read: %s", kind->name, picture.cause.c_str());
     return picture;

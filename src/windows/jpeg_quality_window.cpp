@@ -1,6 +1,7 @@
 #include "windows/jpeg_quality_window.h"
 
 #include "base/bitmap.h"
+#include "base/memory.h"
 #include "codecs/jpeg.h"
 #include "state/frames.h"
 #include "state/options.h"
@@ -47,9 +48,11 @@ constexpr std::size_t slider = at(high_slot + QUALITY_SLIDER);
 
 /// Puts into the Frame what a JPEG of the slider's quality makes of `picture`.
 void view_quality(BITMAP* picture) {
-    Bytes bytes;
-    if (!write_jpeg(picture, gui::slider_value[slider], bytes)) return;
-    const ReadPicture shown_as = read_jpeg(bytes);
+    const auto make = [picture] {
+        Bytes bytes;
+        return write_jpeg(picture, gui::slider_value[slider], bytes) ? read_jpeg(bytes) : ReadPicture{};
+    };
+    const ReadPicture shown_as = unless_memory_ends(make, {});
     if (shown_as.bitmap) blit(shown_as.bitmap.get(), current_frame, 0, 0, 0, 0, frame_w, frame_h);
 }
 

@@ -1,6 +1,7 @@
 #include "windows/picture_formats.h"
 
 #include "base/log.h"
+#include "base/memory.h"
 #include "codecs/bmp_file.h"
 #include "codecs/gif.h"
 #include "codecs/ilbm.h"
@@ -61,6 +62,10 @@ constexpr std::array<FileFormat, FILE_TYPE_COUNT> file_formats{{
     {.type = FILE_SCHEME, .magic = "SCH", .purpose = PURPOSE_SCHEME},
 }};
 static_assert(rows_in_order(file_formats, &FileFormat::type));
+
+ReadPicture read_as(FileType type, const std::string& path) {
+    return unless_memory_ends([&] { return file_format(type).read(path); }, {nullptr, "there isn't memory enough"});
+}
 
 /// Kinds of pictures that other programs know.
 constexpr std::array<std::string_view, 5> foreign_endings{"TIFF", "TIF", "WEBP", "TGA", "PSD"};
@@ -125,10 +130,10 @@ ReadPicture read_picture_file(const std::string& path, FileType& type) {
     type = file_type_from_extension(path, BROWSE_TO_LOAD);
     const FileType told = file_type_from_magic(path);
     ReadPicture result{nullptr, "it is no picture of a known kind"};
-    if (is_picture_type(type)) result = file_format(type).read(path);
+    if (is_picture_type(type)) result = read_as(type, path);
     if (!result.bitmap && is_picture_type(told) && told != type) {
         type = told;
-        result = file_format(type).read(path);
+        result = read_as(type, path);
     }
     if (const std::string fault = result.bitmap ? "" : why_unreadable(path); !fault.empty()) result.cause = fault;
     if (result.bitmap == nullptr || !result.cause.empty())
@@ -145,7 +150,8 @@ std::string loss_text(const PictureLoss& loss) {
 }
 
 bool write_picture_file(const std::string& path, BITMAP* picture) {
-    return file_format(written_type(path)).write(path, picture);
+    const FileFormat& format = file_format(written_type(path));
+    return unless_memory_ends([&] { return format.write(path, picture); }, false);
 }
 
 }  // namespace nubo

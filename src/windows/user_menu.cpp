@@ -33,7 +33,7 @@ constexpr ActivityMenu menu{.id = WINDOW_USER_MENU,
 }  // namespace
 
 void ask_to_quit() {
-    if (confirm(LABEL_EXIT_QUESTION, LABEL_CHANGES_PERSIST)) exit_requested = 1;
+    if (confirm(LABEL_EXIT_QUESTION, LABEL_CHANGES_PERSIST)) exit_requested = EXIT_BY_HAND;
 }
 
 void user_menu(int x, int y) { run_activity_menu(menu, x, y); }

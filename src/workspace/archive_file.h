@@ -56,7 +56,7 @@ int find_bent_frame(const InputFile& file, const ArchiveContents& contents);
 
 /// The one buffer of an operation, through which all components go, however large they are.
 struct CopyBuffer {
-    std::vector<std::uint8_t> bytes = std::vector<std::uint8_t>(32'768);
+    std::array<std::uint8_t, 32'768> bytes{};
     int component = 0;                           // the one under way
     std::function<void(int, double)> told = {};  // after each block: its number, and the share of it that is copied
     void tell(std::size_t done, std::size_t size) const;

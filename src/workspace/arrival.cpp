@@ -15,6 +15,7 @@
 #include "workspace/rescue_folder.h"
 #include "workspace/workspace_files.h"
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <filesystem>
 #include <sstream>
@@ -61,12 +62,12 @@ std::uint64_t sum_of_picture(const BITMAP* picture, int x0, int y0, int w, int h
 /// 0 for a file that can't be read, which no other sum is likely to be.
 std::uint64_t sum_of_file(const std::string& path) {
     const InputFile file(path);
-    std::vector<std::uint8_t> block(std::min<std::size_t>(file.size(), 256 * 1024));
+    std::array<std::uint8_t, 32 * 1024> block;  // on the stack: NEW can't be refused here any more
     Sum sum;
     for (std::size_t at = 0; at < file.size(); at += block.size()) {
-        block.resize(std::min(block.size(), file.size() - at));
-        if (!file.read_at(at, block.data(), block.size())) return 0;
-        sum.add(block.data(), block.size());
+        const std::size_t count = std::min(block.size(), file.size() - at);
+        if (!file.read_at(at, block.data(), count)) return 0;
+        sum.add(block.data(), count);
     }
     return file.is_open() ? sum.value() : 0;
 }

@@ -26,7 +26,7 @@
 namespace nubo {
 namespace {
 
-constexpr unsigned rescue_ticks = rescue_seconds * clock_hz;
+constexpr unsigned rescue_ticks = rescue_seconds * clock_hz, telling_ticks = 60 * clock_hz;
 
 /// What a Frame looks like, in 64 bits.
 using Print = std::uint64_t;
@@ -35,6 +35,8 @@ Print saved_print = 0;            // of the Frame as its file holds it
 bool saved_print_wanted = false;  // the Frame was saved and not changed since: take its print at the next chance
 Print rescued_print = 0;          // of the Frame as its rescue holds it, 0 for none
 unsigned last_ticks = 0;          // when the Frame was last looked at
+bool fails = false;               // the last rescue did
+unsigned told_ticks = 0;          // when the user was last told so
 bool is_held = false;             // no rescue may be written
 
 BITMAP* snapshot = nullptr;  // read by the thread while it runs
@@ -74,18 +76,29 @@ std::string rescue_path(int slot) {
     return note_rescued_work() ? frame_path(rescue_folder(), STEM_CURRENT, slot) : std::string();
 }
 
+/// Paint that is only in memory is told of at once, and from then on every minute as long as it is.
+void rescue_failed() {
+    rescued_print = 0;  // to be tried again when the time has come
+    const auto now = static_cast<unsigned>(UA_clock_ticks);
+    if (fails && now - told_ticks < telling_ticks) return;
+    fails = true;
+    told_ticks = now;
+    flash_text("YOUR WORK CAN'T BE SAVED. IS THE DISK FULL?");
+}
+
 /// Joins the thread.
 void collect() {
     if (!writer.joinable()) return;
     writer.join();
     destroy_bitmap(snapshot);
     snapshot = nullptr;
-    if (!written) rescued_print = 0;  // to be tried again when the time has come
+    if (!written) return rescue_failed();
+    fails = false;
 }
 
 void start_writing(Print print) {
     snapshot = copy_bitmap(current_frame).release();
-    if (snapshot == nullptr) return;
+    if (snapshot == nullptr) return rescue_failed();
     written = false;
     done = false;
     try {
@@ -98,6 +111,7 @@ void start_writing(Print print) {
         done = true;
         destroy_bitmap(snapshot);
         snapshot = nullptr;
+        rescue_failed();
     }
 }
 
@@ -107,8 +121,9 @@ void autosave_tick(bool stroke_running) {
     if (current_frame == nullptr || is_held) return;
     take_saved_print();
     const auto now = static_cast<unsigned>(UA_clock_ticks);
-    if (stroke_running || now - last_ticks < rescue_ticks || !done) return;
+    if (stroke_running || !done) return;
     collect();
+    if (now - last_ticks < rescue_ticks) return;
     last_ticks = now;
     const Print print = print_of(current_frame);
     if (print == rescued_print) return;
@@ -153,7 +168,10 @@ void rescue_landed_area(const Folder& folder, int cut_slot) {
     if (rescued_print != 0 && cut_slot != frame_index) remove_file(file);
 }
 
-void note_frame_saved() { saved_print_wanted = true; }
+void note_frame_saved() {
+    saved_print_wanted = true;
+    fails = false;
+}
 
 void forget_rescue(const Folder& folder, int slot) {
     if (area_floats != 0) return;  // the Frame that it was cut out of has one

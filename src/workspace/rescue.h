@@ -11,7 +11,8 @@ inline constexpr int rescue_seconds = 30;  // between two rescues at the least
 
 /// Writes the Frame aside if it is changed and the time has come. The copy is taken at once, the writing is left to a
 /// thread of its own. Called by `update_screen`, in every pass; `stroke_running` tells that a stroke is half painted,
-/// that a part of the Frame floats or that a preview shows in it.
+/// that a part of the Frame floats or that a preview shows in it. A rescue that fails is told in the status bar, at
+/// once and from then on every minute.
 void autosave_tick(bool stroke_running);
 
 /// As long as it lives no rescue is written, and none is under way. For work that draws the screen while the Frame in

@@ -2,6 +2,7 @@
 
 #include "base/bitmap.h"
 #include "base/log.h"
+#include "base/memory.h"
 #include "paint/surfaces.h"
 #include "paint/undo.h"
 #include "state/frames.h"
@@ -99,14 +100,16 @@ bool crop_frame(int left, int top, int width, int height) {
 
 bool make_sprite_sheet(const SpriteSheet& sheet) {
     OwnedBitmap picture = make_uncleared_bitmap(sheet.width(), sheet.height());
-    if (picture) {
+    const auto draw = [&] {
         std::array<std::vector<Color>, PART_COUNT> rows;
         for (int part = 0; part < PART_COUNT; ++part) rows[at(part)] = sheet_row(sheet, static_cast<SheetPart>(part));
         for (int y = 0; y < sheet.height(); ++y) {
             const auto& row = rows[at(part_at(y % sheet.cell_h(), sheet.sprite_h))];
             std::ranges::copy(row, pixels_at(picture.get(), 0, y));
         }
-    }
+        return true;
+    };
+    if (picture && !unless_memory_ends(draw, false)) picture.reset();
     return take_new_size(std::move(picture), sheet.width(), sheet.height());
 }
 

@@ -89,18 +89,19 @@ bool open_workspace() {
     return opened;
 }
 
-bool close_workspace() {
+WorkspaceEnd close_workspace() {
     if (save_workspace_state(state_file, false)) {
         end_rescue_folder();
-        return true;
+        return WORKSPACE_KEPT;
     }
-    if (!holds_unsaved_work()) return true;
+    if (!holds_unsaved_work()) return WORKSPACE_KEPT;
     tell_everywhere("[ ERROR ] : The workspace couldn't be written to its folder");
-    if (keep_unsaved_work())
+    if (keep_unsaved_work()) {
         tell_everywhere("[ INFO ] : The workspace was written to " + rescue_folder().path());
-    else
-        tell_everywhere("[ ERROR ] : The workspace couldn't be written anywhere");
-    return false;
+        return WORKSPACE_ELSEWHERE;
+    }
+    tell_everywhere("[ ERROR ] : The workspace couldn't be written anywhere");
+    return WORKSPACE_LOST;
 }
 
 }  // namespace nubo

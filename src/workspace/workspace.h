@@ -16,9 +16,12 @@ namespace nubo {
 /// left for a Frame.
 bool open_workspace();
 
-/// Writes the Workspace, at the end of the run; where that fails, to a folder of rescue, which is told in the log and
-/// on standard error, and which the next start takes. `handlers_locked` is set. False if something isn't where it
-/// belongs.
-bool close_workspace();
+/// Where the work is after the end of a run: in its folder, or with nothing in it to be lost; in a folder of rescue,
+/// which the next start takes; nowhere but in memory.
+enum WorkspaceEnd : int { WORKSPACE_KEPT, WORKSPACE_ELSEWHERE, WORKSPACE_LOST };
+
+/// Writes the Workspace, at the end of the run; where that fails, to a folder of rescue. A failure is told in the log
+/// and on standard error. `handlers_locked` is set.
+WorkspaceEnd close_workspace();
 
 }  // namespace nubo

@@ -41,6 +41,18 @@ TEST_F(HandTest, APressBelongsToWhatIsUnderIt) {
     EXPECT_EQ(frame_pixel(50, 40), 0x123456U);
 }
 
+TEST_F(HandTest, AllClicksBeforeTheCloseAreServed) {
+    play([](User& user) -> Script {
+        co_await user.move_to(100, 30);
+        for (int i = 1; i <= 6; ++i)
+            for (const int buttons : {0, 1, 0}) note_mouse(20 * i * pixel_scale, 40 * pixel_scale, buttons);
+        note_close();
+        co_await user.wait(200);
+        ADD_FAILURE() << "the program goes on";
+    });
+    EXPECT_EQ(count_pixels(white), 6);
+}
+
 TEST_F(HandTest, APressBelongsToWhereItBegan) {
     play([](User& user) -> Script {
         co_await user.press_left(middle_x(DRAWING_BRUSH), middle_y(DRAWING_BRUSH));

@@ -1,4 +1,6 @@
 // The steps of the program loop's pass and of the picture, each by what a user sees when it is there.
+#include "editor/stop.h"
+#include "platform/faults.h"
 #include "windows/menus_kit.h"
 #include "workspace/notices.h"
 #include "workspace/rescue.h"
@@ -59,6 +61,34 @@ TEST_F(LoopTest, AKeyThatIsHeldHoldsUpNoEnd) {
         ADD_FAILURE() << "the program goes on";
         co_await user.release_key(KEY_X);
     });
+}
+
+TEST_F(LoopTest, AnEndByHandThatCanSaveNowhereIsPutOff) {
+    setenv("XDG_STATE_HOME", (std::string(program_dir.data()) + "/state").c_str(), 1);
+    faults::arm(faults::CALL_WRITE, 0, ENOSPC, /*all_later=*/true);
+    static std::optional<int> code;
+    static int ends = 0;
+    const auto end_twice = [] {
+        build_drawing_menu();
+        for (; ends < 2; ++ends) {
+            exit_requested = EXIT_BY_HAND;
+            code = shutdown_program();
+            EXPECT_EQ(code.has_value(), ends == 1);
+        }
+        wait_loop();
+    };
+    play_on(end_twice, [](User& user) -> Script {
+        for (const Label label : {LABEL_TRY_AGAIN, LABEL_GO_ON, LABEL_QUIT}) {
+            co_await user.wait_until([] { return slot_of(LABEL_WORK_NOT_SAVED) != -1; });
+            co_await click(user, slot_of(label));
+        }
+        co_await click(user, slot_of(LABEL_CANCEL));
+        EXPECT_EQ(ends, 1);  // neither the second question nor its CANCEL ends anything
+        co_await click(user, slot_of(LABEL_QUIT));
+        co_await click(user, slot_of(LABEL_OKAY));
+        EXPECT_EQ(ends, 2);
+    });
+    EXPECT_NE(code.value_or(0), 0);
 }
 
 TEST_F(LoopTest, WaitingBoxesAreShownOneByOneOverTheDrawingMenu) {

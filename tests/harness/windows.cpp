@@ -35,6 +35,7 @@
 #include "windows/text_window.h"
 #include "windows/tip_window.h"
 #include "windows/tool_window.h"
+#include "windows/unsaved_box.h"
 #include "windows/workspace_window.h"
 #include "workspace/defaults.h"
 #include "workspace/preferred_font.h"
@@ -145,6 +146,7 @@ std::vector<WindowOpener> all_windows() {
         {"SPIRAL", IS_WINDOW | PANS, [] { run_shape_window(TOOL_SPIRAL); }},
         {"TEXT", IS_WINDOW | PANS, write_text},
         {"NOTICE", IS_WINDOW, [] { confirm_box(LABEL_LAST_FRAME, LABEL_NONE, false, true); }},
+        {"UNSAVED", IS_WINDOW, [] { unsaved_box(); }},
         {"GET", 0, get_by_menu},
         {"PASTE", PANS, paste_by_key},
         {"BELOW", PANS, below_by_key},

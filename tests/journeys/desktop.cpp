@@ -253,4 +253,26 @@ std::vector<unsigned long> Desktop::icon_sides(const Pane& pane) {
 
 void Desktop::close_window(const Pane& pane) { ask_manager(pane.id, "_NET_CLOSE_WINDOW"); }
 
+void Desktop::destroy_window(const Pane& pane) {
+    XDestroyWindow(display_, pane.id);
+    XSync(display_, False);
+}
+
+void Desktop::minimise(const Pane& pane) {
+    XIconifyWindow(display_, pane.id, DefaultScreen(display_));
+    XSync(display_, False);
+}
+
+void Desktop::bring_back(const Pane& pane) { ask_manager(pane.id, "_NET_ACTIVE_WINDOW"); }
+
+void Desktop::grab_server() {
+    XGrabServer(display_);
+    XSync(display_, False);
+}
+
+void Desktop::end_grab() {
+    XUngrabServer(display_);
+    XSync(display_, False);
+}
+
 }  // namespace nubo

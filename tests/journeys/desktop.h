@@ -68,6 +68,13 @@ public:
     std::vector<unsigned long> icon_sides(const Pane& pane);
     /// Closes it as the button in its frame does: the window manager asks the program to.
     void close_window(const Pane& pane);
+    /// What another program may do to it: destroys it; minimises it, and brings it back.
+    void destroy_window(const Pane& pane);
+    void minimise(const Pane& pane);
+    void bring_back(const Pane& pane);
+    /// The server answers nobody else until the grab is ended.
+    void grab_server();
+    void end_grab();
 
 private:
     void start_server(const std::string& folder, int width, int height);

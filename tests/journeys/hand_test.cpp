@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <csignal>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <thread>
@@ -36,9 +37,25 @@ protected:
         desktop.press_key(key);
         desktop.release_key(key);
     }
+    /// Presses on the way, with the button still down at its end; from `certain_from` pixels on it is white.
+    void begin_line() {
+        journey.move_to(60, 50);
+        desktop.press(MOUSE_LEFT);
+        const auto goes_to_and_fro = [this] {
+            for (const int step : {2 * Journey::certain_from, 0}) {
+                const Spot to = journey.spot(60 + step, 50 + step);
+                desktop.move_to(to);
+            }
+            return journey.pixel(60 + Journey::certain_from, 50 + Journey::certain_from) == white;
+        };
+        ASSERT_TRUE(wait_until(goes_to_and_fro));
+    }
     /// Closes the program and counts what was painted.
     int painted() {
         EXPECT_EQ(journey.close(), 0);
+        return paint_on_disk();
+    }
+    int paint_on_disk() {
         const Photo frame = read_bmp(journey.path("WORKSPACE/current.000"));
         EXPECT_EQ(frame.width, logical_width);
         return static_cast<int>(std::count_if(frame.pixels.begin(), frame.pixels.end(),
@@ -67,6 +84,43 @@ TEST_F(Hand, APressOnTheMenuPaintsNothingUnderIt) {
         let_it_act();
     }
     EXPECT_EQ(painted(), 0);
+}
+
+TEST_F(Hand, AWindowThatIsDestroyedInAStrokeEndsTheProgramWithTheWorkSaved) {
+    constexpr int exit_display_lost = 4;
+    ASSERT_TRUE(journey.start());
+    begin_line();
+    desktop.destroy_window(journey.window());
+    EXPECT_EQ(journey.program().wait_for_exit(), exit_display_lost);
+    EXPECT_GT(paint_on_disk(), Journey::certain_from);
+}
+
+TEST_F(Hand, AWindowThatIsMinimisedInAStrokeEndsTheStroke) {
+    ASSERT_TRUE(journey.start());
+    begin_line();
+    desktop.minimise(journey.window());
+    ASSERT_TRUE(wait_until([&] { return !desktop.find_window("Nubo v1.3"); }));
+    let_it_act();
+    desktop.release(MOUSE_LEFT);
+    let_it_act();
+    desktop.bring_back(journey.window());
+    ASSERT_TRUE(wait_until([&] { return desktop.find_window("Nubo v1.3").has_value(); }));
+    let_it_act();
+    for (int x = 200; x < 240; ++x) desktop.move_to(journey.spot(x, 60));
+    let_it_act();
+    const int painted_before = 3 * Journey::certain_from;
+    EXPECT_LE(painted(), painted_before);
+}
+
+TEST_F(Hand, ASignalEndsTheProgramWhileAnotherHoldsTheServer) {
+    ASSERT_TRUE(journey.start());
+    ASSERT_TRUE(journey.draw_line({60, 50}, {150, 140}, white));
+    desktop.grab_server();
+    let_it_act();
+    journey.program().send_signal(SIGTERM);
+    EXPECT_EQ(journey.program().wait_for_exit(Milliseconds(2'000)), 0);
+    desktop.end_grab();
+    EXPECT_GT(paint_on_disk(), Journey::certain_from);
 }
 
 TEST_F(Hand, KeysStruckInOneInstantActOnceEach) {

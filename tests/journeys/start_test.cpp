@@ -144,7 +144,11 @@ TEST(Start, AFolderThatTakesNoFilesIsToldOfAtOnce) {
     journey.desktop().release_key("Escape");
     EXPECT_TRUE(wait_until([&] { return !box_is_up(); }));
     EXPECT_TRUE(journey.draw_line({60, 50}, {150, 140}, white)) << "painting goes on";
-    EXPECT_NE(journey.close(), 0) << "what could not be saved is told by the exit";
+    journey.desktop().close_window(journey.window());
+    EXPECT_TRUE(wait_until([&] { return journey.said().find("couldn't be written anywhere") != std::string::npos; }));
+    EXPECT_TRUE(wait_until(box_is_up)) << "by hand the program doesn't end without a second choice";
+    journey.program().send_signal(SIGTERM);
+    EXPECT_EQ(journey.program().wait_for_exit(), 5) << "what could not be saved is told by the exit";
     EXPECT_EQ(read_bmp(journey.path("WORKSPACE/current.000")).at(64, 54), black) << "the old file is whole";
 }
 

@@ -251,7 +251,7 @@ TEST_F(ArchiveTest, TheLastFiveThatChangedAreKept) {
 
 TEST_F(ArchiveTest, WhatHasChangedSinceItCameIsPutAwayAndNothingElse) {
     constexpr void (*nothing[])() = {[] {}, [] { fetch_frame(0, 1); },
-                                     [] { EXPECT_TRUE(close_workspace() && open_workspace()); },
+                                     [] { EXPECT_TRUE(close_workspace() == WORKSPACE_KEPT && open_workspace()); },
                                      [] {
                                          pan_x = 3;
                                          tool_slots[0] = TOOL_OVAL;

@@ -9,6 +9,8 @@
 #include "state/view.h"
 #include "workspace/notices.h"
 #include "workspace/workspace_kit.h"
+#include <chrono>
+#include <thread>
 
 namespace nubo {
 namespace {
@@ -47,6 +49,29 @@ TEST_F(RescueTest, AChangedFrameIsWrittenAsideOnceInHalfAMinute) {
     paint(1);  // undone: the rescue would bring it back
     pass_time(30);
     EXPECT_EQ(files_in_workspace("rescue"), 0);
+}
+
+TEST_F(RescueTest, OneThatFailsIsToldAtOnceAndEveryMinute) {
+    const auto told = [] {
+        const bool is_told = status_message == MESSAGE_TOLD;
+        status_message = 0;
+        return is_told;
+    };
+    paint(11);
+    faults::arm(faults::CALL_WRITE, 0, ENOSPC, /*all_later=*/true);
+    autosave_tick(false);
+    UA_clock_ticks += 30 * 500;
+    for (int tick = 0; tick < 5'000 && status_message != MESSAGE_TOLD; ++tick) {
+        autosave_tick(false);
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    for (const bool wanted : {true, false, true, false}) {  // each half a minute apart
+        EXPECT_EQ(told(), wanted);
+        pass_time(30);
+    }
+    faults::disarm();
+    pass_time(30);
+    EXPECT_EQ(files_in_workspace("rescue.000"), 1);
 }
 
 TEST_F(RescueTest, TheNextStartTakesItAndKeepsItUntilTheFrameIsSaved) {
@@ -156,7 +181,7 @@ class UnsavedWorkTest : public WorkspaceTest {
 protected:
     /// Ends and starts again; true if the end could write everything where it belongs.
     static bool restart() {
-        const bool saved = close_workspace();
+        const bool saved = close_workspace() == WORKSPACE_KEPT;
         EXPECT_TRUE(open_workspace());
         return saved;
     }
@@ -211,7 +236,7 @@ TEST_F(UnsavedWorkTest, OfAWorkspaceThatGoesAwayAndComesBackWithIt) {
 
 TEST_F(UnsavedWorkTest, PaintedWithoutAWorkspaceBecomesAFrameOfItsOwn) {
     make_workspace({1, 2, 3}, 1);
-    ASSERT_TRUE(close_workspace());
+    ASSERT_EQ(close_workspace(), WORKSPACE_KEPT);
     take_workspace_away();
     ASSERT_TRUE(open_workspace());
     EXPECT_TRUE(told_of(LABEL_WORKSPACE_AWAY) && id_in_memory() == 0);
