@@ -1,11 +1,11 @@
 // A whole picture without its way to the window, at the first and the last zoom level; and the drawing pass of the real
 // windows. The plain limit beside them is a copy of the screen.
 #include "base/bitmap.h"
-#include "editor/defaults.h"
-#include "editor/present.h"
 #include "editor/screen.h"
 #include "framework/resources.h"
+#include "game/defaults.h"
 #include "gui/draw.h"
+#include "gui/present.h"
 #include "gui/tick.h"
 #include "gui/window.h"
 #include "paint/surfaces.h"
@@ -15,10 +15,10 @@
 #include "state/run.h"
 #include "state/stroke.h"
 #include "state/view.h"
-#include "windows/drawing_menu.h"
 #include "windows/favorites_window.h"
 #include "windows/hand_over.h"
 #include "windows/help_window.h"
+#include "windows/kit/drawing_menu.h"
 #include <benchmark/benchmark.h>
 #include <cstring>
 #include <filesystem>

@@ -1,6 +1,6 @@
 // The behaviour tick, the snapshot and the end of an actor, against copying an actor's bytes; and what the table takes.
-#include "framework/actor_fields.h"
-#include "framework/actors.h"
+#include "game/actor_fields.h"
+#include "game/actors.h"
 #include "state/drawn_actors.h"
 #include "state/run.h"
 

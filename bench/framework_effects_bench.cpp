@@ -1,10 +1,10 @@
 // A screen full of actors, against blits of as many cels; a step of a ripple, against copying the screen.
 #include "base/bitmap.h"
 #include "base/random.h"
-#include "framework/actors.h"
-#include "framework/draw_actors.h"
-#include "framework/ripples.h"
-#include "framework/screen_effects.h"
+#include "game/actors.h"
+#include "game/draw_actors.h"
+#include "game/ripples.h"
+#include "game/screen_effects.h"
 #include "state/effects.h"
 #include "state/resources.h"
 

@@ -1,9 +1,9 @@
 // A tick of the script interpreter: without a script, with 20 that sleep, wait or run a command each; and beside it
 // what their lines in the log would take one by one.
 #include "base/log.h"
-#include "framework/actors.h"
-#include "framework/script_tick.h"
-#include "framework/scripts.h"
+#include "game/actors.h"
+#include "game/script_tick.h"
+#include "game/scripts.h"
 #include "state/run.h"
 
 #include <benchmark/benchmark.h>

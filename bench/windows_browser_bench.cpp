@@ -4,9 +4,9 @@
 #include "platform/folder_listing.h"
 #include "state/options.h"
 #include "state/run.h"
-#include "windows/file_list.h"
-#include "windows/file_preview.h"
-#include "windows/picture_formats.h"
+#include "windows/files/file_list.h"
+#include "windows/files/file_preview.h"
+#include "windows/files/picture_formats.h"
 
 #include <benchmark/benchmark.h>
 #include <cstdlib>

@@ -4,7 +4,7 @@
 #include "base/color.h"
 #include "codecs/png.h"
 #include "platform/clipboard.h"
-#include "windows/clipboard.h"
+#include "windows/cel/clipboard.h"
 #include <benchmark/benchmark.h>
 #include <cstring>
 #include <memory>

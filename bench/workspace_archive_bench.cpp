@@ -1,8 +1,8 @@
 // Archives, beside a copy of as many bytes by plain reads and writes with one sync at its end. Sync takes what the disk
 // takes: measure where the program folder lies (TMPDIR).
 #include "bench_workspace.h"
-#include "editor/present.h"
 #include "editor/screen.h"
+#include "gui/present.h"
 #include "workspace/archive.h"
 
 #include <array>

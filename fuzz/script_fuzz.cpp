@@ -1,11 +1,11 @@
 // Any bytes: compiled as a text of scripts, loaded as a file of them, and run as the code of one.
 #include "base/jobs.h"
-#include "framework/actors.h"
-#include "framework/framework_jobs.h"
-#include "framework/script_compiler.h"
-#include "framework/script_tick.h"
-#include "framework/scripts.h"
 #include "fuzz/start.h"
+#include "game/actors.h"
+#include "game/game_jobs.h"
+#include "game/script_compiler.h"
+#include "game/script_tick.h"
+#include "game/scripts.h"
 #include "state/run.h"
 
 #include <algorithm>

@@ -11,10 +11,10 @@
 #include "state/stroke.h"
 #include "state/view.h"
 #include "view/view.h"
-#include "windows/drawing_menu.h"
-#include "windows/opened_files.h"
-#include "windows/quick_pan.h"
-#include "windows/waiting_boxes.h"
+#include "windows/files/opened_files.h"
+#include "windows/kit/drawing_menu.h"
+#include "windows/kit/quick_pan.h"
+#include "windows/kit/waiting_boxes.h"
 
 namespace nubo {
 namespace {

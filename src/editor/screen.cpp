@@ -5,19 +5,21 @@
 #include "base/jobs.h"
 #include "codecs/blend.h"
 #include "editor/aids.h"
-#include "editor/present.h"
 #include "editor/status_bar.h"
-#include "framework/actors.h"
-#include "framework/screen_effects.h"
-#include "gui/console.h"
+#include "game/actors.h"
+#include "game/console_window.h"
+#include "game/screen_effects.h"
 #include "gui/draw.h"
 #include "gui/hit_test.h"
 #include "gui/mouse.h"
 #include "gui/mouse_text.h"
+#include "gui/present.h"
 #include "gui/sliders.h"
 #include "paint/cel_paste.h"
 #include "paint/stroke.h"
+#include "paint/surfaces.h"
 #include "paint/tools.h"
+#include "paint/undo.h"
 #include "state/cel.h"
 #include "state/flow.h"
 #include "state/frames.h"
@@ -25,7 +27,7 @@
 #include "state/options.h"
 #include "state/run.h"
 #include "state/view.h"
-#include "windows/handed_files.h"
+#include "windows/kit/handed_files.h"
 #include "windows/zoom_preview.h"
 #include "workspace/rescue.h"
 #include <algorithm>
@@ -189,6 +191,11 @@ void draw_cursor_over_gui() {
     if (opt_cursor_zoom != 0 || mouse_over_elements()) draw_cursor(CURSOR_LOGICAL_PIXELS);
 }
 
+/// The memory that the next press takes.
+void prepare_for_stroke() {
+    if (!prepare_stroke_mask()) prepare_undo_memory();
+}
+
 }  // namespace
 
 bool create_screen_bitmaps() {
@@ -225,7 +232,7 @@ void update_screen(int mode) {
     draw_frame_rate();
     if (aids) {
         UA_draw_tint();
-        present();
+        present(prepare_for_stroke);
         if (normal) renew_input();  // while a stroke paints nobody asks for the keys: what is struck then waits
     }
     refresh_ticks = 0;

@@ -1,6 +1,6 @@
 #pragma once
 // A window as data: a row for the window, a row for each element, and one builder for all windows. What it does while
-// it is open stands in windows/run_window.h. Main flow only.
+// it is open stands in windows/kit/run_window.h. Main flow only.
 #include "gui/elements.h"
 #include "state/hotkeys.h"
 #include "state/view.h"

@@ -55,7 +55,7 @@ enum Profession : int { PROFESSION_NONE = -1, PROFESSION_ELEMENT = 206, PROFESSI
 enum RotationMode : int { ROTATION_NONE = 0, ROTATION_BY_ANGLE = 1, ROTATION_ALONG_VELOCITY = 2 };
 enum PuppetState : int { PUPPET_UNWATCHED = -1, PUPPET_WATCHED = 0, PUPPET_LEFT_ALONE = 1 };
 
-/// What a slot does, by number; framework/behaviors.h tells what each takes.
+/// What a slot does, by number; game/behaviors.h tells what each takes.
 enum Behavior : int {
     BEHAVIOR_NONE = 0,
     BEHAVIOR_FLOAT = 2,

@@ -1,6 +1,6 @@
 #pragma once
 // Scripts: scenes of a game as bytecode, which the 100 Hz handler runs, one command a slot and tick. The files and the
-// commands stand in framework/scripts.h.
+// commands stand in game/scripts.h.
 #include "state/shared.h"
 #include <array>
 #include <cstdint>

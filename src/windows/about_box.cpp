@@ -3,8 +3,8 @@
 #include "framework/text.h"
 #include "paint/inks.h"
 #include "state/run.h"
-#include "windows/draw_elements.h"
-#include "windows/run_window.h"
+#include "windows/kit/draw_elements.h"
+#include "windows/kit/run_window.h"
 #include <array>
 
 namespace nubo {

@@ -3,9 +3,9 @@
 #include "gui/columns.h"
 #include "gui/presses.h"
 #include "state/view.h"
-#include "windows/choice_slots.h"
-#include "windows/option_widgets.h"
-#include "windows/run_window.h"
+#include "windows/kit/choice_slots.h"
+#include "windows/kit/option_widgets.h"
+#include "windows/kit/run_window.h"
 #include <algorithm>
 
 namespace nubo {

@@ -1,7 +1,7 @@
 // The preview of the colour scheme window: the usual elements in the colours that are being edited.
 #include "gui/draw_lists.h"
 #include "gui/shapes.h"
-#include "windows/draw_elements.h"
+#include "windows/kit/draw_elements.h"
 
 namespace nubo {
 namespace {

@@ -4,7 +4,7 @@
 #include "gui/shapes.h"
 #include "state/run.h"
 #include "state/stroke.h"
-#include "windows/draw_elements.h"
+#include "windows/kit/draw_elements.h"
 
 namespace nubo {
 namespace {

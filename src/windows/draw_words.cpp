@@ -2,13 +2,13 @@
 #include "framework/text.h"
 #include "gui/columns.h"
 #include "gui/shapes.h"
+#include "gui/shown_names.h"
 #include "state/frames.h"
 #include "state/options.h"
 #include "state/run.h"
 #include "state/tools.h"
-#include "windows/draw_elements.h"
-#include "windows/file_list.h"
 #include "windows/key_names.h"
+#include "windows/kit/draw_elements.h"
 #include <array>
 #include <cstdio>
 #include <string>

@@ -3,10 +3,10 @@
 #include "base/keys.h"
 #include "gui/columns.h"
 #include "state/view.h"
-#include "windows/color_window.h"
-#include "windows/confirm_box.h"
-#include "windows/file_browser.h"
-#include "windows/run_window.h"
+#include "windows/colors/color_window.h"
+#include "windows/files/file_browser.h"
+#include "windows/kit/confirm_box.h"
+#include "windows/kit/run_window.h"
 #include <algorithm>
 #include <allegro.h>
 #include <array>

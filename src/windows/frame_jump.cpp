@@ -11,8 +11,8 @@
 #include "state/frames.h"
 #include "state/run.h"
 #include "state/view.h"
-#include "windows/draw_elements.h"
-#include "windows/drawing_menu.h"
+#include "windows/kit/draw_elements.h"
+#include "windows/kit/drawing_menu.h"
 #include "workspace/frame_store.h"
 #include "workspace/nail.h"
 #include <algorithm>

@@ -2,8 +2,8 @@
 
 #include "state/frames.h"
 #include "view/view.h"
-#include "windows/activity_menus.h"
-#include "windows/confirm_box.h"
+#include "windows/kit/activity_menus.h"
+#include "windows/kit/confirm_box.h"
 #include "windows/resize_window.h"
 #include "workspace/frame_store.h"
 #include "workspace/notices.h"

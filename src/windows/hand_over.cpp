@@ -1,9 +1,9 @@
 #include "windows/hand_over.h"
 
 #include "gui/draw.h"
-#include "windows/cel_commands.h"
-#include "windows/draw_elements.h"
-#include "windows/gradient_nodes.h"
+#include "windows/cel/cel_commands.h"
+#include "windows/colors/gradient_nodes.h"
+#include "windows/kit/draw_elements.h"
 #include "windows/shape_windows.h"
 #include "windows/text_window.h"
 

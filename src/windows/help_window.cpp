@@ -9,9 +9,9 @@
 #include "state/options.h"
 #include "state/run.h"
 #include "state/texts_help.h"
-#include "windows/draw_elements.h"
 #include "windows/emblem.h"
-#include "windows/run_window.h"
+#include "windows/kit/draw_elements.h"
+#include "windows/kit/run_window.h"
 #include <array>
 
 namespace nubo {

@@ -6,8 +6,8 @@
 #include "gui/shapes.h"
 #include "state/flow.h"
 #include "state/texts_keys.h"
-#include "windows/confirm_box.h"
-#include "windows/run_window.h"
+#include "windows/kit/confirm_box.h"
+#include "windows/kit/run_window.h"
 #include <allegro.h>
 #include <array>
 #include <string>

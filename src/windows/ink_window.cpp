@@ -2,8 +2,8 @@
 
 #include "gui/window.h"
 #include "windows/choice_window.h"
-#include "windows/gradient_nodes.h"
-#include "windows/option_widgets.h"
+#include "windows/colors/gradient_nodes.h"
+#include "windows/kit/option_widgets.h"
 
 namespace nubo {
 namespace {

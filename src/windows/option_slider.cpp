@@ -4,8 +4,8 @@
 #include "base/log.h"
 #include "state/run.h"
 #include "state/tools.h"
-#include "windows/gradient_nodes.h"
-#include "windows/run_window.h"
+#include "windows/colors/gradient_nodes.h"
+#include "windows/kit/run_window.h"
 #include "workspace/notices.h"
 #include <algorithm>
 

@@ -6,7 +6,7 @@
 #include "state/frames.h"
 #include "state/options.h"
 #include "state/run.h"
-#include "windows/run_window.h"
+#include "windows/kit/run_window.h"
 #include <algorithm>
 #include <array>
 

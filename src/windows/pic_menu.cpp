@@ -1,5 +1,5 @@
-#include "windows/activity_menus.h"
-#include "windows/file_browser.h"
+#include "windows/files/file_browser.h"
+#include "windows/kit/activity_menus.h"
 #include "windows/pic_commands.h"
 #include "windows/sheet_tool.h"
 #include <array>

@@ -7,10 +7,10 @@
 #include "gui/text_field.h"
 #include "state/frames.h"
 #include "state/run.h"
-#include "windows/corners.h"
-#include "windows/draw_elements.h"
-#include "windows/number_field.h"
-#include "windows/run_window.h"
+#include "windows/cel/corners.h"
+#include "windows/kit/draw_elements.h"
+#include "windows/kit/number_field.h"
+#include "windows/kit/run_window.h"
 #include "workspace/resize_frame.h"
 #include <algorithm>
 #include <array>

@@ -1,9 +1,9 @@
 #include "windows/scheme_window.h"
 
-#include "windows/color_window.h"
-#include "windows/drawing_menu.h"
-#include "windows/file_browser.h"
-#include "windows/run_window.h"
+#include "windows/colors/color_window.h"
+#include "windows/files/file_browser.h"
+#include "windows/kit/drawing_menu.h"
+#include "windows/kit/run_window.h"
 #include <array>
 
 namespace nubo {

@@ -1,6 +1,6 @@
 #pragma once
 // The COLOR SCHEME window: ten swatches, and a sample of the interface in their colours. Main flow only.
-#include "windows/scheme.h"
+#include "windows/colors/scheme.h"
 
 namespace nubo {
 

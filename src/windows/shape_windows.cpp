@@ -8,7 +8,7 @@
 #include "paint/tools.h"
 #include "state/flow.h"
 #include "state/run.h"
-#include "windows/run_window.h"
+#include "windows/kit/run_window.h"
 #include <algorithm>
 #include <array>
 

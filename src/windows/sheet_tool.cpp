@@ -1,9 +1,9 @@
 #include "windows/sheet_tool.h"
 
 #include "gui/text_field.h"
-#include "windows/color_window.h"
-#include "windows/number_field.h"
-#include "windows/run_window.h"
+#include "windows/colors/color_window.h"
+#include "windows/kit/number_field.h"
+#include "windows/kit/run_window.h"
 #include "workspace/resize_frame.h"
 #include <array>
 

@@ -7,10 +7,10 @@
 #include "state/flow.h"
 #include "state/outline_fonts.h"
 #include "state/run.h"
-#include "windows/file_browser.h"
-#include "windows/quick_pan.h"
-#include "windows/run_window.h"
-#include "windows/waiting_boxes.h"
+#include "windows/files/file_browser.h"
+#include "windows/kit/quick_pan.h"
+#include "windows/kit/run_window.h"
+#include "windows/kit/waiting_boxes.h"
 #include "workspace/notices.h"
 #include <algorithm>
 

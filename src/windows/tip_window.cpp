@@ -4,8 +4,8 @@
 #include "gui/presses.h"
 #include "state/stroke.h"
 #include "state/view.h"
-#include "windows/custom_tip.h"
-#include "windows/run_window.h"
+#include "windows/cel/custom_tip.h"
+#include "windows/kit/run_window.h"
 
 namespace nubo {
 namespace {

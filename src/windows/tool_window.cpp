@@ -1,7 +1,7 @@
 #include "windows/tool_window.h"
 
 #include "windows/choice_window.h"
-#include "windows/option_widgets.h"
+#include "windows/kit/option_widgets.h"
 
 namespace nubo {
 namespace {

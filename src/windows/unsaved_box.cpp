@@ -1,7 +1,7 @@
 #include "windows/unsaved_box.h"
 
-#include "windows/confirm_box.h"
-#include "windows/run_window.h"
+#include "windows/kit/confirm_box.h"
+#include "windows/kit/run_window.h"
 
 namespace nubo {
 namespace {

@@ -2,10 +2,10 @@
 
 #include "state/run.h"
 #include "windows/about_box.h"
-#include "windows/activity_menus.h"
-#include "windows/confirm_box.h"
 #include "windows/help_window.h"
 #include "windows/hotkey_window.h"
+#include "windows/kit/activity_menus.h"
+#include "windows/kit/confirm_box.h"
 #include "windows/options_window.h"
 #include "windows/scheme_window.h"
 #include "windows/workspace_window.h"

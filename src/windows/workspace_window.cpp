@@ -1,10 +1,10 @@
 #include "windows/workspace_window.h"
 
 #include "state/options.h"
-#include "windows/confirm_box.h"
-#include "windows/file_browser.h"
-#include "windows/run_window.h"
-#include "windows/workspace_archives.h"
+#include "windows/files/file_browser.h"
+#include "windows/files/workspace_archives.h"
+#include "windows/kit/confirm_box.h"
+#include "windows/kit/run_window.h"
 #include <array>
 #include <span>
 

@@ -8,7 +8,7 @@
 #include "state/options.h"
 #include "state/run.h"
 #include "state/view.h"
-#include "windows/draw_elements.h"
+#include "windows/kit/draw_elements.h"
 #include <algorithm>
 #include <array>
 

@@ -7,8 +7,8 @@
 #include "gui/draw.h"
 #include "gui/elements.h"
 #include "state/texts_help.h"
+#include "windows/colors/scheme.h"
 #include "windows/help_window.h"
-#include "windows/scheme.h"
 #include <cmath>
 
 namespace nubo {

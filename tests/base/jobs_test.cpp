@@ -1,6 +1,6 @@
 #include "base/jobs.h"
 
-#include "framework/framework_jobs.h"
+#include "game/game_jobs.h"
 #include "gui/window_drag.h"
 #include "harness/harness.h"
 

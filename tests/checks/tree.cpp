@@ -12,9 +12,12 @@ constexpr std::size_t longest_file = 450, longest_function = 45;  // lines
 
 /// The storey of a path below src/, 0 for the ground; -1 when it is in none.
 int storey_of(std::string_view path) {
-    const std::string_view room = path.substr(0, path.find('/'));
-    const auto found = std::find(storeys.begin(), storeys.end(), room);
-    return found == storeys.end() ? -1 : static_cast<int>(found - storeys.begin());
+    for (std::size_t slash = path.rfind('/'); slash != std::string_view::npos; slash = path.rfind('/')) {
+        path = path.substr(0, slash);
+        const auto found = std::find(storeys.begin(), storeys.end(), path);
+        if (found != storeys.end()) return static_cast<int>(found - storeys.begin());
+    }
+    return -1;
 }
 
 bool has_word(std::string_view line, std::string_view word) {

@@ -9,9 +9,11 @@
 
 namespace nubo {
 
-/// The storeys of src/ from the ground up: a file includes what stands in its own or below.
-inline constexpr std::array<std::string_view, 11> storeys{
-    "state", "base", "view", "platform", "codecs", "framework", "gui", "paint", "workspace", "windows", "editor"};
+/// The storeys of src/ from the ground up: a file includes what stands in its own or below. A folder with a line of its
+/// own is one; any other belongs to the folder that it stands in.
+inline constexpr std::array<std::string_view, 16> storeys{
+    "state", "base",      "view",        "platform",       "codecs",        "framework",   "gui",     "game",
+    "paint", "workspace", "windows/kit", "windows/colors", "windows/files", "windows/cel", "windows", "editor"};
 
 /// `text` with comments gone and with nothing between the quotes of strings and characters; line ends stay. A quoted
 /// include keeps its path.

@@ -2,7 +2,7 @@
 #include "gui/elements.h"
 #include "harness/user.h"
 #include "platform/input_queue.h"
-#include "windows/drawing_menu.h"
+#include "windows/kit/drawing_menu.h"
 
 namespace nubo {
 namespace {

@@ -2,7 +2,7 @@
 #include "gui/sliders.h"
 #include "gui/snapshot.h"
 #include "gui_kit.h"
-#include "windows/confirm_box.h"
+#include "windows/kit/confirm_box.h"
 
 namespace nubo {
 namespace {

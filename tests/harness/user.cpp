@@ -2,11 +2,11 @@
 #include "base/keys.h"
 
 #include "base/bitmap.h"
-#include "editor/defaults.h"
 #include "editor/handlers.h"
 #include "editor/loop.h"
-#include "editor/present.h"
 #include "editor/screen.h"
+#include "game/defaults.h"
+#include "gui/present.h"
 #include "paint/surfaces.h"
 #include "paint/undo.h"
 #include "platform/input_queue.h"

@@ -2,11 +2,11 @@
 // The file browser on a folder of the test's own, its rows pressed by their numbers.
 #include "harness/harness.h"
 #include "menus_kit.h"
-#include "windows/file_browser.h"
-#include "windows/file_list.h"
-#include "windows/file_preview.h"
-#include "windows/picture_files.h"
-#include "windows/picture_formats.h"
+#include "windows/files/file_browser.h"
+#include "windows/files/file_list.h"
+#include "windows/files/file_preview.h"
+#include "windows/files/picture_files.h"
+#include "windows/files/picture_formats.h"
 #include <filesystem>
 #include <fstream>
 

@@ -1,6 +1,6 @@
 // The commands of the CEL menu and the quick crop, by a user who clicks, presses keys and leaves.
 #include "cel_kit.h"
-#include "windows/cel_commands.h"
+#include "windows/cel/cel_commands.h"
 
 namespace nubo {
 namespace {

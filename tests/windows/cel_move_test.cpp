@@ -2,8 +2,8 @@
 #include "cel_kit.h"
 #include "platform/faults.h"
 #include "platform/signals.h"
-#include "windows/cel_commands.h"
-#include "windows/placement.h"
+#include "windows/cel/cel_commands.h"
+#include "windows/kit/placement.h"
 #include "workspace/frame_store.h"
 #include <csignal>
 

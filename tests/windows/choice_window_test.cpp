@@ -2,7 +2,7 @@
 #include "gui/columns.h"
 #include "gui/sliders.h"
 #include "menus_kit.h"
-#include "windows/option_widgets.h"
+#include "windows/kit/option_widgets.h"
 #include <span>
 
 namespace nubo {

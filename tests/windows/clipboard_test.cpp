@@ -1,5 +1,5 @@
 // Copying and pasting by a user, on a clipboard that the test fills and empties itself.
-#include "windows/clipboard.h"
+#include "windows/cel/clipboard.h"
 
 #include "codecs/bmp_file.h"
 #include "codecs/gif.h"

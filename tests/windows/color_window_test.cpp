@@ -1,12 +1,12 @@
 // The colour window, colours picked from the screen, and the gradient nodes, by the hand of a user.
-#include "windows/color_window.h"
+#include "windows/colors/color_window.h"
 
 #include "gui/window.h"
 #include "harness/user.h"
 #include "paint/spectrum.h"
-#include "windows/color_elements.h"
-#include "windows/gradient_nodes.h"
-#include "windows/screen_pick.h"
+#include "windows/colors/color_elements.h"
+#include "windows/colors/gradient_nodes.h"
+#include "windows/colors/screen_pick.h"
 
 namespace nubo {
 namespace {

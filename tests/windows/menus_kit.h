@@ -1,7 +1,7 @@
 #pragma once
 // An editor with the drawing menu on its screen, whose buttons the scripted user presses by their slots.
 #include "gui/gui_kit.h"
-#include "windows/drawing_menu.h"
+#include "windows/kit/drawing_menu.h"
 #include "workspace/workspace.h"
 
 namespace nubo {

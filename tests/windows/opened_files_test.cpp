@@ -1,5 +1,5 @@
 // Pictures that are opened from outside, each as a Frame of its own.
-#include "windows/opened_files.h"
+#include "windows/files/opened_files.h"
 
 #include "gui/text_field.h"
 #include "harness/user.h"
@@ -7,8 +7,8 @@
 #include "platform/file_inbox.h"
 #include "state/run.h"
 #include "state/view.h"
-#include "windows/file_browser.h"
-#include "windows/picture_formats.h"
+#include "windows/files/file_browser.h"
+#include "windows/files/picture_formats.h"
 #include "workspace/workspace_kit.h"
 
 namespace nubo {

@@ -1,6 +1,6 @@
 // The windows that give the Frame another size, by typing and clicking, and the quick crop.
 #include "menus_kit.h"
-#include "windows/number_field.h"
+#include "windows/kit/number_field.h"
 #include "windows/resize_window.h"
 #include "windows/sheet_tool.h"
 

@@ -1,9 +1,9 @@
 // What all windows and waiting tools share: how they end, what comes back behind them, whom a press belongs to.
-#include "windows/run_window.h"
+#include "windows/kit/run_window.h"
 
 #include "harness/windows.h"
 #include "menus_kit.h"
-#include "windows/confirm_box.h"
+#include "windows/kit/confirm_box.h"
 #include "windows/options_window.h"
 
 namespace nubo {

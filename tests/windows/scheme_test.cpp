@@ -4,7 +4,7 @@
 #include "framework/text.h"
 #include "menus_kit.h"
 #include "state/resources.h"
-#include "windows/color_window.h"
+#include "windows/colors/color_window.h"
 #include <utility>
 
 namespace nubo {

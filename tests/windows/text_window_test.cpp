@@ -12,7 +12,7 @@
 #include "paint/undo.h"
 #include "state/frames.h"
 #include "state/stroke.h"
-#include "windows/file_list.h"
+#include "windows/files/file_list.h"
 #include "workspace/preferred_font.h"
 #include <filesystem>
 #include <string>

@@ -4,7 +4,7 @@
 #include "workspace/previous.h"
 #include "workspace/replace.h"
 
-#include "editor/present.h"
+#include "gui/present.h"
 #include "harness/user.h"
 #include "platform/faults.h"
 #include "state/flow.h"

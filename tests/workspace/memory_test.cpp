@@ -1,7 +1,7 @@
 // Memory that ends: the n-th larger piece that C++ asks for can't be had, for each n. Whatever is under way is refused
 // or done, nothing is thrown through it, and nothing is lost.
 #include "harness/user.h"
-#include "windows/picture_formats.h"
+#include "windows/files/picture_formats.h"
 #include "workspace/archive.h"
 #include "workspace/workspace_kit.h"
 #include <algorithm>

@@ -3,8 +3,8 @@
 //
 // A window runs until its user leaves it. So each opens in a process of its own, which ends with the eighth picture.
 #include "codecs/png.h"
-#include "editor/present.h"
 #include "framework/text.h"
+#include "gui/present.h"
 #include "gui/progress_box.h"
 #include "gui/window.h"
 #include "harness/windows.h"
@@ -12,7 +12,7 @@
 #include "state/options.h"
 #include "state/run.h"
 #include "state/texts_labels.h"
-#include "windows/drawing_menu.h"
+#include "windows/kit/drawing_menu.h"
 #include <algorithm>
 #include <cstdio>
 #include <string>

@@ -1,5 +1,5 @@
 // Scenes of what actors do by themselves: behaviours at work, roads through the world, trails.
-#include "framework/actors.h"
+#include "game/actors.h"
 #include "scene.h"
 #include "state/run.h"
 #include <array>

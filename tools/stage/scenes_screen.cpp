@@ -1,9 +1,9 @@
 // Scenes of effects on the whole picture: polygons of light, ripples, fog, the tint.
 #include "base/bitmap.h"
 #include "codecs/blend.h"
-#include "framework/draw_actors.h"
-#include "framework/ripples.h"
-#include "framework/screen_effects.h"
+#include "game/draw_actors.h"
+#include "game/ripples.h"
+#include "game/screen_effects.h"
 #include "scene.h"
 #include "state/effects.h"
 #include "state/run.h"

@@ -1,7 +1,7 @@
 // Scenes of how an actor looks: each family, what can be done with a sprite, each effect.
-#include "framework/draw_actors.h"
 #include "framework/effects.h"
-#include "framework/waves.h"
+#include "game/draw_actors.h"
+#include "game/waves.h"
 #include "scene.h"
 #include "state/actor_lists.h"
 #include "state/fonts.h"

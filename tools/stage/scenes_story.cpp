@@ -1,8 +1,8 @@
 // Scenes that tell something: letters that come in, a script, a sound.
-#include "framework/scripts.h"
-#include "framework/sound.h"
-#include "framework/spawn_text.h"
 #include "framework/text.h"
+#include "game/scripts.h"
+#include "game/sound.h"
+#include "game/spawn_text.h"
 #include "scene.h"
 #include "stage.h"
 #include "state/run.h"
