@@ -15,7 +15,6 @@
 #include "workspace/nail.h"
 #include "workspace/user_settings.h"
 #include "workspace/workspace.h"
-#include <set>
 
 namespace nubo {
 namespace {

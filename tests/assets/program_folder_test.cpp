@@ -2,8 +2,6 @@
 #include "codecs/png.h"
 #include "harness/harness.h"
 
-#include <cstdlib>
-
 namespace nubo {
 namespace {
 

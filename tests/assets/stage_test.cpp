@@ -1,9 +1,6 @@
 // The companion that plays the framework: its words, its pictures.
 #include "codecs/png.h"
 #include "harness/harness.h"
-#include <cstdlib>
-#include <set>
-#include <sstream>
 
 namespace nubo {
 namespace {

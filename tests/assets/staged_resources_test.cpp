@@ -8,7 +8,6 @@
 #include "state/resources.h"
 
 #include <memory>
-#include <set>
 
 namespace nubo {
 namespace {

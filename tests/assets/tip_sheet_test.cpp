@@ -2,8 +2,6 @@
 #include "harness/harness.h"
 #include "tip_sheet.h"
 
-#include <set>
-
 namespace nubo {
 namespace {
 

@@ -4,7 +4,6 @@
 #include "gui/window_drag.h"
 #include "harness/harness.h"
 
-#include <set>
 #include <thread>
 
 namespace nubo {

@@ -2,7 +2,6 @@
 
 #include "harness/harness.h"
 
-#include <sstream>
 #include <thread>
 
 namespace nubo {

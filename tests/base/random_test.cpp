@@ -1,7 +1,6 @@
 #include "base/random.h"
+#include "harness/harness.h"
 
-#include <gtest/gtest.h>
-#include <random>
 #include <thread>
 
 namespace nubo {

@@ -8,8 +8,6 @@
 #include "codecs/png.h"
 #include "picture_files.h"
 
-#include <gtest/gtest.h>
-
 namespace nubo {
 namespace {
 

@@ -1,15 +1,10 @@
 #include "codecs/blend.h"
 
-#include "base/bitmap.h"
 #include "codecs/blend_rows.h"
+#include "harness/harness.h"
 
-#include <algorithm>
-#include <array>
 #include <climits>
-#include <gtest/gtest.h>
-#include <map>
 #include <utility>
-#include <vector>
 
 namespace nubo {
 namespace {

@@ -1,13 +1,8 @@
 // GIF reading, against files that other encoders made of patterns that the tests work out, and writing.
 #include "codecs/gif.h"
 
-#include "base/color.h"
 #include "codecs/gif_lzw.h"
-#include "harness/harness.h"
 #include "picture_files.h"
-#include "platform/memory_packfile.h"
-#include <gtest/gtest.h>
-#include <string>
 
 namespace nubo {
 namespace {
@@ -15,15 +10,6 @@ namespace {
 constexpr Color magenta = 0xff00ff;
 
 std::string file_path(const std::string& name) { return std::string(NUBO_TEST_DATA) + "/gif_" + name + ".gif"; }
-
-/// A palette of 6 bits is widened as v * 255 / 63, which has the bits of v twice.
-int through_six_bits(int v) { return (v >> 2 << 2) | v >> 6; }
-
-/// Colour k of the files in tests/files/gif_*.
-Color file_color(int k) {
-    return pack_color(through_six_bits(k * 37 % 256), through_six_bits((k * 91 + 50) % 256),
-                      through_six_bits((k * 151 + 9) % 256));
-}
 
 struct FileRow {
     const char* name;
@@ -46,7 +32,7 @@ TEST(GifReader, ReadsFilesOfOtherEncoders) {
         for (int y = 0; y < file.height; ++y)
             for (int x = 0; x < file.width; ++x) {
                 const int k = file.colors == 256 ? (x + y * 20) % 256 : (x * 3 + y * 5) % file.colors;
-                ASSERT_EQ(*pixels_at(bitmap.get(), x, y), k == file.transparent ? magenta : file_color(k))
+                ASSERT_EQ(*pixels_at(bitmap.get(), x, y), k == file.transparent ? magenta : six_bit_color(k))
                     << file.name << " at " << x << ", " << y;
             }
     }
@@ -59,7 +45,7 @@ TEST(GifReader, ReadsATableThatFillsUpAndIsCleared) {
     for (int y = 0; y < 80; ++y)
         for (int x = 0; x < 80; ++x) {
             noise = noise * 1664525U + 1013904223U;
-            ASSERT_EQ(*pixels_at(bitmap.get(), x, y), file_color(static_cast<int>(noise >> 24)));
+            ASSERT_EQ(*pixels_at(bitmap.get(), x, y), six_bit_color(static_cast<int>(noise >> 24)));
         }
 }
 

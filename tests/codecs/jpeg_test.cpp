@@ -2,15 +2,8 @@
 // through with next to no loss.
 #include "codecs/jpeg.h"
 
-#include "base/color.h"
-#include "base/log.h"
 #include "codecs/jpeg_error.h"
-#include "harness/harness.h"
 #include "picture_files.h"
-
-#include <array>
-#include <cstdlib>
-#include <gtest/gtest.h>
 
 namespace nubo {
 namespace {

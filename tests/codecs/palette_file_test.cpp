@@ -1,8 +1,6 @@
 // Palettes of other programs, as their formats are described, and bent ones.
 #include "codecs/palette.h"
-
-#include <gtest/gtest.h>
-#include <string>
+#include "harness/harness.h"
 
 namespace nubo {
 namespace {

@@ -4,8 +4,6 @@
 #include "codecs/pcx.h"
 #include "picture_files.h"
 
-#include <gtest/gtest.h>
-
 namespace nubo {
 namespace {
 

@@ -1,10 +1,8 @@
 #pragma once
 // What the tests of the codecs share.
-#include "base/bitmap.h"
+#include "harness/harness.h"
 #include "platform/input_file.h"
 #include "platform/memory_packfile.h"
-#include <cstring>
-#include <string>
 
 namespace nubo {
 
@@ -17,6 +15,15 @@ inline Bytes test_file(const std::string& name) {
 
 inline void append(Bytes& bytes, const Bytes& more) {
     for (const std::uint8_t byte : more) bytes.push_back(byte);
+}
+
+/// A palette of 6 bits is widened as v * 255 / 63, which has the bits of v twice.
+constexpr int through_six_bits(int v) { return (v >> 2 << 2) | v >> 6; }
+
+/// Colour k of the files whose palettes have 6 bits: gif_* and png_palette*.
+inline Color six_bit_color(int k) {
+    return pack_color(through_six_bits(k * 37 % 256), through_six_bits((k * 91 + 50) % 256),
+                      through_six_bits((k * 151 + 9) % 256));
 }
 
 inline bool same_pixels(BITMAP* a, BITMAP* b) {

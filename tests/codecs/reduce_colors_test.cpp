@@ -1,12 +1,9 @@
 #include "codecs/reduce_colors.h"
 
-#include "base/color.h"
 #include "codecs/color_net.h"
 #include "picture_files.h"
 
-#include <array>
 #include <cmath>
-#include <gtest/gtest.h>
 
 namespace nubo {
 namespace {

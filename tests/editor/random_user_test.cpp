@@ -10,7 +10,6 @@
 #include "framework/resources.h"
 #include "gui/present.h"
 #include "gui/window.h"
-#include "harness/user.h"
 #include "harness/windows.h"
 #include "platform/input_queue.h"
 #include "platform/system_calls.h"
@@ -20,11 +19,7 @@
 #include "workspace/workspace_files.h"
 #include <csignal>
 #include <cstdio>
-#include <cstdlib>
 #include <initializer_list>
-#include <random>
-#include <set>
-#include <sstream>
 #include <unistd.h>
 
 namespace nubo {

@@ -4,7 +4,6 @@
 #include "harness/harness.h"
 #include <ft2build.h>
 #include <memory>
-#include <random>
 #include <sys/stat.h>
 #include FT_FREETYPE_H
 

@@ -1,9 +1,5 @@
 #include "framework/packer.h"
-
-#include "base/random.h"
-#include <algorithm>
-#include <gtest/gtest.h>
-#include <string_view>
+#include "harness/harness.h"
 
 namespace nubo {
 namespace {

@@ -1,8 +1,7 @@
 // Effects round one pixel, told by hand.
 #include "base/random.h"
-#include "framework/effects.h"
 #include "framework/font_sheet.h"
-#include <gtest/gtest.h>
+#include "harness/harness.h"
 
 namespace nubo {
 namespace {

@@ -6,7 +6,6 @@
 #include "platform/faults.h"
 #include "state/resources.h"
 #include <chrono>
-#include <unistd.h>
 
 namespace nubo {
 namespace {

@@ -1,12 +1,10 @@
 #include "game/actors.h"
 
-#include "base/random.h"
 #include "game/screen_effects.h"
 #include "harness/harness.h"
 #include "state/colors.h"
 #include "state/drawn_actors.h"
 #include "state/run.h"
-#include <map>
 
 namespace nubo {
 namespace {

@@ -1,7 +1,6 @@
 #include "game/behaviors.h"
 
 #include "base/jobs.h"
-#include "base/random.h"
 #include "game/actors.h"
 #include "harness/harness.h"
 #include "state/colors.h"

@@ -1,8 +1,6 @@
 // The families of actors against single pixels told by hand.
 #include "game/draw_actors.h"
 
-#include "base/random.h"
-#include "framework/effects.h"
 #include "framework/font_sheet.h"
 #include "game/actors.h"
 #include "game/screen_effects.h"

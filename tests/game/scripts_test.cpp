@@ -2,7 +2,6 @@
 #include "game/scripts.h"
 
 #include "base/jobs.h"
-#include "base/random.h"
 #include "game/actors.h"
 #include "game/bubbles.h"
 #include "game/game_jobs.h"

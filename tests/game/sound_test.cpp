@@ -1,7 +1,6 @@
 #include "game/sound.h"
 
 #include "base/jobs.h"
-#include "base/random.h"
 #include "framework/resources.h"
 #include "framework/scrambler.h"
 #include "game/game_jobs.h"

@@ -4,9 +4,7 @@
 #include "base/jobs.h"
 #include "framework/resources.h"
 #include "gui_kit.h"
-#include "harness/harness.h"
 #include "platform/clipboard.h"
-#include <string>
 
 namespace nubo {
 namespace {

@@ -1,8 +1,5 @@
 #include "harness/harness.h"
 
-#include "base/random.h"
-#include <cstdlib>
-
 namespace nubo {
 
 void start_without_display() {

@@ -1,8 +1,6 @@
 // The tests' main: Allegro without a display, its colour order that of a window, random numbers from a fixed seed.
 #include "harness/harness.h"
 
-#include <gtest/gtest.h>
-
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     nubo::start_without_display();

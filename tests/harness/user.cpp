@@ -1,26 +1,15 @@
 #include "harness/user.h"
 #include "base/keys.h"
 
-#include "base/bitmap.h"
 #include "editor/handlers.h"
 #include "editor/loop.h"
 #include "editor/screen.h"
 #include "game/defaults.h"
 #include "gui/present.h"
-#include "paint/surfaces.h"
-#include "paint/undo.h"
 #include "platform/input_queue.h"
-#include "state/cel.h"
-#include "state/frames.h"
-#include "state/run.h"
-#include "state/stroke.h"
 #include "state/view.h"
 #include "windows/hand_over.h"
-#include <algorithm>
-#include <allegro.h>
-#include <array>
 #include <cstdio>
-#include <cstdlib>
 #include <tuple>
 #include <utility>
 

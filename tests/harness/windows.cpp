@@ -3,11 +3,6 @@
 #include "codecs/png.h"
 #include "framework/outline_font.h"
 #include "framework/resources.h"
-#include "state/cel.h"
-#include "state/flow.h"
-#include "state/options.h"
-#include "state/run.h"
-#include "state/stroke.h"
 #include "state/texts_labels.h"
 #include "state/view.h"
 #include "windows/about_box.h"
@@ -39,9 +34,6 @@
 #include "windows/workspace_window.h"
 #include "workspace/defaults.h"
 #include "workspace/preferred_font.h"
-#include <allegro.h>
-#include <cstring>
-#include <filesystem>
 
 namespace nubo {
 namespace {

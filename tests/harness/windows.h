@@ -1,11 +1,7 @@
 #pragma once
 // Every window of the program and every tool that waits on the screen, once: for the contact sheet, the tests that all
 // of them must pass, and the user without a plan.
-#include "harness/harness.h"
 #include "harness/user.h"
-#include <functional>
-#include <string>
-#include <vector>
 
 namespace nubo {
 

@@ -9,8 +9,6 @@
 #include "state/messages.h"
 #include "state/shape.h"
 
-#include <random>
-
 namespace nubo {
 namespace {
 

@@ -1,11 +1,8 @@
+#include "harness/harness.h"
 #include "paint/spectrum.h"
 
-#include "base/color.h"
-
-#include <gtest/gtest.h>
 #include <limits>
 #include <ostream>
-#include <vector>
 
 namespace nubo {
 namespace {

@@ -2,8 +2,6 @@
 
 #include "harness/user.h"
 
-#include <random>
-
 namespace nubo {
 namespace {
 

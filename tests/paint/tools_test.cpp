@@ -3,9 +3,6 @@
 #include "harness/user.h"
 #include "paint/stroke.h"
 
-#include <cstdlib>
-#include <random>
-
 namespace nubo {
 namespace {
 

@@ -1,10 +1,7 @@
+#include "harness/harness.h"
 #include "platform/folder_listing.h"
 #include "platform/places.h"
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
 namespace nubo {

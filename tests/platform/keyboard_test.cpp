@@ -1,10 +1,8 @@
 // Which key is which on the keyboards of the world.
+#include "harness/harness.h"
 #include "platform/keyboard.h"
 
-#include <algorithm>
 #include <allegro.h>
-#include <gtest/gtest.h>
-#include <string_view>
 
 namespace nubo {
 namespace {

@@ -1,10 +1,6 @@
 // What keys type, against X's own list of its symbols, which names the character beside each.
+#include "harness/harness.h"
 #include "platform/typed_characters.h"
-
-#include <fstream>
-#include <gtest/gtest.h>
-#include <sstream>
-#include <string>
 
 namespace nubo {
 namespace {

@@ -1,4 +1,5 @@
 // The interface's texts: what the fonts, the boxes and the status bar ask of every one of them.
+#include "harness/harness.h"
 #include "state/messages.h"
 #include "state/options.h"
 #include "state/texts_help.h"
@@ -6,12 +7,8 @@
 #include "state/texts_labels.h"
 #include "state/tools.h"
 
-#include <algorithm>
 #include <allegro.h>
 #include <cctype>
-#include <gtest/gtest.h>
-#include <sstream>
-#include <string>
 
 namespace nubo {
 namespace {

@@ -1,14 +1,11 @@
 #pragma once
 // The file browser on a folder of the test's own, its rows pressed by their numbers.
-#include "harness/harness.h"
 #include "menus_kit.h"
 #include "windows/files/file_browser.h"
 #include "windows/files/file_list.h"
 #include "windows/files/file_preview.h"
 #include "windows/files/picture_files.h"
 #include "windows/files/picture_formats.h"
-#include <filesystem>
-#include <fstream>
 
 namespace nubo {
 

@@ -5,17 +5,11 @@
 #include "codecs/gif.h"
 #include "codecs/jpeg.h"
 #include "codecs/png.h"
-#include "harness/harness.h"
 #include "menus_kit.h"
-#include "paint/surfaces.h"
-#include "paint/undo.h"
 #include "platform/clipboard.h"
 #include "platform/safe_file.h"
 #include "platform/uri_list.h"
-#include "state/cel.h"
-#include <algorithm>
 #include <malloc.h>
-#include <optional>
 
 namespace nubo {
 namespace {

@@ -1,19 +1,14 @@
 // The file browser and what it opens and saves, on a folder of the test's own.
 #include "windows/files/file_browser.h"
 
-#include "base/color.h"
 #include "browser_kit.h"
 #include "codecs/picture_files.h"
 #include "platform/faults.h"
 #include "windows/colors/color_files.h"
 #include "windows/files/jpeg_quality_window.h"
-#include "windows/files/picture_files.h"
-#include "windows/files/picture_formats.h"
 #include "workspace/folders.h"
 #include "workspace/frame_memory.h"
 #include "workspace/notices.h"
-#include <filesystem>
-#include <fstream>
 
 namespace nubo {
 namespace {

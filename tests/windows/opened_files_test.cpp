@@ -2,10 +2,8 @@
 #include "windows/files/opened_files.h"
 
 #include "gui/text_field.h"
-#include "harness/user.h"
 #include "menus_kit.h"
 #include "platform/file_inbox.h"
-#include "state/run.h"
 #include "state/view.h"
 #include "windows/files/file_browser.h"
 #include "windows/files/picture_formats.h"

@@ -1,21 +1,13 @@
 // TEXT by the scripted user: typing, carrying, size, gap, another font, both ways to the paint and those without.
 #include "windows/text_window.h"
 
-#include "base/log.h"
 #include "framework/outline_font.h"
 #include "gui/text_field.h"
-#include "harness/harness.h"
 #include "menus_kit.h"
 #include "paint/inks.h"
-#include "paint/surfaces.h"
 #include "paint/tool_text.h"
-#include "paint/undo.h"
-#include "state/frames.h"
-#include "state/stroke.h"
 #include "windows/files/file_list.h"
 #include "workspace/preferred_font.h"
-#include <filesystem>
-#include <string>
 
 namespace nubo {
 namespace {

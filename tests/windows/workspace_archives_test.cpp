@@ -13,9 +13,6 @@
 #include "workspace/preferred_font.h"
 #include "workspace/previous.h"
 
-#include <filesystem>
-#include <fstream>
-
 namespace nubo {
 namespace {
 

@@ -7,10 +7,8 @@
 #include "gui/present.h"
 #include "harness/user.h"
 #include "platform/faults.h"
-#include "state/flow.h"
 #include "state/gui.h"
 #include "state/messages.h"
-#include "state/tools.h"
 #include "state/view.h"
 #include "workspace/archive_file.h"
 #include "workspace/notices.h"
@@ -20,11 +18,7 @@
 #include "workspace/workspace_kit.h"
 
 #include <atomic>
-#include <fstream>
-#include <map>
-#include <random>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace nubo {
 namespace {

@@ -9,7 +9,6 @@
 #include "workspace/archive_file.h"
 #include "workspace/workspace_kit.h"
 
-#include <fstream>
 #include <span>
 #include <sys/wait.h>
 

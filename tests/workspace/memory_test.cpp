@@ -4,8 +4,6 @@
 #include "windows/files/picture_formats.h"
 #include "workspace/archive.h"
 #include "workspace/workspace_kit.h"
-#include <algorithm>
-#include <cstdlib>
 #include <new>
 
 namespace {

@@ -1,16 +1,11 @@
 // Which font TEXT has after a load of a Workspace, wherever the one that it remembers has gone.
 #include "workspace/preferred_font.h"
 
-#include "base/log.h"
 #include "framework/outline_font.h"
 #include "harness/harness.h"
 #include "state/boxes.h"
 #include "workspace/defaults.h"
 #include "workspace/state_fields.h"
-#include <cstring>
-#include <filesystem>
-#include <fstream>
-#include <gtest/gtest.h>
 
 namespace nubo {
 namespace {

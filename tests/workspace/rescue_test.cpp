@@ -1,10 +1,8 @@
 #include "workspace/rescue.h"
 
 #include "harness/user.h"
-#include "paint/undo.h"
 #include "platform/faults.h"
 #include "platform/folder_lock.h"
-#include "state/flow.h"
 #include "state/messages.h"
 #include "state/view.h"
 #include "workspace/notices.h"

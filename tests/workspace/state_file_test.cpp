@@ -1,15 +1,12 @@
 #include "harness/user.h"
 #include "platform/input_file.h"
 #include "state/hotkeys.h"
-#include "state/tools.h"
 #include "state/view.h"
 #include "workspace/notices.h"
 #include "workspace/side_files.h"
 #include "workspace/state_fields.h"
 #include "workspace/user_settings.h"
 #include "workspace/workspace_kit.h"
-
-#include <functional>
 
 namespace nubo {
 namespace {

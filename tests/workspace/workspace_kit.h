@@ -1,6 +1,5 @@
 #pragma once
 // A program folder in a scratch folder, and Frames that are told apart by their colour.
-#include "base/log.h"
 #include "codecs/bmp_file.h"
 #include "harness/harness.h"
 #include "platform/safe_file.h"
@@ -18,10 +17,6 @@
 #include "workspace/state_file.h"
 #include "workspace/workspace.h"
 #include "workspace/workspace_files.h"
-
-#include <cstring>
-#include <filesystem>
-#include <gtest/gtest.h>
 
 namespace nubo {
 
