@@ -88,7 +88,7 @@ bool draw_two_points(BrushTool tool, int is_filled, Point first, Point second) {
     take_tool(tool, is_filled);
     click_points[0] = first;
     click_points[1] = second;
-    draw_to_frame(0, 0, tool, active_ink(), brush_tip);
+    draw_to_frame(0, 0, tool, active_ink(), brush_tip, brush_color);
     return true;
 }
 bool draw_box(const Command& c) {
@@ -110,7 +110,7 @@ bool draw_path(const Command& command) {
     return stroke([&] {
         for (std::size_t i = 0; i + 3 < command.numbers.size(); i += 2)
             do_line(current_frame, whole(command, i), whole(command, i + 1), whole(command, i + 2),
-                    whole(command, i + 3), 0, stamp_callback);
+                    whole(command, i + 3), static_cast<int>(brush_color), stamp_callback);
     });
 }
 
@@ -135,14 +135,14 @@ bool draw_shape(const Command& command) {
             const auto columns = crossings(command.numbers, y);
             for (std::size_t i = 0; i + 1 < columns.size(); i += 2)
                 stamp_row(static_cast<int>(std::ceil(columns[i] - 0.5)),
-                          static_cast<int>(std::ceil(columns[i + 1] - 0.5)) - 1, y, active_ink());
+                          static_cast<int>(std::ceil(columns[i + 1] - 0.5)) - 1, y, active_ink(), brush_color);
         }
     });
 }
 
 bool fill_area(const Command& command) {
     take_tool(TOOL_FILL, whole(command, 2));
-    draw_to_frame(whole(command, 0), whole(command, 1), TOOL_FILL, active_ink(), brush_tip);
+    draw_to_frame(whole(command, 0), whole(command, 1), TOOL_FILL, active_ink(), brush_tip, brush_color);
     return true;
 }
 
@@ -152,7 +152,7 @@ bool spray(const Command& c) {
         for (int i = 0; i < whole(c, 3); ++i) {
             const int dx = UA_random(2 * radius + 1) - radius, dy = UA_random(2 * radius + 1) - radius;
             if (dx * dx + dy * dy <= radius * radius)
-                stamp_row(whole(c, 0) + dx, whole(c, 0) + dx, whole(c, 1) + dy, active_ink());
+                stamp_row(whole(c, 0) + dx, whole(c, 0) + dx, whole(c, 1) + dy, active_ink(), brush_color);
         }
     });
 }
@@ -162,7 +162,7 @@ bool strew(const Command& c) {
     return stroke([&] {
         for (int i = 0; i < whole(c, 4); ++i) {
             const int x = whole(c, 0) + UA_random(whole(c, 2) - whole(c, 0) + 1);
-            stamp_row(x, x, whole(c, 1) + UA_random(whole(c, 3) - whole(c, 1) + 1), active_ink());
+            stamp_row(x, x, whole(c, 1) + UA_random(whole(c, 3) - whole(c, 1) + 1), active_ink(), brush_color);
         }
     });
 }
@@ -188,7 +188,7 @@ bool draw_ridge(const Command& c) {
     return stroke([&] {
         for (int x = 0; x < current_frame->w; ++x)
             for (int y = static_cast<int>(heights[static_cast<std::size_t>(x)]); y <= whole(c, 3); ++y)
-                stamp_row(x, x, y, active_ink());
+                stamp_row(x, x, y, active_ink(), brush_color);
     });
 }
 

@@ -72,7 +72,7 @@ void cel_paste(benchmark::State& state, Ink ink) {
 void cel_box(benchmark::State& state, Ink ink) {
     begin(ink);
     measure(state, [ink] {
-        for (int y = 0; y < side; ++y) stamp_row(0, side - 1, y, ink);
+        for (int y = 0; y < side; ++y) stamp_row(0, side - 1, y, ink, brush_color);
     });
 }
 

@@ -46,7 +46,7 @@ void begin(BrushTool tool, Ink ink, int filled) {
 }
 
 void stroke(benchmark::State& state, BrushTool tool) {
-    for (auto _ : state) draw_to_frame(0, 0, tool, active_ink(), brush_tip);
+    for (auto _ : state) draw_to_frame(0, 0, tool, active_ink(), brush_tip, brush_color);
 }
 
 // ---- A fill, and its limit -----------------------------------------------------------------------------------------
@@ -169,14 +169,14 @@ void okay_largest_spiral(benchmark::State& state) {
     begin(TOOL_SPIRAL, INK_OPAQUE, 0);
     for (auto _ : state) {
         build_spiral(side / 2, side / 2, 0, 500, 64, 255, 0);
-        draw_to_frame(0, 0, TOOL_SPIRAL, INK_OPAQUE, brush_tip);
+        draw_to_frame(0, 0, TOOL_SPIRAL, INK_OPAQUE, brush_tip, brush_color);
     }
 }
 void okay_unusable_supershape(benchmark::State& state) {
     begin(TOOL_SSHAPE, INK_OPAQUE, static_cast<int>(state.range(0)));
     for (auto _ : state) {
         plot_supershape(wild, side / 2, side / 2);
-        draw_to_frame(0, 0, TOOL_SSHAPE, INK_OPAQUE, brush_tip);
+        draw_to_frame(0, 0, TOOL_SSHAPE, INK_OPAQUE, brush_tip, brush_color);
     }
 }
 BENCHMARK(okay_largest_spiral)->Unit(benchmark::kMillisecond);

@@ -119,7 +119,7 @@ void filled_box_rows(benchmark::State& state) {
     begin_stroke(INK_OPAQUE, 0);
     for (auto _ : state)
         for (int y = 0; y < side; ++y) {
-            stamp_row(0, side - 1, y, INK_OPAQUE);
+            stamp_row(0, side - 1, y, INK_OPAQUE, brush_color);
             refresh_stroke();
         }
     count_pixels(state, side * side);
@@ -130,7 +130,8 @@ BENCHMARK(filled_box_rows)->Unit(benchmark::kMillisecond);
 
 void flood_fill_blank(benchmark::State& state) {
     begin_stroke(INK_OPAQUE, 0);
-    for (auto _ : state) flood_fill(side / 2, side / 2, 0x202020, 1);  // reads the snapshot, which stays blank
+    for (auto _ : state)
+        flood_fill(side / 2, side / 2, 0x202020, 1, brush_color);  // reads the snapshot, which stays blank
     count_pixels(state, side * side);
 }
 BENCHMARK(flood_fill_blank)->Unit(benchmark::kMillisecond);
@@ -148,7 +149,7 @@ void flood_fill_maze(benchmark::State& state) {
             *pixels_at(current_frame, x + (to_the_right ? 1 : 0), y + (to_the_right ? 0 : 1)) = 0x202020;
         }
     save_undo(false);
-    for (auto _ : state) flood_fill(0, 0, 0x202020, 1);
+    for (auto _ : state) flood_fill(0, 0, 0x202020, 1, brush_color);
     count_pixels(state, side * side);
 }
 BENCHMARK(flood_fill_maze)->Unit(benchmark::kMillisecond);
@@ -159,7 +160,7 @@ void flood_fill_comb(benchmark::State& state) {
     for (int y = 0; y < side - 1; ++y)
         for (int x = 1; x < side; x += 2) *pixels_at(current_frame, x, y) = 0xffffff;
     save_undo(false);
-    for (auto _ : state) flood_fill(0, 0, 0x202020, 1);
+    for (auto _ : state) flood_fill(0, 0, 0x202020, 1, brush_color);
     count_pixels(state, side * side);
 }
 BENCHMARK(flood_fill_comb)->Unit(benchmark::kMillisecond);
@@ -170,7 +171,7 @@ void stamp_all_over(benchmark::State& state, Ink ink) {
     begin_stroke(ink, 128);
     int x = 20, y = 20;
     for (auto _ : state) {
-        stamp_tip(x, y, TOOL_DRAW, ink, 0);
+        stamp_tip(x, y, TOOL_DRAW, ink, 0, brush_color);
         x += 3;  // as a stroke does, mostly over pixels already covered
         if (x > side - 20) x = 20, y = y % (side - 60) + 20;
     }

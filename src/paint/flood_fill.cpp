@@ -25,8 +25,8 @@ namespace {
 
 class Fill {
 public:
-    Fill(Color color, int tolerance)
-        : range_(color, tolerance), before_(stroke_snapshot()), ink_(active_ink()),
+    Fill(Color color, int tolerance, Color paint)
+        : range_(color, tolerance), before_(stroke_snapshot()), ink_(active_ink()), paint_(paint),
           visited_(static_cast<std::size_t>(before_->w) * static_cast<std::size_t>(before_->h)) {}
 
     void run(int x, int y) {
@@ -82,7 +82,7 @@ private:
         while (first > 0 && open(first - 1)) --first;
         while (last + 1 < before_->w && open(last + 1)) ++last;
         std::fill(visited + first, visited + last + 1, std::uint8_t{1});
-        stamp_row(first, last, y, ink_);
+        stamp_row(first, last, y, ink_, paint_);
         spans_.push_back({static_cast<std::uint16_t>(first), static_cast<std::uint16_t>(last),
                           static_cast<std::uint16_t>(y), false, false});
         refresh_stroke();
@@ -91,17 +91,18 @@ private:
     ColorRange range_;
     BITMAP* before_;
     Ink ink_;
+    Color paint_;
     std::vector<std::uint8_t> visited_;
     std::vector<Span> spans_;
 };
 
 }  // namespace
 
-void flood_fill(int x, int y, Color color, int tolerance) {
+void flood_fill(int x, int y, Color color, int tolerance, Color paint) {
     if (!frame_contains(current_frame, x, y)) return;
-    if (active_ink() == INK_OPAQUE && color == brush_color) return;
+    if (active_ink() == INK_OPAQUE && color == paint) return;
     try {
-        Fill(color, tolerance).run(x, y);
+        Fill(color, tolerance, paint).run(x, y);
     } catch (const std::bad_alloc&) {
         UA_log("[ ERROR ] : No memory to go on filling a frame of %d x %d pixels.", current_frame->w, current_frame->h);
         status_message = MESSAGE_FILL_MEMORY;
@@ -110,7 +111,8 @@ void flood_fill(int x, int y, Color color, int tolerance) {
 }
 
 void commit_fill(const StrokeStart& start) {
-    flood_fill(start.x, start.y, *pixels_at(current_frame, start.x, start.y), tool_option(TOOL_FILL, OPTION_TOLERANCE));
+    flood_fill(start.x, start.y, *pixels_at(current_frame, start.x, start.y), tool_option(TOOL_FILL, OPTION_TOLERANCE),
+               start.color);
 }
 
 }  // namespace nubo

@@ -36,25 +36,26 @@ bool is_outlined(int tool) {
     return tool == TOOL_SPIRAL || tool_option(static_cast<BrushTool>(tool), OPTION_FILLED) == 0;
 }
 
-void stamp_once(int x, int y) {
+void stamp_once(int x, int y, Color color) {
     const std::size_t bit =
         static_cast<std::size_t>(y) * static_cast<std::size_t>(current_frame->w) + static_cast<std::size_t>(x);
     std::uint64_t& word = shape_mask[bit / word_bits];
     const std::uint64_t mark = std::uint64_t{1} << bit % word_bits;
     if ((word & mark) != 0) return;
-    stamp_tip(x, y, active_tool(), active_ink(), brush_tip);
+    stamp_tip(x, y, active_tool(), active_ink(), brush_tip, color);
     word |= mark;
 }
 
-void paint_outline() {
+void paint_outline(Color color) {
     for (std::size_t i = 1; i < point_list.size(); ++i) {
-        walk_line(point_list[i], point_list[i - 1], current_frame->w, current_frame->h, stamp_once);
+        walk_line(point_list[i], point_list[i - 1], current_frame->w, current_frame->h,
+                  [color](int x, int y) { stamp_once(x, y, color); });
         refresh_stroke();
     }
 }
 
-void paint_run(int x1, int x2, int y, int ink) {
-    stamp_row(x1, x2, y, ink);
+void paint_run(int x1, int x2, int y, int ink, Color color) {
+    stamp_row(x1, x2, y, ink, color);
     refresh_stroke();
 }
 
@@ -95,25 +96,27 @@ void end_shape_commit() { shape_mask.reset(); }
 
 void commit_shape(const StrokeStart& start) {
     if (is_outlined(start.brush))
-        paint_outline();
+        paint_outline(start.color);
     else
-        fill_polygon(point_list, current_frame->w, current_frame->h, paint_run, start.ink);
+        fill_polygon(point_list, current_frame->w, current_frame->h,
+                     [&start](int x1, int x2, int y) { paint_run(x1, x2, y, start.ink, start.color); });
 }
 
-void commit_outline() {
+void commit_outline(Color color) {
     if (!save_undo(false)) return;
     clear_stroke_mask();
     for (const Point& point : point_list)
-        if (frame_contains(current_frame, point.x, point.y)) stamp_callback(current_frame, point.x, point.y, 0);
+        if (frame_contains(current_frame, point.x, point.y))
+            stamp_callback(current_frame, point.x, point.y, static_cast<int>(color));
 }
 
-void fill_outline() {
+void fill_outline(Color color) {
     const std::unique_ptr<RowEnds[]> rows = outline_rows();
     if (!rows || !save_undo(false)) return;
     clear_stroke_mask();
     for (int y = 0; y < current_frame->h; ++y) {
         const RowEnds ends = rows[static_cast<std::size_t>(y)];
-        if (ends.right != no_coordinate) paint_run(ends.left, ends.right, y, active_ink());
+        if (ends.right != no_coordinate) paint_run(ends.left, ends.right, y, active_ink(), color);
     }
 }
 

@@ -75,7 +75,7 @@ std::vector<Edge> edges_of(std::span<const Point> points, int h) {
 
 }  // namespace
 
-void fill_polygon(std::span<const Point> points, int w, int h, PaintRun paint, int context) {
+void fill_polygon(std::span<const Point> points, int w, int h, const PaintRun& paint) {
     const std::vector<Edge> edges = edges_of(points, h);
     if (edges.empty()) return;
     std::vector<Edge> active;
@@ -87,7 +87,7 @@ void fill_polygon(std::span<const Point> points, int w, int h, PaintRun paint, i
         sort_edges(active);
         paint_row(active, row, [&](Fixed first, Fixed last) {
             first = std::max<Fixed>(first, 0), last = std::min<Fixed>(last, w - 1);
-            if (first <= last) paint(static_cast<int>(first), static_cast<int>(last), row, context);
+            if (first <= last) paint(static_cast<int>(first), static_cast<int>(last), row);
         });
     }
 }

@@ -24,7 +24,7 @@ ShapeInHand::ShapeInHand(BrushTool tool, std::size_t capacity) : tool_(tool), pr
 
 void ShapeInHand::commit() {
     hide();
-    if (!point_list.empty()) draw_to_frame(0, 0, tool_, active_ink(), brush_tip);
+    if (!point_list.empty()) draw_to_frame(0, 0, tool_, active_ink(), brush_tip, brush_color);
 }
 
 bool KeyPress::happens() {

@@ -34,7 +34,7 @@ bool stroke_is_valid(int x, int y, int brush, int ink, int style) {
 }
 
 /// All pixels of the tip's cell around (x, y), those outside the tip too: some inks ignore the tip value.
-void stamp_cell(int x, int y, Ink ink, int style) {
+void stamp_cell(int x, int y, Ink ink, int style, Color color) {
     TipValues values;
     read_tip(style, values);
     const int left = x - tip_center_x, top = y - tip_center_y;
@@ -42,7 +42,7 @@ void stamp_cell(int x, int y, Ink ink, int style) {
     const int first_row = std::max(0, -top), last_row = std::min(tip_h, current_frame->h - top);
     for (int row = first_row; row < last_row; ++row)
         apply_ink_row({left + first, top + row, last - first, &values[static_cast<unsigned>(row * tip_w + first)], 1},
-                      ink, brush_color);
+                      ink, color);
 }
 
 /// A number without a case paints nothing.
@@ -53,36 +53,35 @@ void commit_tool(const StrokeStart& start) {
 
 }  // namespace
 
-void draw_to_frame(int x, int y, int brush, int ink, int style) {
+void draw_to_frame(int x, int y, int brush, int ink, int style, Color color) {
     if (!stroke_is_valid(x, y, brush, ink, style)) return;
     if (!begin_shape_commit(brush)) return;
     if (save_undo(false)) {
         clear_stroke_mask();
-        commit_tool({x, y, brush, ink, style});
+        commit_tool({x, y, brush, ink, style, color});
         release_stroke_mask();
     }
     end_shape_commit();
 }
 
-void stamp_tip(int x, int y, int brush, int ink, int style) {
+void stamp_tip(int x, int y, int brush, int ink, int style, Color color) {
     if (!stroke_is_valid(x, y, brush, ink, style)) return;
     if (style == tip_single) {
-        stamp_row(x, x, y, ink);
+        stamp_row(x, x, y, ink, color);
     } else if (ink < INK_COUNT && style <= tip_custom) {
-        stamp_cell(x, y, static_cast<Ink>(ink), style);
+        stamp_cell(x, y, static_cast<Ink>(ink), style, color);
     }
 }
 
-void stamp_row(int x1, int x2, int y, int ink) {
+void stamp_row(int x1, int x2, int y, int ink, Color color) {
     static constexpr std::uint8_t full_strength = 0;
     if (y < 0 || y >= current_frame->h || ink < 0 || ink >= INK_COUNT) return;
     const int first = std::max(x1, 0), last = std::min(x2, current_frame->w - 1);
-    if (first <= last)
-        apply_ink_row({first, y, last - first + 1, &full_strength, 0}, static_cast<Ink>(ink), brush_color);
+    if (first <= last) apply_ink_row({first, y, last - first + 1, &full_strength, 0}, static_cast<Ink>(ink), color);
 }
 
-void stamp_callback(BITMAP*, int x, int y, int) {
-    stamp_tip(x, y, active_tool(), active_ink(), brush_tip);
+void stamp_callback(BITMAP*, int x, int y, int d) {
+    stamp_tip(x, y, active_tool(), active_ink(), brush_tip, static_cast<Color>(d));
     refresh_stroke();
 }
 

@@ -12,6 +12,7 @@ namespace nubo {
 /// Where a stroke begins and with what: the arguments of `draw_to_frame`. `brush` is the tool, `style` the tip.
 struct StrokeStart {
     int x, y, brush, ink, style;
+    Color color;
 };
 
 // ---- Runners: from the press on the Frame to the end ---------------------------------------------------------------
@@ -70,8 +71,8 @@ bool begin_shape_commit(int tool);
 void end_shape_commit();
 
 /// OVAL, hollow and filled. They save undo and clear the coverage map themselves.
-void commit_outline();
-void fill_outline();
+void commit_outline(Color color);
+void fill_outline(Color color);
 
 /// Takes the memory of masks from `make`, which gives 0 words or null; null goes back to the program's own. For tests
 /// that tell beforehand what memory can be had.

@@ -30,7 +30,7 @@ void commit_edge(const StrokeStart& start) {
             if (!range.holds(*pixels_at(stroke_snapshot(), column, row))) continue;
             // Once for each: inks with random draws take as many.
             for (int outer = count_outer_neighbors(column, row, range); outer > 0; --outer) {
-                stamp_tip(column, row, TOOL_EDGE, start.ink, tip_single);
+                stamp_tip(column, row, TOOL_EDGE, start.ink, tip_single, start.color);
                 refresh_stroke();
             }
         }
@@ -45,7 +45,7 @@ void commit_sep(const StrokeStart& start) {
             const int first = column;
             while (column < width && range.holds(before[column])) ++column;
             if (column == first) continue;
-            stamp_row(first, column - 1, row, start.ink);
+            stamp_row(first, column - 1, row, start.ink, start.color);
             refresh_stroke();
         }
     }

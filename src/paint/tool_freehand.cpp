@@ -44,13 +44,13 @@ int driz_radius(Point point) {
 }
 
 /// One try of SPRAY: a pixel of the square around the mouse, painted if it lies in the circle.
-void spray_once(int radius, int ink) {
+void spray_once(int radius, const StrokeStart& start) {
     // The mouse is read anew for each try, so that a burst follows the hand.
     const Point mouse{pixel_x, pixel_y};
     const int x = mouse.x - radius + UA_random(2 * radius);
     const int y = mouse.y - radius + UA_random(2 * radius);
     if (frame_contains(current_frame, x, y) && UA_distance_2d(mouse.x, mouse.y, x, y) < radius)
-        stamp_tip(x, y, TOOL_SPRAY, ink, tip_single);
+        stamp_tip(x, y, TOOL_SPRAY, start.ink, tip_single, start.color);
 }
 
 }  // namespace
@@ -59,19 +59,19 @@ void commit_draw(const StrokeStart& start) {
     while_held(start, [&start](Point mouse) {
         if (mouse == previous_point) return;
         if (follows_previous(mouse))
-            stamp_tip(mouse.x, mouse.y, TOOL_DRAW, start.ink, start.style);
+            stamp_tip(mouse.x, mouse.y, TOOL_DRAW, start.ink, start.style, start.color);
         else
-            do_line(current_frame, previous_point.x, previous_point.y, mouse.x, mouse.y, static_cast<int>(brush_color),
+            do_line(current_frame, previous_point.x, previous_point.y, mouse.x, mouse.y, static_cast<int>(start.color),
                     stamp_callback);
         previous_point = mouse;
     });
 }
 
 void commit_driz(const StrokeStart& start) {
-    while_held(start, [](Point mouse) {
+    while_held(start, [&start](Point mouse) {
         if (mouse == previous_point) return;
         const int radius = driz_radius(mouse);
-        if (radius != no_disc) fill_disc(mouse.x, mouse.y, radius);
+        if (radius != no_disc) fill_disc(mouse.x, mouse.y, radius, start.color);
         previous_point = mouse;
     });
 }
@@ -81,7 +81,7 @@ void commit_spray(const StrokeStart& start) {
         if (!spray_tick.take()) return;
         const int density = tool_option(TOOL_SPRAY, OPTION_SPRAY_DENSITY);
         const int radius = tool_option(TOOL_SPRAY, OPTION_SPRAY_RADIUS);
-        for (int i = 0; i < density; ++i) spray_once(radius, start.ink);
+        for (int i = 0; i < density; ++i) spray_once(radius, start);
     });
 }
 

@@ -75,9 +75,9 @@ void run_oval_tool(BrushTool tool) {
     if (!place_width()) return;
     shape.hide();
     if (tool_option(TOOL_OVAL, OPTION_FILLED) != 0)
-        fill_outline();
+        fill_outline(brush_color);
     else
-        commit_outline();
+        commit_outline(brush_color);
 }
 
 void draw_oval_preview() {

@@ -42,8 +42,8 @@ PreviewEnds preview_ends(BrushTool tool) {
 
 // ---- Painting -------------------------------------------------------------------------------------------------------
 
-void stamp_line(int x1, int y1, int x2, int y2) {
-    do_line(current_frame, x1, y1, x2, y2, static_cast<int>(brush_color), stamp_callback);
+void stamp_line(int x1, int y1, int x2, int y2, Color color) {
+    do_line(current_frame, x1, y1, x2, y2, static_cast<int>(color), stamp_callback);
 }
 
 /// The running disc, for Allegro's callback. `left` holds, for each row from `top` on, the leftmost column painted.
@@ -54,18 +54,19 @@ struct Disc {
 Disc disc;
 
 /// One point of the circle's rim. Only those of the left half paint: the first of a row the whole span to the opposite
-/// rim, later ones, each a step further out, the two ends.
-void disc_span_callback(BITMAP* bitmap, int x, int y, int) {
+/// rim, later ones, each a step further out, the two ends. `d` is the colour.
+void disc_span_callback(BITMAP* bitmap, int x, int y, int d) {
+    const auto color = static_cast<Color>(d);
     const int center_x = click_points[0].x;
     if (y < 0 || y >= bitmap->h || x > center_x) return;
     const int right = x + 2 * (center_x - x);
     int& left = disc.left[static_cast<unsigned>(y - disc.top)];
     if (left == no_coordinate) {
-        stamp_row(x, right, y, disc.ink);
+        stamp_row(x, right, y, disc.ink, color);
         left = x;
     } else if (x < left) {
-        stamp_row(x, x, y, disc.ink);
-        stamp_row(right, right, y, disc.ink);
+        stamp_row(x, x, y, disc.ink, color);
+        stamp_row(right, right, y, disc.ink, color);
         left = x;
     }
     refresh_stroke();
@@ -84,7 +85,7 @@ void run_two_click_tool(BrushTool tool) {
     }
     if (!placed) return;
     click_points[1] = end_point(tool, {pixel_x, pixel_y}, shift);
-    draw_to_frame(0, 0, tool, active_ink(), brush_tip);
+    draw_to_frame(0, 0, tool, active_ink(), brush_tip, brush_color);
 }
 
 void draw_box_preview() {
@@ -105,10 +106,10 @@ void draw_line_preview() {
     tell_line(from, to);
 }
 
-void fill_disc(int center_x, int center_y, int radius) {
+void fill_disc(int center_x, int center_y, int radius, Color color) {
     disc = {center_y - radius, active_ink(), std::vector<int>(static_cast<unsigned>(2 * radius + 1), no_coordinate)};
     click_points[0] = {center_x, center_y};
-    do_circle(current_frame, center_x, center_y, radius, static_cast<int>(brush_color), disc_span_callback);
+    do_circle(current_frame, center_x, center_y, radius, static_cast<int>(color), disc_span_callback);
     disc = {};
 }
 
@@ -117,29 +118,29 @@ void commit_box(const StrokeStart& start) {
     const auto [left, right] = std::minmax(a.x, b.x);
     const auto [top, bottom] = std::minmax(a.y, b.y);
     if (tool_option(TOOL_BOX, OPTION_FILLED) == 0) {
-        stamp_line(left, top, right, top);
-        stamp_line(left, bottom, right, bottom);
-        stamp_line(left, top, left, bottom);
-        stamp_line(right, top, right, bottom);
+        stamp_line(left, top, right, top, start.color);
+        stamp_line(left, bottom, right, bottom, start.color);
+        stamp_line(left, top, left, bottom, start.color);
+        stamp_line(right, top, right, bottom, start.color);
         return;
     }
     for (int y = std::max(top, 0); y <= std::min(bottom, current_frame->h - 1); ++y) {
-        stamp_row(left, right, y, start.ink);
+        stamp_row(left, right, y, start.ink, start.color);
         refresh_stroke();
     }
 }
 
-void commit_circle(const StrokeStart&) {
+void commit_circle(const StrokeStart& start) {
     const Point center = click_points[0], rim = click_points[1];
     const int radius = UA_distance_2d(center.x, center.y, rim.x, rim.y);
     if (tool_option(TOOL_CIRCLE, OPTION_FILLED) != 0)
-        fill_disc(center.x, center.y, radius);
+        fill_disc(center.x, center.y, radius, start.color);
     else
-        do_circle(current_frame, center.x, center.y, radius, static_cast<int>(brush_color), stamp_callback);
+        do_circle(current_frame, center.x, center.y, radius, static_cast<int>(start.color), stamp_callback);
 }
 
-void commit_line(const StrokeStart&) {
-    stamp_line(click_points[0].x, click_points[0].y, click_points[1].x, click_points[1].y);
+void commit_line(const StrokeStart& start) {
+    stamp_line(click_points[0].x, click_points[0].y, click_points[1].x, click_points[1].y, start.color);
 }
 
 }  // namespace nubo

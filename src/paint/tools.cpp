@@ -42,7 +42,7 @@ void draw_tool_preview() {
     if (preview_drawers[at(tool_preview)] != nullptr) preview_drawers[at(tool_preview)]();
 }
 
-void run_press_tool(BrushTool tool) { draw_to_frame(pixel_x, pixel_y, tool, active_ink(), brush_tip); }
+void run_press_tool(BrushTool tool) { draw_to_frame(pixel_x, pixel_y, tool, active_ink(), brush_tip, brush_color); }
 
 bool wait_for_point(int slot, bool& shift) {
     Waiting wait({.hotkeys = HOTKEYS_TOOL});

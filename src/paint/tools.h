@@ -48,7 +48,7 @@ void set_preview_drawer(int preview, PreviewDrawer draw);
 /// False after a right press, ESC or the end of the program.
 bool wait_for_point(int slot, bool& shift);
 
-/// Fills the connected area of `color` around (x, y) with the active ink.
-void flood_fill(int x, int y, Color color, int tolerance);
+/// Fills the connected area of `color` around (x, y) with the active ink in `paint`.
+void flood_fill(int x, int y, Color color, int tolerance, Color paint);
 
 }  // namespace nubo

@@ -102,7 +102,7 @@ bool shows(int ink) {
             active_tool_slot = active_ink_slot = 0;
             ink_slots[0] = ink;
             click_points[0] = click_points[1] = {x, y};
-            draw_to_frame(0, 0, TOOL_LINE, ink, brush_tip);
+            draw_to_frame(0, 0, TOOL_LINE, ink, brush_tip, brush_color);
             for (int row = 0; row < current_frame->h; ++row)
                 if (!std::equal(pixels_at(before.get(), 0, row), pixels_at(before.get(), 0, row) + before->w,
                                 pixels_at(current_frame, 0, row)))

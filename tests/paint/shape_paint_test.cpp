@@ -50,10 +50,6 @@ TEST(ShapeFillTest, PaintsThePixelsOfAllegrosPolygon) {
     static BITMAP* mine;
     const OwnedBitmap own = make_bitmap(small_w, small_h), theirs = make_bitmap(small_w, small_h);
     mine = own.get();
-    const auto paint = [](int x1, int x2, int y, int away) {
-        for (int x = x1; x <= x2; ++x)
-            if (x >= away) *pixels_at(mine, x - away, y) += 1;
-    };
     Lot lot;
     for (int trial = 0; trial < 5'000; ++trial) {
         Points points(static_cast<std::size_t>(lot.between(1, 12)));
@@ -67,7 +63,9 @@ TEST(ShapeFillTest, PaintsThePixelsOfAllegrosPolygon) {
         for (const int away : {0, 50'000}) {  // where Allegro's arithmetic has ended
             clear_to_color(mine, 0);
             for (Point& point : points) point.x += away;
-            fill_polygon(points, small_w + away, small_h, paint, away);
+            fill_polygon(points, small_w + away, small_h, [away](int x1, int x2, int y) {
+                for (int x = std::max(x1, away); x <= x2; ++x) *pixels_at(mine, x - away, y) += 1;
+            });
             for (int y = 0; y < small_h; ++y)
                 ASSERT_TRUE(
                     std::equal(pixels_at(mine, 0, y), pixels_at(mine, small_w, y), pixels_at(theirs.get(), 0, y)))
@@ -87,7 +85,7 @@ protected:
         tool_option(tool, OPTION_FILLED) = filled;
         brush_tip = tip;
         point_list = points;
-        draw_to_frame(0, 0, tool, active_ink(), brush_tip);
+        draw_to_frame(0, 0, tool, active_ink(), brush_tip, brush_color);
     }
 };
 
@@ -135,23 +133,23 @@ TEST_F(ShapeCommitTest, OvalIsItsOutlineOrAllBetween) {
     take_tool(TOOL_OVAL);
     brush_tip = 0;
     interpolate_ellipse(50, 50, 20, 10, 0, 360);
-    commit_outline();
+    commit_outline(brush_color);
     const int outline = count_pixels(white);
     EXPECT_EQ(frame_pixel(50, 50), 0u);
     undo_last();
     brush_tip = 1;
-    fill_outline();
+    fill_outline(brush_color);
     const int filled = count_pixels(white);
     EXPECT_NEAR(filled, 3.1416 * 20 * 10, outline) << "the area, but for the pixels of the rim";
     EXPECT_EQ(frame_pixel(70, 50), white);
     EXPECT_EQ(frame_pixel(71, 50), 0u);
     undo_last();
     interpolate_ellipse(19, 50, 21, 10, 0, 360);
-    fill_outline();
+    fill_outline(brush_color);
     for (int x = 0; x < 39; ++x) EXPECT_EQ(frame_pixel(x, 48), white) << x << ": the row begins in column -1";
     undo_last();
     interpolate_ellipse(0, 0, 400, 300, 20, 360);
-    fill_outline();
+    fill_outline(brush_color);
     EXPECT_EQ(frame_pixel(0, 0), white) << "cut by the Frame";
     EXPECT_EQ(undo_steps(), 1);
 }

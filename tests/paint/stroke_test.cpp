@@ -44,20 +44,20 @@ TEST_F(StrokeTest, RefusesNumbersOutOfRangeWithALine) {
             told += std::string("[ ERROR ] : ") + what + " = " + std::to_string(wrong) + "\n";
         for (const auto stroke : {draw_to_frame, stamp_tip}) {
             const std::string before = log_text();
-            stroke(0, 0, wrong, wrong, wrong);
-            stroke(0, 0, TOOL_LINE, wrong, wrong);
-            stroke(0, 0, TOOL_LINE, wrong, tip_single);
+            stroke(0, 0, wrong, wrong, wrong, white);
+            stroke(0, 0, TOOL_LINE, wrong, wrong, white);
+            stroke(0, 0, TOOL_LINE, wrong, tip_single, white);
             EXPECT_EQ(log_text(), before + told);
         }
     }
     for (const Point outside : {Point{-1, 0}, Point{0, -1}, Point{view_w, 0}, Point{0, view_h}})
-        draw_to_frame(outside.x, outside.y, TOOL_LINE, INK_OPAQUE, 0);
+        draw_to_frame(outside.x, outside.y, TOOL_LINE, INK_OPAQUE, 0, white);
     EXPECT_EQ(stroke_snapshot(), nullptr) << "none of these is an undo step";
     set_undo_source([](BITMAP*) { return OwnedBitmap(); });
-    draw_to_frame(0, 0, TOOL_LINE, INK_OPAQUE, 0);  // without memory
+    draw_to_frame(0, 0, TOOL_LINE, INK_OPAQUE, 0, white);  // without memory
     set_undo_source(nullptr);
     tool_option(TOOL_SEP, OPTION_TOLERANCE) = 1;
-    draw_to_frame(0, 0, TOOL_SEP, INK_COUNT, 0);  // in range, though no ink has the number
+    draw_to_frame(0, 0, TOOL_SEP, INK_COUNT, 0, white);  // in range, though no ink has the number
     EXPECT_NE(stroke_snapshot(), nullptr);
     UA_log_close();
     EXPECT_EQ(count_pixels(black), view_w * view_h);
@@ -78,7 +78,7 @@ TEST_F(StrokeTest, StampPaintsThePixelsOfTheCellThatLieInTheFrame) {
         const int width = 1 + any(25), height = 1 + any(25), x = any(width + 4) - 2, y = any(height + 4) - 2;
         new_frame(width, height);
         begin_stroke();
-        stamp_tip(x, y, TOOL_DRAW, INK_OPAQUE, tip_custom);
+        stamp_tip(x, y, TOOL_DRAW, INK_OPAQUE, tip_custom, brush_color);
         for (int fy = 0; fy < height; ++fy)
             for (int fx = 0; fx < width; ++fx) {
                 const int column = fx - x + 8, row = fy - y + 7;
@@ -98,7 +98,7 @@ TEST_F(StrokeTest, DiscFillsTheRowsOfItsCircle) {
             const OwnedBitmap rim = make_bitmap(240, 240);
             circle(rim.get(), center.x + 100, center.y + 100, radius, 1);
             begin_stroke();
-            fill_disc(center.x, center.y, radius);
+            fill_disc(center.x, center.y, radius, brush_color);
             for (int y = 0; y < 40; ++y) {
                 const Color* const row = pixels_at(rim.get(), 0, y + 100);
                 const auto left = std::find(row, row + 240, 1U) - row - 100;

@@ -199,7 +199,7 @@ private:
         while (is_open(first - 1, y, tolerance_)) --first;
         while (is_open(last + 1, y, tolerance_)) ++last;
         for (int i = first; i <= last; ++i) {
-            stamp_tip(i, y, TOOL_FILL, INK_JUMBLE, tip_single);
+            stamp_tip(i, y, TOOL_FILL, INK_JUMBLE, tip_single, brush_color);
             visited_[y][i] = true;
             for (const int beside : {y - 1, y + 1})
                 if (is_seed(i, beside)) seeds_.push_back({i, beside});
@@ -226,7 +226,7 @@ TEST_F(ToolTest, FillVisitsPixelsInTheOrderOfThePlainRule) {
 
         random_first.seed(static_cast<std::uint32_t>(trial));
         tool_option(TOOL_FILL, OPTION_TOLERANCE) = tolerance;
-        draw_to_frame(x, y, TOOL_FILL, INK_JUMBLE, 0);
+        draw_to_frame(x, y, TOOL_FILL, INK_JUMBLE, 0, brush_color);
         const std::vector<Color> filled = frame_pixels();
         undo_last();
         ASSERT_TRUE(save_undo(false));
@@ -243,7 +243,7 @@ TEST_F(ToolTest, FillOfItsOwnColorChangesNothing) {
         new_frame(9, 7, near_white);
         hline(current_frame, 0, 3, 8, static_cast<int>(white));
         brush_color = brush;
-        draw_to_frame(4, 3, TOOL_FILL, INK_OPAQUE, 0);
+        draw_to_frame(4, 3, TOOL_FILL, INK_OPAQUE, 0, brush_color);
         EXPECT_EQ(count_pixels(near_white), brush == white ? 6 * 9 : 7 * 9);
     }
 }
@@ -253,7 +253,7 @@ TEST_F(ToolTest, FillOfADeepAreaNeedsNoDeepStack) {
     new_frame(801, 1200, 0);
     for (int x = 1; x < 801; x += 2) vline(current_frame, x, 0, 1198, 9);
     tool_option(TOOL_FILL, OPTION_TOLERANCE) = 1;
-    draw_to_frame(0, 0, TOOL_FILL, INK_OPAQUE, 0);
+    draw_to_frame(0, 0, TOOL_FILL, INK_OPAQUE, 0, brush_color);
     EXPECT_EQ(count_pixels(0xffffff), 401 * 1199 + 801);
 }
 
