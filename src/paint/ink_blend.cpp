@@ -68,12 +68,18 @@ InkRow plain(InkRow row) {
 
 }  // namespace
 
-void ink_bright_row(const InkRow& row, Color) { blend_row(plain(row), strength_of(INK_BRIGHT), ui_white); }
-void ink_dark_row(const InkRow& row, Color) { blend_row(plain(row), strength_of(INK_DARK), ui_black); }
-void ink_glass_row(const InkRow& row, Color color) { blend_row(row, strength_of(INK_GLASS), color); }
+template <> void paint_row_with<INK_BRIGHT>(const InkRow& row, Color) {
+    blend_row(plain(row), strength_of(INK_BRIGHT), ui_white);
+}
+template <> void paint_row_with<INK_DARK>(const InkRow& row, Color) {
+    blend_row(plain(row), strength_of(INK_DARK), ui_black);
+}
+template <> void paint_row_with<INK_GLASS>(const InkRow& row, Color color) {
+    blend_row(row, strength_of(INK_GLASS), color);
+}
 
 // A full pixel replaces whatever the stroke has left there and leaves no trace in the mask; a soft one goes over it.
-void ink_opaque_row(const InkRow& row, Color color) {
+template <> void paint_row_with<INK_OPAQUE>(const InkRow& row, Color color) {
     for_each_run(row, [=](const TipRun& run) {
         if (run.tip == 0) return put_run(run, color);
         const int alpha = run.tip_coverage();
@@ -84,7 +90,7 @@ void ink_opaque_row(const InkRow& row, Color color) {
 }
 
 // On a soft edge the gray comes from what the stroke has already left there, the base from the snapshot.
-void ink_gray_row(const InkRow& row, Color) {
+template <> void paint_row_with<INK_GRAY>(const InkRow& row, Color) {
     const int strength = strength_of(INK_GRAY);
     for_each_run(row, [=](const TipRun& run) {
         const int alpha = strength_coverage(strength, run.tip);
@@ -99,7 +105,7 @@ void ink_gray_row(const InkRow& row, Color) {
 
 // The draw that lets a pixel pass is made at every pixel, even outside the tip: the pattern follows the generator, not
 // the tip.
-void ink_grain_row(const InkRow& row, Color color) {
+template <> void paint_row_with<INK_GRAIN>(const InkRow& row, Color color) {
     const int strength = strength_of(INK_GRAIN), frequency = held_option(INK_GRAIN, OPTION_GRAIN_FREQUENCY);
     for_each_pixel(row, [=](int x, int tip) {
         if (UA_random(100) > frequency || tip >= tip_outside) return;

@@ -53,7 +53,7 @@ Color tile_pixel(int x, int y) {
 }
 
 // GLASS with the tile in the place of the colour.
-void ink_scrape_row(const InkRow& row, Color) {
+template <> void paint_row_with<INK_SCRAPE>(const InkRow& row, Color) {
     const int strength = strength_of(INK_SCRAPE);
     for_each_run(row, [=](const TipRun& run) {
         const int alpha = strength_coverage(strength, run.tip);
@@ -65,7 +65,7 @@ void ink_scrape_row(const InkRow& row, Color) {
 }
 
 // OPAQUE with the tile in the place of the colour, but for its holes.
-void ink_tile_row(const InkRow& row, Color) {
+template <> void paint_row_with<INK_TILE>(const InkRow& row, Color) {
     for_each_run(row, [](const TipRun& run) {
         const int alpha = run.tip_coverage();
         for_each_tile(run, [=](const TipRun& part, const Color* tile) {

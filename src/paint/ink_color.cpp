@@ -57,11 +57,15 @@ void light_row(const InkRow& row, int strength, Color color, bool darkens) {
 
 }  // namespace
 
-void ink_add_row(const InkRow& row, Color color) { light_row(row, strength_of(INK_ADD), color, false); }
-void ink_sub_row(const InkRow& row, Color color) { light_row(row, strength_of(INK_SUB), color, true); }
+template <> void paint_row_with<INK_ADD>(const InkRow& row, Color color) {
+    light_row(row, strength_of(INK_ADD), color, false);
+}
+template <> void paint_row_with<INK_SUB>(const InkRow& row, Color color) {
+    light_row(row, strength_of(INK_SUB), color, true);
+}
 
 // The blend takes 255 less the tip value, the coverage 200 less it. At full the blend's weights are 1 and 0.
-void ink_xor_row(const InkRow& row, Color color) {
+template <> void paint_row_with<INK_XOR>(const InkRow& row, Color color) {
     for_each_run(row, [=](const TipRun& run) {
         with_colors(run, color, [&](auto color_at) {
             const Color* const before = run.before;
@@ -75,7 +79,7 @@ void ink_xor_row(const InkRow& row, Color color) {
 }
 
 // The hue moves straight along its scale, by the full strength also on a soft edge; it never takes the short way round.
-void ink_pull_row(const InkRow& row, Color) {
+template <> void paint_row_with<INK_PULL>(const InkRow& row, Color) {
     const int strength = strength_of(INK_PULL);
     const double target = hls_of(brush_color).hue, share = strength / 255.0;
     for_each_run(row, [=](const TipRun& run) {
@@ -86,7 +90,7 @@ void ink_pull_row(const InkRow& row, Color) {
     });
 }
 
-void ink_spark_row(const InkRow& row, Color) {
+template <> void paint_row_with<INK_SPARK>(const InkRow& row, Color) {
     const int strength = strength_of(INK_SPARK);
     for_each_run(row, [=](const TipRun& run) {
         const double lift = run.tip == 0 ? strength : run.tip_coverage() / 200.0 * strength;

@@ -71,7 +71,7 @@ void light_disc(const GlowDisc& disc, int x, int y) {
 }  // namespace
 
 // The mask is a flag here: a pixel of the stroke glows once, whatever its tip value.
-void ink_glow_row(const InkRow& row, Color color) {
+template <> void paint_row_with<INK_GLOW>(const InkRow& row, Color color) {
     const int strength = strength_of(INK_GLOW), radius = held_option(INK_GLOW, OPTION_GLOW_RADIUS);
     for_each_run(row, [=](const TipRun& run) {
         Color* const end = run.mask + run.length;

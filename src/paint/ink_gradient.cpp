@@ -66,17 +66,17 @@ float radial_position(int d, int radius, bool repeats) {
 
 }  // namespace
 
-void ink_hgrad_row(const InkRow& row, Color) {
+template <> void paint_row_with<INK_HGRAD>(const InkRow& row, Color) {
     const AxisBand band(INK_HGRAD);
     cover_gradient(row, [&](int x) { return band.color_at(x); });
 }
 
-void ink_vgrad_row(const InkRow& row, Color) {
+template <> void paint_row_with<INK_VGRAD>(const InkRow& row, Color) {
     const Color color = AxisBand(INK_VGRAD).color_at(row.y);
     cover_gradient(row, [=](int) { return color; });
 }
 
-void ink_lgrad_row(const InkRow& row, Color) {
+template <> void paint_row_with<INK_LGRAD>(const InkRow& row, Color) {
     const double along_x = linear_axis.sin, start_x = gradient_node(INK_LGRAD, 0);
     const double from_y = (row.y - static_cast<double>(gradient_node(INK_LGRAD, 1))) * linear_axis.cos;
     const bool repeats = ink_option(INK_LGRAD, OPTION_REPEAT) != 0;
@@ -87,7 +87,7 @@ void ink_lgrad_row(const InkRow& row, Color) {
     });
 }
 
-void ink_rgrad_row(const InkRow& row, Color) {
+template <> void paint_row_with<INK_RGRAD>(const InkRow& row, Color) {
     const int center_x = gradient_node(INK_RGRAD, 0), center_y = gradient_node(INK_RGRAD, 1);
     const int radius = ink_option(INK_RGRAD, OPTION_RADIAL_RADIUS);
     const bool repeats = ink_option(INK_RGRAD, OPTION_REPEAT) != 0;

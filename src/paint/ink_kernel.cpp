@@ -74,7 +74,7 @@ template <typename Weigh> void weigh_row(const InkRow& row, int strength, Weigh 
 }  // namespace
 
 // The weights fall from the lower right to the upper left: -2 -1 0, -1 . 1, 0 1 2. The centre counts once, unscaled.
-void ink_emboss_row(const InkRow& row, Color) {
+template <> void paint_row_with<INK_EMBOSS>(const InkRow& row, Color) {
     weigh_row(row, strength_of(INK_EMBOSS),
               [](Component& result, const Lines& lines, const Color* center, int component, int count, double) {
                   const double *const up = lines[0].data(), *const at = lines[1].data(), *const down = lines[2].data();
@@ -88,7 +88,7 @@ void ink_emboss_row(const InkRow& row, Color) {
 }
 
 // The divisor stays 8 at the frame's edges: the missing neighbours count as black.
-void ink_soften_row(const InkRow& row, Color) {
+template <> void paint_row_with<INK_SOFTEN>(const InkRow& row, Color) {
     weigh_row(row, strength_of(INK_SOFTEN),
               [](Component& result, const Lines& lines, const Color* center, int component, int count, double factor) {
                   const double *const up = lines[0].data(), *const at = lines[1].data(), *const down = lines[2].data();

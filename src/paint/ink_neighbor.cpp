@@ -30,7 +30,7 @@ bool has_match_around(BITMAP* bitmap, int x, int y, int tolerance) {
 }  // namespace
 
 // The reference is the brush colour itself. Every pixel of the row is examined, also those outside the tip.
-void ink_close_row(const InkRow& row, Color) {
+template <> void paint_row_with<INK_CLOSE>(const InkRow& row, Color) {
     const int tolerance = strength_of(INK_CLOSE);
     BITMAP* const before = stroke_snapshot();
     const Color reference = brush_color;
@@ -90,7 +90,7 @@ void hollow_chunk_of_run(const TipRun& run, int tolerance, int start, int count)
 
 // A pixel all of whose neighbours match it lies inside a solid area and is erased. A tolerance of 0 matches not even
 // the pixel itself. The mask is not used: soft stamps go on erasing.
-void ink_hollow_row(const InkRow& row, Color) {
+template <> void paint_row_with<INK_HOLLOW>(const InkRow& row, Color) {
     const int tolerance = held_option(INK_HOLLOW, OPTION_HOLLOW_TOLERANCE);
     if (tolerance == 0) return;
     for_each_run(row, [=](const TipRun& run) {
@@ -102,7 +102,7 @@ void ink_hollow_row(const InkRow& row, Color) {
 // ---- JUMBLE, SWEEP, UNZAG ------------------------------------------------------------------------------------------
 
 // All pixels of the row are scattered, also those outside the tip, and every stamp scatters afresh.
-void ink_jumble_row(const InkRow& row, Color) {
+template <> void paint_row_with<INK_JUMBLE>(const InkRow& row, Color) {
     const int reach = strength_of(INK_JUMBLE);
     BITMAP* const before = stroke_snapshot();
     for_each_pixel(row, [=, y = row.y](int x, int) {
@@ -124,7 +124,7 @@ Color mean_neighbor(BITMAP* bitmap, int x, int y) {
 
 // Whether a pixel is a stray is asked of the snapshot, what takes its place of the frame: so a mean of the stroke's own
 // pixels, not of other strays. With no neighbour at all the mean is the pixel itself.
-void ink_sweep_row(const InkRow& row, Color) {
+template <> void paint_row_with<INK_SWEEP>(const InkRow& row, Color) {
     const int tolerance = strength_of(INK_SWEEP);
     BITMAP* const before = stroke_snapshot();
     for_each_pixel(row, [=, y = row.y](int x, int) {
@@ -135,7 +135,7 @@ void ink_sweep_row(const InkRow& row, Color) {
 
 // A corner of a step is softened: where the neighbours on three sides of it agree and it stands out from them, it moves
 // toward their colour.
-void ink_unzag_row(const InkRow& row, Color) {
+template <> void paint_row_with<INK_UNZAG>(const InkRow& row, Color) {
     const int alpha = strength_of(INK_UNZAG);
     constexpr int agree_tolerance = 6, stand_out_tolerance = 20;
     constexpr std::array<Point, 4> diagonals{{{-1, -1}, {1, -1}, {-1, 1}, {1, 1}}};

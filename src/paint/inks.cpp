@@ -2,10 +2,22 @@
 
 #include "paint/surfaces.h"
 #include <algorithm>
+#include <utility>
 
 namespace nubo {
+namespace {
 
-void apply_ink_row(const InkRow& row, Ink ink, Color color) { inks[at(ink)].paint(row, color); }
+static_assert(choices_are_sound<inks>());
+
+using InkPainter = void (*)(const InkRow& row, Color color);
+constexpr auto painters = []<std::size_t... ink>(std::index_sequence<ink...>) {
+    return std::array<InkPainter, INK_COUNT>{paint_row_with<static_cast<Ink>(ink)>...};
+}
+(std::make_index_sequence<INK_COUNT>{});
+
+}  // namespace
+
+void apply_ink_row(const InkRow& row, Ink ink, Color color) { painters[at(ink)](row, color); }
 
 void apply_ink(int x, int y, int ink, Color color, int tip_value) {
     if (ink < 0 || ink >= INK_COUNT || !frame_contains(current_frame, x, y)) return;

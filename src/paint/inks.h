@@ -16,6 +16,9 @@ struct InkRow {
     const Color* colors = nullptr;  // of a paste: a colour for each pixel in the place of the one for all
 };
 
+/// What an ink does with a row: each ink defines its own, in its file in paint/. One that is missing doesn't link.
+template <Ink ink> void paint_row_with(const InkRow& row, Color color);
+
 /// Applies `ink` with `color` to a row, in order from the left. Reads the snapshot of `save_undo`, writes the Frame and
 /// `stroke_mask`. Called by the stroke pipeline, which has clipped the row.
 void apply_ink_row(const InkRow& row, Ink ink, Color color);

@@ -5,7 +5,7 @@
 #include "paint/shape_lines.h"
 #include "paint/stroke.h"
 #include "paint/surfaces.h"
-#include "paint/tool_cases.h"
+#include "paint/tool_table.h"
 #include "paint/undo.h"
 #include "state/messages.h"
 #include "state/run.h"

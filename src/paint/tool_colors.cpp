@@ -3,7 +3,7 @@
 
 #include "paint/stroke.h"
 #include "paint/surfaces.h"
-#include "paint/tool_cases.h"
+#include "paint/tool_table.h"
 #include "state/stroke.h"
 
 namespace nubo {

@@ -3,7 +3,7 @@
 #include "base/geometry.h"
 #include "base/random.h"
 #include "paint/stroke.h"
-#include "paint/tool_cases.h"
+#include "paint/tool_table.h"
 #include "state/flow.h"
 #include "state/frames.h"
 #include "state/run.h"

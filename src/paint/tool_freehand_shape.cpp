@@ -1,7 +1,7 @@
 // FSHAPE: the way of the hand while the button is held, closed and painted when it rises.
 #include "gui/waiting.h"
 #include "paint/shape_in_hand.h"
-#include "paint/tool_cases.h"
+#include "paint/tool_table.h"
 #include "state/flow.h"
 #include "view/view.h"
 #include <cstdlib>

@@ -6,7 +6,7 @@
 #include "paint/shape_generators.h"
 #include "paint/shape_in_hand.h"
 #include "paint/shape_lines.h"
-#include "paint/tool_cases.h"
+#include "paint/tool_table.h"
 #include "paint/tools.h"
 #include "state/flow.h"
 

@@ -1,7 +1,7 @@
 // POLY: a corner for each press, until a right press closes the polygon.
 #include "gui/waiting.h"
 #include "paint/shape_in_hand.h"
-#include "paint/tool_cases.h"
+#include "paint/tool_table.h"
 #include "state/flow.h"
 #include <allegro.h>
 

@@ -13,6 +13,8 @@
 namespace nubo {
 namespace {
 
+static_assert(choices_are_sound<tools>() && rows_are_in_place<tool_rows>());
+
 /// One column of the table, in the first places of a table that the rooms above complete.
 template <std::size_t N, typename Field> consteval std::array<Field, N> column(Field ToolRow::*field) {
     std::array<Field, N> values{};

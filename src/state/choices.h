@@ -2,8 +2,12 @@
 // What a row of the tables of tools and inks is made of: a name, a description, options.
 #include "state/labels.h"
 #include "state/messages.h"
+#include "state/shared.h"
+#include <algorithm>
 #include <array>
 #include <string_view>
+#include <type_traits>
+#include <utility>
 
 namespace nubo {
 
@@ -55,22 +59,55 @@ using Description = std::array<std::string_view, description_lines>;  // the lin
 
 // ---- Checks --------------------------------------------------------------------------------------------------------
 
-/// True when all that the row holds fits: slots, ranges, the width of the lines.
-template <typename Row> constexpr bool row_is_sound(const Row& row) {
-    for (const ChoiceOption& option : row.options) {
-        if (option.kind == KIND_NONE) continue;
-        const bool in_range = option.stored_lowest() <= option.first && option.first <= option.highest;
-        if (!in_range || option.slot < 0 || option.slot >= option_slots) return false;
-        if (find_option(row.options, option.slot) != &option) return false;
-    }
+// A rule that is broken is told by its words and, in the compiler's note, by the enumerator of the row. One file of
+// paint/ asks for each table, so that it is told once.
+
+constexpr bool options_lie_in_slots(const ChoiceOptions& options) {
+    return std::ranges::all_of(options, [](const ChoiceOption& o) { return 0 <= o.slot && o.slot < option_slots; });
+}
+constexpr bool options_begin_in_range(const ChoiceOptions& options) {
+    return std::ranges::all_of(
+        options, [](const ChoiceOption& o) { return o.stored_lowest() <= o.first && o.first <= o.highest; });
+}
+constexpr bool options_share_no_slot(const ChoiceOptions& options) {
+    return std::ranges::all_of(options, [&](const ChoiceOption& option) {
+        return option.kind == KIND_NONE || find_option(options, option.slot) == &option;
+    });
+}
+constexpr bool lines_fit(const Description& description) {
     for (std::size_t line = 0; line < description_lines; ++line)
-        if (row.description[line].size() > description_width) return false;
+        if (description[line].size() > description_width) return false;
     return true;
 }
-template <typename Row, std::size_t N> constexpr bool rows_are_sound(const std::array<Row, N>& rows) {
-    for (const Row& row : rows)
-        if (!row_is_sound(row)) return false;
+
+/// `number` is the row's place as an enumerator, so that the compiler writes its name.
+template <const auto& rows, auto number> consteval bool row_is_in_place() {
+    static_assert(rows[at(number)].number == number, "no row for this enumerator, or not in its place");
     return true;
+}
+template <const auto& rows, auto number> consteval bool choice_is_sound() {
+    constexpr auto& row = rows[at(number)];
+    static_assert(lines_fit(row.description), "a line of this row's description is longer than the box");
+    static_assert(options_lie_in_slots(row.options), "an option of this row lies in none of the slots");
+    static_assert(options_begin_in_range(row.options), "an option of this row begins out of its range");
+    static_assert(options_share_no_slot(row.options), "two options of this row share a slot");
+    return row_is_in_place<rows, number>();
+}
+
+template <const auto& rows> using NumberOf = std::remove_cvref_t<decltype(rows[0].number)>;
+
+/// `rows` by the rule of their places alone, or by all rules of a table of tools or inks.
+template <const auto& rows> consteval bool rows_are_in_place() {
+    return []<std::size_t... row>(std::index_sequence<row...>) {
+        return (row_is_in_place<rows, static_cast<NumberOf<rows>>(row)>() && ...);
+    }
+    (std::make_index_sequence<std::size(rows)>{});
+}
+template <const auto& rows> consteval bool choices_are_sound() {
+    return []<std::size_t... row>(std::index_sequence<row...>) {
+        return (choice_is_sound<rows, static_cast<NumberOf<rows>>(row)>() && ...);
+    }
+    (std::make_index_sequence<std::size(rows)>{});
 }
 
 }  // namespace nubo

@@ -18,8 +18,8 @@ consteval LabelTable with_names(LabelTable table) {
         table[at(label)] = text;
     };
     for (const ToolKind& row : tools)
-        if (row.tool != TOOL_NONE) name(tool_label(row.tool), row.name);
-    for (const InkKind& row : inks) name(ink_label(row.ink), row.name);
+        if (row.number != TOOL_NONE) name(tool_label(row.number), row.name);
+    for (const InkKind& row : inks) name(ink_label(row.number), row.name);
     return table;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 // The brush tools: one table, a row each; and what the drawing menu and the Workspace hold of tools and inks. What the
-// tools do stands in the table of paint/tools.cpp.
+// tools do stands in the table of paint/tool_table.h.
 #include "state/choices.h"
 #include "state/inks.h"
 #include "state/shared.h"
@@ -111,12 +111,13 @@ inline constexpr ChoiceOption antialias{KIND_TOGGLE,
 // ---- The table -----------------------------------------------------------------------------------------------------
 
 struct ToolKind {
-    BrushTool tool;
+    BrushTool number;
     std::string_view name;
     ChoiceOptions options;
     Description description;
 };
 
+/// Held to the rules of `choices_are_sound` by paint/tools.cpp.
 inline constexpr std::array<ToolKind, TOOL_COUNT> tools{{
     {TOOL_NONE, "", {}, {}},
     {TOOL_BOX, "BOX", {of_tool::filled}, {"DRAWS A RECTANGLE.", "USES CURRENT BRUSH", "IF IT'S NOT FILLED."}},
@@ -201,7 +202,6 @@ inline constexpr std::array<ToolKind, TOOL_COUNT> tools{{
      {"PLACE TEXT ON THE", "FRAME USING BITMAP", "OR VECTOR FONTS.", "ANTIALIASING IS AN", "OPTION, AND TEXT IS",
       "DRAWN WITH INK, BUT", "NOT YOUR BRUSH TIP.", "ONLY A SINGLE LINE", "CAN BE DRAWN AT A", "TIME WITH THIS TOOL."}},
 }};
-static_assert(rows_in_order(tools, &ToolKind::tool) && rows_are_sound(tools));
 
 /// What a description box shows by its number: tool n, or ink n at `ink_description_first` + n. Null for another.
 inline constexpr int ink_description_first = 30;

@@ -5,7 +5,7 @@
 #include "paint/shape_generators.h"
 #include "paint/shape_lines.h"
 #include "paint/stroke.h"
-#include "paint/tool_cases.h"
+#include "paint/tool_table.h"
 #include "state/messages.h"
 #include "state/shape.h"
 
