@@ -1,4 +1,6 @@
 #include "paint/stroke.h"
+#include "paint/tool_table.h"
+#include "state/shape.h"
 
 #include "harness/user.h"
 
@@ -88,6 +90,27 @@ TEST_F(StrokeTest, StampPaintsThePixelsOfTheCellThatLieInTheFrame) {
                     << fx << "," << fy << " of a stamp at " << x << "," << y;
             }
     }
+}
+
+TEST_F(StrokeTest, EveryToolPaintsInTheColorOfItsStroke) {
+    constexpr Color stroke_color = 0x123456;
+    for (int tool = TOOL_BOX; tool < TOOL_COUNT; ++tool)
+        for (const int filled_or_tolerance : {0, 1}) {
+            if (tool_rows[at(tool)].commit == nullptr || tool == TOOL_SPRAY) continue;  // SPRAY waits for a tick
+            new_frame(60, 40);
+            *pixels_at(current_frame, 9, 8) = 0x808080;  // a rim for EDGE
+            tool_slots[0] = tool;
+            ink_slots[0] = INK_OPAQUE;
+            tool_options[at(tool)][OPTION_FILLED] = filled_or_tolerance;
+            click_points[0] = {8, 8}, click_points[1] = {20, 20};
+            point_list = {{8, 8}, {30, 8}, {20, 20}};
+            previous_point = no_point;
+            draw_to_frame(8, 8, tool, INK_OPAQUE, 0, stroke_color);
+            EXPECT_EQ(count_pixels(brush_color), 0) << tool;
+            const bool holds_nothing =
+                filled_or_tolerance == 0 && (tool == TOOL_EDGE || tool == TOOL_FILL || tool == TOOL_SEP);
+            EXPECT_EQ(count_pixels(stroke_color) > 0, !holds_nothing) << tool;
+        }
 }
 
 TEST_F(StrokeTest, DiscFillsTheRowsOfItsCircle) {
