@@ -69,7 +69,7 @@ void vector_move_threshold(int who, int x, int y, int z, int speed, int delay, i
     actor::Fine_z[w] = from_z * fine_per_pixel;
     actor::Vel_x[w] = axis_speed(speed, x - from_x, longest);
     actor::Vel_y[w] = axis_speed(speed, y - from_y, longest);
-    actor::Vel_z[w] = -axis_speed(speed, z - from_z, longest);  // the behaviour takes it off the height
+    actor::Vel_z[w] = axis_speed(speed, from_z - z, longest);  // the behaviour takes it off the height
     const std::array params{from_x, from_y, from_z, x, y, z, threshold, checks_a_run};
     for (std::size_t i = 0; i < params.size(); ++i) actor::Behavior_param[w][slot][i] = params[i];
     actor::Behavior_delay[w][slot] = delay;
