@@ -4,6 +4,7 @@
 
 #include "base/color.h"
 #include "base/keys.h"
+#include "editor/commands.h"
 #include "state/options.h"
 #include "state/run.h"
 #include "state/stroke.h"
@@ -117,6 +118,7 @@ bool set_first_scheme(const ArtSource& source) {
 
 void set_first_settings() {
     constexpr int cursor_keeps_its_size = 1;
+    hand_over_commands();
     default_hotkeys();
     set_second_keys();
     set_option_defaults();

@@ -1,6 +1,8 @@
 #include "base/keys.h"
 
 #include "base/log.h"
+#include "state/commands.h"
+#include <algorithm>
 #include <allegro.h>
 
 namespace nubo {
@@ -8,64 +10,17 @@ namespace {
 
 constexpr int modifier_bits = key_ctrl | key_alt | key_shift;
 
-/// Key values, 0 none.
-struct DefaultKeys {
-    Hotkey action;
-    int primary, alternate;
-};
+bool is_mapped(int key) {
+    return std::ranges::any_of(hotkeys,
+                               [key](const auto& row) { return row[KEY_PRIMARY] == key || row[KEY_ALTERNATE] == key; });
+}
 
-// PASTE and JUMP have alternates for keyboards without a key of its own for ` or \: Italian, Swedish, Turkish.
-// clang-format off
-constexpr std::array<DefaultKeys, HOTKEY_COUNT> default_keys{{
-    {HOTKEY_CEL_GET,           KEY_ESC,           0},
-    {HOTKEY_CEL_CLIP,          KEY_TAB,           0},
-    {HOTKEY_CEL_PASTE,         KEY_TILDE,         KEY_F4},
-    {HOTKEY_CEL_BELOW,         0,                 0},
-    {HOTKEY_CEL_ONE_COLOR,     0,                 0},
-    {HOTKEY_CEL_TURN,          0,                 0},
-    {HOTKEY_PIC_CLEAR,         KEY_X,             0},
-    {HOTKEY_PIC_RESTORE,       KEY_R,             0},
-    {HOTKEY_PIC_SAVE,          KEY_F5,            0},
-    {HOTKEY_PIC_LOAD,          KEY_F9,            0},
-    {HOTKEY_FRAME_CLONE,       0,                 0},
-    {HOTKEY_FRAME_INSERT,      0,                 0},
-    {HOTKEY_FRAME_RESIZE,      0,                 0},
-    {HOTKEY_FRAME_DELETE,      0,                 0},
-    {HOTKEY_PAN_UP,            KEY_UP,            KEY_W},
-    {HOTKEY_PAN_DOWN,          KEY_DOWN,          KEY_S},
-    {HOTKEY_PAN_LEFT,          KEY_LEFT,          KEY_A},
-    {HOTKEY_PAN_RIGHT,         KEY_RIGHT,         KEY_D},
-    {HOTKEY_QUICK_PAN,         KEY_0_PAD,         0},
-    {HOTKEY_FRAME_NEXT,        KEY_PGDN,          0},
-    {HOTKEY_FRAME_PREVIOUS,    KEY_DEL,           0},
-    {HOTKEY_FRAME_FIRST,       KEY_HOME,          0},
-    {HOTKEY_FRAME_LAST,        KEY_END,           0},
-    {HOTKEY_FRAME_CENTER,      KEY_5_PAD,         0},
-    {HOTKEY_BRUSH_EYEDROPPER,  KEY_F1,            0},
-    {HOTKEY_MASK_EYEDROPPER,   KEY_F2,            0},
-    {HOTKEY_COLOR_MENU,        KEY_C,             0},
-    {HOTKEY_BRUSH_TIP,         KEY_B,             0},
-    {HOTKEY_BRUSH_TOOL,        KEY_7_PAD,         0},
-    {HOTKEY_INK,               KEY_9_PAD,         0},
-    {HOTKEY_TOGGLE_MENU,       KEY_BACKSPACE,     0},
-    {HOTKEY_MEASURE,           KEY_F12,           0},
-    {HOTKEY_FRAME_JUMP,        KEY_BACKSLASH,     KEY_BACKSLASH2},
-    {HOTKEY_TOOL_OPTION,       KEY_INSERT,        0},
-    {HOTKEY_INK_OPTION,        KEY_PGUP,          0},
-    {HOTKEY_COPY,              key_ctrl | KEY_C,  0},
-    {HOTKEY_PASTE,             key_ctrl | KEY_V,  0},
-    {HOTKEY_UNDO,              KEY_U,             0},
-    {HOTKEY_REDO,              key_shift | KEY_U, 0},
-    {HOTKEY_ZOOM_IN,           KEY_PLUS_PAD,      0},
-    {HOTKEY_ZOOM_OUT,          KEY_MINUS_PAD,     0},
-    {HOTKEY_FAVORITES,         KEY_P,             0},
-    {HOTKEY_EXIT,              KEY_Q,             0},
-    {HOTKEY_RAPID_EXIT,        0,                 0},
-    {HOTKEY_CEL_FLIP_ACROSS,   KEY_H,             0},
-    {HOTKEY_CEL_FLIP_DOWN,     KEY_V,             0},
-}};
-// clang-format on
-static_assert(rows_in_order(default_keys, &DefaultKeys::action));
+void give_default_keys(const Command& row) {
+    auto& keys = hotkeys[at(row.action)];
+    if (keys[KEY_PRIMARY] != 0 || keys[KEY_ALTERNATE] != 0) return;
+    if (!is_mapped(row.primary)) keys[KEY_PRIMARY] = row.primary;
+    if (!is_mapped(row.alternate)) keys[KEY_ALTERNATE] = row.alternate;
+}
 
 }  // namespace
 
@@ -95,10 +50,18 @@ bool hotkey_held(Hotkey action) {
 }
 
 void default_hotkeys() {
-    for (const DefaultKeys& row : default_keys) {
+    for (const Command& row : commands) {
         if (row.action == HOTKEY_RAPID_EXIT) continue;
         hotkeys[at(row.action)][KEY_PRIMARY] = row.primary;
         hotkeys[at(row.action)][KEY_ALTERNATE] = row.alternate;
+    }
+}
+
+void offer_new_keys(bool only_noted) {
+    for (const Command& row : commands) {
+        if (row.action < first_new_hotkey || (row.primary == 0 && row.alternate == 0)) continue;
+        if (!hotkey_offered[at(row.action)] && !only_noted) give_default_keys(row);
+        hotkey_offered[at(row.action)] = true;
     }
 }
 

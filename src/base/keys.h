@@ -20,7 +20,11 @@ KeyState key_state(int value, int modifiers);
 /// True while a key of the action's row is down with exactly its modifiers.
 bool hotkey_held(Hotkey action);
 
-/// Sets the default keys of all rows of the key table that have one; the others keep theirs.
+/// Sets the default keys of all rows of the key table but that of the rapid exit, which keeps its own.
 void default_hotkeys();
+
+/// Gives each new row without a key its default keys, once: not if it was offered them before, and none that another
+/// row has. With `only_noted` they count as offered and none is given.
+void offer_new_keys(bool only_noted);
 
 }  // namespace nubo

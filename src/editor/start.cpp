@@ -4,6 +4,7 @@
 #include "base/log.h"
 #include "base/random.h"
 #include "codecs/png.h"
+#include "editor/commands.h"
 #include "editor/graphics.h"
 #include "editor/handlers.h"
 #include "editor/stop.h"
@@ -226,6 +227,7 @@ std::optional<int> start_program(const std::vector<std::string>& files) {
     watch_window();
     if (font_system_init() != 0) return refuse("Error while initializing the font layer"), no_font_layer;
     UA_log("[ INIT ] : Framework initialized");
+    hand_over_commands();
     load_user_settings();
     UA_log("[ INIT ] : User settings loaded from file");
     if (!find_resource_folder()) return cannot_start;

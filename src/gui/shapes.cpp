@@ -4,6 +4,7 @@
 #include "base/random.h"
 #include "framework/text.h"
 #include "gui/stripes.h"
+#include "state/commands.h"
 #include "state/resources.h"
 #include "state/run.h"
 #include "state/texts_labels.h"
@@ -84,6 +85,8 @@ void GUI_center_text(int slot, std::string_view text, TextColor color) {
 }
 
 std::string_view text_of_label(int label) {
+    const std::size_t command = static_cast<std::size_t>(label) - LABEL_HOTKEY_FIRST;
+    if (command < commands.size()) return commands[command].name;
     return label > LABEL_NONE && label < LABEL_SLOTS ? label_text[at(label)] : std::string_view{};
 }
 

@@ -1,5 +1,6 @@
 #pragma once
-// The actions that have a key. What each does stands in editor/hotkeys.cpp.
+// The actions that have a key, and the keys that they have. The name, the default keys and what it runs are a row of
+// editor/commands.cpp.
 #include "state/shared.h"
 #include <array>
 
@@ -56,10 +57,14 @@ enum Hotkey : int {
 };
 
 inline constexpr int hotkey_rows = 64, hotkey_rows_stored = 62;  // rows from HOTKEY_COUNT on exist and do nothing
+// From here on the actions are younger than the first settings files, which hold no keys of theirs (`offer_new_keys`).
+inline constexpr Hotkey first_new_hotkey = HOTKEY_CEL_FLIP_ACROSS;
 enum KeySide : int { KEY_PRIMARY, KEY_ALTERNATE, KEY_SIDES };
 inline constexpr int key_ctrl = 0x400, key_alt = 0x800, key_shift = 0x1000;  // modifier bits of a key value
 inline constexpr int key_code_max = 105;  // Allegro's key codes 1 to 105; 0: unmapped
 inline constinit std::array<std::array<Shared<int>, KEY_SIDES>, hotkey_rows> hotkeys{};
+/// Of a new action: its default keys have been offered, so that none means none. Stored with the keys. Main flow only.
+inline constinit std::array<bool, hotkey_rows> hotkey_offered{};
 inline constexpr int key_codes = 128;                             // one more than the highest, with the modifiers'
 inline constinit std::array<Shared<char>, key_codes> key_down{};  // by Allegro's key code; renewed with the mouse
 

@@ -1,6 +1,5 @@
 #pragma once
 // Every word that stands on the interface itself. GUI elements hold index numbers, never texts.
-#include "state/hotkeys.h"
 
 namespace nubo {
 
@@ -55,7 +54,7 @@ enum HelpTopic : int {
 
 // ---- Indexes -------------------------------------------------------------------------------------------------------
 
-/// Index into `label_text` (state/texts_labels.h). Tools, inks, drives, actions and help topics have their names by
+/// Index into `label_text` (state/texts_labels.h). Tools, inks, drives, commands and help topics have their names by
 /// rule, see the functions below, `tool_label` and `ink_label`.
 enum Label : int {
     LABEL_NONE = 0,
@@ -341,7 +340,7 @@ enum Label : int {
     LABEL_NOT_SAVED_LAST,
     LABEL_PREVIOUS_WORKSPACE,
     LABEL_WORK_WILL_BE_LOST,
-    LABEL_HOTKEY_FIRST = 400,  // Hotkey n at 400 + n
+    LABEL_HOTKEY_FIRST = 400,  // Hotkey n at 400 + n: the name of its command
     LABEL_PREVIOUS_BRINGS_BACK = 470,
     LABEL_PREVIOUS_TITLE,
     LABEL_PREVIOUS_IS_WHOLE,
@@ -351,9 +350,6 @@ enum Label : int {
 };
 
 inline constexpr int drive_count = 26;
-constexpr Label hotkey_label(Hotkey action) {
-    return static_cast<Label>(LABEL_HOTKEY_FIRST + static_cast<int>(action));
-}
 constexpr Label help_label(HelpTopic topic) { return static_cast<Label>(LABEL_HELP_FIRST + static_cast<int>(topic)); }
 /// `drive` 0 to 25: its letter's place in the alphabet.
 constexpr Label drive_label(int drive) { return static_cast<Label>(LABEL_DRIVE_FIRST + drive); }

@@ -19,6 +19,7 @@ struct FieldRange {
     const char* name;  // for the log
     int low, high;     // both included
     int fallback;      // taken when the file's value is outside; a missing one leaves what stands
+    int mark = 0;      // bits that may stand beside the number
 };
 inline constexpr int any_low = std::numeric_limits<int>::min(), any_high = std::numeric_limits<int>::max();
 constexpr FieldRange any_number(const char* name) { return {name, any_low, any_high, 0}; }
@@ -102,7 +103,7 @@ private:
         std::uint32_t read = 0;
         if (!take(size, read)) return;
         const auto number = static_cast<std::int32_t>(read);
-        const bool in_range = number >= range.low && number <= range.high;
+        const bool in_range = (number & ~range.mark) >= range.low && (number & ~range.mark) <= range.high;
         if (!in_range) report(range.name, number, range.fallback);
         value = in_range ? number : range.fallback;
     }

@@ -1,6 +1,7 @@
 #include "workspace/user_settings.h"
 
 #include "base/color.h"
+#include "base/keys.h"
 #include "platform/input_file.h"
 #include "platform/safe_file.h"
 #include "state/gui.h"
@@ -29,6 +30,19 @@ FieldRange range_of(const Word& word) {
 
 std::string settings_path() { return resource_folder().file(settings_file); }
 
+/// The keys of a row. One that has none, since the user has taken them away, holds a mark in their place: else it would
+/// be offered its default keys again.
+template <class Fields> void walk_keys(Fields& fields, std::size_t row) {
+    constexpr int offered = 0x10000, highest = key_code_max | modifiers | 0x7f;
+    auto& [primary, alternate] = hotkeys[row];
+    fields.word(primary, {"a key", 0, highest, 0});
+    const bool is_marked = hotkey_offered[row] && primary == 0 && alternate == 0;
+    int stored = alternate | (is_marked ? offered : 0);
+    fields.word(stored, {"a key", 0, highest, 0, offered});
+    alternate = stored & ~offered;
+    hotkey_offered[row] |= (stored & offered) != 0;
+}
+
 template <class Fields> void walk_settings(Fields& fields) {
     constexpr FieldRange volume{"a volume", 0, 255, 255};
     const auto option = [&](Word& word) { fields.word(word, range_of(word)); };
@@ -39,8 +53,7 @@ template <class Fields> void walk_settings(Fields& fields) {
     fields.byte(music_volume, volume);
     fields.byte(opt_undo_depth, range_of(opt_undo_depth));
     fields.byte(opt_tool_distance, range_of(opt_tool_distance));
-    for (std::size_t row = 0; row < hotkey_rows_stored; ++row)
-        for (Shared<int>& key : hotkeys[row]) fields.word(key, {"a key", 0, key_code_max | modifiers | 0x7f, 0});
+    for (std::size_t row = 0; row < hotkey_rows_stored; ++row) walk_keys(fields, row);
     option(power_saving);
     option(opt_gif_reduction);
     option(opt_zoom_preview);
@@ -79,25 +92,36 @@ void set_first_run_defaults() {
     opt_crosshair_color = static_cast<int>(pack_color(254, 254, 254));
 }
 
-}  // namespace
-
-void load_user_settings() {
-    load_browse_places();
-    set_first_run_defaults();
+/// True if there was a file and it could be read, whole or in part.
+bool read_settings() {
     const std::string path = settings_path();
-    if (!file_exists(path))
-        return UA_log("[ INFO ] : Couldn't locate the user settings file. Assuming default settings.");
+    if (!file_exists(path)) {
+        UA_log("[ INFO ] : Couldn't locate the user settings file. Assuming default settings.");
+        return false;
+    }
     std::vector<std::uint8_t> bytes;
     if (!read_file(path, settings_bytes, bytes)) {
         UA_log("[ ERROR ] : The user settings file can't be read. Assuming default settings.");
         keep_unread(path);
-        return mark_damage();
+        mark_damage();
+        return false;
     }
     FieldReader fields(bytes, settings_file);
     walk_settings(fields);
     frame_pacing = frame_pacing != 0 ? 1 : 0;
     drop_impossible_keys();
     if (!fields.finish()) mark_damage();
+    return true;
+}
+
+}  // namespace
+
+void load_user_settings() {
+    load_browse_places();
+    set_first_run_defaults();
+    hotkey_offered.fill(false);
+    const bool has_read = read_settings();
+    offer_new_keys(/*only_noted=*/!has_read);
 }
 
 bool save_user_settings() {

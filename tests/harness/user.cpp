@@ -1,6 +1,7 @@
 #include "harness/user.h"
 #include "base/keys.h"
 
+#include "editor/commands.h"
 #include "editor/handlers.h"
 #include "editor/loop.h"
 #include "editor/screen.h"
@@ -175,6 +176,7 @@ void make_screen() {
 EditorTest::EditorTest() {
     make_screen();
     UA_initialize_variables();
+    hand_over_commands();
     default_hotkeys();
     hand_over_windows();
     draw_test_tips();

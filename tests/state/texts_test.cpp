@@ -1,5 +1,7 @@
 // The interface's texts: what the fonts, the boxes and the status bar ask of every one of them.
 #include "harness/harness.h"
+#include "editor/commands.h"
+#include "state/commands.h"
 #include "state/messages.h"
 #include "state/options.h"
 #include "state/texts_help.h"
@@ -40,6 +42,8 @@ template <typename Table> void expect_readable(const Table& table) {
 TEST(Texts, UseUpperCaseOfTheFontsCharactersAndWholeColourCodes) {
     expect_readable(tooltip_text);
     expect_readable(label_text);
+    hand_over_commands();
+    for (const Command& row : commands) expect_readable(std::array{row.name});
     for (const ToolKind& tool : tools) expect_readable(tool.description);
     for (const InkKind& ink : inks) expect_readable(ink.description);
     expect_readable(key_names);

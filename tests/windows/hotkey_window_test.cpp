@@ -91,6 +91,7 @@ TEST_F(HotkeyWindowTest, DuplicatesAreRedAndOkayAsksForThem) {
 
 TEST_F(HotkeyWindowTest, DefaultsLeaveTheRapidExitAndLeavingTakesAllBack) {
     hotkeys[HOTKEY_UNDO][KEY_PRIMARY] = KEY_J;
+    hotkeys[HOTKEY_CEL_FLIP_DOWN][KEY_PRIMARY] = 0;
     hotkeys[HOTKEY_RAPID_EXIT][KEY_PRIMARY] = KEY_F3;
     play_on(
         [] {
@@ -102,6 +103,7 @@ TEST_F(HotkeyWindowTest, DefaultsLeaveTheRapidExitAndLeavingTakesAllBack) {
             co_await user.wait(8);
             co_await click(user, HOTKEYS_DEFAULTS);
             EXPECT_EQ(hotkeys[HOTKEY_UNDO][KEY_PRIMARY], KEY_U);
+            EXPECT_EQ(hotkeys[HOTKEY_CEL_FLIP_DOWN][KEY_PRIMARY], KEY_V) << "of the rows that came later too";
             EXPECT_EQ(hotkeys[HOTKEY_RAPID_EXIT][KEY_PRIMARY], KEY_F3);
             co_await click(user, HOTKEYS_CANCEL);
             co_await click(user, HOTKEYS_DEFAULTS);

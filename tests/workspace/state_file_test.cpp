@@ -1,3 +1,4 @@
+#include "editor/commands.h"
 #include "harness/user.h"
 #include "platform/input_file.h"
 #include "state/hotkeys.h"
@@ -299,6 +300,43 @@ TEST_F(WorkspaceTest, KeysThatNoKeyboardHasAreUnmapped) {
             EXPECT_EQ(hotkeys[HOTKEY_UNDO][KEY_ALTERNATE], key <= key_code_max ? modifier | key : 0);
         }
     EXPECT_EQ(workspace_damaged, 0);
+}
+
+struct OfferCase {
+    int primary, alternate;  // of FLIP ACROSS in the file; by default H
+    int other;               // GET's key in it
+    int given, stored;       // its primary key from then on, the alternate that the file holds next
+};
+
+TEST_F(WorkspaceTest, NewKeysReachWhoHasSettingsOnceAndTakeNoKeyAway) {
+    constexpr std::size_t get_at = 6, flip_at = 6 + 44 * 8;
+    constexpr int offered = 0x10000;
+    constexpr OfferCase cases[] = {{0, 0, 0, KEY_H, 0},     {0, 0, KEY_H, 0, offered}, {0, offered, 0, 0, offered},
+                                   {KEY_J, 0, 0, KEY_J, 0}, {0, KEY_J, 0, 0, KEY_J},   {KEY_J, offered, 0, KEY_J, 0}};
+    const auto stored_alternate = [] {
+        Bytes bytes;
+        EXPECT_TRUE(save_user_settings() && read_file("resource/user.def", SIZE_MAX, bytes));
+        return bytes.at(flip_at + 4) << 24 | bytes[flip_at + 5] << 16 | bytes[flip_at + 6] << 8 | bytes[flip_at + 7];
+    };
+    hand_over_commands();
+    load_user_settings();
+    EXPECT_EQ(hotkeys[HOTKEY_CEL_FLIP_ACROSS][KEY_PRIMARY], 0) << "without a file no key is mapped";
+    EXPECT_EQ(stored_alternate(), offered) << "nor at the next start";
+    for (const OfferCase& one : cases) {
+        Bytes bytes(614, 0);
+        put_word(bytes, get_at, one.other);
+        put_word(bytes, flip_at, one.primary);
+        put_word(bytes, flip_at + 4, one.alternate);
+        ASSERT_TRUE(write_file("resource/user.def", bytes.data(), bytes.size()));
+        load_user_settings();
+        EXPECT_EQ(hotkeys[HOTKEY_CEL_FLIP_ACROSS][KEY_PRIMARY], one.given) << &one - cases;
+        EXPECT_EQ(hotkeys[HOTKEY_CEL_FLIP_ACROSS][KEY_ALTERNATE], one.stored & ~offered) << &one - cases;
+        EXPECT_EQ(stored_alternate(), one.stored) << &one - cases;
+    }
+    hotkeys[HOTKEY_CEL_FLIP_DOWN][KEY_PRIMARY] = 0;  // V, which has come the same way
+    ASSERT_TRUE(save_user_settings());
+    load_user_settings();
+    EXPECT_EQ(hotkeys[HOTKEY_CEL_FLIP_DOWN][KEY_PRIMARY], 0) << "taken away, it stays away";
 }
 
 TEST_F(WorkspaceTest, SettingsThatCantBeReadAreKeptAsideAndTheDefaultsHold) {
