@@ -8,7 +8,7 @@ namespace nubo {
 namespace {
 
 constexpr std::array toolkit_rows{
-    DrawerRow{ELEMENT_TEXT, draw_value_text},
+    DrawerRow{ELEMENT_TEXT, draw_caption},
     DrawerRow{ELEMENT_CONSOLE, draw_console},
     DrawerRow{ELEMENT_CAPTION, draw_caption},
     DrawerRow{ELEMENT_SWATCH_WAIT, draw_swatch_wait},

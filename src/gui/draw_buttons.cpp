@@ -15,20 +15,14 @@ TextColor text_color_in(int slot) { return static_cast<TextColor>(int{text_color
 /// A rounded box with the label in its middle.
 void labeled_box(int slot, Color fill, TextColor text) {
     GUI_box(slot, fill, ui_border);
-    GUI_center_label(slot, text);
+    GUI_center_text_of(slot, text);
 }
 
 }  // namespace
 
 // ---- Text without a box --------------------------------------------------------------------------------------------
 
-/// The string at `value_text`.
-void draw_value_text(int slot) {
-    const char* const text = gui::value_text[at(slot)];
-    if (text != nullptr) GUI_center_text(slot, text, text_color_in(slot));
-}
-
-void draw_caption(int slot) { GUI_center_label(slot, text_color_in(slot)); }
+void draw_caption(int slot) { GUI_center_text_of(slot, text_color_in(slot)); }
 
 void draw_number(int slot) {
     constexpr int too_large = 1000;

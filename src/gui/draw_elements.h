@@ -8,7 +8,6 @@ void draw_slider(int slot);  // over any element with `has_slider`
 
 // ---- Captions, titles, buttons: draw_buttons.cpp -------------------------------------------------------------------
 
-void draw_value_text(int slot);
 void draw_caption(int slot);
 void draw_title(int slot);
 void draw_button(int slot);

@@ -90,8 +90,13 @@ std::string_view text_of_label(int label) {
     return label > LABEL_NONE && label < LABEL_SLOTS ? label_text[at(label)] : std::string_view{};
 }
 
-void GUI_center_label(int slot, TextColor color) {
-    const std::string_view text = text_of_label(gui::label[at(slot)]);
+std::string_view text_of(int slot) {
+    const char* const own = gui::value_text[at(slot)];
+    return own != nullptr ? own : text_of_label(gui::label[at(slot)]);
+}
+
+void GUI_center_text_of(int slot, TextColor color) {
+    const std::string_view text = text_of(slot);
     if (!text.empty()) GUI_center_text(slot, text, color);
 }
 

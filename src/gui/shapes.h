@@ -29,7 +29,9 @@ void GUI_ants(int x1, int y1, int x2, int y2);
 int shown_length(std::string_view text);
 /// One line centred in the element, in the wide font.
 void GUI_center_text(int slot, std::string_view text, TextColor color);
-void GUI_center_label(int slot, TextColor color);
+void GUI_center_text_of(int slot, TextColor color);
+/// What the element says: its own text, or else its label's.
+std::string_view text_of(int slot);
 /// The text of a label; empty for LABEL_NONE and numbers outside the table.
 std::string_view text_of_label(int label);
 

@@ -32,6 +32,7 @@ void build_window_at(const WindowRow& window, int x, int y) {
     clear_slots(base, window.child_count);
     GUI_add_window(x, y, window.w, window.h, window.child_count, base);
     GUI_add_title(x + title_offset, y + title_offset, window.title_w, window.title, base);
+    gui::value_text[at(base + slot_title)] = window.title_text;
     // A drag is stored in the row of the window's number, unless the title names another one.
     if (window.place != POS_NONE && static_cast<int>(window.place) != static_cast<int>(window.id))
         gui::drag_id[at(base + slot_title)] = static_cast<std::int16_t>(window.place);
@@ -53,6 +54,7 @@ void build_element(const ElementRow& row, int x, int y, int base) {
     gui::w[s] = static_cast<std::int16_t>(row.w);
     gui::h[s] = static_cast<std::int16_t>(row.h);
     gui::color[s] = shows_text_color(row.type) ? static_cast<int>(row.text_color) : static_cast<int>(*row.fill);
+    gui::value_text[s] = row.text;
     gui::tooltip[s] = static_cast<std::int16_t>(row.tooltip);
     gui::left_action[s] = static_cast<std::int16_t>(row.left);
     gui::right_action[s] = static_cast<std::int16_t>(row.right);

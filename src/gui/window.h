@@ -25,6 +25,7 @@ struct ElementRow {
     const Color* fill = &ui_background;
     TextColor text_color = TEXT_OWN_COLORS;
     SliderRange range{};
+    const char* text = nullptr;  // what it says where no label does; lives as long as the element
 };
 
 /// A right press with no element under it: does nothing, cancels the window, or hides it and shows it again.
@@ -40,6 +41,7 @@ struct WindowRow {
     int w = 0, h = 0;
     int child_count = 0;  // slots that it uses, window and title included
     Label title = LABEL_NONE;
+    const char* title_text = nullptr;  // the title where no label has it
     int title_w = 0;
     std::span<const ElementRow> elements{};  // from slot 2 on
     int base = slot_window;                  // its first slot; the slots above count from it

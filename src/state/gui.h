@@ -122,7 +122,7 @@ inline constinit std::array<Word, gui_slots> click{};  // of the last action: se
 // What it shows.
 inline constinit std::array<Word, gui_slots> color{};  // fill; for some types a text colour row or a frame number
 inline constinit std::array<Word, gui_slots> label{};  // a Label; for some types a number
-inline constinit std::array<Shared<const char*>, gui_slots> value_text{};  // the string that it shows, by type
+inline constinit std::array<Shared<const char*>, gui_slots> value_text{};  // what it says, before `label`
 inline constinit std::array<Shared<Word*>, gui_slots> value_ptr{};         // the int that it shows or sets, by type
 inline constinit std::array<std::array<Shared<char>, panel_text_size>, gui_slots> panel_text{};
 inline constinit std::array<Short, gui_slots> tooltip{};       // a Message, 0 none

@@ -10,7 +10,7 @@ void scheme_box(int slot, SchemeColor fill) { GUI_box(slot, color_scheme[fill], 
 
 void labeled_box(int slot, SchemeColor fill, TextColor text) {
     scheme_box(slot, fill);
-    GUI_center_label(slot, text);
+    GUI_center_text_of(slot, text);
 }
 
 }  // namespace

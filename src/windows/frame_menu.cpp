@@ -19,12 +19,13 @@ void insert_frame(bool blank, Message message) {
     flash_message(message);
 }
 
-constexpr std::array<MenuItem, 5> frame_items{{
+constexpr std::array<MenuItem, 6> frame_items{{
     {LABEL_CLONE, MESSAGE_FRAME_CLONE, clone_frame},
     {LABEL_INSERT, MESSAGE_FRAME_INSERT, insert_blank_frame},
     {LABEL_RESIZE, MESSAGE_FRAME_RESIZE, resize_window},
     {LABEL_DELETE, MESSAGE_FRAME_DELETE, ask_to_delete_frame},
     {LABEL_CENTER, MESSAGE_CENTER_VIEW, center_frame},
+    empty_row,
 }};
 constexpr ActivityMenu menu{.id = WINDOW_FRAME_MENU, .title = LABEL_FRAME, .items = frame_items};
 

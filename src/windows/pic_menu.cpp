@@ -7,12 +7,13 @@
 namespace nubo {
 namespace {
 
-constexpr std::array<MenuItem, 5> pic_items{{
+constexpr std::array<MenuItem, 6> pic_items{{
     {LABEL_PIC_CLEAR, MESSAGE_PIC_CLEAR, clear_frame},
     {LABEL_PIC_RESTORE, MESSAGE_PIC_RESTORE, restore_frame},
     {LABEL_PIC_SHEET, MESSAGE_PIC_SHEET, sheet_tool},
     {LABEL_PIC_SAVE, MESSAGE_PIC_SAVE, save_frame_command},
     {LABEL_PIC_LOAD, MESSAGE_PIC_LOAD, load_frame_command},
+    empty_row,
 }};
 constexpr ActivityMenu menu{.id = WINDOW_PIC_MENU, .title = LABEL_PIC, .items = pic_items};
 

@@ -14,7 +14,7 @@
 namespace nubo {
 namespace {
 
-constexpr std::array<MenuItem, 7> user_items{{
+constexpr std::array<MenuItem, 8> user_items{{
     {LABEL_OPTIONS, MESSAGE_USER_OPTIONS, options_window},
     {LABEL_KEYS, MESSAGE_USER_KEYS, hotkey_window},
     {LABEL_SCHEME, MESSAGE_NONE, scheme_window},
@@ -22,13 +22,9 @@ constexpr std::array<MenuItem, 7> user_items{{
     {LABEL_WORKSPACE, MESSAGE_USER_WORKSPACE, workspace_window},
     {LABEL_ABOUT, MESSAGE_USER_ABOUT, about_box},
     {LABEL_QUIT, MESSAGE_USER_QUIT, ask_to_quit},
+    empty_row,
 }};
-constexpr ActivityMenu menu{.id = WINDOW_USER_MENU,
-                            .title = LABEL_USER,
-                            .left_of_button = 18,
-                            .downward_below = 92,
-                            .above_button = 92,
-                            .items = user_items};
+constexpr ActivityMenu menu{.id = WINDOW_USER_MENU, .title = LABEL_USER, .left_of_button = 18, .items = user_items};
 
 }  // namespace
 

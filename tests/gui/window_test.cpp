@@ -1,4 +1,5 @@
 // Windows: building them, carrying them about, asking the user.
+#include "gui/shapes.h"
 #include "gui/sliders.h"
 #include "gui/snapshot.h"
 #include "gui_kit.h"
@@ -18,6 +19,20 @@ constexpr WindowRow window{.id = WINDOW_TOOL,
                            .title = LABEL_BRUSHES,
                            .title_w = 72,
                            .elements = {&row, 1}};
+
+TEST_F(GuiTest, ARowsOwnWordsStandForALabel) {
+    ElementRow worded = row;
+    WindowRow worded_window = window;
+    worded.text = "AMOUNT";
+    worded_window.title_text = "SOFTEN";
+    worded_window.elements = {&worded, 1};
+    build_window(worded_window);
+    EXPECT_EQ(text_of(slot_title), "SOFTEN");
+    EXPECT_EQ(text_of(slot_content), "AMOUNT");
+    build_window(window);
+    EXPECT_EQ(text_of(slot_title), "BRUSHES");
+    EXPECT_EQ(text_of(slot_content), "OKAY");
+}
 
 TEST_F(GuiTest, AWindowIsCarriedWithoutAButtonAndStaysOnTheScreen) {
     build_window(window);

@@ -1,7 +1,8 @@
 // Every window of the drawing menu, as it stands when it is opened: on the screen, readable, each element reachable.
+#include "gui/shapes.h"
 #include "harness/windows.h"
 #include "menus_kit.h"
-#include "state/texts_labels.h"
+#include "state/texts_table.h"
 
 namespace nubo {
 namespace {
@@ -38,9 +39,9 @@ void check_element(int slot, const std::string& where) {
     const int border = slot == slot_window ? 1 : 0;  // of a window, at x + w and y + h
     EXPECT_TRUE(gui::x[s] >= 0 && gui::x[s] + gui::w[s] + border <= view_w) << where;
     EXPECT_TRUE(gui::y[s] >= 0 && gui::y[s] + gui::h[s] + border <= view_h) << where;
-    const bool is_spare = gui::label[s] == LABEL_NONE && gui::type[s] == ELEMENT_BUTTON && !takes_press(slot);
+    const bool is_spare = text_of(slot).empty() && gui::type[s] == ELEMENT_BUTTON && !takes_press(slot);
     if (shows_label(slot) && !is_spare) {
-        const auto text = label_text[at(gui::label[s])];
+        const auto text = text_of(slot);
         EXPECT_NE(text, spare_text) << where;
         EXPECT_LE(static_cast<int>(text.size()) * letter_w, gui::w[s]) << where << ' ' << text;
     }

@@ -6,7 +6,7 @@
 namespace nubo {
 namespace {
 
-constexpr std::array<MenuItem, 7> cel_items{{
+constexpr std::array<MenuItem, 8> cel_items{{
     {LABEL_GET, MESSAGE_CEL_GET, get_by_menu},
     {LABEL_CLIP, MESSAGE_CEL_CLIP, clip_by_menu},
     {LABEL_PASTE, MESSAGE_CEL_PASTE, paste_by_menu},
@@ -14,9 +14,9 @@ constexpr std::array<MenuItem, 7> cel_items{{
     {LABEL_ONE_COLOR, MESSAGE_CEL_ONE_COLOR, ask_to_convert_cel},
     {LABEL_TURN, MESSAGE_CEL_TURN, turn_cel},
     {LABEL_STRETCH, MESSAGE_CEL_STRETCH, stretch_cel},
+    empty_row,
 }};
-constexpr ActivityMenu menu{
-    .id = WINDOW_CEL_MENU, .title = LABEL_CEL, .downward_below = 102, .above_button = 92, .items = cel_items};
+constexpr ActivityMenu menu{.id = WINDOW_CEL_MENU, .title = LABEL_CEL, .downward_within = 10, .items = cel_items};
 
 }  // namespace
 

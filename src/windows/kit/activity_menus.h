@@ -23,15 +23,17 @@ struct MenuItem {
     Label label = LABEL_NONE;
     Message tooltip = MESSAGE_NONE;
     void (*run)() = nullptr;
+    const char* text = nullptr;  // where no label has it
 };
+inline constexpr MenuItem empty_row{};  // stays free, and can become an item: nothing else moves
 
-/// A column of buttons with BACK at its foot. A menu whose button stands high on the screen opens downward from it.
+/// A column of buttons with BACK at its foot, which covers the button that has called it; one whose button stands too
+/// high on the screen for that opens downward from it.
 struct ActivityMenu {
     Window id = WINDOW_FRAME_MENU;
     Label title = LABEL_NONE;
     int left_of_button = 10;  // the menu's corner from the button's
-    int downward_below = 72;  // with the button above this row the menu opens downward
-    int above_button = 72;    // else by so much above the button
+    int downward_within = 0;  // rows more in which it opens downward already
     std::span<const MenuItem> items{};
 };
 

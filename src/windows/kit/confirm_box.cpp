@@ -66,9 +66,8 @@ bool confirm_about(Label text, const std::string& name) {
     const auto built = [&] {
         build_texts_and_answers(box, text, LABEL_NONE);
         ElementRow row = line_row(CONFIRM_SECOND, second_y, LABEL_NONE, TEXT_HIGHLIGHT);
-        row.type = ELEMENT_TEXT;
+        row.text = shown.c_str();
         build_element(row, gui::x[at(box.base)], gui::y[at(box.base)], box.base);
-        gui::value_text[at(box.base + CONFIRM_SECOND)] = shown.c_str();
     };
     return run_window(box, {.built = built}) == WINDOW_DONE;
 }
