@@ -8,11 +8,11 @@
 #include "state/run.h"
 #include "state/stroke.h"
 #include "state/view.h"
+#include "workspace/frame_slot.h"
 #include "workspace/nail.h"
 #include "workspace/side_files.h"
 #include "workspace/state_file.h"
 #include "workspace/user_settings.h"
-#include "workspace/workspace_files.h"
 #include <cstdio>
 
 namespace nubo {

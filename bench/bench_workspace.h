@@ -9,11 +9,10 @@
 #include "state/run.h"
 #include "state/stroke.h"
 #include "workspace/folders.h"
-#include "workspace/frame_files.h"
+#include "workspace/frame_memory.h"
 #include "workspace/nail.h"
 #include "workspace/rescue.h"
 #include "workspace/workspace.h"
-#include "workspace/workspace_files.h"
 
 #include <cstdlib>
 #include <cstring>
@@ -38,9 +37,8 @@ public:
         for (BITMAP** held : {&cel, &cel_mask, &original_frame}) replace_bitmap(*held, make_bitmap(2, 2));
         open_workspace();
         const OwnedBitmap frame = make_bitmap(width, height, 0x123456);
-        for (int slot = 0; slot < count; ++slot)
-            save_bmp_file(frame_path(workspace_folder(), STEM_CURRENT, slot), frame.get());
-        load_frame(workspace_folder(), 0);
+        for (int slot = 0; slot < count; ++slot) save_bmp_file(slot_of_row(slot).frame(), frame.get());
+        open_frame(slot_of_row(0));
         close_workspace();  // with its state, so that an opening finds all in order
         open_workspace();
     }

@@ -158,9 +158,9 @@ void read_names(const Folder& folder, ArchiveHead& head) {
 /// The number of Frames in the row; 0, told, if it is empty or has a gap.
 int count_frames(const Folder& folder) {
     int count = 0;
-    while (count < frame_slots && file_exists(frame_path(folder, STEM_CURRENT, count))) ++count;
-    if (count > 0 && count == count_slot_files(folder, STEM_CURRENT)) return count;
-    fail(frame_path(folder, STEM_CURRENT, count) + " is missing");
+    while (count < frame_slots && FrameSlot{folder, count}.has_frame()) ++count;
+    if (count > 0 && count == count_frames_in(folder)) return count;
+    fail(FrameSlot{folder, count}.frame() + " is missing");
     return 0;
 }
 

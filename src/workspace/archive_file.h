@@ -13,7 +13,7 @@
 #include "platform/folder.h"
 #include "platform/input_file.h"
 #include "platform/safe_file.h"
-#include "workspace/workspace_files.h"
+#include "workspace/frame_slot.h"
 #include <functional>
 #include <string>
 #include <vector>

@@ -11,9 +11,9 @@
 #include "state/stroke.h"
 #include "workspace/byte_fields.h"
 #include "workspace/folders.h"
+#include "workspace/frame_slot.h"
 #include "workspace/previous.h"
 #include "workspace/rescue_folder.h"
-#include "workspace/workspace_files.h"
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -93,7 +93,7 @@ std::uint64_t sum_of(int index) {
     case SUM_STATE: return sum_of_colors_and_texts();
     case SUM_CEL: return sum_of_picture(cel_mask, 0, 0, cel_mask->w, cel_mask->h);
     case SUM_TIP: return sum_of_picture(tip_sheet, 0, custom_tip_y, custom_tip_w, custom_tip_h);
-    default: return sum_of_file(frame_path(workspace_folder(), STEM_CURRENT, index - SUM_FRAMES));
+    default: return sum_of_file(slot_of_row(index - SUM_FRAMES).frame());
     }
 }
 

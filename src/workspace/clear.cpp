@@ -19,7 +19,6 @@
 #include "workspace/side_files.h"
 #include "workspace/state_fields.h"
 #include "workspace/state_file.h"
-#include "workspace/workspace_files.h"
 #include <cstring>
 
 namespace nubo {
@@ -69,14 +68,13 @@ void take_into_memory(const BlankWorkspace& blank) {
     set_text(workspace_title, "UNNAMED WORKSPACE");
     set_text(workspace_notes, "...");
     set_text(text_tool_text, "");
-    note_frame_saved();
     handlers_locked = 0;
 }
 
 std::string replace_by(BlankWorkspace& blank) {
     const auto adopt = [&] {
         handlers_locked = 1;
-        const bool placed = place_picture(std::move(blank.frame));
+        const bool placed = take_as_saved(std::move(blank.frame));
         if (!placed) handlers_locked = 0;
         return placed;
     };

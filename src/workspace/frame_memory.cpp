@@ -4,14 +4,24 @@
 #include "base/log.h"
 #include "paint/surfaces.h"
 #include "paint/undo.h"
+#include "platform/safe_file.h"
 #include "state/frames.h"
+#include "state/run.h"
 #include "state/view.h"
 #include "view/view.h"
+#include "workspace/nail.h"
+#include "workspace/notices.h"
+#include "workspace/rename_job.h"
+#include "workspace/rescue.h"
+#include "workspace/workspace_files.h"
 #include <algorithm>
+#include <future>
 #include <utility>
 
 namespace nubo {
 namespace {
+
+// ---- A picture becomes the Frame in memory -------------------------------------------------------------------------
 
 /// The mean lightness of all pixels picks one of the three backdrops. A pixel's lightness in HLS is half the sum of its
 /// largest and its smallest component.
@@ -31,8 +41,7 @@ int backdrop_of(BITMAP* frame) {
 
 bool same_size(const BITMAP* a, const BITMAP* b) { return a != nullptr && a->w == b->w && a->h == b->h; }
 
-}  // namespace
-
+/// With what belongs to it.
 bool place_picture(OwnedBitmap picture) {
     if (!picture || !adopt_frame(std::move(picture))) {
         UA_log("[ ERROR ] : There isn't memory enough for the frame");
@@ -44,7 +53,8 @@ bool place_picture(OwnedBitmap picture) {
     return true;
 }
 
-// Both are replaced or none. A bitmap of the right size is used again, since fresh memory costs more than the copy.
+/// The same, and `picture` is what RESTORE returns to. Both are replaced or none. A bitmap of the right
+/// size is used again, since fresh memory costs more than the copy.
 bool place_frame(OwnedBitmap picture) {
     if (!picture) return false;
     OwnedBitmap original;
@@ -60,20 +70,134 @@ bool place_frame(OwnedBitmap picture) {
     return true;
 }
 
-void end_frame_preview() {
-    if (frame_behind_preview == nullptr) return;
-    blit(frame_behind_preview, current_frame, 0, 0, 0, 0, frame_w, frame_h);
-    frame_behind_preview = nullptr;
-}
-
-void show_slot(int slot) {
-    frame_index = slot;
-    const FrameView& view = frame_view[static_cast<unsigned>(slot)];
+void show_slot(int number) {
+    frame_index = number;
+    const FrameView& view = frame_view[at(number)];
     pan_x = view.pan_x;
     pan_y = view.pan_y;
     zoom = std::max(view.zoom, zoom_min);
 }
 
-bool place_blank_frame() { return place_frame(make_bitmap(view_w, view_h)); }
+// ---- From the file of a slot ---------------------------------------------------------------------------------------
+
+bool take_frame(const FrameSlot& slot, FramePicture read) {
+    if (read.fault == PICTURE_OUT_OF_REACH) return false;
+    if (read.fault == PICTURE_FINE) {
+        if (!place_frame(std::move(read.bitmap))) return false;
+        forget_unread(slot.frame());
+        note_frame_saved();
+        return true;
+    }
+    OwnedBitmap blank = make_bitmap(view_w, view_h);
+    const bool malformed = read.fault == PICTURE_MALFORMED;
+    if (!blank || (malformed && !set_aside(slot.frame())) || !place_frame(std::move(blank))) return false;
+    mark_damage();
+    flash_message(malformed ? MESSAGE_FRAME_UNREADABLE : MESSAGE_FRAME_MISSING);
+    store_frame(slot);  // without a file the slot would be a gap in the row of Frames
+    return true;
+}
+
+bool load_frame(const FrameSlot& slot) { return take_frame(slot, read_frame_file(slot)); }
+
+// ---- To the file of a slot -----------------------------------------------------------------------------------------
+
+void frame_was_stored(const FrameSlot& slot) {
+    note_frame_saved();
+    forget_rescue(slot);
+}
+
+bool store_frame_and_nail(const FrameSlot& slot, const std::function<void()>& meanwhile) {
+    const std::string nail_path = slot.folder.file(nail_file);
+    if (is_kept_unread(slot.frame())) {  // its tile still shows what the file holds
+        meanwhile();
+        return store_frame(slot);
+    }
+    if (!row_is_whole(slot.folder) || !make_way(nail_path)) return false;
+    // Where no thread is to be had the syncing runs at `get`.
+    constexpr auto apart = std::launch::async | std::launch::deferred;
+    SafeFile frame(slot.frame()), nail(nail_path);
+    write_bmp(frame, current_frame);
+    std::future<void> frame_synced = std::async(apart, [&frame] { frame.sync(); });
+    make_nail_tile(current_frame, slot.number);
+    write_bmp(nail, nail_sheet);
+    std::future<void> nail_synced = std::async(apart, [&nail] { nail.sync(); });
+    meanwhile();
+    frame_synced.get();
+    nail_synced.get();
+    if (!frame.commit(SYNC_NAME_WITH_NEXT) || !nail.commit()) return false;
+    frame_was_stored(slot);
+    return true;
+}
+
+}  // namespace
+
+FramePicture read_frame_file(const FrameSlot& slot) {
+    const std::string file = slot.frame();
+    FramePicture read;
+    if (file_exists(file))
+        read.bitmap = load_bmp_file(file, read.fault);
+    else
+        UA_log("[ ERROR ] : Tried to load non-existent file! Name = %s", file.c_str());
+    return read;
+}
+
+bool bring_in(const FrameSlot& slot, FramePicture read, const std::function<void()>& once_placed) {
+    if (!take_frame(slot, std::move(read))) return false;
+    if (once_placed) once_placed();
+    show_slot(slot.number);
+    take_up_waiting_step(slot.number);
+    return true;
+}
+
+bool open_frame(const FrameSlot& slot) {
+    if (slot.number != frame_index) show_slot(slot.number);
+    if (load_frame(slot)) return true;
+    keep_unread(slot.frame());
+    flash_message(MESSAGE_FRAME_OUT_OF_REACH);
+    for (int number = 0; number < frame_slots; ++number)
+        if (const FrameSlot other{slot.folder, number}; other.has_frame() && load_frame(other))
+            return show_slot(number), true;
+    return open_blank_frame();
+}
+
+bool open_blank_frame() {
+    if (!place_frame(make_bitmap(view_w, view_h))) return false;
+    note_frame_saved();
+    return true;
+}
+
+bool take_as_changed(OwnedBitmap picture) {
+    take_saved_print();  // of what the file holds
+    return place_picture(std::move(picture));
+}
+
+bool take_as_saved(OwnedBitmap picture) {
+    if (!place_picture(std::move(picture))) return false;
+    note_frame_saved();
+    return true;
+}
+
+bool store_frame(const FrameSlot& slot) {
+    if (!row_is_whole(slot.folder) || !save_picture(slot.frame(), current_frame)) return false;
+    frame_was_stored(slot);
+    return true;
+}
+
+bool leave_frame(const FrameSlot& slot, const std::function<void()>& meanwhile) {
+    if (!rescue_cut_frame(slot) || !store_frame_and_nail(slot, meanwhile)) return false;
+    renew_cut_rescue(slot);
+    keep_view(slot.number);
+    return true;
+}
+
+void give_up_slot(const FrameSlot& slot) { forget_rescue(slot); }
+
+void keep_view(int number) { frame_view[at(number)] = {pan_x, pan_y, zoom}; }
+
+void end_frame_preview() {
+    if (frame_behind_preview == nullptr) return;
+    blit(frame_behind_preview, current_frame, 0, 0, 0, 0, frame_w, frame_h);
+    frame_behind_preview = nullptr;
+}
 
 }  // namespace nubo

@@ -4,10 +4,10 @@
 #include "codecs/bmp_file.h"
 #include "platform/safe_file.h"
 #include "state/run.h"
+#include "workspace/frame_slot.h"
 #include "workspace/nail.h"
 #include "workspace/notices.h"
 #include "workspace/rename_job.h"
-#include "workspace/workspace_files.h"
 #include <algorithm>
 #include <optional>
 #include <string>
@@ -53,10 +53,9 @@ SlotMap map_of(const RenameJob& job) {
 
 /// A Frame that has only its rescue: a blank one that was painted on and never saved.
 void adopt_rescues(const Folder& folder) {
-    for (int slot = 0; slot < frame_slots; ++slot) {
-        const std::string rescue = frame_path(folder, STEM_RESCUE, slot),
-                          frame = frame_path(folder, STEM_CURRENT, slot);
-        if (file_exists(rescue) && !file_exists(frame)) rename_file(rescue, frame);
+    for (int number = 0; number < frame_slots; ++number) {
+        const FrameSlot slot{folder, number};
+        if (slot.has_rescue() && !slot.has_frame()) rename_file(slot.rescue(), slot.frame());
     }
 }
 
@@ -64,20 +63,17 @@ void adopt_rescues(const Folder& folder) {
 SlotMap close_gaps(const Folder& folder, bool& moved) {
     SlotMap map = nothing_moved();
     int free_slot = 0;
-    for (int slot = 0; slot < frame_slots; ++slot) {
-        if (!file_exists(frame_path(folder, STEM_CURRENT, slot))) continue;
-        if (slot != free_slot) {
-            const auto move = [&](FrameStem stem) {
-                return rename_file(frame_path(folder, stem, slot), frame_path(folder, stem, free_slot));
-            };
-            if (!move(STEM_CURRENT)) break;
-            if (file_exists(frame_path(folder, STEM_RESCUE, slot))) move(STEM_RESCUE);
-            UA_log("[ INFO ] : Closed a gap: frame %d is now frame %d", slot, free_slot);
-            map[static_cast<unsigned>(free_slot)] = slot;
-            moved = true;
-            mark_damage();
-        }
+    for (int number = 0; number < frame_slots; ++number) {
+        const FrameSlot slot{folder, number}, free{folder, free_slot};
+        if (!slot.has_frame()) continue;
         ++free_slot;
+        if (slot.number == free.number) continue;
+        if (!rename_file(slot.frame(), free.frame())) break;
+        if (slot.has_rescue()) rename_file(slot.rescue(), free.rescue());
+        UA_log("[ INFO ] : Closed a gap: frame %d is now frame %d", slot.number, free.number);
+        map[at(free.number)] = slot.number;
+        moved = true;
+        mark_damage();
     }
     return map;
 }
@@ -105,7 +101,8 @@ void move_tiles(const SlotMap& map) {
 
 bool insert_frame_files(const Folder& folder, int start, int count, BITMAP* picture, BITMAP* nail) {
     bool written = save_bmp_file(folder.file(staged_nail()), nail);
-    for (int i = 0; i < count; ++i) written = written && save_bmp_file(frame_path(folder, STEM_INSERTED, i), picture);
+    for (int i = 0; i < count; ++i)
+        written = written && save_bmp_file(FrameSlot{folder, i}.path(STEM_INSERTED), picture);
     if (written) return do_job(folder, insert_job(folder, start, count, frame_count));
     remove_leftovers(folder);
     return false;

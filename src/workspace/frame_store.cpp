@@ -2,15 +2,11 @@
 
 #include "base/log.h"
 #include "paint/undo.h"
-#include "platform/safe_file.h"
-#include "state/cel.h"
 #include "state/frame_sources.h"
 #include "state/frames.h"
-#include "state/options.h"
 #include "state/run.h"
 #include "state/view.h"
 #include "workspace/folders.h"
-#include "workspace/frame_files.h"
 #include "workspace/frame_memory.h"
 #include "workspace/frame_moves.h"
 #include "workspace/nail.h"
@@ -18,7 +14,6 @@
 #include "workspace/rename_job.h"
 #include "workspace/rescue.h"
 #include "workspace/state_file.h"
-#include "workspace/workspace_files.h"
 #include <algorithm>
 #include <string>
 #include <utility>
@@ -28,28 +23,13 @@ namespace {
 
 FrameView& view_of(int slot) { return frame_view[static_cast<unsigned>(slot)]; }
 
-/// Writes the Frame in memory to its slot, with its thumbnail and its view, and reads the file of the next one.
-bool store_frame(int slot, int next_slot, FramePicture& next) {
-    const auto read_next = [&] { next = read_frame_file(workspace_folder(), next_slot); };
-    const Folder folder = workspace_folder();
-    if (!settle_job() || !rescue_cut_frame(folder, slot)) return false;
-    if (!save_frame_and_nail(folder, slot, read_next)) return false;
-    renew_cut_rescue(folder, slot);
-    view_of(slot) = {pan_x, pan_y, zoom};
-    return true;
-}
-
 bool refuse(Message message) {
     flash_message(message);
     return false;
 }
 
-/// Makes the Frame of a slot, of which `read` is what its file gave, the current one with its view.
-bool bring_in(int slot, FramePicture read) {
-    if (!take_frame(workspace_folder(), slot, std::move(read))) return refuse(MESSAGE_FRAME_OUT_OF_REACH);
-    show_slot(slot);
-    take_up_waiting_step(slot);
-    return true;
+bool bring_in_or_tell(const FrameSlot& slot, FramePicture read) {
+    return bring_in(slot, std::move(read)) || refuse(MESSAGE_FRAME_OUT_OF_REACH);
 }
 
 bool is_slot(int slot) { return slot >= 0 && slot < frame_slots; }
@@ -62,7 +42,7 @@ void insert_tiles(int start, int count, BITMAP* picture) {
 
 /// A copy is seen as its original is now; a blank Frame takes over the view that its slot last held.
 void insert_views(int start, int count, bool blank) {
-    if (start == frame_index) view_of(start) = {pan_x, pan_y, zoom};
+    if (start == frame_index) keep_view(start);
     for (int slot = frame_count - 1; slot > start; --slot) view_of(slot + count) = view_of(slot);
     for (int slot = start + 1; slot <= start + count && !blank; ++slot) view_of(slot) = view_of(start);
     renumber_waiting_steps([=](int slot) { return slot > start ? slot + count : slot; });
@@ -96,6 +76,7 @@ void delete_entries(int start, int count) {
     renumber_waiting_steps([=](int slot) { return slot < start ? slot : slot < start + count ? -1 : slot - count; });
     std::move(frame_source.begin() + start + count, frame_source.end(), frame_source.begin() + start);
     std::fill_n(frame_source.end() - count, count, std::string());
+    frame_count -= count;
 }
 
 /// The slot of the Frame to show after a delete, as the row will be then.
@@ -109,20 +90,13 @@ int slot_after_delete(int start, int count) {
 bool delete_on_disk(int start, int count) {
     const int next = slot_after_delete(start, count);
     const Folder folder = workspace_folder();
-    FramePicture read = read_frame_file(folder, next < start ? next : next + count);
+    FramePicture read = read_frame_file({folder, next < start ? next : next + count});
     if (read.fault == PICTURE_OUT_OF_REACH) return refuse(MESSAGE_FRAME_OUT_OF_REACH);
-    // First of all, else a start after a kill would find it newer than the Frame that moves into the slot.
-    forget_rescue(folder, frame_index);
+    give_up_slot({folder, frame_index});  // first of all, for a kill may come at any step
     if (!settle_job() || !delete_frame_files(folder, start, count)) return refuse(MESSAGE_SAVE_FAILED);
-    if (!take_frame(folder, next, std::move(read))) {
-        take_back_job(folder);
-        return refuse(MESSAGE_FRAME_OUT_OF_REACH);
-    }
-    delete_entries(start, count);
-    frame_count -= count;
-    show_slot(next);
-    take_up_waiting_step(next);
-    return true;
+    if (bring_in({folder, next}, std::move(read), [=] { delete_entries(start, count); })) return true;
+    take_back_job(folder);
+    return refuse(MESSAGE_FRAME_OUT_OF_REACH);
 }
 
 }  // namespace
@@ -133,11 +107,12 @@ bool fetch_frame(int old_slot, int new_slot) {
         return false;
     }
     settle_rescue();
-    if (old_slot == new_slot) return bring_in(new_slot, read_frame_file(workspace_folder(), new_slot));
+    const FrameSlot from = slot_of_row(old_slot), to = slot_of_row(new_slot);
+    if (old_slot == new_slot) return bring_in_or_tell(to, read_frame_file(to));
     FramePicture next;
-    const bool saved = reach_workspace() && store_frame(old_slot, new_slot, next);
+    const bool left = reach_workspace() && settle_job() && leave_frame(from, [&] { next = read_frame_file(to); });
     browse_in_image_dir();
-    return saved ? bring_in(new_slot, std::move(next)) : refuse(MESSAGE_SAVE_FAILED);
+    return left ? bring_in_or_tell(to, std::move(next)) : refuse(MESSAGE_SAVE_FAILED);
 }
 
 bool insert_frames(int start, int count, bool blank) {
@@ -156,8 +131,7 @@ bool insert_frames(int start, int count, bool blank) {
     settle_rescue();
     const OwnedBitmap empty = blank ? make_bitmap(view_w, view_h) : nullptr;
     const bool inserted = reach_workspace() && insert_on_disk(start, count, blank ? empty.get() : current_frame);
-    if (inserted && start < frame_index)
-        forget_rescue(workspace_folder(), frame_index);  // the slot is another Frame's now
+    if (inserted && start < frame_index) give_up_slot(slot_of_row(frame_index));
     if (inserted) {
         insert_views(start, count, blank);
         insert_sources(start, count);
@@ -197,6 +171,6 @@ bool delete_frames(int start, int count) {
     return deleted;
 }
 
-int count_frame_files() { return count_slot_files(workspace_folder(), STEM_CURRENT); }
+int count_frame_files() { return count_frames_in(workspace_folder()); }
 
 }  // namespace nubo

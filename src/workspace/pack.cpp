@@ -7,7 +7,7 @@
 #include "state/run.h"
 #include "state/view.h"
 #include "workspace/folders.h"
-#include "workspace/frame_files.h"
+#include "workspace/frame_memory.h"
 #include "workspace/notices.h"
 #include "workspace/state_file.h"
 #include "workspace/workspace_files.h"
@@ -33,12 +33,12 @@ std::string told;
 
 enum Replaced : int { REPLACED_NOT, REPLACED_WHOLE, REPLACED_BY_BLANK };
 
-Replaced replace_frame(const Folder& folder, int slot) {
-    const std::string file = frame_path(folder, STEM_CURRENT, slot), rescue = frame_path(folder, STEM_RESCUE, slot);
+Replaced replace_frame(const FrameSlot& slot) {
+    const std::string file = slot.frame();
     UA_log("[ ERROR ] : The file %s is gone", file.c_str());
     forget_unread(file);
-    if (slot == frame_index) return save_frame_to_slot(folder, slot) ? REPLACED_WHOLE : REPLACED_NOT;
-    if (file_exists(rescue)) return rename_file(rescue, file) ? REPLACED_WHOLE : REPLACED_NOT;
+    if (slot.number == frame_index) return store_frame(slot) ? REPLACED_WHOLE : REPLACED_NOT;
+    if (slot.has_rescue()) return rename_file(slot.rescue(), file) ? REPLACED_WHOLE : REPLACED_NOT;
     const OwnedBitmap blank = make_bitmap(view_w, view_h);
     return blank && save_bmp_file(file, blank.get()) ? REPLACED_BY_BLANK : REPLACED_NOT;
 }
@@ -71,13 +71,13 @@ std::string pack_workspace(SafeFile& archive, ProgressBox& box, FileSync sync) {
 }
 
 bool replace_missing_frames() {
-    const Folder folder = workspace_folder();
     std::array<std::string, 3> numbers;
     std::array<int, 3> counts{};
-    for (int slot = 0; slot < frame_count; ++slot) {
-        if (file_exists(frame_path(folder, STEM_CURRENT, slot))) continue;
-        const Replaced how = replace_frame(folder, slot);
-        numbers[how].append(" ").append(number_of(slot));
+    for (int number = 0; number < frame_count; ++number) {
+        const FrameSlot slot = slot_of_row(number);
+        if (slot.has_frame()) continue;
+        const Replaced how = replace_frame(slot);
+        numbers[how].append(" ").append(number_of(number));
         ++counts[how];
     }
     told.clear();

@@ -4,6 +4,7 @@
 #include "platform/input_file.h"
 #include "platform/safe_file.h"
 #include "state/frames.h"
+#include "workspace/frame_slot.h"
 #include "workspace/workspace_files.h"
 #include <algorithm>
 #include <array>
@@ -95,7 +96,7 @@ bool take_back(const Folder& folder, const RenameJob& job) {
 void keep_what_was_taken_out(const Folder& folder) {
     for (const FrameStem stem : {STEM_DELETED, STEM_BACKUP})
         for (int slot = 0; slot < frame_slots; ++slot)
-            if (const std::string file = frame_path(folder, stem, slot); file_exists(file))
+            if (const std::string file = FrameSlot{folder, slot}.path(stem); file_exists(file))
                 set_aside(file, aside_spare);
 }
 

@@ -6,6 +6,7 @@
 #include "state/frames.h"
 #include "workspace/archive_file.h"
 #include "workspace/folders.h"
+#include "workspace/frame_memory.h"
 #include "workspace/pack.h"
 #include "workspace/previous.h"
 #include "workspace/rename_job.h"
@@ -76,13 +77,13 @@ void forget_old_files(const Folder& folder) {
         forget_unread(folder.file(component_name(STEM_CURRENT, i, frame_slots)));
 }
 
-/// A rescue would be newer than the Frame that comes and take its place after a kill. What they held is saved.
-void forget_all_rescues(const Folder& folder) {
-    for (int slot = 0; slot < frame_slots; ++slot) forget_rescue(folder, slot);
+/// What is in their files and rescues is saved.
+void give_up_all_slots(const Folder& folder) {
+    for (int slot = 0; slot < frame_slots; ++slot) give_up_slot({folder, slot});
 }
 
 std::string change_files(const Folder& folder, const Newcomer& newcomer) {
-    forget_all_rescues(folder);
+    give_up_all_slots(folder);
     if (!do_job(folder, change_job(folder, newcomer.frame_count))) return stays("its files can't be moved");
     if (newcomer.adopt && !newcomer.adopt()) {
         take_back_job(folder);

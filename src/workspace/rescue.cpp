@@ -9,7 +9,6 @@
 #include "state/options.h"
 #include "state/run.h"
 #include "workspace/folders.h"
-#include "workspace/frame_memory.h"
 #include "workspace/nail.h"
 #include "workspace/notices.h"
 #include "workspace/rescue_folder.h"
@@ -61,19 +60,10 @@ Print print_of(BITMAP* frame) {
     return ((hash[0] * prime + hash[1]) * prime + hash[2]) * prime + hash[3];
 }
 
-/// Takes the print of a Frame that has just been saved or loaded.
-void take_saved_print() {
-    if (!saved_print_wanted) return;
-    saved_print = print_of(current_frame);
-    saved_print_wanted = false;
-    rescued_print = 0;
-    last_ticks = static_cast<unsigned>(UA_clock_ticks);
-}
-
 /// Without a Workspace the Frame goes where it would go at the end; empty if that can't be.
 std::string rescue_path(int slot) {
-    if (!workspace_is_away()) return frame_path(workspace_folder(), STEM_RESCUE, slot);
-    return note_rescued_work() ? frame_path(rescue_folder(), STEM_CURRENT, slot) : std::string();
+    if (!workspace_is_away()) return slot_of_row(slot).rescue();
+    return note_rescued_work() ? FrameSlot{rescue_folder(), slot}.frame() : std::string();
 }
 
 /// Paint that is only in memory is told of at once, and from then on every minute as long as it is.
@@ -115,6 +105,9 @@ void start_writing(Print print) {
     }
 }
 
+/// While an area floats the Frame that it was cut out of has a hole.
+bool has_hole(const FrameSlot& slot) { return area_floats != 0 && open_step().slot == slot.number; }
+
 }  // namespace
 
 void autosave_tick(bool stroke_running) {
@@ -142,30 +135,27 @@ RescueHold::~RescueHold() { is_held = false; }
 
 void settle_rescue() { collect(); }
 
-bool rescue_cut_frame(const Folder& folder, int slot) {
-    if (area_floats == 0 || open_step().slot != slot) return true;
-    return save_bmp_file(frame_path(folder, STEM_RESCUE, slot), open_step().frame);
+bool rescue_cut_frame(const FrameSlot& slot) {
+    return !has_hole(slot) || save_bmp_file(slot.rescue(), open_step().frame);
 }
 
-void renew_cut_rescue(const Folder& folder, int slot) {
-    if (area_floats == 0 || open_step().slot != slot) return;
-    utimensat(AT_FDCWD, frame_path(folder, STEM_RESCUE, slot).c_str(), nullptr, 0);
+void renew_cut_rescue(const FrameSlot& slot) {
+    if (has_hole(slot)) utimensat(AT_FDCWD, slot.rescue().c_str(), nullptr, 0);
 }
 
-bool put_back_cut_frame(const Folder& folder, int slot) {
-    if (!rename_file(frame_path(folder, STEM_RESCUE, slot), frame_path(folder, STEM_CURRENT, slot))) return false;
-    make_nail_tile(open_step().frame, slot);
+bool put_back_cut_frame(const FrameSlot& slot) {
+    if (!rename_file(slot.rescue(), slot.frame())) return false;
+    make_nail_tile(open_step().frame, slot.number);
     return true;
 }
 
-void rescue_landed_area(const Folder& folder, int cut_slot) {
-    const std::string file = frame_path(folder, STEM_RESCUE, cut_slot);
-    if (!file_exists(file)) return;
+void rescue_landed_area(const FrameSlot& cut) {
+    if (!cut.has_rescue()) return;
     collect();
     rescued_print = 0;
     start_writing(print_of(current_frame));
     collect();
-    if (rescued_print != 0 && cut_slot != frame_index) remove_file(file);
+    if (rescued_print != 0 && cut.number != frame_index) remove_file(cut.rescue());
 }
 
 void note_frame_saved() {
@@ -173,40 +163,39 @@ void note_frame_saved() {
     fails = false;
 }
 
-void forget_rescue(const Folder& folder, int slot) {
+void take_saved_print() {
+    if (!saved_print_wanted) return;
+    saved_print = print_of(current_frame);
+    saved_print_wanted = false;
+    rescued_print = 0;
+    last_ticks = static_cast<unsigned>(UA_clock_ticks);
+}
+
+void forget_rescue(const FrameSlot& slot) {
     if (area_floats != 0) return;  // the Frame that it was cut out of has one
-    const std::string file = frame_path(folder, STEM_RESCUE, slot);
-    if (file_exists(file)) remove_file(file);
-    if (slot == frame_index) rescued_print = 0;
+    if (slot.has_rescue()) remove_file(slot.rescue());
+    if (slot.number == frame_index) rescued_print = 0;
 }
 
 int find_rescue(const Folder& folder) {
     int found = -1;
-    for (int slot = 0; slot < frame_slots; ++slot) {
-        const std::string file = frame_path(folder, STEM_RESCUE, slot);
-        if (!file_exists(file)) continue;
+    for (int number = 0; number < frame_slots; ++number) {
+        const FrameSlot slot{folder, number};
+        if (!slot.has_rescue()) continue;
         // Files of one instant have one time, since the clock goes in steps.
-        if (found < 0 && time_of_file(file) >= time_of_file(frame_path(folder, STEM_CURRENT, slot)))
-            found = slot;
+        if (found < 0 && time_of_file(slot.rescue()) >= time_of_file(slot.frame()))
+            found = number;
         else
-            set_aside(file, aside_spare);  // clocks may be wrong
+            set_aside(slot.rescue(), aside_spare);  // clocks may be wrong
     }
     return found;
 }
 
-void take_rescue(const Folder& folder, int slot) {
-    const std::string file = frame_path(folder, STEM_RESCUE, slot);
+OwnedBitmap read_rescue(const FrameSlot& slot) {
     PictureFault fault;
-    OwnedBitmap picture = load_bmp_file(file, fault);
-    if (fault == PICTURE_MALFORMED) set_aside(file);
-    if (!picture || !take_as_changed(std::move(picture))) return;
-    UA_log("[ INFO ] : Frame %d was rescued from the last run", slot);
-    flash_message(MESSAGE_RESCUED);
-}
-
-bool take_as_changed(OwnedBitmap picture) {
-    take_saved_print();  // of what the file holds
-    return place_picture(std::move(picture));
+    OwnedBitmap picture = load_bmp_file(slot.rescue(), fault);
+    if (fault == PICTURE_MALFORMED) set_aside(slot.rescue());
+    return picture;
 }
 
 }  // namespace nubo

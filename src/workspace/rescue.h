@@ -3,7 +3,7 @@
 // "rescue.NNN" beside its own file. A start that finds one newer than the Frame's file takes it. A saved Frame has
 // none.
 #include "base/bitmap.h"
-#include "platform/folder.h"
+#include "workspace/frame_slot.h"
 
 namespace nubo {
 
@@ -28,35 +28,41 @@ public:
 /// Waits for a rescue that is being written. Before anything else touches the Frames on disk.
 void settle_rescue();
 
+// ---- What the Frame in memory tells (workspace/frame_memory.h, which alone calls these) -----------------------------
+
 /// The Frame in memory is as its file on disk: nothing is to be rescued until it changes.
 void note_frame_saved();
 
+/// Remembers what a Frame that has just been saved or loaded looks like, before another picture takes its place.
+void take_saved_print();
+
 /// Removes the rescue of a slot, if there is one.
-void forget_rescue(const Folder& folder, int slot);
+void forget_rescue(const FrameSlot& slot);
 
 /// While an area floats that was cut out of a Frame, that Frame is about to be left, with the hole in it: its rescue
 /// becomes the Frame as it was before (`open_step`), for a kill would take the area along. `slot` is the Frame that is
 /// left; nothing is done for another than that of the hole. False when the rescue can't be written.
-bool rescue_cut_frame(const Folder& folder, int slot);
+bool rescue_cut_frame(const FrameSlot& slot);
 /// The Frame has been saved since: the rescue has to stay newer.
-void renew_cut_rescue(const Folder& folder, int slot);
+void renew_cut_rescue(const FrameSlot& slot);
+
+// ---- An area that was cut out of a Frame ---------------------------------------------------------------------------
 
 /// The area goes back while another Frame is in memory: the rescue of its Frame takes the place of that one's file,
 /// which asks for no room on the disk. False if it can't; the rescue stays.
-bool put_back_cut_frame(const Folder& folder, int slot);
+bool put_back_cut_frame(const FrameSlot& slot);
 
 /// The area has landed: if it had left its Frame, the Frame in memory is rescued at once, so that the other's rescue
 /// can go.
-void rescue_landed_area(const Folder& folder, int cut_slot);
+void rescue_landed_area(const FrameSlot& cut);
 
-/// The slot whose rescue is newer than its file, or -1; all other rescues are set aside. Called at start.
+// ---- At start ------------------------------------------------------------------------------------------------------
+
+/// The slot whose rescue is newer than its file, or -1; all other rescues are set aside.
 int find_rescue(const Folder& folder);
 
-/// Makes the rescue of `slot` the Frame in memory and tells the user; RESTORE still leads to what its file holds. The
-/// rescue stays until the Frame is saved.
-void take_rescue(const Folder& folder, int slot);
-
-/// Makes `picture` the Frame in memory as if the user had painted it over the one that is there.
-bool take_as_changed(OwnedBitmap picture);
+/// What the rescue of a slot holds; it stays until the Frame is saved. Null for one that can't be read; a malformed one
+/// is set aside.
+OwnedBitmap read_rescue(const FrameSlot& slot);
 
 }  // namespace nubo

@@ -11,7 +11,7 @@
 #include "state/view.h"
 #include "workspace/defaults.h"
 #include "workspace/folders.h"
-#include "workspace/frame_files.h"
+#include "workspace/frame_memory.h"
 #include "workspace/frame_moves.h"
 #include "workspace/notices.h"
 #include "workspace/preferred_font.h"
@@ -48,17 +48,17 @@ bool write_state(const Folder& folder, const char* name) {
 /// The Frame and the pictures beside the state. Each is tried, whatever became of the one before; but a Nail under an
 /// open job would be shifted by it at the next start.
 bool write_pictures(const Folder& folder, const std::string& stem) {
-    bool written = save_frame_to_slot(folder, frame_index);
+    bool written = store_frame({folder, frame_index});
     for (const SideFile kind : {SIDE_CEL, SIDE_TIP}) written = save_side_file(folder, kind, stem) && written;
     return !job_is_open(folder) && save_side_file(folder, SIDE_NAIL, stem) && written;
 }
 
 /// The slot to open: the stored one, or the last that has a file.
 int slot_to_open(const Folder& folder) {
-    if (file_exists(frame_path(folder, STEM_CURRENT, frame_index))) return frame_index;
+    if (FrameSlot{folder, frame_index}.has_frame()) return frame_index;
     int last = 0;
     for (int slot = 1; slot < frame_slots; ++slot)
-        if (file_exists(frame_path(folder, STEM_CURRENT, slot))) last = slot;
+        if (FrameSlot{folder, slot}.has_frame()) last = slot;
     UA_log("[ INFO ] : Frame %d, the current one, is missing. Opening frame %d", static_cast<int>(frame_index), last);
     mark_damage();
     return last;
@@ -78,7 +78,7 @@ bool read_workspace(const char* name, const FrameRepairs& repairs) {
     }
     if (!read_state(path)) mark_damage();
     follow_with_views(repairs);
-    load_frame_or_another(folder, slot_to_open(folder));
+    open_frame({folder, slot_to_open(folder)});
     for (const SideFile kind : {SIDE_CEL, SIDE_TIP, SIDE_NAIL})
         if (!load_side_file(folder, kind, stem)) repair_workspace(folder, kind);
     follow_with_tiles(repairs);
@@ -103,7 +103,7 @@ bool settle_job() {
 
 bool save_workspace_state(const char* name, bool state_only) {
     settle_rescue();
-    frame_view[static_cast<unsigned>(frame_index)] = {pan_x, pan_y, zoom};
+    keep_view(frame_index);
     if (!reach_workspace()) return false;
     UA_log("[ SPA ] : Workspace save at: %s", program_dir.data());
     const auto kept_dir = image_dir;
@@ -135,7 +135,7 @@ void swap_to_alternate() {
     UA_log("[ INFO ] : Swapping to alternate workspace");
     const Folder folder = workspace_folder();
     for (int slot = 0; slot < frame_slots; ++slot) {
-        const std::string from = frame_path(folder, STEM_ALTERNATE, slot), to = frame_path(folder, STEM_CURRENT, slot);
+        const std::string from = slot_of_row(slot).path(STEM_ALTERNATE), to = slot_of_row(slot).frame();
         // A Frame that stands there without a state file is somebody's all the same.
         if (file_exists(from) && (!file_exists(to) || set_aside(to))) rename_file(from, to);
     }
@@ -148,7 +148,7 @@ void swap_to_alternate() {
 
 void remove_alternate_files() {
     const Folder folder = workspace_folder();
-    for (int slot = 0; slot < frame_slots; ++slot) remove_file(frame_path(folder, STEM_ALTERNATE, slot));
+    for (int slot = 0; slot < frame_slots; ++slot) remove_file(slot_of_row(slot).path(STEM_ALTERNATE));
     for (const char* ending : side_endings) remove_file(folder.file(side_file_name(STEM_ALTERNATE, ending)));
 }
 

@@ -5,11 +5,9 @@
 #include "platform/safe_file.h"
 #include "state/frames.h"
 #include "workspace/folders.h"
-#include "workspace/frame_files.h"
 #include "workspace/frame_memory.h"
 #include "workspace/frame_store.h"
 #include "workspace/notices.h"
-#include "workspace/rescue.h"
 #include "workspace/rescue_folder.h"
 #include "workspace/side_files.h"
 #include "workspace/state_file.h"
@@ -27,10 +25,8 @@ struct KeptFrame {
 };
 
 KeptFrame read_frame_of(const Folder& folder) {
-    for (int slot = 0; slot < frame_slots; ++slot) {
-        const std::string file = frame_path(folder, STEM_CURRENT, slot);
-        if (file_exists(file)) return {slot, load_bmp_file(file)};
-    }
+    for (int number = 0; number < frame_slots; ++number)
+        if (const FrameSlot slot{folder, number}; slot.has_frame()) return {number, load_bmp_file(slot.frame())};
     return {};
 }
 
@@ -50,13 +46,12 @@ bool add_to_row(OwnedBitmap picture) {
 
 /// A later version of a Frame of the row. It goes beside its file at once, as any rescue, so that it outlives a kill.
 bool lay_over_row(const Folder& kept_in, KeptFrame kept) {
-    const Folder folder = workspace_folder();
+    const FrameSlot slot = slot_of_row(kept.slot);
     read_state_and_sides(kept_in);
     frame_count = std::max(count_frame_files(), 1);
     if (kept.slot >= frame_count) return add_to_row(std::move(kept.picture));
-    if (!load_frame(folder, kept.slot)) return false;
-    show_slot(kept.slot);
-    save_bmp_file(frame_path(folder, STEM_RESCUE, kept.slot), kept.picture.get());
+    if (!bring_in(slot, read_frame_file(slot))) return false;
+    save_bmp_file(slot.rescue(), kept.picture.get());
     return take_as_changed(std::move(kept.picture));
 }
 

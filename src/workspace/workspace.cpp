@@ -6,7 +6,6 @@
 #include "state/options.h"
 #include "workspace/defaults.h"
 #include "workspace/folders.h"
-#include "workspace/frame_files.h"
 #include "workspace/frame_memory.h"
 #include "workspace/frame_moves.h"
 #include "workspace/frame_store.h"
@@ -19,9 +18,9 @@
 #include "workspace/side_files.h"
 #include "workspace/state_file.h"
 #include "workspace/unsaved_work.h"
-#include "workspace/workspace_files.h"
 #include <algorithm>
 #include <cstdio>
+#include <utility>
 
 namespace nubo {
 namespace {
@@ -31,14 +30,16 @@ namespace {
 /// Without a state file: whatever else lies there is still the user's.
 bool open_without_state(const Folder& folder) {
     for (const SideFile kind : {SIDE_CEL, SIDE_TIP, SIDE_NAIL}) load_side_file(folder, kind, "current.");
-    return file_exists(frame_path(folder, STEM_CURRENT, 0)) ? load_frame_or_another(folder, 0) : place_blank_frame();
+    return FrameSlot{folder, 0}.has_frame() ? open_frame({folder, 0}) : open_blank_frame();
 }
 
-/// The rescued Frame is the one to come back to.
-void bring_back_rescue(const Folder& folder, int slot) {
-    if (slot < 0) return;
-    if (slot != frame_index) fetch_frame(slot, slot);
-    take_rescue(folder, slot);
+/// The rescued Frame is the one to come back to; RESTORE still leads to what its file holds.
+void bring_back_rescue(int slot) {
+    if (slot < 0 || (slot != frame_index && !fetch_frame(slot, slot))) return;  // it waits for its Frame
+    OwnedBitmap picture = read_rescue(slot_of_row(slot));
+    if (!picture || !take_as_changed(std::move(picture))) return;
+    UA_log("[ INFO ] : Frame %d was rescued from the last run", slot);
+    flash_message(MESSAGE_RESCUED);
 }
 
 /// A drive that isn't there, a folder that nobody may enter: what is done in this run is kept elsewhere.
@@ -46,8 +47,7 @@ bool open_without_workspace() {
     set_workspace_defaults();
     select_preferred_font();
     queue_box(LABEL_WORKSPACE_AWAY, LABEL_NOTHING_WRITTEN);
-    if (!place_blank_frame()) return false;
-    note_frame_saved();
+    if (!open_blank_frame()) return false;
     bring_back_unsaved_work();
     return true;
 }
@@ -58,9 +58,9 @@ bool restore(const Folder& folder) {
     const bool there = load_workspace_state(state_file, repairs);
     if (!there && !open_without_state(folder)) return false;
     // On disk at once, so that the row has no gap at its front, wherever the program is killed.
-    if (count_frame_files() == 0) save_frame_to_slot(folder, frame_index = 0);
+    if (count_frame_files() == 0) store_frame({folder, frame_index = 0});
     frame_count = std::max(count_frame_files(), 1);  // the files win over the stored number
-    bring_back_rescue(folder, rescue);
+    bring_back_rescue(rescue);
     bring_back_unsaved_work();
     if (repairs.moved && write_workspace(folder, state_file, true)) save_nail(folder);
     if (there) UA_log("[ INIT ] : User workspace restored from file");

@@ -3,45 +3,15 @@
 #include "base/log.h"
 #include "codecs/bmp_file.h"
 #include "platform/safe_file.h"
-#include "state/frames.h"
 #include <algorithm>
-#include <array>
-#include <cstdio>
 #include <vector>
 
 namespace nubo {
 namespace {
 
-constexpr std::array<const char*, STEM_COUNT> stem_names{"current",  "alternate", "backup", "rescue",
-                                                         "inserted", "deleted",   "loaded"};
-
 std::vector<std::string> unread;
 
 }  // namespace
-
-std::string frame_file_name(FrameStem stem, int slot) {
-    std::array<char, 32> name{};
-    std::snprintf(name.data(), name.size(), "%s.%03d", stem_names[static_cast<unsigned>(stem)], slot);
-    return name.data();
-}
-
-std::string side_file_name(FrameStem stem, const char* ending) {
-    return std::string(stem_names[static_cast<unsigned>(stem)]) + "." + ending;
-}
-
-bool is_stem(std::string_view name) {
-    return std::find(stem_names.begin(), stem_names.end(), name) != stem_names.end();
-}
-
-std::string frame_path(const Folder& folder, FrameStem stem, int slot) {
-    return folder.file(frame_file_name(stem, slot));
-}
-
-int count_slot_files(const Folder& folder, FrameStem stem) {
-    int count = 0;
-    for (int slot = 0; slot < frame_slots; ++slot) count += file_exists(frame_path(folder, stem, slot)) ? 1 : 0;
-    return count;
-}
 
 bool set_aside(const std::string& file, const char* stem) {
     const std::size_t name_at = file.rfind('/') + 1;  // 0 without a folder

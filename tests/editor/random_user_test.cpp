@@ -15,8 +15,8 @@
 #include "platform/system_calls.h"
 #include "windows/kit/drawing_menu.h"
 #include "workspace/folders.h"
+#include "workspace/frame_slot.h"
 #include "workspace/workspace.h"
-#include "workspace/workspace_files.h"
 #include <csignal>
 #include <cstdio>
 #include <initializer_list>

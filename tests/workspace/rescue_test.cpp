@@ -124,6 +124,25 @@ TEST_F(RescueTest, OneThatIsOlderOrUnreadableIsNotTaken) {
     EXPECT_TRUE(id_in_memory() == 2 && files_in_workspace("rescue") == 0 && files_in_workspace("unreadable.001") == 1);
 }
 
+/// A link that leads nowhere stands for all that may be over in a moment.
+TEST_F(RescueTest, NeitherIsTakenIntoAnotherFrameNorMadeOfTheBlackThatStandsIn) {
+    const auto take_away = [](const std::string& file) {
+        std::filesystem::remove("WORKSPACE/" + file);
+        std::filesystem::create_symlink("nowhere", "WORKSPACE/" + file);
+    };
+    paint(11);
+    pass_time(30);
+    take_away("current.000");
+    ASSERT_TRUE(open_workspace());
+    EXPECT_TRUE(frame_index == 1 && id_in_memory() == 2 && files_in_workspace("rescue.000") == 1);
+    std::filesystem::remove("WORKSPACE/rescue.000");
+    for (const char* file : {"current.001", "current.002"}) take_away(file);
+    ASSERT_TRUE(open_workspace());
+    EXPECT_EQ(id_in_memory(), 0);
+    pass_time(30);
+    EXPECT_EQ(files_in_workspace("rescue"), 0);
+}
+
 TEST_F(RescueTest, DeletingAFrameTakesItsRescueAlong) {
     paint(11);
     pass_time(30);
@@ -156,7 +175,7 @@ TEST_F(RescueTest, AnAreaThatFloatsOverAnotherFrameIsNotLost) {
     ASSERT_TRUE(fetch_frame(0, 1));
     paint(77);
     area_floats = 0;
-    rescue_landed_area(workspace_folder(), 0);
+    rescue_landed_area(slot_of_row(0));
     EXPECT_EQ(files_in_workspace("rescue"), 1);
     ASSERT_TRUE(open_workspace());
     EXPECT_TRUE(frame_index == 1 && id_in_memory() == 77);

@@ -11,12 +11,12 @@
 #include "state/run.h"
 #include "state/stroke.h"
 #include "workspace/folders.h"
-#include "workspace/frame_files.h"
+#include "workspace/frame_memory.h"
+#include "workspace/frame_slot.h"
 #include "workspace/frame_store.h"
 #include "workspace/nail.h"
 #include "workspace/state_file.h"
 #include "workspace/workspace.h"
-#include "workspace/workspace_files.h"
 
 namespace nubo {
 
@@ -45,21 +45,20 @@ protected:
         for (std::size_t i = 0; i < ids.size(); ++i) {
             const int id = ids[i];
             const auto frame = make_bitmap(frame_side, frame_side, static_cast<Color>(id));
-            ASSERT_TRUE(save_bmp_file(frame_path(workspace_folder(), STEM_CURRENT, static_cast<int>(i)), frame.get()));
+            ASSERT_TRUE(save_bmp_file(slot_of_row(static_cast<int>(i)).frame(), frame.get()));
             make_nail_tile(frame.get(), static_cast<int>(i));
             frame_view[i] = {id, id, 2};
         }
         frame_count = static_cast<int>(ids.size());
         frame_index = index;
-        ASSERT_TRUE(load_frame(workspace_folder(), index) && save_workspace_state(state_file, false) &&
-                    open_workspace());
+        ASSERT_TRUE(open_frame(slot_of_row(index)) && save_workspace_state(state_file, false) && open_workspace());
     }
 
     /// What the files of the row hold, in order; ends at the first missing one.
     static Ids ids_on_disk() {
         Ids ids;
         for (int slot = 0; slot < frame_slots; ++slot) {
-            const std::string path = frame_path(workspace_folder(), STEM_CURRENT, slot);
+            const std::string path = slot_of_row(slot).frame();
             if (!std::filesystem::exists(path)) break;
             const OwnedBitmap frame = load_bmp_file(path);
             ids.push_back(frame ? static_cast<int>(*pixels_at(frame.get(), 0, 0)) : -1);

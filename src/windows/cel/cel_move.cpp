@@ -10,7 +10,6 @@
 #include "windows/cel/corners.h"
 #include "windows/kit/placement.h"
 #include "windows/kit/run_window.h"
-#include "workspace/folders.h"
 #include "workspace/notices.h"
 #include "workspace/rescue.h"
 
@@ -51,7 +50,7 @@ void float_until_it_lands(const Area& cut, BorrowedCel& area) {
     leave_hole(cut);
     if (anchor_or_put_back()) land(area);
     if (area_floats != 0) return leave_to_rescue();
-    rescue_landed_area(workspace_folder(), home);
+    rescue_landed_area(slot_of_row(home));
 }
 
 }  // namespace

@@ -15,10 +15,10 @@
 #include "windows/files/workspace_archives.h"
 #include "windows/kit/run_window.h"
 #include "workspace/frame_memory.h"
+#include "workspace/frame_slot.h"
 #include "workspace/notices.h"
 #include "workspace/preferred_font.h"
 #include "workspace/previous.h"
-#include "workspace/workspace_files.h"
 #include <filesystem>
 
 namespace nubo {
@@ -39,7 +39,7 @@ bool load_picture(const std::string& path) {
     FileType type = FILE_UNKNOWN;
     ReadPicture picture = read_picture_file(path, type);
     const bool is_whole = picture.cause.empty();
-    if (!picture.bitmap || !place_picture(std::move(picture.bitmap))) {
+    if (!picture.bitmap || !take_as_changed(std::move(picture.bitmap))) {
         flash_text(why_unreadable(path).empty() ? "THIS PICTURE CAN'T BE READ. SEE UA_LOG.TXT"
                                                 : "THIS FILE MAY NOT BE READ");
         return false;

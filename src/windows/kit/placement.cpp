@@ -16,7 +16,6 @@
 #include "windows/kit/offscreen_box.h"
 #include "windows/kit/over_frame.h"
 #include "windows/kit/quick_pan.h"
-#include "workspace/folders.h"
 #include "workspace/frame_store.h"
 #include "workspace/rescue.h"
 #include <algorithm>
@@ -290,7 +289,7 @@ bool put_back_what_floats(PutBack when) {
     if (area_floats == 0) return true;
     const int home = open_step().slot;
     if (frame_index != home && when == BACK_AT_END) {
-        if (!put_back_cut_frame(workspace_folder(), home)) return false;
+        if (!put_back_cut_frame(slot_of_row(home))) return false;
         drop_step();
     } else if ((frame_index != home && !fetch_frame(frame_index, home)) || !take_back_step()) {
         return false;
