@@ -7,7 +7,6 @@
 #include "state/options.h"
 #include "state/run.h"
 #include "state/stroke.h"
-#include "state/view.h"
 #include "workspace/frame_slot.h"
 #include "workspace/nail.h"
 #include "workspace/side_files.h"

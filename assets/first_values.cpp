@@ -8,7 +8,7 @@
 #include "state/options.h"
 #include "state/run.h"
 #include "state/stroke.h"
-#include "state/view.h"
+#include "state/tools.h"
 #include "windows/options_window.h"
 #include <algorithm>
 #include <allegro.h>

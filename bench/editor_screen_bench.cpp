@@ -12,6 +12,7 @@
 #include "platform/input_queue.h"
 #include "state/cel.h"
 #include "state/flow.h"
+#include "state/mouse.h"
 #include "state/run.h"
 #include "state/stroke.h"
 #include "state/view.h"

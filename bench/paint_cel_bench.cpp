@@ -6,11 +6,13 @@
 #include "paint/stroke.h"
 #include "paint/surfaces.h"
 #include "paint/undo.h"
+#include "state/cel.h"
 #include "state/colors.h"
 #include "state/options.h"
 #include "state/run.h"
+#include "state/shown.h"
 #include "state/stroke.h"
-#include "state/view.h"
+#include "state/tools.h"
 #include <benchmark/benchmark.h>
 #include <cstdlib>
 #include <cstring>

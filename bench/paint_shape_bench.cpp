@@ -11,9 +11,11 @@
 #include "paint/undo.h"
 #include "state/frames.h"
 #include "state/options.h"
+#include "state/overlay.h"
 #include "state/run.h"
 #include "state/shape.h"
-#include "state/view.h"
+#include "state/shown.h"
+#include "state/tools.h"
 
 #include <benchmark/benchmark.h>
 #include <cmath>

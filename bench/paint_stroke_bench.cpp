@@ -8,8 +8,9 @@
 #include "state/frames.h"
 #include "state/options.h"
 #include "state/run.h"
+#include "state/shown.h"
 #include "state/stroke.h"
-#include "state/view.h"
+#include "state/tools.h"
 
 #include <algorithm>
 #include <benchmark/benchmark.h>

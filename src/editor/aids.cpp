@@ -8,7 +8,9 @@
 #include "state/colors.h"
 #include "state/frames.h"
 #include "state/options.h"
+#include "state/overlay.h"
 #include "state/run.h"
+#include "state/shown.h"
 #include "state/view.h"
 #include <algorithm>
 #include <allegro.h>

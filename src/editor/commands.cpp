@@ -6,6 +6,7 @@
 #include "state/colors.h"
 #include "state/commands.h"
 #include "state/frames.h"
+#include "state/overlay.h"
 #include "state/run.h"
 #include "state/tools.h"
 #include "state/view.h"

@@ -9,7 +9,8 @@
 #include "game/sound.h"
 #include "gui/tick.h"
 #include "state/run.h"
-#include "state/view.h"
+#include "state/shown.h"
+#include "state/stroke.h"
 #include <algorithm>
 #include <allegro.h>
 

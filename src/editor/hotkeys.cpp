@@ -1,8 +1,11 @@
 // The scan of the key table: which commands (state/commands.h) the keys that are down run.
+#include "state/hotkeys.h"
 #include "base/keys.h"
 #include "gui/waiting.h"
 #include "gui/window.h"
+#include "state/cel.h"
 #include "state/commands.h"
+#include "state/mouse.h"
 #include "state/run.h"
 #include <allegro.h>
 

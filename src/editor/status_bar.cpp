@@ -5,8 +5,11 @@
 #include "gui/elements.h"
 #include "state/frames.h"
 #include "state/options.h"
+#include "state/overlay.h"
 #include "state/run.h"
 #include "state/shape.h"
+#include "state/shown.h"
+#include "state/status.h"
 #include "state/view.h"
 #include <algorithm>
 #include <array>

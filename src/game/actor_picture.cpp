@@ -3,7 +3,7 @@
 #include "codecs/blend.h"
 #include "framework/effects.h"
 #include "state/run.h"
-#include "state/view.h"
+#include "state/shown.h"
 #include <algorithm>
 
 namespace nubo {

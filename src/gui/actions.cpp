@@ -6,7 +6,7 @@
 #include "gui/hit_test.h"
 #include "gui/text_field.h"
 #include "state/tools.h"
-#include "state/view.h"
+#include "state/windows.h"
 
 namespace nubo {
 namespace {
@@ -44,7 +44,7 @@ bool names_option(int row, int option, const char* row_line, const char* option_
 void toggle(Word& option) { option = option > 0 ? 0 : 1; }
 
 void toggle_tool(int slot) {
-    const int tool = toggle_number_of(slot), option = toggle_option_of(slot);
+    const int tool = gui::toggle_number[at(slot)], option = gui::toggle_option[at(slot)];
     if (!names_option(tool, option, "[ ERROR ] : Tool slot OOB in case 25. Tool = %d",
                       "[ ERROR ] : Option slot OOB in case 25. Slot = %d"))
         return;
@@ -53,7 +53,7 @@ void toggle_tool(int slot) {
 }
 
 void toggle_ink(int slot) {
-    const int ink = toggle_number_of(slot), option = toggle_option_of(slot);
+    const int ink = gui::toggle_number[at(slot)], option = gui::toggle_option[at(slot)];
     if (!names_option(ink, option, "[ ERROR ] : Ink slot OOB in case 25. Tool = %d",
                       "[ ERROR ] : Ink slot OOB in case 25. Slot = %d"))
         return;
@@ -64,7 +64,7 @@ void toggle_ink(int slot) {
 void light_radio(int slot) {
     set_type(slot, ELEMENT_RADIO_ON);
     Word* const value = gui::value_ptr[at(slot)];
-    if (value != nullptr) *value = int{radio_value_of(slot)};
+    if (value != nullptr) *value = int{gui::radio_value[at(slot)]};
     for (int i = 0; i < radio_others; ++i) {
         const int other = radio_other_of(slot, i);
         if (other > slot_window && is_slot(other)) set_type(other, ELEMENT_RADIO_OFF);

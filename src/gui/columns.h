@@ -23,23 +23,6 @@ inline Word& help_topic_of(int slot) { return gui::label[at(slot)]; }
 /// ELEMENT_VARIANT_...: the steps from the colour in the middle, -7 to 7.
 inline Word& variant_steps_of(int slot) { return gui::label[at(slot)]; }
 
-// ---- `row_ids` -----------------------------------------------------------------------------------------------------
-
-/// ACTION_TOGGLE_TOOL, ACTION_TOGGLE_INK: the number of the tool or ink, and the slot of its option.
-inline Short& toggle_number_of(int slot) { return gui::row_ids[at(slot)][0]; }
-inline Short& toggle_option_of(int slot) { return gui::row_ids[at(slot)][1]; }
-/// ACTION_RADIO: what the button stores.
-inline Short& radio_value_of(int slot) { return gui::row_ids[at(slot)][0]; }
-/// ELEMENT_NUMBER: the number, of three digits at most.
-inline Short& shown_number_of(int slot) { return gui::row_ids[at(slot)][0]; }
-/// ELEMENT_PROGRESS: in percent.
-inline Short& progress_of(int slot) { return gui::row_ids[at(slot)][0]; }
-/// ELEMENT_ARROW.
-enum ArrowDirection : int { ARROW_UP = 0, ARROW_DOWN = 2 };
-inline Short& arrow_direction_of(int slot) { return gui::row_ids[at(slot)][0]; }
-/// ELEMENT_TIP_CELL: the number of the tip.
-inline Short& tip_of(int slot) { return gui::row_ids[at(slot)][0]; }
-
 // ---- `row_values` --------------------------------------------------------------------------------------------------
 
 /// ACTION_RADIO: the slots of the group's other buttons, 0 none.

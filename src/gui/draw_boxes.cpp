@@ -1,7 +1,7 @@
 // Boxes without text.
-#include "gui/columns.h"
 #include "gui/draw_elements.h"
 #include "gui/shapes.h"
+#include "state/gui.h"
 #include "state/options.h"
 #include "state/run.h"
 #include <allegro.h>
@@ -22,7 +22,7 @@ void draw_progress(int slot) {
     constexpr int bar_h = 7;
     GUI_box(slot, color_of(slot), ui_border);
     const int x = gui::x[at(slot)] + 1, y = gui::y[at(slot)] + 1;
-    const int width = static_cast<int>((gui::w[at(slot)] - 2) / 100.0 * progress_of(slot));
+    const int width = static_cast<int>((gui::w[at(slot)] - 2) / 100.0 * gui::progress[at(slot)]);
     if (width > 0) rectfill(screen_buffer, x, y, x + width - 1, y + bar_h - 1, static_cast<int>(ui_highlight_fore));
     GUI_corner_dots(slot, ui_border);
 }

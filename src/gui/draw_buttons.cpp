@@ -26,7 +26,7 @@ void draw_caption(int slot) { GUI_center_text_of(slot, text_color_in(slot)); }
 
 void draw_number(int slot) {
     constexpr int too_large = 1000;
-    const int number = shown_number_of(slot);
+    const int number = gui::shown_number[at(slot)];
     if (number >= too_large) return;
     std::array<char, value_length> text{};
     std::snprintf(text.data(), text.size(), "%03d", number);
@@ -68,7 +68,7 @@ void draw_arrow(int slot) {
     constexpr int side = 7, sheet_y = 114, up_x = 4, down_x = 19;
     const bool lit = is_lit(slot);
     GUI_box(slot, lit ? ui_highlight_back : color_of(slot), ui_border);
-    const int direction = arrow_direction_of(slot);
+    const int direction = gui::arrow_direction[at(slot)];
     if (direction != ARROW_UP && direction != ARROW_DOWN) return;
     GUI_sprite(direction == ARROW_UP ? up_x : down_x, lit ? sheet_y + side : sheet_y, side, side,
                gui::x[at(slot)] + (gui::w[at(slot)] - side) / 2, gui::y[at(slot)] + (gui::h[at(slot)] - side) / 2);

@@ -7,7 +7,7 @@
 #include "gui/field_selection.h"
 #include "gui/text_field.h"
 #include "state/run.h"
-#include "state/view.h"
+#include "state/shown.h"
 #include <algorithm>
 
 namespace nubo {

@@ -38,6 +38,11 @@ void clear_list(std::size_t slot) {
     gui::hover_row[slot] = -1;
 }
 
+void clear_own_columns(std::size_t slot) {
+    gui::toggle_number[slot] = gui::toggle_option[slot] = gui::radio_value[slot] = 0;
+    gui::shown_number[slot] = gui::progress[slot] = gui::arrow_direction[slot] = gui::tip[slot] = 0;
+}
+
 void clear_slider(std::size_t slot) {
     constexpr int arrow_default = 10;
     gui::has_slider[slot] = gui::slider_horizontal[slot] = gui::slider_stops[slot] = 0;
@@ -99,6 +104,7 @@ int GUI_clear_element(int slot) {
     clear_shape(at(slot));
     clear_content(at(slot));
     clear_list(at(slot));
+    clear_own_columns(at(slot));
     clear_slider(at(slot));
     clear_field(at(slot));
     return slot;

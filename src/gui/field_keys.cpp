@@ -6,7 +6,6 @@
 #include "gui/field_selection.h"
 #include "gui/text_field.h"
 #include "gui/typed_text.h"
-#include "state/view.h"
 #include <algorithm>
 #include <allegro.h>
 

@@ -4,7 +4,7 @@
 #include "framework/traps.h"
 #include "gui/elements.h"
 #include "gui/text_field.h"
-#include "state/view.h"
+#include "state/mouse.h"
 #include <algorithm>
 #include <string>
 

@@ -1,7 +1,7 @@
 #include "gui/hit_test.h"
 
 #include "gui/sliders.h"
-#include "state/view.h"
+#include "state/mouse.h"
 
 namespace nubo {
 namespace {

@@ -5,9 +5,9 @@
 #include "state/flow.h"
 #include "state/gui.h"
 #include "state/hotkeys.h"
+#include "state/mouse.h"
 #include "state/options.h"
 #include "state/run.h"
-#include "state/view.h"
 #include "view/view.h"
 #include <utility>
 

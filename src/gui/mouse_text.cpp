@@ -2,7 +2,7 @@
 
 #include "framework/text.h"
 #include "state/run.h"
-#include "state/view.h"
+#include "state/shown.h"
 #include <algorithm>
 #include <array>
 #include <string_view>

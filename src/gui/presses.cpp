@@ -4,8 +4,8 @@
 #include "gui/elements.h"
 #include "gui/slider_input.h"
 #include "state/flow.h"
+#include "state/mouse.h"
 #include "state/run.h"
-#include "state/view.h"
 
 namespace nubo {
 

@@ -1,9 +1,9 @@
 #include "gui/progress_box.h"
 
-#include "gui/columns.h"
 #include "gui/window.h"
 #include "state/flow.h"
-#include "state/view.h"
+#include "state/gui.h"
+#include "state/run.h"
 #include <array>
 #include <future>
 
@@ -44,7 +44,7 @@ ProgressBox::ProgressBox(Label title)
 ProgressBox::~ProgressBox() { GUI_close_window(); }
 
 void ProgressBox::tell(double percent) {
-    progress_of(PROGRESS_BAR) = static_cast<std::int16_t>(percent);
+    gui::progress[at(PROGRESS_BAR)] = static_cast<std::int16_t>(percent);
     percent >= all ? draw() : draw_if_due();
 }
 

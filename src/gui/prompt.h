@@ -1,7 +1,7 @@
 #pragma once
 // A message that stands in the status bar for as long as something waits for the user. Main flow only.
 #include "state/messages.h"
-#include "state/view.h"
+#include "state/status.h"
 
 namespace nubo {
 

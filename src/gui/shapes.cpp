@@ -7,8 +7,8 @@
 #include "state/commands.h"
 #include "state/resources.h"
 #include "state/run.h"
+#include "state/shown.h"
 #include "state/texts_labels.h"
-#include "state/view.h"
 
 namespace nubo {
 namespace {

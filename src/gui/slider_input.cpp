@@ -2,7 +2,7 @@
 
 #include "gui/hit_test.h"
 #include "gui/sliders.h"
-#include "state/view.h"
+#include "state/mouse.h"
 #include <algorithm>
 
 namespace nubo {

@@ -3,7 +3,7 @@
 #include "gui/draw.h"
 #include "gui/elements.h"
 #include "state/run.h"
-#include "state/view.h"
+#include "state/windows.h"
 
 namespace nubo {
 

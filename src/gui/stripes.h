@@ -2,7 +2,7 @@
 // The moving stripes, in which everything is drawn that stands on the screen only while the user decides.
 #include "base/bitmap.h"
 #include "state/run.h"
-#include "state/view.h"
+#include "state/shown.h"
 #include <allegro.h>
 
 namespace nubo {

@@ -6,8 +6,8 @@
 #include "gui/mouse.h"
 #include "gui/slider_input.h"
 #include "gui/text_field.h"
+#include "state/mouse.h"
 #include "state/run.h"
-#include "state/view.h"
 #include "view/view.h"
 #include <algorithm>
 #include <allegro.h>

@@ -4,7 +4,9 @@
 #include "gui/presses.h"
 #include "state/flow.h"
 #include "state/hotkeys.h"
+#include "state/mouse.h"
 #include "state/run.h"
+#include "state/view.h"
 #include <algorithm>
 #include <allegro.h>
 

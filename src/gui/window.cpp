@@ -1,4 +1,5 @@
 #include "gui/window.h"
+#include "state/windows.h"
 
 #include <algorithm>
 

@@ -3,7 +3,6 @@
 // it is open stands in windows/kit/run_window.h. Main flow only.
 #include "gui/elements.h"
 #include "state/hotkeys.h"
-#include "state/view.h"
 #include "state/windows.h"
 #include <span>
 

@@ -5,8 +5,9 @@
 #include "gui/elements.h"
 #include "gui/shapes.h"
 #include "state/flow.h"
+#include "state/mouse.h"
 #include "state/run.h"
-#include "state/view.h"
+#include "state/windows.h"
 #include <algorithm>
 
 namespace nubo {

@@ -8,9 +8,13 @@
 #include "paint/stroke.h"
 #include "paint/surfaces.h"
 #include "paint/undo.h"
+#include "state/cel.h"
 #include "state/messages.h"
 #include "state/options.h"
 #include "state/run.h"
+#include "state/shown.h"
+#include "state/status.h"
+#include "state/tools.h"
 #include "state/view.h"
 #include <algorithm>
 #include <cmath>

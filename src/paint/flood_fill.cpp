@@ -12,9 +12,9 @@
 #include "paint/tools.h"
 #include "state/messages.h"
 #include "state/run.h"
+#include "state/status.h"
 #include "state/stroke.h"
 #include "state/tools.h"
-#include "state/view.h"
 #include <algorithm>
 #include <cstdint>
 #include <new>

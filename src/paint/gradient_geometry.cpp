@@ -2,6 +2,7 @@
 
 #include "base/geometry.h"
 #include "state/cel.h"
+#include "state/stroke.h"
 #include <cmath>
 
 namespace nubo {

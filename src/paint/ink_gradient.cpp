@@ -4,6 +4,7 @@
 #include "paint/ink_rows.h"
 #include "paint/spectrum.h"
 #include "state/cel.h"
+#include "state/stroke.h"
 
 #include <cmath>
 #include <cstdlib>

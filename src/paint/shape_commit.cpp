@@ -10,7 +10,8 @@
 #include "state/messages.h"
 #include "state/run.h"
 #include "state/shape.h"
-#include "state/view.h"
+#include "state/status.h"
+#include "state/tools.h"
 #include <algorithm>
 #include <memory>
 #include <new>

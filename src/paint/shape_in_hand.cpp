@@ -8,6 +8,7 @@
 #include "state/frames.h"
 #include "state/messages.h"
 #include "state/run.h"
+#include "state/status.h"
 #include <algorithm>
 #include <allegro.h>
 #include <cstdio>

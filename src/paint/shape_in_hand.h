@@ -4,8 +4,8 @@
 #include "paint/shape_generators.h"
 #include "paint/tools.h"
 #include "state/shape.h"
+#include "state/shown.h"
 #include "state/tools.h"
-#include "state/view.h"
 #include <bitset>
 #include <cstddef>
 #include <optional>

@@ -7,8 +7,9 @@
 #include "paint/tool_table.h"
 #include "paint/undo.h"
 #include "state/flow.h"
+#include "state/shown.h"
 #include "state/stroke.h"
-#include "state/view.h"
+#include "state/tools.h"
 #include <algorithm>
 
 namespace nubo {

@@ -3,7 +3,7 @@
 #include "base/bitmap_memory.h"
 #include "paint/gradient_geometry.h"
 #include "state/messages.h"
-#include "state/view.h"
+#include "state/status.h"
 #include <algorithm>
 #include <cstring>
 #include <utility>

@@ -1,8 +1,8 @@
 #pragma once
 // The distance that a tool shows while it waits.
 #include "state/options.h"
+#include "state/overlay.h"
 #include "state/stroke.h"
-#include "state/view.h"
 
 namespace nubo {
 

@@ -6,8 +6,10 @@
 #include "paint/tool_table.h"
 #include "state/flow.h"
 #include "state/frames.h"
+#include "state/mouse.h"
 #include "state/run.h"
 #include "state/stroke.h"
+#include "state/tools.h"
 #include "state/view.h"
 #include "view/view.h"
 #include <cstdlib>

@@ -3,6 +3,8 @@
 #include "paint/shape_in_hand.h"
 #include "paint/tool_table.h"
 #include "state/flow.h"
+#include "state/mouse.h"
+#include "state/view.h"
 #include "view/view.h"
 #include <cstdlib>
 

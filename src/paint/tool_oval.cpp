@@ -9,6 +9,7 @@
 #include "paint/tool_table.h"
 #include "paint/tools.h"
 #include "state/flow.h"
+#include "state/view.h"
 
 namespace nubo {
 namespace {

@@ -3,6 +3,7 @@
 #include "paint/shape_in_hand.h"
 #include "paint/tool_table.h"
 #include "state/flow.h"
+#include "state/view.h"
 #include <allegro.h>
 
 namespace nubo {

@@ -9,6 +9,7 @@
 #include "paint/tool_table.h"
 #include "state/flow.h"
 #include "state/run.h"
+#include "state/view.h"
 #include <allegro.h>
 
 namespace nubo {

@@ -6,6 +6,8 @@
 #include "paint/stroke.h"
 #include "paint/surfaces.h"
 #include "paint/undo.h"
+#include "state/shown.h"
+#include "state/view.h"
 #include <algorithm>
 #include <cmath>
 #include <vector>

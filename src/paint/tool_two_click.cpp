@@ -8,9 +8,11 @@
 #include "paint/tool_table.h"
 #include "paint/tools.h"
 #include "state/frames.h"
+#include "state/mouse.h"
 #include "state/options.h"
 #include "state/run.h"
 #include "state/stroke.h"
+#include "state/tools.h"
 #include "state/view.h"
 #include <algorithm>
 #include <cstdlib>

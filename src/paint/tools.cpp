@@ -4,9 +4,11 @@
 #include "paint/stroke.h"
 #include "paint/tool_table.h"
 #include "state/flow.h"
+#include "state/overlay.h"
 #include "state/shape.h"
 #include "state/shared.h"
 #include "state/stroke.h"
+#include "state/tools.h"
 #include "state/view.h"
 #include <cassert>
 

@@ -2,8 +2,8 @@
 // The brush tools: from the user's presses to the points of a stroke. What each of them does is a row in tool_table.h.
 #include "paint/tool_table.h"
 #include "state/colors.h"
+#include "state/overlay.h"
 #include "state/tools.h"
-#include "state/view.h"
 
 namespace nubo {
 

@@ -3,11 +3,12 @@
 #include "base/bitmap_memory.h"
 #include "base/log.h"
 #include "paint/surfaces.h"
+#include "state/cel.h"
 #include "state/frames.h"
 #include "state/messages.h"
 #include "state/options.h"
 #include "state/run.h"
-#include "state/view.h"
+#include "state/status.h"
 #include <algorithm>
 #include <utility>
 

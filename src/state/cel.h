@@ -26,10 +26,5 @@ inline constinit CelPlace cel_place;
 /// Frame in memory mustn't be written for a crash.
 inline constinit int area_floats = 0;
 inline constinit Shared<int> arrows_move_cel = 0;  // the arrow keys are the placement's and don't pan
-/// The axis of L.GRAD, derived from its nodes at the start of a stroke.
-struct LinearAxis {
-    float angle = 0, length = 0, sin = 0, cos = 0;
-};
-inline constinit LinearAxis linear_axis;
 
 }  // namespace nubo

@@ -97,6 +97,8 @@ inline constexpr int click_right = -2;
 /// goes on, nothing.
 enum FieldSelects : int { SELECTS_ALL, SELECTS_STEM, SELECTS_NOTHING };
 
+enum ArrowDirection : int { ARROW_UP = 0, ARROW_DOWN = 2 };
+
 // ---- The table -----------------------------------------------------------------------------------------------------
 
 inline constexpr int gui_slots = 128;
@@ -136,12 +138,19 @@ inline constinit auto row_h = filled<Short, gui_slots>(14);           // height 
 inline constinit auto row_font = filled<Short, gui_slots>(4);         // FontSlot
 inline constinit std::array<Short, gui_slots> row_top{}, row_left{};  // offset of the first row
 inline constinit std::array<Short, gui_slots> row_w{};                // 0 means `w`, -1 the width less the slider
-// Labels of the rows; the first entries double as parameters of other types.
+// Labels of the rows, and a value each, whose first entries double as parameters of other types.
 inline constinit std::array<std::array<Short, list_row_max>, gui_slots> row_ids{};
 inline constinit std::array<std::array<Word, list_row_max>, gui_slots> row_values{};
 inline constinit auto hover_row = filled<Short, gui_slots>(-1);             // row under the mouse, -1 none
 inline constexpr int aux_parameters = 50;                                   // of an element, in a row
 inline constinit auto aux = filled<Short, gui_slots * aux_parameters>(-1);  // parameters of special elements, -1 none
+// Of one type or action alone.
+inline constinit std::array<Short, gui_slots> toggle_number{}, toggle_option{};  // tool or ink, slot of its option
+inline constinit std::array<Short, gui_slots> radio_value{};                     // what the button stores
+inline constinit std::array<Short, gui_slots> shown_number{};                    // of three digits at most
+inline constinit std::array<Short, gui_slots> progress{};                        // percent
+inline constinit std::array<Short, gui_slots> arrow_direction{};                 // an ArrowDirection
+inline constinit std::array<Short, gui_slots> tip{};                             // number of a tip cell's tip
 // Sliders.
 inline constinit std::array<Short, gui_slots> has_slider{}, slider_horizontal{};
 inline constinit std::array<Word, gui_slots> slider_min{}, slider_max{}, slider_value{};  // min to max - 1

@@ -67,5 +67,6 @@ inline constinit std::array<std::array<Shared<int>, KEY_SIDES>, hotkey_rows> hot
 inline constinit std::array<bool, hotkey_rows> hotkey_offered{};
 inline constexpr int key_codes = 128;                             // one more than the highest, with the modifiers'
 inline constinit std::array<Shared<char>, key_codes> key_down{};  // by Allegro's key code; renewed with the mouse
+inline constinit Shared<int> hotkeys_busy = 0;                    // `check_hotkeys` is running
 
 }  // namespace nubo

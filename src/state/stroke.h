@@ -29,5 +29,14 @@ inline constinit std::array<Point, click_slots> click_points{};  // of the runni
 inline constexpr int no_coordinate = std::numeric_limits<int>::min();
 inline constexpr Point no_point{no_coordinate, no_coordinate};
 inline constinit Point previous_point = no_point;  // of a freehand stroke
+inline constinit Shared<int> spray_tick = 0;       // set at 45 Hz, cleared by SPRAY
+
+// ---- Gradients -----------------------------------------------------------------------------------------------------
+
+/// The axis of L.GRAD, derived from its nodes at the start of a stroke.
+struct LinearAxis {
+    float angle = 0, length = 0, sin = 0, cos = 0;
+};
+inline constinit LinearAxis linear_axis;
 
 }  // namespace nubo

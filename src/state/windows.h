@@ -1,9 +1,11 @@
 #pragma once
-// The windows by number.
+// The windows by number, and where they stand.
+#include "state/shared.h"
+#include <array>
 
 namespace nubo {
 
-/// `menu_id`: the window on screen.
+/// A number of a window, as `menu_id` holds it.
 enum Window : int {
     WINDOW_KEPT = -1,  // of a window built beside another one: `menu_id` stays
     WINDOW_DRAWING_MENU = 0,
@@ -31,6 +33,7 @@ enum Window : int {
     WINDOW_FAVORITES = 26,
     WINDOW_COLOR_SCHEME = 27
 };
+inline constinit Shared<int> menu_id = 0;  // number of the window on screen, 0 the drawing menu
 
 /// Row of `window_pos`: where a window was left. Two windows of one size share a row.
 enum WindowPosRow : int {
@@ -52,5 +55,16 @@ enum WindowPosRow : int {
     POS_FAVORITES = 26,
     POS_COLOR_SCHEME = 27
 };
+
+inline constexpr int window_rows = 64;
+struct WindowPos {
+    int x = -1, y = -1;  // -1: the window's default place
+};
+inline constinit std::array<WindowPos, window_rows> window_pos{};  // last position of each window
+
+struct MenuShadow {
+    int x = -1, y = -1, w = -1, h = -1;
+};
+inline constinit MenuShadow menu_shadow;  // rectangle of the drawing menu's snapshot under an activity menu
 
 }  // namespace nubo

@@ -3,7 +3,10 @@
 #include "state/flow.h"
 #include "state/frames.h"
 #include "state/gui.h"
+#include "state/hotkeys.h"
+#include "state/mouse.h"
 #include "state/run.h"
+#include "state/status.h"
 #include "state/view.h"
 #include <algorithm>
 #include <allegro.h>

@@ -2,7 +2,7 @@
 
 #include "gui/columns.h"
 #include "gui/presses.h"
-#include "state/view.h"
+#include "state/mouse.h"
 #include "windows/kit/choice_slots.h"
 #include "windows/kit/option_widgets.h"
 #include "windows/kit/run_window.h"

@@ -1,7 +1,7 @@
 // The brush tips in the drawing menu and in the window that chooses one.
 #include "framework/text.h"
-#include "gui/columns.h"
 #include "gui/shapes.h"
+#include "state/gui.h"
 #include "state/run.h"
 #include "state/stroke.h"
 #include "windows/kit/draw_elements.h"
@@ -28,7 +28,7 @@ int tip_part_y(int tip, int dy) {
 void draw_tip_cell(int slot) {
     constexpr int inset = 2;
     const std::size_t s = at(slot);
-    GUI_box(slot, color_of(slot), tip_of(slot) == brush_tip ? ui_highlight_fore : ui_border);
+    GUI_box(slot, color_of(slot), gui::tip[at(slot)] == brush_tip ? ui_highlight_fore : ui_border);
     copy_part(tip_sheet, gui::source_x[s], gui::source_y[s], gui::x[s] + inset, gui::y[s] + inset, tip_w, tip_h);
 }
 

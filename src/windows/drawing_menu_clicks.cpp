@@ -1,6 +1,8 @@
 // What the buttons of the drawing menu do.
 #include "gui/window.h"
 #include "state/flow.h"
+#include "state/mouse.h"
+#include "state/overlay.h"
 #include "state/run.h"
 #include "windows/colors/color_window.h"
 #include "windows/colors/screen_pick.h"

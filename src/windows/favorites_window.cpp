@@ -1,8 +1,7 @@
 #include "windows/favorites_window.h"
 
 #include "base/keys.h"
-#include "gui/columns.h"
-#include "state/view.h"
+#include "state/gui.h"
 #include "windows/colors/color_window.h"
 #include "windows/files/file_browser.h"
 #include "windows/kit/confirm_box.h"
@@ -70,8 +69,8 @@ void build_swatch(int slot, int x, int y) {
 
 void finish_window() {
     constexpr int pitch_x = 11, pitch_y = 10, colors_x = 2, colors_y = 22, colors_row = 5, grid_x = 66, grid_y = 2;
-    arrow_direction_of(FAVORITES_UP) = ARROW_UP;
-    arrow_direction_of(FAVORITES_DOWN) = ARROW_DOWN;
+    gui::arrow_direction[at(FAVORITES_UP)] = ARROW_UP;
+    gui::arrow_direction[at(FAVORITES_DOWN)] = ARROW_DOWN;
     for (int i = 0; i < color_slot_count; ++i)
         build_swatch(FAVORITES_COLOR_FIRST + i, colors_x + pitch_x * (i % colors_row),
                      colors_y + pitch_y * (i / colors_row));

@@ -6,6 +6,7 @@
 #include "gui/columns.h"
 #include "gui/presses.h"
 #include "gui/shapes.h"
+#include "state/mouse.h"
 #include "state/options.h"
 #include "state/run.h"
 #include "state/texts_help.h"

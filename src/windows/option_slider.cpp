@@ -2,6 +2,7 @@
 
 #include "base/keys.h"
 #include "base/log.h"
+#include "state/mouse.h"
 #include "state/run.h"
 #include "state/tools.h"
 #include "windows/colors/gradient_nodes.h"

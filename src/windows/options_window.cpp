@@ -99,7 +99,7 @@ void build_radio(int row, const UserOption& option) {
                        .left = ACTION_RADIO,
                        .tooltip = option_message(option.label)},
                       window_x(), window_y());
-        radio_value_of(slot) = static_cast<std::int16_t>(choice.value);
+        gui::radio_value[at(slot)] = static_cast<std::int16_t>(choice.value);
         gui::value_ptr[at(slot)] = option.word;
         for (int other = 0; other < choices_max; ++other)
             radio_other_of(slot, other) = other < count && other != i ? control_slot(row, other) : 0;

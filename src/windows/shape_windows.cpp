@@ -7,7 +7,9 @@
 #include "paint/stroke.h"
 #include "paint/tools.h"
 #include "state/flow.h"
+#include "state/mouse.h"
 #include "state/run.h"
+#include "state/view.h"
 #include "windows/kit/run_window.h"
 #include <algorithm>
 #include <array>

@@ -1,9 +1,9 @@
 #include "windows/tip_window.h"
 
-#include "gui/columns.h"
 #include "gui/presses.h"
+#include "state/gui.h"
+#include "state/mouse.h"
 #include "state/stroke.h"
-#include "state/view.h"
 #include "windows/cel/custom_tip.h"
 #include "windows/kit/run_window.h"
 
@@ -35,7 +35,7 @@ void build_cell(int tip) {
                    .tooltip = MESSAGE_SELECT_TIP},
                   window_x(), window_y());
     const std::size_t slot = at(TIP_CELL_FIRST + tip);
-    tip_of(TIP_CELL_FIRST + tip) = static_cast<std::int16_t>(tip);
+    gui::tip[at(TIP_CELL_FIRST + tip)] = static_cast<std::int16_t>(tip);
     gui::source_x[slot] = static_cast<std::int16_t>(tip_w * column);
     gui::source_y[slot] = static_cast<std::int16_t>(tip_h * row);
 }

@@ -5,9 +5,12 @@
 #include "gui/window.h"
 #include "state/frames.h"
 #include "state/gui.h"
+#include "state/mouse.h"
 #include "state/options.h"
 #include "state/run.h"
+#include "state/shown.h"
 #include "state/view.h"
+#include "state/windows.h"
 #include "windows/kit/draw_elements.h"
 #include <algorithm>
 #include <array>

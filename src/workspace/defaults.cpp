@@ -5,6 +5,7 @@
 #include "state/colors.h"
 #include "state/frame_sources.h"
 #include "state/frames.h"
+#include "state/overlay.h"
 #include "state/tools.h"
 #include "state/view.h"
 

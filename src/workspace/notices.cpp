@@ -3,7 +3,7 @@
 #include "state/flow.h"
 #include "state/options.h"
 #include "state/run.h"
-#include "state/view.h"
+#include "state/status.h"
 #include <algorithm>
 #include <string_view>
 

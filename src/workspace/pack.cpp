@@ -5,7 +5,6 @@
 #include "state/frames.h"
 #include "state/options.h"
 #include "state/run.h"
-#include "state/view.h"
 #include "workspace/folders.h"
 #include "workspace/frame_memory.h"
 #include "workspace/notices.h"

@@ -10,6 +10,7 @@
 #include "state/stroke.h"
 #include "state/tools.h"
 #include "state/view.h"
+#include "state/windows.h"
 
 namespace nubo {
 namespace {

@@ -10,7 +10,7 @@
 #include "state/run.h"
 #include "state/stroke.h"
 #include "state/texts_labels.h"
-#include "state/view.h"
+#include "state/tools.h"
 #include "windows/hotkey_window.h"
 #include "workspace/nail.h"
 #include "workspace/user_settings.h"

@@ -1,5 +1,6 @@
 
 #include "harness/user.h"
+#include "state/mouse.h"
 #include "view/view.h"
 
 namespace nubo {

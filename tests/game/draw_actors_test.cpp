@@ -10,7 +10,7 @@
 #include "state/effects.h"
 #include "state/resources.h"
 #include "state/run.h"
-#include "state/view.h"
+#include "state/shown.h"
 #include <functional>
 
 namespace nubo {

@@ -10,7 +10,7 @@
 #include "state/drawn_actors.h"
 #include "state/effects.h"
 #include "state/run.h"
-#include "state/view.h"
+#include "state/shown.h"
 #include <climits>
 
 namespace nubo {

@@ -6,7 +6,7 @@
 #include "game/spawn_text.h"
 #include "harness/harness.h"
 #include "state/run.h"
-#include "state/view.h"
+#include "state/shown.h"
 
 namespace nubo {
 namespace {

@@ -1,8 +1,8 @@
 // What the elements look like.
 #include "framework/resources.h"
-#include "gui/columns.h"
 #include "gui/shapes.h"
 #include "gui_kit.h"
+#include "state/gui.h"
 #include "state/resources.h"
 
 namespace nubo {
@@ -59,7 +59,7 @@ TEST_F(DrawTest, EveryTypeOfTheToolkitDrawsAndNotBeyondItsElement) {
         gui::label[5] = LABEL_OKAY;
         gui::value_text[5] = words;
         GUI_set_list(5, {.rows = 9, .row_h = 9}, LABEL_HOTKEY_FIRST, 20);  // of more letters than there is room for
-        progress_of(5) = 50;
+        gui::progress[at(5)] = 50;
         if (type == ELEMENT_LIST) GUI_set_vertical_slider(5, 118, 0, 12, 1);
         draw_on(paper);
         EXPECT_GT(touched(), 0) << "type " << type;

@@ -1,6 +1,7 @@
 // Presses: which element takes them, and what each action leaves behind.
 #include "gui/columns.h"
 #include "gui_kit.h"
+#include "state/mouse.h"
 
 namespace nubo {
 namespace {
@@ -85,8 +86,8 @@ TEST_F(GuiTest, TogglesFlipTheOptionThatTheyName) {
     add(5, ELEMENT_BUTTON, 100, 50, 39, 9);
     const auto press = [](Action action, int row, int option) {
         gui::left_action[5] = static_cast<std::int16_t>(action);
-        toggle_number_of(5) = static_cast<std::int16_t>(row);
-        toggle_option_of(5) = static_cast<std::int16_t>(option);
+        gui::toggle_number[at(5)] = static_cast<std::int16_t>(row);
+        gui::toggle_option[at(5)] = static_cast<std::int16_t>(option);
         click_at(110, 52);
     };
     press(ACTION_TOGGLE_TOOL, TOOL_SPLINE, OPTION_CLOSED);
@@ -115,7 +116,7 @@ TEST_F(GuiTest, ARadioButtonStoresItsValueAndTurnsTheOthersOff) {
     for (const int slot : {5, 6, 7}) {
         add(slot, ELEMENT_RADIO_OFF, 20 * slot, 50, 19, 9);
         gui::left_action[at(slot)] = ACTION_RADIO;
-        radio_value_of(slot) = static_cast<std::int16_t>(slot * 10);
+        gui::radio_value[at(slot)] = static_cast<std::int16_t>(slot * 10);
         gui::value_ptr[at(slot)] = &value;
         for (int i = 0, other = 5; other <= 7; ++other)
             if (other != slot) radio_other_of(slot, i++) = other;

@@ -8,7 +8,6 @@
 #include "game/defaults.h"
 #include "gui/present.h"
 #include "platform/input_queue.h"
-#include "state/view.h"
 #include "windows/hand_over.h"
 #include <cstdio>
 #include <tuple>

@@ -9,10 +9,13 @@
 #include "state/flow.h"
 #include "state/frames.h"
 #include "state/options.h"
+#include "state/overlay.h"
 #include "state/run.h"
+#include "state/status.h"
 #include "state/stroke.h"
 #include "state/tools.h"
 #include "state/view.h"
+#include "state/windows.h"
 #include <allegro.h>
 #include <coroutine>
 #include <exception>

@@ -4,6 +4,7 @@
 #include "framework/outline_font.h"
 #include "framework/resources.h"
 #include "state/texts_labels.h"
+#include "state/tools.h"
 #include "state/view.h"
 #include "windows/about_box.h"
 #include "windows/cel/cel_commands.h"

@@ -5,6 +5,7 @@
 #include "harness/user.h"
 #include "paint/cel_paste.h"
 #include "paint/cel_pixels.h"
+#include "state/shown.h"
 #include <initializer_list>
 
 namespace nubo {

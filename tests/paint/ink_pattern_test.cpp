@@ -3,6 +3,7 @@
 
 #include "base/color.h"
 #include "state/cel.h"
+#include "state/stroke.h"
 
 namespace nubo {
 namespace {

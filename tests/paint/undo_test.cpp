@@ -4,7 +4,7 @@
 #include "paint/surfaces.h"
 #include "state/messages.h"
 #include "state/options.h"
-#include "state/view.h"
+#include "state/status.h"
 
 namespace nubo {
 namespace {

@@ -1,6 +1,6 @@
 // The interface's texts: what the fonts, the boxes and the status bar ask of every one of them.
-#include "harness/harness.h"
 #include "editor/commands.h"
+#include "harness/harness.h"
 #include "state/commands.h"
 #include "state/messages.h"
 #include "state/options.h"

@@ -1,7 +1,7 @@
 // The tool and ink windows: choosing what a slot holds, and the options of each tool and ink.
-#include "gui/columns.h"
 #include "gui/sliders.h"
 #include "menus_kit.h"
+#include "state/gui.h"
 #include "windows/kit/option_widgets.h"
 #include <span>
 
@@ -39,7 +39,7 @@ int control_of(const OptionCase& one, Word& option) {
         if (one.highest > 1 && gui::value_write[at(slot)] == &option) return slot;
         const bool toggle =
             gui::left_action[at(slot)] == ACTION_TOGGLE_TOOL || gui::left_action[at(slot)] == ACTION_TOGGLE_INK;
-        if (one.highest == 1 && toggle && toggle_option_of(slot) == one.option) return slot;
+        if (one.highest == 1 && toggle && gui::toggle_option[at(slot)] == one.option) return slot;
     }
     return -1;
 }

@@ -1,5 +1,6 @@
 // The drawing menu: what each button does, and where each window opens and ends.
 #include "menus_kit.h"
+#include "state/shown.h"
 
 namespace nubo {
 namespace {

@@ -1,6 +1,8 @@
 #include "harness/user.h"
 #include "state/boxes.h"
+#include "state/cel.h"
 #include "state/messages.h"
+#include "state/status.h"
 #include "state/view.h"
 #include "workspace/workspace_kit.h"
 

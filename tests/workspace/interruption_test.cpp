@@ -4,7 +4,6 @@
 #include "harness/user.h"
 #include "platform/faults.h"
 #include "state/messages.h"
-#include "state/view.h"
 #include "workspace/archive.h"
 #include "workspace/archive_file.h"
 #include "workspace/workspace_kit.h"

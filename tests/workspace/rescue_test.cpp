@@ -3,8 +3,9 @@
 #include "harness/user.h"
 #include "platform/faults.h"
 #include "platform/folder_lock.h"
+#include "state/flow.h"
 #include "state/messages.h"
-#include "state/view.h"
+#include "state/status.h"
 #include "workspace/notices.h"
 #include "workspace/workspace_kit.h"
 #include <chrono>

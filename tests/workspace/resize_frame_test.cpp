@@ -1,6 +1,7 @@
 // The Frame at another size: by the nine anchors, scaled, cropped, as a sprite sheet; and refused without memory.
 #include "harness/user.h"
 #include "state/messages.h"
+#include "state/status.h"
 #include "state/view.h"
 #include "windows/pic_commands.h"
 #include "workspace/resize_frame.h"

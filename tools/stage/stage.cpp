@@ -23,6 +23,7 @@
 #include "gui/tick.h"
 #include "platform/folder.h"
 #include "platform/program_folder.h"
+#include "state/cel.h"
 #include "state/console.h"
 #include "state/drawn_actors.h"
 #include "state/effects.h"
@@ -30,6 +31,7 @@
 #include "state/options.h"
 #include "state/resources.h"
 #include "state/run.h"
+#include "state/shown.h"
 #include "state/view.h"
 #include <algorithm>
 #include <allegro.h>

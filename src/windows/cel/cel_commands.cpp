@@ -6,6 +6,7 @@
 #include "state/frames.h"
 #include "state/options.h"
 #include "state/run.h"
+#include "state/shown.h"
 #include "windows/cel/corners.h"
 #include "windows/kit/confirm_box.h"
 #include "windows/kit/over_frame.h"

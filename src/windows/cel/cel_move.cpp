@@ -6,6 +6,7 @@
 #include "state/frames.h"
 #include "state/run.h"
 #include "state/stroke.h"
+#include "state/view.h"
 #include "windows/cel/cel_commands.h"
 #include "windows/cel/corners.h"
 #include "windows/kit/placement.h"

@@ -7,7 +7,10 @@
 #include "paint/stroke.h"
 #include "paint/tool_distance.h"
 #include "state/flow.h"
+#include "state/overlay.h"
 #include "state/run.h"
+#include "state/shown.h"
+#include "state/view.h"
 #include "view/view.h"
 #include "windows/kit/over_frame.h"
 #include <cstdio>

@@ -2,8 +2,8 @@
 // Two opposite corners of an area of the Frame, asked for by GET, MOVE and the quick crop. Main flow only.
 #include "paint/cel_pixels.h"
 #include "state/messages.h"
+#include "state/overlay.h"
 #include "state/stroke.h"
-#include "state/view.h"
 #include <optional>
 
 namespace nubo {

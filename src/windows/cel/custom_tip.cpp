@@ -7,8 +7,8 @@
 #include "paint/tips.h"
 #include "state/frames.h"
 #include "state/run.h"
+#include "state/shown.h"
 #include "state/stroke.h"
-#include "state/view.h"
 #include "windows/kit/over_frame.h"
 
 namespace nubo {

@@ -3,6 +3,7 @@
 #include "gui/columns.h"
 #include "gui/presses.h"
 #include "paint/spectrum.h"
+#include "state/mouse.h"
 #include "windows/colors/color_elements.h"
 #include "windows/colors/hex_field.h"
 #include "windows/colors/screen_pick.h"

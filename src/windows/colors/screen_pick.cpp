@@ -4,8 +4,9 @@
 #include "state/colors.h"
 #include "state/flow.h"
 #include "state/messages.h"
+#include "state/overlay.h"
 #include "state/run.h"
-#include "state/view.h"
+#include "state/shown.h"
 #include <allegro.h>
 
 namespace nubo {

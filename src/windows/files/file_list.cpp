@@ -3,8 +3,8 @@
 #include "framework/text.h"
 #include "gui/shapes.h"
 #include "gui/shown_names.h"
+#include "state/mouse.h"
 #include "state/run.h"
-#include "state/view.h"
 #include "windows/kit/draw_elements.h"
 #include <algorithm>
 #include <allegro.h>

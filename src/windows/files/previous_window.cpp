@@ -1,9 +1,9 @@
 #include "windows/files/previous_window.h"
 
 #include "framework/text.h"
-#include "gui/columns.h"
 #include "gui/shapes.h"
 #include "gui/shown_names.h"
+#include "state/gui.h"
 #include "state/run.h"
 #include "windows/kit/draw_elements.h"
 #include "windows/kit/run_window.h"

@@ -4,7 +4,8 @@
 #include "gui/shown_names.h"
 #include "platform/file_inbox.h"
 #include "platform/window_focus.h"
-#include "state/view.h"
+#include "state/run.h"
+#include "state/status.h"
 #include "workspace/notices.h"
 #include <utility>
 

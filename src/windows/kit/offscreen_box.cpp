@@ -1,6 +1,7 @@
 #include "windows/kit/offscreen_box.h"
 
 #include "gui/window.h"
+#include "state/windows.h"
 #include <array>
 
 namespace nubo {

@@ -1,7 +1,9 @@
 #include "windows/kit/option_widgets.h"
 
-#include "gui/columns.h"
 #include "gui/window.h"
+#include "state/choices.h"
+#include "state/gui.h"
+#include "state/tools.h"
 #include <algorithm>
 
 namespace nubo {
@@ -61,8 +63,8 @@ void build_button(const ChoiceOption& option, const Target& target, PanelRow row
                    .tooltip = option.tooltip},
                   window_x(), window_y());
     if (!toggles) return;
-    toggle_number_of(slot) = static_cast<std::int16_t>(target.number);
-    toggle_option_of(slot) = static_cast<std::int16_t>(option.slot);
+    gui::toggle_number[at(slot)] = static_cast<std::int16_t>(target.number);
+    gui::toggle_option[at(slot)] = static_cast<std::int16_t>(option.slot);
 }
 
 void build_controls(const Target& target) {

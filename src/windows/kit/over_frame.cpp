@@ -3,8 +3,8 @@
 #include "gui/elements.h"
 #include "gui/snapshot.h"
 #include "state/colors.h"
+#include "state/overlay.h"
 #include "state/run.h"
-#include "state/view.h"
 #include "windows/kit/run_window.h"
 #include <allegro.h>
 

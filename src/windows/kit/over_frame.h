@@ -1,6 +1,6 @@
 #pragma once
 // What the commands that work on the bare Frame share. Main flow only.
-#include "state/view.h"
+#include "state/overlay.h"
 
 namespace nubo {
 

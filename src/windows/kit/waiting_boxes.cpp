@@ -2,6 +2,7 @@
 
 #include "gui/presses.h"
 #include "gui/snapshot.h"
+#include "state/mouse.h"
 #include "state/options.h"
 #include "state/run.h"
 #include "windows/kit/confirm_box.h"
