@@ -122,7 +122,7 @@ void set_first_settings() {
     default_hotkeys();
     set_second_keys();
     set_option_defaults();
-    opt_undo_depth = undo_depth_max;          // slots are made when they are needed
+    opt_undo_depth = undo_depth_all;
     opt_gif_reduction = REDUCTION_BEST;       // the others change colours that would all have found a place
     opt_cursor_zoom = cursor_keeps_its_size;  // grown, its arms would hide the pixels beside it
     opt_crosshair_scaling = 0;

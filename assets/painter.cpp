@@ -29,6 +29,7 @@ int whole(const Command& command, std::size_t index) { return command.numbers[in
 
 /// One stroke: a snapshot and a clear coverage map, then the paint.
 template <typename Paint> bool stroke(Paint paint) {
+    note_all_touched();  // by what is no stroke
     if (!save_undo(false)) return false;
     clear_stroke_mask();
     paint();

@@ -36,7 +36,7 @@ void begin_stroke(Ink ink, int strength, bool is_flat) {
     for (int y = 0; y < side; ++y)
         for (int x = 0; x < side; ++x)
             *pixels_at(current_frame, x, y) = is_flat ? 0x406080 : random_first.next() & 0xffffff;
-    replace_bitmap(undo_slots[static_cast<unsigned>(newest_undo)], copy_bitmap(current_frame));
+    replace_bitmap(undo_snapshot, copy_bitmap(current_frame));
     ink_options[static_cast<unsigned>(ink)] = {strength, 31, 0, 100, 200, 1500, 1700, 0};
     clear_stroke_mask();
     brush_color = 0x3080c0;

@@ -19,6 +19,7 @@
 #include "windows/files/file_browser.h"
 #include "windows/frame_jump.h"
 #include "windows/frame_menu.h"
+#include "windows/history_window.h"
 #include "windows/ink_window.h"
 #include "windows/kit/placement.h"
 #include "windows/kit/quick_pan.h"
@@ -153,8 +154,8 @@ constexpr std::array<Command, HOTKEY_COUNT> rows{{
     {HOTKEY_INK_OPTION,       "TOGGLE INK OPTION",        KEY_PGUP,          0,              toggle_ink_option, WAIT_AFTER},
     {HOTKEY_COPY,             "COPY TO CLIPBOARD",        key_ctrl | KEY_C,  0,              clipboard_copy, WAIT_AFTER},
     {HOTKEY_PASTE,            "PASTE FROM CLIPBOARD",     key_ctrl | KEY_V,  0,              clipboard_paste, WAIT_AFTER},
-    {HOTKEY_UNDO,             "UNDO",                     KEY_U,             0,              undo_by_user, WAIT_AFTER},
-    {HOTKEY_REDO,             "REDO",                     key_shift | KEY_U, 0,              redo_by_user, WAIT_AFTER},
+    {HOTKEY_UNDO,             "UNDO",                     KEY_U,             0,              undo_by_user, REPEATS_QUICKLY},
+    {HOTKEY_REDO,             "REDO",                     key_shift | KEY_U, 0,              redo_by_user, REPEATS_QUICKLY},
     {HOTKEY_ZOOM_IN,          "ZOOM IN",                  KEY_PLUS_PAD,      0,              zoom_in_by_key, WAIT_AFTER},
     {HOTKEY_ZOOM_OUT,         "ZOOM OUT",                 KEY_MINUS_PAD,     0,              zoom_out_by_key, WAIT_AFTER},
     {HOTKEY_FAVORITES,        "FAVORITES",                KEY_P,             0,              favorites_window, WAIT_AFTER},
@@ -162,6 +163,7 @@ constexpr std::array<Command, HOTKEY_COUNT> rows{{
     {HOTKEY_RAPID_EXIT,       "RAPID EXIT (NO DIALOG)",   0,                 0,              rapid_exit_by_key, NO_WAIT, IS_FREE, HOTKEYS_MODAL},
     {HOTKEY_CEL_FLIP_ACROSS,  "CEL - FLIP ACROSS",        KEY_H,             0,              flip_cel_across, WAIT_AFTER, GIVES_WAY, HOTKEYS_PLACING},
     {HOTKEY_CEL_FLIP_DOWN,    "CEL - FLIP DOWN",          KEY_V,             0,              flip_cel_down, WAIT_AFTER, GIVES_WAY, HOTKEYS_PLACING},
+    {HOTKEY_HISTORY,          "HISTORY",                  key_shift | KEY_Z, 0,              history_window},
 }};
 // clang-format on
 static_assert(rows_in_order(rows, &Command::action), "a command for each Hotkey, in their order");

@@ -65,7 +65,8 @@ bool rests(const Command& row) {
 
 /// Counted from before a step that took long, but its picture is shown before the next one.
 void run_repeating(const Command& row) {
-    constexpr int first_pause = clock_hz * 2 / 5, pause = clock_hz / 4;
+    constexpr int first_pause = clock_hz * 2 / 5;
+    const int pause = clock_hz / (row.wait == REPEATS ? 4 : 12);
     bool& has_acted = acted[at(row.action)];
     due[at(row.action)] = UA_clock_ticks + (has_acted ? pause : first_pause);
     has_acted = true;
@@ -80,7 +81,7 @@ void run_row(const Command& row, int mode, int value) {
         ran_as[at(key_code_of(value))] = value;
     }
     if (rests(row)) return;
-    if (row.wait == REPEATS) return run_repeating(row);
+    if (row.wait >= REPEATS) return run_repeating(row);
     row.run();
     if (row.wait == WAIT_AFTER) wait_after(row.action);
 }

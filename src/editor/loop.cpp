@@ -13,6 +13,7 @@
 #include "state/windows.h"
 #include "view/view.h"
 #include "windows/files/opened_files.h"
+#include "windows/history_window.h"
 #include "windows/kit/drawing_menu.h"
 #include "windows/kit/quick_pan.h"
 #include "windows/kit/waiting_boxes.h"
@@ -33,12 +34,20 @@ void serve_right_press() {
     if (right_press_outside()) toggle_window();
 }
 
+/// On UNDO it opens the history, elsewhere it pans.
+void serve_middle_press() {
+    if (mouse_middle == 0) return;
+    if (hover != DRAWING_UNDO) return quick_pan();
+    wait_while_down(mouse_middle);
+    history_window();
+}
+
 void run_pass() {
     update_screen(UPDATE_NORMAL);
     keep_GUI_tick_rate();
     check_hotkeys(HOTKEYS_MAIN);
     check_hotkeys(HOTKEYS_MODAL);
-    if (mouse_middle != 0) quick_pan();
+    serve_middle_press();
     serve_left_press();
     serve_right_press();
     serve_drawing_menu();

@@ -198,7 +198,7 @@ void draw_cursor_over_gui() {
 
 /// The memory that the next press takes.
 void prepare_for_stroke() {
-    if (!prepare_stroke_mask()) prepare_undo_memory();
+    if (!prepare_stroke_mask() && mouse_left == 0) prepare_undo_memory();
 }
 
 }  // namespace

@@ -74,7 +74,11 @@ void draw_value_plate(int slot, const SliderPlaces& places, int knob_x, int knob
     if (value == nullptr) return;
     constexpr int plate_h = 7, end_w = 4, margin = 2, sheet_y = 126, left_end_x = 44, right_end_x = 39, quarter = 64;
     std::array<char, 16> digits{};
-    std::snprintf(digits.data(), digits.size(), "%d", static_cast<int>(*value));
+    const char* const top_name = gui::value_text[s];
+    if (top_name != nullptr && *value == gui::slider_max[s] - 1)
+        std::snprintf(digits.data(), digits.size(), "%s", top_name);
+    else
+        std::snprintf(digits.data(), digits.size(), "%d", static_cast<int>(*value));
     set_font(FONT_NARROW, colors.digits);
     const int plate_w = text_width(digits.data()) + margin, knob_w = gui::knob_rect[s].w;
     const int last_stop = places.stop_at(slider_last_stop(slot));

@@ -2,16 +2,10 @@
 // The Cel's two bitmaps, `cel_mask` with all its pixels and `cel` to be placed: how they are taken, masked and reduced
 // to one colour.
 #include "base/bitmap.h"
+#include "paint/area.h"
 #include <optional>
 
 namespace nubo {
-
-/// A rectangle of pixels, all four sides included.
-struct Area {
-    int left = 0, top = 0, right = 0, bottom = 0;
-    int width() const { return right + 1 - left; }
-    int height() const { return bottom + 1 - top; }
-};
 
 /// The rectangle with two opposite corners.
 Area area_between(int x1, int y1, int x2, int y2);

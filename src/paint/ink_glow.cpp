@@ -76,6 +76,7 @@ template <> void paint_row_with<INK_GLOW>(const InkRow& row, Color color) {
     for_each_run(row, [=](const TipRun& run) {
         Color* const end = run.mask + run.length;
         if (std::find(run.mask, end, 0U) == end) return;
+        note_touched({run.x - radius, run.y - radius, run.x + run.length - 1 + radius, run.y + radius});
         with_colors(run, color, [&](auto color_at) {
             GlowDisc disc;
             Color known = 0;

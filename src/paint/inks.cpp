@@ -17,7 +17,10 @@ constexpr auto painters = []<std::size_t... ink>(std::index_sequence<ink...>) {
 
 }  // namespace
 
-void apply_ink_row(const InkRow& row, Ink ink, Color color) { painters[at(ink)](row, color); }
+void apply_ink_row(const InkRow& row, Ink ink, Color color) {
+    note_painted(row.x, row.y, row.length);
+    painters[at(ink)](row, color);
+}
 
 void apply_ink(int x, int y, int ink, Color color, int tip_value) {
     if (ink < 0 || ink >= INK_COUNT || !frame_contains(current_frame, x, y)) return;

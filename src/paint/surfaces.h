@@ -1,14 +1,31 @@
 #pragma once
-// The surfaces of a stroke: the Frame, its coverage map, and the snapshot that the inks read.
+// The surfaces of a stroke: the Frame, its coverage map, and the snapshot that the inks read. Who writes into the Frame
+// says where (`note_touched`): by that the next step of undo finds what has changed without looking at all of it. A
+// write that wasn't told is found by the sanitized builds, at the next `save_undo`.
 #include "base/bitmap.h"
+#include "paint/tiles.h"
 #include "state/frames.h"
 
 namespace nubo {
 
 /// Makes `frame` the Frame in memory and `stroke_mask` one of its size, whose content means nothing until a stroke or a
 /// commit clears it; the old ones are destroyed. This is the one place that replaces `current_frame`. False, with
-/// nothing changed, when the mask's memory can't be had.
+/// nothing changed, when the memory can't be had.
 bool adopt_frame(OwnedBitmap frame);
+
+// ---- What has been written to --------------------------------------------------------------------------------------
+
+/// Pixels of the Frame are written to, or were just now; what lies beyond the Frame is left out.
+void note_touched(const Area& area);
+void note_all_touched();
+
+/// The same of a row that an ink paints, and the coverage map's with it. All of it lies in the Frame.
+void note_painted(int x, int y, int length);
+
+/// Where the Frame may differ from the snapshot. Undo empties it as it makes the snapshot equal.
+inline TileSet touched_tiles;
+
+// ---- The coverage map ----------------------------------------------------------------------------------------------
 
 /// What every stroke starts with: all of `stroke_mask` becomes 0, so that no pixel is covered yet, and the geometry of
 /// the gradients follows their nodes.
@@ -18,14 +35,11 @@ void clear_stroke_mask();
 /// the program rests.
 void release_stroke_mask();
 
-/// Zeroes the next rows of a bitmap whose first `rows` rows are done, about a millisecond's work; false when all are.
-/// The system hands new memory over page by page: so it is there before a stroke has to wait for it.
-bool clear_some_rows(BITMAP* bitmap, int& rows);
-
-/// Such a step toward a coverage map that is new or was released; false when it is clear or in use.
+/// A step toward a coverage map that is new or was released, well below a millisecond's work; false when it is clear or
+/// in use.
 bool prepare_stroke_mask();
 
-/// The snapshot of the running stroke: the undo slot last saved. Null before the first save.
-inline BITMAP* stroke_snapshot() { return undo_slots[static_cast<std::size_t>(newest_undo)]; }
+/// The Frame as it was at the last `save_undo`. Null before the first one.
+inline BITMAP* stroke_snapshot() { return undo_snapshot; }
 
 }  // namespace nubo

@@ -2,6 +2,7 @@
 
 #include "base/bitmap_memory.h"
 #include "base/log.h"
+#include "base/memory.h"
 #include "paint/surfaces.h"
 #include "state/cel.h"
 #include "state/frames.h"
@@ -10,83 +11,32 @@
 #include "state/run.h"
 #include "state/status.h"
 #include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <utility>
 
 namespace nubo {
 namespace {
 
-OwnedBitmap (*copy_of)(BITMAP* source) = copy_bitmap;
+History history;
 
-/// One of the two chains: the columns of state/frames.h that belong together, and the line that tells a full pool.
-struct Chain {
-    std::array<BITMAP*, undo_depth_max>& slots;
-    std::array<int, undo_depth_max>& age;
-    int& newest;
-    const char* full;
+/// What the Frame may differ from the snapshot by.
+enum Pending : int {
+    PENDING_NONE,  // by steps of the history
+    PENDING_STEP,  // by a step that counts
+    PENDING_OPEN   // by the step that is open
 };
-constexpr Chain undo_chain{undo_slots, undo_age, newest_undo,
-                           "[ ERROR ] : Couldn't locate a free undo slot to save to!"};
-constexpr Chain redo_chain{redo_slots, redo_age, newest_redo,
-                           "[ ERROR ] : Couldn't locate a free redo slot to save to!"};
+Pending pending = PENDING_NONE;
 
-unsigned depth() { return static_cast<unsigned>(opt_undo_depth); }
+/// The step that is open. While it is PENDING_OPEN its picture is the snapshot; else its Frame was left, and it is the
+/// step's own.
+constinit UndoStep opened;
 
-/// Frees the bitmaps that a lowered depth has put out of reach.
-void free_beyond_depth(const Chain& chain) {
-    for (unsigned i = depth(); i < undo_depth_max; ++i) {
-        replace_bitmap(chain.slots[i], nullptr);
-        chain.age[i] = undo_free;
-    }
-}
+int changed_last = -1;
+bool is_refused = false;  // for tests
 
-/// The slot for the next state: the lowest that is free, or will be once all states are one older; -1 if none.
-int slot_for_next(const Chain& chain) {
-    for (unsigned i = 0; i < depth(); ++i)
-        if (chain.age[i] == undo_free || chain.age[i] + 1 >= opt_undo_depth) return static_cast<int>(i);
-    return -1;
-}
-
-bool fits_frame(const BITMAP* bitmap) {
-    return bitmap != nullptr && bitmap->w == current_frame->w && bitmap->h == current_frame->h;
-}
-
-/// The place of a bitmap of either chain that holds no state any more; null if there is none.
-BITMAP** find_idle() {
-    for (const Chain& chain : {undo_chain, redo_chain})
-        for (unsigned i = 0; i < undo_depth_max; ++i)
-            if (chain.age[i] == undo_free && fits_frame(chain.slots[i])) return &chain.slots[i];
-    return nullptr;
-}
-
-/// Memory for the next state, made ready by `prepare_undo_memory`; its first `spare_rows` rows have been touched.
-BITMAP* spare = nullptr;
-int spare_rows = 0;
-
-/// An idle bitmap or the spare one, taken from its place; null if there is neither. So the two chains together hold as
-/// many bitmaps as there are states, and not twice the depth.
-OwnedBitmap take_idle() {
-    if (BITMAP** const idle = find_idle()) return OwnedBitmap(std::exchange(*idle, nullptr));
-    if (!fits_frame(spare)) return nullptr;
-    take_rows(spare, spare_rows, spare->h - spare_rows);
-    return OwnedBitmap(std::exchange(spare, nullptr));
-}
-
-/// Whether the next state of a chain will need memory that neither chain has.
-bool wants_memory(const Chain& chain) {
-    const int slot = slot_for_next(chain);
-    return slot >= 0 && !fits_frame(chain.slots[static_cast<unsigned>(slot)]) && find_idle() == nullptr;
-}
-
-/// Copies the Frame into a slot, whose bitmap is made if there is none of the Frame's size. False if it can't be had.
-bool copy_frame_to(BITMAP*& slot) {
-    if (!fits_frame(slot)) replace_bitmap(slot, take_idle());
-    if (slot == nullptr) {
-        slot = copy_of(current_frame).release();
-        return slot != nullptr;
-    }
-    blit(current_frame, slot, 0, 0, 0, 0, current_frame->w, current_frame->h);
-    return true;
-}
+bool reaches_all() { return opt_undo_depth == undo_depth_all; }
 
 bool refuse_for_memory() {
     UA_log("[ ERROR ] : No memory for an undo copy of %d x %d pixels. Nothing was changed.", current_frame->w,
@@ -96,15 +46,18 @@ bool refuse_for_memory() {
     return false;
 }
 
-// ---- The Cel that a state brings along -----------------------------------------------------------------------------
+template <typename Work> bool with_memory(Work work) {
+    const auto done = [&] { return work(), true; };
+    return !is_refused && unless_memory_ends(done, false);
+}
 
-/// It goes with one state of either chain. No more are needed: an area that was cut elsewhere lands before anything
-/// else is done to the Frame, and the chains end with the visit.
+// ---- The Cel that a step brings along ------------------------------------------------------------------------------
+
+/// It goes with one step. No more are needed: an area that was cut elsewhere lands before anything else is done to the
+/// Frame, and it isn't kept beyond the visit.
 struct CarriedCel {
-    const Chain* chain = nullptr;
-    int slot = 0;
+    int step = -1;  // its number
     CelAside cel;
-    bool goes_with(const Chain& its_chain, int its_slot) const { return chain == &its_chain && slot == its_slot; }
 };
 constinit CarriedCel carried;
 
@@ -113,142 +66,253 @@ void drop_carried_cel() {
     carried = {};
 }
 
-/// The state is given back, and what was there before has become the newest of the other chain.
-bool exchange_carried_cel(const Chain& from, int slot, const Chain& to) {
-    if (!carried.goes_with(from, slot)) return false;
+bool exchange_carried_cel(int step) {
+    if (carried.step != step) return false;
     exchange_cel(carried.cel);
-    carried.chain = &to;
-    carried.slot = to.newest;
     return true;
 }
 
-// ---- States --------------------------------------------------------------------------------------------------------
+// ---- The snapshot --------------------------------------------------------------------------------------------------
 
-/// The state in `slot` is the newest now: all others are one older, and one may be too old.
-void make_newest(const Chain& chain, int slot) {
-    if (carried.goes_with(chain, slot)) drop_carried_cel();
-    for (unsigned i = 0; i < depth(); ++i)
-        if (chain.age[i] != undo_free && ++chain.age[i] >= opt_undo_depth) chain.age[i] = undo_free;
-    chain.age[static_cast<unsigned>(slot)] = 0;
-    chain.newest = slot;
+bool fits_frame(const BITMAP* bitmap) {
+    return bitmap != nullptr && bitmap->w == current_frame->w && bitmap->h == current_frame->h;
 }
 
-bool save_state(const Chain& chain) {
-    free_beyond_depth(chain);
-    const int slot = slot_for_next(chain);
-    if (slot < 0) {
-        UA_log(chain.full);
-        return false;
-    }
-    // The memory comes first: on refusal the ages still tell the chain as it was.
-    if (!copy_frame_to(chain.slots[static_cast<unsigned>(slot)])) return refuse_for_memory();
-    make_newest(chain, slot);
+void copy_tile(BITMAP* from, BITMAP* to, int tile) {
+    const Area area = touched_tiles.grid().area_of(tile);
+    blit(from, to, area.left, area.top, area.left, area.top, area.width(), area.height());
+}
+
+#ifdef __SANITIZE_ADDRESS__
+/// A write that `note_touched` doesn't know of would be lost to undo.
+void check_snapshot() {
+    const auto bytes = static_cast<std::size_t>(current_frame->w) * sizeof(Color);
+    for (int y = 0; y < current_frame->h; ++y)
+        if (std::memcmp(current_frame->line[y], undo_snapshot->line[y], bytes) != 0) {
+            std::fprintf(stderr, "Row %d of the Frame was written to, and nobody has said so\n", y);
+            std::abort();
+        }
+}
+#else
+void check_snapshot() {}
+#endif
+
+bool make_snapshot() {
+    if (fits_frame(undo_snapshot)) return true;
+    OwnedBitmap made = is_refused ? nullptr : make_uncleared_bitmap(current_frame->w, current_frame->h);
+    if (!made) return false;
+    replace_bitmap(undo_snapshot, std::move(made));
+    note_all_touched();
     return true;
 }
 
-void empty_redo() {
-    redo_age.fill(undo_free);
-    if (carried.chain == &redo_chain) drop_carried_cel();
-}
-
-/// The slot of the newest state, -1 in an empty chain.
-int slot_of_newest(const Chain& chain) {
-    for (unsigned i = 0; i < depth(); ++i)
-        if (chain.age[i] == 0) return static_cast<int>(i);
-    return -1;
-}
-
-/// The newest state of a chain goes, the others become the newer by one.
-void age_down(std::array<int, undo_depth_max>& ages) {
-    for (int& age : ages)
-        if (age != undo_free) --age;  // 0 becomes free
-}
-
-/// Gives the state of a slot back to the Frame and drops it from its chain. The Frame of now is saved in the other.
-bool take_state(const Chain& from, int slot, const Chain& to) {
-    blit(from.slots[static_cast<unsigned>(slot)], current_frame, 0, 0, 0, 0, current_frame->w, current_frame->h);
-    age_down(from.age);
-    return exchange_carried_cel(from, slot, to);
+void equal_snapshot() {
+    if (static_cast<int>(touched_tiles.tiles().size()) == touched_tiles.grid().count())
+        blit(current_frame, undo_snapshot, 0, 0, 0, 0, current_frame->w, current_frame->h);
+    else
+        for (const int tile : touched_tiles.tiles()) copy_tile(current_frame, undo_snapshot, tile);
+    touched_tiles.clear();
+    check_snapshot();
 }
 
 // ---- Steps ---------------------------------------------------------------------------------------------------------
 
-constinit UndoStep opened;
-constinit std::array<UndoStep, undo_depth_max> waiting{};  // the newest first; no two of one slot
-
-void free_step(UndoStep& step) {
-    replace_bitmap(step.frame, nullptr);
-    step = {};
+void keep_to_depth() {
+    if (!reaches_all()) history.floor = std::max(history.floor, history.position - opt_undo_depth);
 }
 
-/// Makes the step's picture the newest undo state.
-void add_to_chain(UndoStep& step) {
-    free_beyond_depth(undo_chain);
-    if (const int slot = slot_for_next(undo_chain); slot >= 0) {
-        replace_bitmap(undo_slots[static_cast<unsigned>(slot)], OwnedBitmap(std::exchange(step.frame, nullptr)));
-        make_newest(undo_chain, slot);
-        empty_redo();
+void add_step(Step step) {
+    history.add(std::move(step));
+    keep_to_depth();
+}
+
+Step pending_step() { return step_between(undo_snapshot, current_frame, touched_tiles.tiles()); }
+
+/// All that was done is in the history, and the snapshot is the Frame. An open step counts, for want of a better end.
+bool settle() {
+    if (pending != PENDING_NONE && !with_memory([] { add_step(pending_step()); })) return false;
+    if (pending == PENDING_OPEN) opened = {};
+    pending = PENDING_NONE;
+    if (!make_snapshot()) return false;
+    equal_snapshot();
+    return true;
+}
+
+void cut_redo() {
+    history.cut_redo();
+    if (carried.step >= history.position) drop_carried_cel();
+}
+
+void note_change(int slot) { changed_last = slot; }
+
+/// Undoes or redoes a step.
+bool carry_out(const Step& step, bool back) {
+    if (step.before_w != step.after_w || step.before_h != step.after_h) {
+        OwnedBitmap picture;
+        with_memory([&] { picture = picture_beyond(step, current_frame, back); });
+        return (picture && adopt_frame(std::move(picture))) || refuse_for_memory();
     }
-    free_step(step);
+    if (!apply_step(step, current_frame)) {
+        UA_log("[ ERROR ] : A step of the history is damaged");
+        return false;
+    }
+    for (const StepTile& tile : (step.plain ? step.plain : step.deflated)->tiles) touched_tiles.add(tile.tile);
+    return true;
 }
 
-/// No more wait than the chain may hold.
-void let_wait(UndoStep& step) {
-    free_step(waiting.back());
-    std::rotate(waiting.begin(), waiting.end() - 1, waiting.end());
-    waiting.front() = std::exchange(step, {});
-    for (unsigned i = depth(); i < undo_depth_max; ++i) free_step(waiting[i]);
+void forget_open_step() {
+    if (pending == PENDING_OPEN)
+        pending = PENDING_NONE;
+    else
+        replace_bitmap(opened.frame, nullptr);
+    opened = {};
+}
+
+/// The Frame goes. If its step is open, that takes the picture along.
+void leave_history() {
+    if (pending == PENDING_OPEN) undo_snapshot = nullptr;
+    pending = PENDING_NONE;
+    history = {};
+    drop_carried_cel();
+}
+
+// ---- At rest -------------------------------------------------------------------------------------------------------
+
+constexpr std::size_t frame_bytes_max = std::size_t{1} << 28;  // 8192 x 8192 pixels
+
+bool copy_some_tiles() {
+    constexpr int tiles_at_once = 64;  // 1 MiB
+    if (pending != PENDING_NONE || touched_tiles.empty()) return false;
+    for (int i = 0; i < tiles_at_once && !touched_tiles.empty(); ++i)
+        copy_tile(current_frame, undo_snapshot, touched_tiles.take());
+    return true;
+}
+
+/// The step that is being deflated, and its tiles so far.
+struct Deflating {
+    int step = -1;
+    std::shared_ptr<const StepTiles> plain;
+    std::shared_ptr<StepTiles> done;
+};
+Deflating deflating;
+
+/// The newest steps are deflated beside their plain tiles, for the file; behind them only those are kept.
+bool deflate_older_steps() {
+    const int quick_from = history.position - History::kept_always;
+    for (int number = history.end(); number-- > history.first;) {
+        const Step& step = history.step(number);
+        if (!step.plain) return false;  // and so are all before it
+        if (step.deflated) {
+            if (number < quick_from) history.set_tiles(number, nullptr, step.deflated);
+            continue;
+        }
+        if (deflating.plain != step.plain) deflating = {number, step.plain, std::make_shared<StepTiles>()};
+        if (deflate_some(step, *deflating.done)) {
+            history.set_tiles(number, step.plain, deflating.done);
+            deflating = {};
+        }
+        return true;
+    }
+    return false;
 }
 
 }  // namespace
 
 bool save_undo(bool keep_redo) {
-    if (!save_state(undo_chain)) return false;
-    if (!keep_redo) empty_redo();
+    if (!settle()) return refuse_for_memory();
+    if (!keep_redo) cut_redo();
+    pending = PENDING_STEP;
+    note_change(frame_index);
     return true;
 }
 
-bool save_redo() { return save_state(redo_chain); }
-
 bool undo_last() {
-    const int slot = slot_of_newest(undo_chain);
-    return slot >= 0 && save_redo() && take_state(undo_chain, slot, redo_chain);
+    if (undo_reach().done == 0) return false;
+    if (!settle()) return refuse_for_memory();
+    const int number = history.position - 1;
+    if (!carry_out(history.step(number), true)) return false;
+    history.position = number;
+    note_change(frame_index);
+    return exchange_carried_cel(number);
 }
 
 bool redo_last() {
-    const int slot = slot_of_newest(redo_chain);
-    return slot >= 0 && save_undo(true) && take_state(redo_chain, slot, undo_chain);
+    if (pending != PENDING_NONE || history.position >= history.ceiling) return false;
+    if (!settle()) return refuse_for_memory();
+    const int number = history.position;
+    if (!carry_out(history.step(number), false)) return false;
+    history.position = number + 1;
+    note_change(frame_index);
+    return exchange_carried_cel(number);
+}
+
+UndoReach undo_reach() {
+    const int now = pending == PENDING_STEP ? 1 : 0;
+    const int most = reaches_all() ? history.position + now : static_cast<int>(opt_undo_depth);
+    const int done = std::min(history.position - history.floor + now, most);
+    return {done, done + history.ceiling - history.position};
+}
+
+int lead_frame(int from, int to) {
+    for (; from > to; --from)
+        if (!carry_out(history.step(history.floor + from - 1), true)) return from;
+    for (; from < to; ++from)
+        if (!carry_out(history.step(history.floor + from), false)) return from;
+    return from;
+}
+
+bool change_frame(OwnedBitmap picture) {
+    const bool is_kept = settle() && with_memory([&] { history.add(step_between(current_frame, picture.get())); });
+    if (!adopt_frame(std::move(picture))) {
+        if (is_kept) --history.position, cut_redo();
+        return false;
+    }
+    if (!is_kept) reset_undo_slots();
+    if (!reaches_all()) history.floor = history.position;
+    drop_carried_cel();
+    note_change(frame_index);
+    return true;
+}
+
+void reset_undo_slots() {
+    leave_history();
+    if (current_frame != nullptr && !fits_frame(undo_snapshot)) replace_bitmap(undo_snapshot, nullptr);
+    if (current_frame != nullptr) note_all_touched();
+}
+
+void renew_undo_reach() {
+    if (current_frame == nullptr || !settle()) return;
+    history.floor = reaches_all() ? history.first : history.position;
+    history.ceiling = reaches_all() ? history.end() : history.position;
 }
 
 bool take_step() {
-    OwnedBitmap frame = take_idle();
-    if (frame)
-        blit(current_frame, frame.get(), 0, 0, 0, 0, current_frame->w, current_frame->h);
-    else
-        frame = copy_of(current_frame);
-    if (!frame) return refuse_for_memory();
-    free_step(opened);
-    opened = {frame_index, frame.release()};
+    if (!settle()) return refuse_for_memory();
+    forget_open_step();
+    pending = PENDING_OPEN;
+    opened = {frame_index, undo_snapshot};
     return true;
 }
 
 const UndoStep& open_step() { return opened; }
 
-bool step_is_of_frame() { return opened.slot == frame_index && fits_frame(opened.frame); }
+bool step_is_of_frame() { return pending == PENDING_OPEN; }
 
 void count_step() {
-    if (step_is_of_frame())
-        add_to_chain(opened);
-    else if (opened.frame != nullptr)
-        let_wait(opened);
+    if (opened.frame == nullptr) return;
+    note_change(opened.slot);
+    if (pending != PENDING_OPEN) return forget_open_step();
+    cut_redo();
+    pending = PENDING_STEP;
+    opened = {};
 }
 
-void drop_step() { free_step(opened); }
+void drop_step() { forget_open_step(); }
 
 bool take_back_step() {
-    if (fits_frame(opened.frame))
-        blit(opened.frame, current_frame, 0, 0, 0, 0, current_frame->w, current_frame->h);
-    else if (OwnedBitmap frame = copy_of(opened.frame); !frame || !adopt_frame(std::move(frame)))
+    if (pending == PENDING_OPEN)
+        for (const int tile : touched_tiles.tiles()) copy_tile(undo_snapshot, current_frame, tile);
+    else if (OwnedBitmap frame = copy_bitmap(opened.frame); !frame || !adopt_frame(std::move(frame)))
         return refuse_for_memory();
     drop_step();
     return true;
@@ -256,45 +320,59 @@ bool take_back_step() {
 
 void give_step_cel(CelAside given) {
     drop_carried_cel();
-    carried = {&undo_chain, newest_undo, given};
+    carried = {history.position - (pending == PENDING_STEP ? 0 : 1), given};
 }
 
-void take_up_waiting_step(int slot) {
-    for (UndoStep& step : waiting)
-        if (step.slot == slot && fits_frame(step.frame))
-            add_to_chain(step);
-        else if (step.slot == slot)
-            free_step(step);
+std::optional<HistoryToStore> history_to_store() {
+    if (pending != PENDING_OPEN && !settle()) return std::nullopt;
+    HistoryToStore stored;
+    const auto copy = [&] {
+        stored.history = history;
+        if (pending != PENDING_OPEN) return;
+        Step hole = pending_step();
+        hole.elsewhere = true;
+        stored.history.add(std::move(hole));
+        stored.before_hole = undo_snapshot;
+    };
+    if (!with_memory(copy)) return std::nullopt;
+    return stored;
 }
 
-void renumber_waiting_steps(const std::function<int(int slot)>& slot_of) {
-    for (UndoStep& step : waiting) {
-        if (step.frame == nullptr) continue;
-        step.slot = slot_of(step.slot);
-        if (step.slot < 0) free_step(step);
+History* settled_history() { return pending != PENDING_OPEN && settle() ? &history : nullptr; }
+
+void take_history(History taken) {
+    reset_undo_slots();
+    history = std::move(taken);
+    const bool comes_home = opened.slot == frame_index && fits_frame(opened.frame);
+    if (comes_home) {
+        if (history.position > history.first && history.step(history.position - 1).elsewhere) --history.position;
+        history.cut_redo();
+        replace_bitmap(undo_snapshot, OwnedBitmap(opened.frame));
+        pending = PENDING_OPEN;
     }
+    history.floor = reaches_all() ? history.first : history.position;
+    history.ceiling = reaches_all() ? history.end() : history.position;
+    while (!reaches_all() && history.floor > history.first && history.step(history.floor - 1).elsewhere)
+        --history.floor;
 }
 
-void reset_undo_slots() {
-    drop_carried_cel();
-    for (const Chain& chain : {undo_chain, redo_chain}) {
-        for (BITMAP*& slot : chain.slots) replace_bitmap(slot, nullptr);
-        chain.age.fill(undo_free);
-    }
+int last_changed_frame() { return changed_last; }
+
+void renumber_changed_frame(const std::function<int(int slot)>& slot_of) {
+    if (changed_last >= 0) changed_last = slot_of(changed_last);
 }
 
 bool prepare_undo_memory() {
-    constexpr std::size_t bytes_max = std::size_t{1} << 28;  // 8192 x 8192 pixels
-    if (current_frame == nullptr || !(wants_memory(undo_chain) || wants_memory(redo_chain))) return false;
+    if (current_frame == nullptr || is_refused) return false;
     const auto side = [](int pixels) { return static_cast<std::size_t>(pixels); };
-    if (side(current_frame->w) * side(current_frame->h) * sizeof(Color) > bytes_max) return false;
-    if (!fits_frame(spare)) {
-        replace_bitmap(spare, make_uncleared_bitmap(current_frame->w, current_frame->h));
-        spare_rows = 0;
+    if (side(current_frame->w) * side(current_frame->h) * sizeof(Color) > frame_bytes_max) return false;
+    if (!fits_frame(undo_snapshot)) {
+        if (pending == PENDING_NONE && make_snapshot()) return true;
+        return false;
     }
-    return spare != nullptr && clear_some_rows(spare, spare_rows);
+    return copy_some_tiles() || unless_memory_ends(deflate_older_steps, false);
 }
 
-void set_undo_source(OwnedBitmap (*copy)(BITMAP* source)) { copy_of = copy != nullptr ? copy : copy_bitmap; }
+void refuse_undo_memory(bool refused) { is_refused = refused; }
 
 }  // namespace nubo

@@ -1,30 +1,49 @@
 #pragma once
-// Undo and redo: whole copies of the Frame in two small pools, made when first needed.
+// Undo and redo of the Frame in memory, on its history (paint/history.h). A step is made of what has changed since the
+// snapshot that the inks read: at the next `save_undo`, when something else begins to change. So a press costs what the
+// stroke before it has touched, whatever the size of the Frame.
 #include "base/bitmap.h"
 #include "paint/cel_pixels.h"
+#include "paint/history.h"
 #include <functional>
+#include <optional>
 
 namespace nubo {
 
-/// Saves the Frame as the newest undo state, which is also the snapshot that inks read. Unless `keep_redo`, the redo
-/// chain is emptied. False, with nothing changed but a log line and a status message, when the memory can't be had: the
-/// caller then leaves the Frame alone.
+/// What changes from here on is a step of its own, and the snapshot is the Frame as it is now. Unless `keep_redo`, what
+/// was undone can't be redone any more. False, with nothing changed but a log line and a status message, when the
+/// memory can't be had: the caller then leaves the Frame alone.
 bool save_undo(bool keep_redo);
 
-/// Saves the Frame as the newest redo state; as `save_undo` on failure.
-bool save_redo();
-
-/// The user's commands; nothing happens on an empty chain. True if the state brought a Cel along (`give_step_cel`).
+/// The user's commands; nothing happens where UNDO DEPTH or the history ends. True if the step brought a Cel along
+/// (`give_step_cel`). The Frame may have another size afterwards.
 bool undo_last();
 bool redo_last();
 
-/// Empties both chains and frees their bitmaps. Every operation that gives the Frame another size or content from
-/// elsewhere calls it.
+/// How many steps can be undone from the first to the last state that is in reach, and how many are done.
+struct UndoReach {
+    int done = 0, all = 0;
+};
+UndoReach undo_reach();
+
+/// For a look at other states: leads the Frame from where `from` of the steps in reach are done to where `to` are, or
+/// as far as it gets, and gives the number there. The history isn't told: who looks puts the Frame back.
+int lead_frame(int from, int to);
+
+/// `picture` takes the Frame's place. That is a step, which only an UNDO DEPTH of ALL reaches: else it ends what can be
+/// undone. Where the memory for the step can't be had, it ends the history. False, with nothing changed, without the
+/// memory for the Frame.
+bool change_frame(OwnedBitmap picture);
+
+/// The Frame has no history: it is another one, or begins anew.
 void reset_undo_slots();
+
+/// UNDO DEPTH is another: only from here on it can be undone, or with ALL as far as the history reaches.
+void renew_undo_reach();
 
 // ---- A step before its change is final -----------------------------------------------------------------------------
 // A change that may still be taken back, here or after a look at other Frames, takes its step first and lets it count
-// when the change is final. Till then both chains are as they were.
+// when the change is final. Till then undo and redo are as they were.
 
 /// A Frame as it was before a change, and its slot; no picture: no step.
 struct UndoStep {
@@ -41,8 +60,8 @@ const UndoStep& open_step();
 /// The open step is of the Frame in memory.
 bool step_is_of_frame();
 
-/// Closes the open step: it is the newest undo state of its Frame, and the redo chain is emptied. Where another Frame
-/// is in memory it waits for its own to come back. Nothing without an open step.
+/// Closes the open step: it is the newest of its Frame, and what was undone there can't be redone. Where another Frame
+/// is in memory, the file of its history has it. Nothing without an open step.
 void count_step();
 
 /// Closes it without a trace.
@@ -52,23 +71,41 @@ void drop_step();
 /// for another size can't be had.
 bool take_back_step();
 
-/// The newest undo state brings a Cel along: when it is undone that is the Cel, and redo brings back the Cel of now.
+/// The newest step brings a Cel along: when it is undone that is the Cel, and redo brings back the Cel of now.
 void give_step_cel(CelAside given);
 
-/// The step that has waited for the Frame of `slot`, which is in memory now, becomes its newest undo state.
-void take_up_waiting_step(int slot);
+// ---- The history and its file (workspace/frame_history.h, which alone calls these) ----------------------------------
 
-/// The Frames that steps wait for have other slots: `slot_of` tells that of an old one, -1 for a Frame that is gone.
-void renumber_waiting_steps(const std::function<int(int slot)>& slot_of);
+/// What the file is to have.
+struct HistoryToStore {
+    History history;
+    BITMAP* before_hole = nullptr;  // the picture before the last step, if that is one which is still open
+};
+/// None without memory.
+std::optional<HistoryToStore> history_to_store();
 
-// ---- Memory --------------------------------------------------------------------------------------------------------
+/// The history in memory, for what the file's reader and writer have to tell it. All that was done is in it, unless the
+/// memory for that couldn't be had: then it is null.
+History* settled_history();
 
-/// One step (`clear_some_rows`) toward having the memory of the next state ready; false when it is. For when the
-/// program rests. A Frame above 256 MiB is left to its strokes.
+/// The Frame that has just come into memory has this one. An open step that was left with this Frame goes on.
+void take_history(History history);
+
+// ---- Which Frame was changed last ----------------------------------------------------------------------------------
+
+/// Its slot, -1 none in this run.
+int last_changed_frame();
+
+/// The Frames have other slots: `slot_of` tells that of an old one, -1 for a Frame that is gone.
+void renumber_changed_frame(const std::function<int(int slot)>& slot_of);
+
+// ---- At rest -------------------------------------------------------------------------------------------------------
+
+/// One step toward a snapshot that is ready before the first stroke and a history that takes little memory; false when
+/// there is nothing to do. For when the program rests. A Frame above 256 MiB is left to its strokes.
 bool prepare_undo_memory();
 
-/// Takes the bitmaps of new states from `copy`, which gives a copy of its argument or null; null goes back to
-/// `copy_bitmap`. For tests that tell beforehand what memory can be had.
-void set_undo_source(OwnedBitmap (*copy)(BITMAP* source));
+/// For tests: as if there were no memory for another step.
+void refuse_undo_memory(bool refused);
 
 }  // namespace nubo

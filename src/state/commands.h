@@ -8,8 +8,8 @@
 namespace nubo {
 
 /// WAIT_AFTER: the picture goes on, but the command rests till the key is up. REPEATS: it acts again and again till
-/// then.
-enum KeyWait : int { NO_WAIT, WAIT_AFTER, REPEATS };
+/// then, four times a second; REPEATS_QUICKLY: twelve times.
+enum KeyWait : int { NO_WAIT, WAIT_AFTER, REPEATS, REPEATS_QUICKLY };
 /// IS_FREE: the command runs even while a text field has the keyboard.
 enum KeyField : int { GIVES_WAY, IS_FREE };
 

@@ -1,5 +1,5 @@
 #pragma once
-// Frames: the one in memory, the table of all, and the undo pools of the one in memory.
+// Frames: the one in memory, the table of all, and what undo keeps of the one in memory.
 #include "state/shared.h"
 #include <array>
 #include <cstdint>
@@ -16,7 +16,8 @@ inline constinit BITMAP* stroke_mask = nullptr;     // of its size: coverage of 
 inline constinit Shared<int> frame_w = 0;           // size of `current_frame`: the timer handlers may not look into
 inline constinit Shared<int> frame_h = 0;           // a bitmap that the main flow replaces
 inline constinit BITMAP* original_frame = nullptr;  // the frame as last swapped in; RESTORE copies it back
-/// The Frame, while a preview shows in `current_frame`; null: none does. What is saved is never the preview.
+/// The Frame, while a preview shows in `current_frame`; null: none does. What is saved is never the preview, which
+/// `end_frame_preview` (workspace/frame_memory.h) takes off; that has the bitmap then.
 inline constinit BITMAP* frame_behind_preview = nullptr;
 
 // ---- The table of all Frames ---------------------------------------------------------------------------------------
@@ -34,11 +35,7 @@ inline constexpr int nail_tile = 40, nail_columns = 10;  // tile s of `nail_shee
 // ---- Undo ----------------------------------------------------------------------------------------------------------
 
 inline constexpr int undo_depth_max = 12;
-inline constexpr int undo_free = -1;                                // age of a slot that holds nothing
-inline constinit std::array<BITMAP*, undo_depth_max> undo_slots{};  // null until first needed
-inline constinit std::array<BITMAP*, undo_depth_max> redo_slots{};
-inline constinit auto undo_age = filled<int, undo_depth_max>(undo_free);  // 0 newest, higher older
-inline constinit auto redo_age = filled<int, undo_depth_max>(undo_free);
-inline constinit int newest_undo = 0, newest_redo = 0;  // slots last saved; inks read `undo_slots[newest_undo]`
+inline constexpr int undo_depth_all = undo_depth_max + 1;  // as far as the history of the Frame reaches
+inline constinit BITMAP* undo_snapshot = nullptr;          // the Frame before the running stroke: what inks read
 
 }  // namespace nubo

@@ -112,7 +112,7 @@ inline constexpr std::array user_options{
     of_user::radio(LABEL_OPTION_FILE_PREVIEW_MODE, opt_file_preview, PREVIEW_LIMIT,
                    {{{LABEL_ALL, PREVIEW_ALL}, {LABEL_LIMIT, PREVIEW_LIMIT}, {LABEL_PREVIEW_NONE, PREVIEW_NONE}}}),
     of_user::slider(LABEL_OPTION_FILE_PREVIEW_SIZE_LIMIT, opt_file_preview_limit, 2, 0, 64, 2),
-    of_user::slider(LABEL_OPTION_UNDO_DEPTH, opt_undo_depth, 3, 1, undo_depth_max, 1),
+    of_user::slider(LABEL_OPTION_UNDO_DEPTH, opt_undo_depth, 3, 1, undo_depth_all, 1),
 };
 static_assert(rows_in_order(user_options, &UserOption::label, LABEL_OPTION_CEL_MASKING));
 

@@ -114,7 +114,8 @@ void build_slider(int row, const UserOption& option) {
                    .y = control_y + row * row_h,
                    .w = slider_w,
                    .tooltip = option_message(option.label),
-                   .range = {option.lowest, option.highest, option.step}},
+                   .range = {option.lowest, option.highest, option.step},
+                   .text = option.label == LABEL_OPTION_UNDO_DEPTH ? "ALL" : nullptr},
                   window_x(), window_y());
     GUI_link_slider(slot, option.word);
 }
@@ -170,7 +171,7 @@ void options_window() {
     };
     const WindowPass end = run_window(window, {.built = finish_window, .show = show, .serve = serve});
     if (end == WINDOW_CANCELLED) write_options(before);
-    if (opt_undo_depth != depth) reset_undo_slots();
+    if (opt_undo_depth != depth) renew_undo_reach();
 }
 
 }  // namespace nubo

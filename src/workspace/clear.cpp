@@ -61,7 +61,7 @@ bool stage(const BlankWorkspace& blank) {
 /// The state on disk has the old words, until it is written the next time.
 void take_into_memory(const BlankWorkspace& blank) {
     const auto kept_dir = image_dir;
-    renumber_waiting_steps([](int) { return -1; });
+    renumber_changed_frame([](int) { return -1; });
     unpack_state(blank.state, state_file);
     image_dir = kept_dir;
     blank_side_content();

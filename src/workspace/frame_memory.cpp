@@ -9,6 +9,7 @@
 #include "state/run.h"
 #include "state/view.h"
 #include "view/view.h"
+#include "workspace/frame_history.h"
 #include "workspace/nail.h"
 #include "workspace/notices.h"
 #include "workspace/rename_job.h"
@@ -41,15 +42,20 @@ int backdrop_of(BITMAP* frame) {
 
 bool same_size(const BITMAP* a, const BITMAP* b) { return a != nullptr && a->w == b->w && a->h == b->h; }
 
+/// Of the same Frame, or of another one.
+enum Placing : int { PLACE_CHANGED, PLACE_ANOTHER };
+
 /// With what belongs to it.
-bool place_picture(OwnedBitmap picture) {
-    if (!picture || !adopt_frame(std::move(picture))) {
+bool place_picture(OwnedBitmap picture, Placing how) {
+    const bool placed =
+        picture && (how == PLACE_CHANGED ? change_frame(std::move(picture)) : adopt_frame(std::move(picture)));
+    if (!placed) {
         UA_log("[ ERROR ] : There isn't memory enough for the frame");
         return false;
     }
     view_clamp();
     if (frame_w < view_w || frame_h < view_h) checker_index = backdrop_of(current_frame);
-    reset_undo_slots();
+    if (how == PLACE_ANOTHER) reset_undo_slots();
     return true;
 }
 
@@ -62,7 +68,7 @@ bool place_frame(OwnedBitmap picture) {
         original = copy_bitmap(picture.get());
         if (!original) return false;
     }
-    if (!place_picture(std::move(picture))) return false;
+    if (!place_picture(std::move(picture), PLACE_ANOTHER)) return false;
     if (original)
         replace_bitmap(original_frame, std::move(original));
     else
@@ -117,6 +123,8 @@ bool store_frame_and_nail(const FrameSlot& slot, const std::function<void()>& me
     constexpr auto apart = std::launch::async | std::launch::deferred;
     SafeFile frame(slot.frame()), nail(nail_path);
     write_bmp(frame, current_frame);
+    HistoryWrite history = history_to_write(slot, print_of_saved_frame());
+    std::future<void> history_written = std::async(apart, [&history] { history.carry_out(); });
     std::future<void> frame_synced = std::async(apart, [&frame] { frame.sync(); });
     make_nail_tile(current_frame, slot.number);
     write_bmp(nail, nail_sheet);
@@ -124,8 +132,11 @@ bool store_frame_and_nail(const FrameSlot& slot, const std::function<void()>& me
     meanwhile();
     frame_synced.get();
     nail_synced.get();
+    history_written.get();
+    take_written(history);
     if (!frame.commit(SYNC_NAME_WITH_NEXT) || !nail.commit()) return false;
     frame_was_stored(slot);
+    keep_histories_in_bounds(slot);
     return true;
 }
 
@@ -145,40 +156,54 @@ bool bring_in(const FrameSlot& slot, FramePicture read, const std::function<void
     if (!take_frame(slot, std::move(read))) return false;
     if (once_placed) once_placed();
     show_slot(slot.number);
-    take_up_waiting_step(slot.number);
+    open_history(slot);
     return true;
 }
 
 bool open_frame(const FrameSlot& slot) {
     if (slot.number != frame_index) show_slot(slot.number);
-    if (load_frame(slot)) return true;
+    if (load_frame(slot)) return open_history(slot), true;
     keep_unread(slot.frame());
     flash_message(MESSAGE_FRAME_OUT_OF_REACH);
     for (int number = 0; number < frame_slots; ++number)
         if (const FrameSlot other{slot.folder, number}; other.has_frame() && load_frame(other))
-            return show_slot(number), true;
+            return show_slot(number), open_history(other), true;
     return open_blank_frame();
 }
 
 bool open_blank_frame() {
     if (!place_frame(make_bitmap(view_w, view_h))) return false;
+    begin_history();
     note_frame_saved();
     return true;
 }
 
 bool take_as_changed(OwnedBitmap picture) {
     take_saved_print();  // of what the file holds
-    return place_picture(std::move(picture));
+    return place_picture(std::move(picture), PLACE_CHANGED);
 }
 
 bool take_as_saved(OwnedBitmap picture) {
-    if (!place_picture(std::move(picture))) return false;
+    if (!place_picture(std::move(picture), PLACE_ANOTHER)) return false;
+    begin_history();
     note_frame_saved();
     return true;
 }
 
+bool take_as_rescued(const FrameSlot& slot, OwnedBitmap picture) {
+    if (!has_history_of(slot, picture.get())) return take_as_changed(std::move(picture));
+    take_saved_print();
+    if (!place_picture(std::move(picture), PLACE_ANOTHER)) return false;
+    open_history(slot);
+    return true;
+}
+
 bool store_frame(const FrameSlot& slot) {
-    if (!row_is_whole(slot.folder) || !save_picture(slot.frame(), current_frame)) return false;
+    if (!row_is_whole(slot.folder)) return false;
+    HistoryWrite history = history_to_write(slot, print_of_saved_frame());
+    history.carry_out();
+    take_written(history);
+    if (!save_picture(slot.frame(), current_frame)) return false;
     frame_was_stored(slot);
     return true;
 }
@@ -196,8 +221,7 @@ void keep_view(int number) { frame_view[at(number)] = {pan_x, pan_y, zoom}; }
 
 void end_frame_preview() {
     if (frame_behind_preview == nullptr) return;
-    blit(frame_behind_preview, current_frame, 0, 0, 0, 0, frame_w, frame_h);
-    frame_behind_preview = nullptr;
+    adopt_frame(OwnedBitmap(std::exchange(frame_behind_preview, nullptr)));
 }
 
 }  // namespace nubo

@@ -2,8 +2,8 @@
 // The one Frame in memory, and the only places where one comes there, is left and is stored:
 //
 //   comes from its file   open_frame at start; bring_in where another Frame is to be seen, or the same one anew
-//   comes otherwise       open_blank_frame without a file; take_as_changed by LOAD, out of a rescue, or as work brought
-//                         back; take_as_saved by NEW
+//   comes otherwise       open_blank_frame without a file; take_as_changed by LOAD or as work brought back;
+//                         take_as_rescued at start; take_as_saved by NEW
 //   is left               leave_frame, which stores it, its tile and its view; give_up_slot where another Frame gets
 //   the
 //                         slot
@@ -50,6 +50,10 @@ bool take_as_changed(OwnedBitmap picture);
 
 /// `picture`, which stands in the file of the current slot. RESTORE's copy stays.
 bool take_as_saved(OwnedBitmap picture);
+
+/// `picture` out of the rescue of a slot whose Frame is in memory, with the history that leads to it; a change of the
+/// Frame where there is none.
+bool take_as_rescued(const FrameSlot& slot, OwnedBitmap picture);
 
 // ---- Leaving and storing -------------------------------------------------------------------------------------------
 

@@ -16,6 +16,7 @@ namespace nubo {
 namespace {
 
 std::string current(int slot) { return frame_file_name(STEM_CURRENT, slot); }
+std::string history(int slot) { return frame_file_name(STEM_HISTORY, slot); }
 
 std::string staged_nail() { return side_file_name(STEM_INSERTED, "nal"); }
 
@@ -24,7 +25,10 @@ std::string staged_nail() { return side_file_name(STEM_INSERTED, "nal"); }
 /// From the far end on, so that each Frame moves to a free slot; the new ones go into those that are opened.
 RenameJob insert_job(const Folder& folder, int start, int count, int frames) {
     RenameJob job{JOB_INSERT, start, count, frames};
-    for (int slot = frames - 1; slot > start; --slot) job.add(folder, current(slot), current(slot + count));
+    for (int slot = frames - 1; slot > start; --slot) {
+        job.add(folder, current(slot), current(slot + count));
+        job.add(folder, history(slot), history(slot + count));
+    }
     for (int i = 0; i < count; ++i) job.add(folder, frame_file_name(STEM_INSERTED, i), current(start + 1 + i));
     job.add(folder, nail_file, side_file_name(STEM_BACKUP, "nal"));
     job.add(folder, staged_nail(), nail_file);
@@ -34,8 +38,14 @@ RenameJob insert_job(const Folder& folder, int start, int count, int frames) {
 /// Frames to be deleted are only renamed till the state is on disk.
 RenameJob delete_job(const Folder& folder, int start, int count, int frames) {
     RenameJob job{JOB_DELETE, start, count, frames};
-    for (int i = 0; i < count; ++i) job.add(folder, current(start + i), frame_file_name(STEM_DELETED, i));
-    for (int slot = start + count; slot < frames; ++slot) job.add(folder, current(slot), current(slot - count));
+    for (int i = 0; i < count; ++i) {
+        job.add(folder, current(start + i), frame_file_name(STEM_DELETED, i));
+        job.add(folder, history(start + i), frame_file_name(STEM_DROPPED, i));
+    }
+    for (int slot = start + count; slot < frames; ++slot) {
+        job.add(folder, current(slot), current(slot - count));
+        job.add(folder, history(slot), history(slot - count));
+    }
     return job;
 }
 
@@ -59,6 +69,14 @@ void adopt_rescues(const Folder& folder) {
     }
 }
 
+/// A history whose Frame is gone would be in the way of the next one there.
+void remove_strayed_histories(const Folder& folder, int first) {
+    for (int number = first; number < frame_slots; ++number) {
+        const FrameSlot slot{folder, number};
+        if (!slot.has_frame() && file_exists(slot.history())) remove_file(slot.history());
+    }
+}
+
 /// Moves Frames down over slots without a file.
 SlotMap close_gaps(const Folder& folder, bool& moved) {
     SlotMap map = nothing_moved();
@@ -70,6 +88,7 @@ SlotMap close_gaps(const Folder& folder, bool& moved) {
         if (slot.number == free.number) continue;
         if (!rename_file(slot.frame(), free.frame())) break;
         if (slot.has_rescue()) rename_file(slot.rescue(), free.rescue());
+        if (file_exists(slot.history())) rename_file(slot.history(), free.history());
         UA_log("[ INFO ] : Closed a gap: frame %d is now frame %d", slot.number, free.number);
         map[at(free.number)] = slot.number;
         moved = true;
@@ -123,6 +142,7 @@ FrameRepairs repair_frame_files(const Folder& folder) {
         repairs.by_journal = map_of(*job);
     }
     adopt_rescues(folder);
+    remove_strayed_histories(folder, 0);
     repairs.by_gaps = close_gaps(folder, repairs.moved);
     return repairs;
 }

@@ -9,8 +9,8 @@
 namespace nubo {
 namespace {
 
-constexpr std::array<const char*, STEM_COUNT> stem_names{"current",  "alternate", "backup", "rescue",
-                                                         "inserted", "deleted",   "loaded"};
+constexpr std::array<const char*, STEM_COUNT> stem_names{"current", "alternate", "backup",  "rescue", "inserted",
+                                                         "deleted", "loaded",    "history", "dropped"};
 
 }  // namespace
 

@@ -9,7 +9,7 @@ namespace nubo {
 
 /// What a file of a Workspace is called in front of its point: "current.007". The first three are Workspaces' own; the
 /// others stand for moments only: a Frame's state against a crash, and files on their way into the Workspace or out of
-/// it.
+/// it; but for the history of a Frame, which goes where it goes, and is dropped where it goes.
 enum FrameStem : int {
     STEM_CURRENT,
     STEM_ALTERNATE,
@@ -18,6 +18,8 @@ enum FrameStem : int {
     STEM_INSERTED,
     STEM_DELETED,
     STEM_LOADED,
+    STEM_HISTORY,
+    STEM_DROPPED,
     STEM_COUNT
 };
 std::string frame_file_name(FrameStem stem, int slot);
@@ -40,6 +42,7 @@ struct FrameSlot {
     std::string path(FrameStem stem) const { return folder.file(frame_file_name(stem, number)); }
     std::string frame() const { return path(STEM_CURRENT); }
     std::string rescue() const { return path(STEM_RESCUE); }
+    std::string history() const { return path(STEM_HISTORY); }
     bool has_frame() const;
     bool has_rescue() const;
 };

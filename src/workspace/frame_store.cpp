@@ -45,7 +45,7 @@ void insert_views(int start, int count, bool blank) {
     if (start == frame_index) keep_view(start);
     for (int slot = frame_count - 1; slot > start; --slot) view_of(slot + count) = view_of(slot);
     for (int slot = start + 1; slot <= start + count && !blank; ++slot) view_of(slot) = view_of(start);
-    renumber_waiting_steps([=](int slot) { return slot > start ? slot + count : slot; });
+    renumber_changed_frame([=](int slot) { return slot > start ? slot + count : slot; });
 }
 
 /// A copy is no file yet.
@@ -73,7 +73,7 @@ void delete_entries(int start, int count) {
         view_of(slot - count) = view_of(slot);
         copy_nail_tile(slot, slot - count);
     }
-    renumber_waiting_steps([=](int slot) { return slot < start ? slot : slot < start + count ? -1 : slot - count; });
+    renumber_changed_frame([=](int slot) { return slot < start ? slot : slot < start + count ? -1 : slot - count; });
     std::move(frame_source.begin() + start + count, frame_source.end(), frame_source.begin() + start);
     std::fill_n(frame_source.end() - count, count, std::string());
     frame_count -= count;

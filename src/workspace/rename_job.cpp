@@ -166,7 +166,7 @@ std::optional<RenameJob> finish_interrupted_job(const Folder& folder) {
 }
 
 void remove_leftovers(const Folder& folder) {
-    constexpr std::array passing_stems{STEM_INSERTED, STEM_DELETED, STEM_LOADED, STEM_BACKUP};
+    constexpr std::array passing_stems{STEM_INSERTED, STEM_DELETED, STEM_LOADED, STEM_BACKUP, STEM_DROPPED};
     std::vector<std::string> names{previous_staged, previous_retired};
     for (const FrameStem stem : passing_stems) {
         for (int slot = 0; slot < frame_slots; ++slot) names.push_back(frame_file_name(stem, slot));

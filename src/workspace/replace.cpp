@@ -66,6 +66,8 @@ RenameJob change_job(const Folder& folder, int frames) {
             job.add(folder, component_name(from, i, frame_slots), component_name(to, i, frame_slots));
     };
     add_stems(STEM_CURRENT, STEM_BACKUP);
+    for (int slot = 0; slot < frame_slots; ++slot)
+        job.add(folder, frame_file_name(STEM_HISTORY, slot), frame_file_name(STEM_DROPPED, slot));
     add_to_previous(folder, job);
     add_stems(STEM_LOADED, STEM_CURRENT);
     return job;

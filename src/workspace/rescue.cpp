@@ -9,13 +9,13 @@
 #include "state/options.h"
 #include "state/run.h"
 #include "workspace/folders.h"
+#include "workspace/frame_history.h"
 #include "workspace/nail.h"
 #include "workspace/notices.h"
+#include "workspace/picture_print.h"
 #include "workspace/rescue_folder.h"
 #include "workspace/workspace_files.h"
-#include <array>
 #include <atomic>
-#include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <system_error>
@@ -27,9 +27,6 @@ namespace {
 
 constexpr unsigned rescue_ticks = rescue_seconds * clock_hz, telling_ticks = 60 * clock_hz;
 
-/// What a Frame looks like, in 64 bits.
-using Print = std::uint64_t;
-
 Print saved_print = 0;            // of the Frame as its file holds it
 bool saved_print_wanted = false;  // the Frame was saved and not changed since: take its print at the next chance
 Print rescued_print = 0;          // of the Frame as its rescue holds it, 0 for none
@@ -39,26 +36,9 @@ unsigned told_ticks = 0;          // when the user was last told so
 bool is_held = false;             // no rescue may be written
 
 BITMAP* snapshot = nullptr;  // read by the thread while it runs
+HistoryWrite history;        // the thread's while it runs
 std::jthread writer;         // joins even where the program ends without a stop
 std::atomic<bool> written{false}, done{true};
-
-/// Four lanes, so that the multiplications don't wait for each other.
-Print print_of(BITMAP* frame) {
-    constexpr std::uint64_t prime = 0x9e3779b97f4a7c15;
-    constexpr int lanes = 4, lane_pixels = 2;
-    std::array<std::uint64_t, lanes> hash{1, 2, 3, static_cast<std::uint64_t>(frame->w)};
-    for (int y = 0; y < frame->h; ++y) {
-        const Color* const row = pixels_at(frame, 0, y);
-        int x = 0;
-        for (; x + lanes * lane_pixels <= frame->w; x += lanes * lane_pixels) {
-            std::array<std::uint64_t, lanes> words{};
-            std::memcpy(words.data(), row + x, sizeof words);
-            for (std::size_t i = 0; i < lanes; ++i) hash[i] = (hash[i] ^ words[i]) * prime, hash[i] ^= hash[i] >> 32;
-        }
-        for (; x < frame->w; ++x) hash[0] = (hash[0] ^ row[x]) * prime, hash[0] ^= hash[0] >> 32;
-    }
-    return ((hash[0] * prime + hash[1]) * prime + hash[2]) * prime + hash[3];
-}
 
 /// Without a Workspace the Frame goes where it would go at the end; empty if that can't be.
 std::string rescue_path(int slot) {
@@ -80,29 +60,46 @@ void rescue_failed() {
 void collect() {
     if (!writer.joinable()) return;
     writer.join();
-    destroy_bitmap(snapshot);
-    snapshot = nullptr;
+    replace_bitmap(snapshot, nullptr);
+    take_written(history);
     if (!written) return rescue_failed();
     fails = false;
 }
 
-void start_writing(Print print) {
-    snapshot = copy_bitmap(current_frame).release();
-    if (snapshot == nullptr) return rescue_failed();
-    written = false;
+/// Starts the thread, which writes the history and then the snapshot, if there is one, to `path`. False without a
+/// thread.
+bool start_writer(const std::string& path) {
     done = false;
     try {
-        writer = std::jthread([path = rescue_path(frame_index), picture = snapshot] {
-            written = save_bmp_file(path, picture);
+        writer = std::jthread([path] {
+            history.carry_out();  // first: the rescue of a picture that its history doesn't know would end it
+            written = snapshot == nullptr || save_bmp_file(path, snapshot);
             done = true;
         });
-        rescued_print = print;
     } catch (const std::system_error&) {  // no more threads: the next tick that is due tries again
         done = true;
-        destroy_bitmap(snapshot);
-        snapshot = nullptr;
-        rescue_failed();
+        history = {};
+        return false;
     }
+    return true;
+}
+
+void start_rescue(Print print) {
+    snapshot = copy_bitmap(current_frame).release();
+    if (snapshot == nullptr) return rescue_failed();
+    history = history_to_write(slot_of_row(frame_index), print_of_saved_frame(), print);
+    if (start_writer(rescue_path(frame_index))) {
+        rescued_print = print;
+        return;
+    }
+    replace_bitmap(snapshot, nullptr);
+    rescue_failed();
+}
+
+/// What was done has led back to a picture that is on the disk.
+void write_history_alone(Print print) {
+    history = history_to_write(slot_of_row(frame_index), print_of_saved_frame(), print);
+    if (!history.path.empty()) start_writer("");
 }
 
 /// While an area floats the Frame that it was cut out of has a hole.
@@ -119,11 +116,13 @@ void autosave_tick(bool stroke_running) {
     if (now - last_ticks < rescue_ticks) return;
     last_ticks = now;
     const Print print = print_of(current_frame);
-    if (print == rescued_print) return;
-    if (print != saved_print) return start_writing(print);
-    // The changes were undone: the rescue of them would bring them back.
-    if (rescued_print != 0) remove_file(rescue_path(frame_index));
-    rescued_print = 0;
+    if (print != rescued_print && print != saved_print) return start_rescue(print);
+    const bool has_rescue = rescued_print != 0 || slot_of_row(frame_index).has_rescue();
+    if (print == saved_print && has_rescue) {  // of changes that were undone: it would bring them back
+        remove_file(rescue_path(frame_index));
+        rescued_print = 0;
+    }
+    write_history_alone(print);
 }
 
 RescueHold::RescueHold() {
@@ -153,7 +152,7 @@ void rescue_landed_area(const FrameSlot& cut) {
     if (!cut.has_rescue()) return;
     collect();
     rescued_print = 0;
-    start_writing(print_of(current_frame));
+    start_rescue(print_of(current_frame));
     collect();
     if (rescued_print != 0 && cut.number != frame_index) remove_file(cut.rescue());
 }
@@ -170,6 +169,8 @@ void take_saved_print() {
     rescued_print = 0;
     last_ticks = static_cast<unsigned>(UA_clock_ticks);
 }
+
+std::optional<Print> print_of_saved_frame() { return saved_print_wanted ? std::nullopt : std::optional(saved_print); }
 
 void forget_rescue(const FrameSlot& slot) {
     if (area_floats != 0) return;  // the Frame that it was cut out of has one

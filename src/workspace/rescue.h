@@ -4,6 +4,8 @@
 // none.
 #include "base/bitmap.h"
 #include "workspace/frame_slot.h"
+#include "workspace/picture_print.h"
+#include <optional>
 
 namespace nubo {
 
@@ -45,6 +47,9 @@ void forget_rescue(const FrameSlot& slot);
 bool rescue_cut_frame(const FrameSlot& slot);
 /// The Frame has been saved since: the rescue has to stay newer.
 void renew_cut_rescue(const FrameSlot& slot);
+
+/// Of the Frame as its file holds it; none where nobody has looked at it yet.
+std::optional<Print> print_of_saved_frame();
 
 // ---- An area that was cut out of a Frame ---------------------------------------------------------------------------
 

@@ -3,7 +3,6 @@
 #include "base/bitmap.h"
 #include "base/log.h"
 #include "base/memory.h"
-#include "paint/surfaces.h"
 #include "paint/undo.h"
 #include "state/frames.h"
 #include "view/view.h"
@@ -25,13 +24,12 @@ bool take_new_size(OwnedBitmap picture, int width, int height) {
         flash_message(MESSAGE_FRAME_SIDE);
         return false;
     }
-    if (!picture || !adopt_frame(std::move(picture))) {
+    if (!picture || !change_frame(std::move(picture))) {
         UA_log("[ ERROR ] : No memory for a frame of %d x %d pixels. Nothing was changed.", width, height);
         flash_message(MESSAGE_NO_MEMORY);
         return false;
     }
     view_clamp();
-    reset_undo_slots();
     flash_message(MESSAGE_RESIZED);
     return true;
 }

@@ -123,7 +123,7 @@ bool read_state(const std::string& path) {
 }
 
 bool load_workspace_state(const char* name, const FrameRepairs& repairs) {
-    renumber_waiting_steps([](int) { return -1; });  // their Frames are another Workspace's
+    renumber_changed_frame([](int) { return -1; });  // their Frames are another Workspace's
     const bool there = read_workspace(name, repairs);
     select_preferred_font();
     return there;

@@ -6,6 +6,7 @@
 #include "state/options.h"
 #include "workspace/defaults.h"
 #include "workspace/folders.h"
+#include "workspace/frame_history.h"
 #include "workspace/frame_memory.h"
 #include "workspace/frame_moves.h"
 #include "workspace/frame_store.h"
@@ -37,7 +38,7 @@ bool open_without_state(const Folder& folder) {
 void bring_back_rescue(int slot) {
     if (slot < 0 || (slot != frame_index && !fetch_frame(slot, slot))) return;  // it waits for its Frame
     OwnedBitmap picture = read_rescue(slot_of_row(slot));
-    if (!picture || !take_as_changed(std::move(picture))) return;
+    if (!picture || !take_as_rescued(slot_of_row(slot), std::move(picture))) return;
     UA_log("[ INFO ] : Frame %d was rescued from the last run", slot);
     flash_message(MESSAGE_RESCUED);
 }
@@ -78,6 +79,7 @@ void tell_everywhere(const std::string& line) {
 }  // namespace
 
 bool open_workspace() {
+    begin_history_run();
     set_workspace_away(false);
     set_workspace_away(!reach_workspace());
     const bool opened = workspace_is_away() ? open_without_workspace() : restore(workspace_folder());

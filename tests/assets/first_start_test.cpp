@@ -177,7 +177,7 @@ TEST_F(FirstStart, TheSettingsHoldTheKeysAndTheNewcomersOptions) {
     EXPECT_EQ(hotkeys[HOTKEY_ZOOM_OUT][KEY_ALTERNATE], KEY_MINUS);
     for (int row = 0; row < hotkey_rows; ++row)
         for (const KeySide side : {KEY_PRIMARY, KEY_ALTERNATE}) EXPECT_FALSE(dupe_hotkey_check(row, side)) << row;
-    EXPECT_EQ(opt_undo_depth, undo_depth_max);
+    EXPECT_EQ(opt_undo_depth, undo_depth_all);
     EXPECT_EQ(opt_cursor_zoom, 1) << "off: it keeps its size";
     EXPECT_EQ(opt_crosshair_scaling, 0);
     EXPECT_EQ(opt_tooltips, 1);

@@ -86,6 +86,7 @@ constexpr KeyCase cases[] = {
     {HOTKEY_RAPID_EXIT, 0, 0, AFTERWARDS, [] { return exit_requested != 0; }},
     {HOTKEY_CEL_FLIP_ACROSS, 0, KEY_H, WHILE_HELD, [] { return *pixels_at(cel, 3, 0) == white; }, true},
     {HOTKEY_CEL_FLIP_DOWN, 0, KEY_V, WHILE_HELD, [] { return *pixels_at(cel, 0, 1) == white; }, true},
+    {HOTKEY_HISTORY, KEY_LSHIFT, KEY_Z, AFTERWARDS, [] { return frame_behind_preview != nullptr; }},
 };
 
 /// Takes what is copied and has nothing to paste.
@@ -130,6 +131,7 @@ protected:
         if (one.action == HOTKEY_UNDO || one.action == HOTKEY_REDO) {
             save_undo(false);
             *pixels_at(current_frame, 20, 20) = red;
+            note_all_touched();
         }
         if (one.action == HOTKEY_REDO) undo_last();
         if (one.code == 0) hotkeys[at(one.action)][KEY_PRIMARY] = KEY_F11;

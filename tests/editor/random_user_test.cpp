@@ -60,17 +60,6 @@ bool shows_one_active(int first, int active) {
     return true;
 }
 
-/// The ages of the states in use are 0, 1, 2 and so on, and each has a picture of the Frame's size.
-bool is_a_chain(const std::array<int, undo_depth_max>& ages, const std::array<BITMAP*, undo_depth_max>& slots) {
-    std::set<int> used;
-    for (std::size_t i = 0; i < ages.size(); ++i) {
-        if (ages[i] == undo_free) continue;
-        const bool fits = slots[i] != nullptr && slots[i]->w == current_frame->w && slots[i]->h == current_frame->h;
-        if (!fits || !used.insert(ages[i]).second) return false;
-    }
-    return used.empty() || (*used.begin() == 0 && *used.rbegin() == static_cast<int>(used.size()) - 1);
-}
-
 bool is_between(int value, int low, int high) { return value >= low && value <= high; }
 
 /// The view's centre stays on the Frame.
@@ -86,8 +75,7 @@ const char* broken_invariant() {
     if (frame_w != current_frame->w || frame_h != current_frame->h) return "the Frame's size is another";
     if (stroke_mask->w != current_frame->w || stroke_mask->h != current_frame->h) return "the stroke mask's size";
     if (!is_between(frame_count, 1, frame_slots) || !is_between(frame_index, 0, frame_count - 1)) return "the row";
-    if (!is_a_chain(undo_age, undo_slots)) return "the ages of undo";
-    if (!is_a_chain(redo_age, redo_slots)) return "the ages of redo";
+    if (const UndoReach reach = undo_reach(); !is_between(reach.done, 0, reach.all)) return "what undo reaches";
     if (!is_between(hover, -1, gui_slots - 1)) return "hover";
     if (!view_is_in_limits()) return "zoom or pan";
     if (!elements_belong_to_window()) return "an element without a window";
@@ -331,7 +319,7 @@ void RandomUser::begin_sitting(unsigned seed) {
     opt_tooltips = below(2);
     opt_tool_distance = below(2);
     opt_zoom_preview = below(2);
-    opt_undo_depth = 1 + below(undo_depth_max);
+    opt_undo_depth = 1 + below(undo_depth_all);
     adopt_frame(make_bitmap(64 + below(400), 48 + below(300)));
     reset_undo_slots();
     constexpr int frame_bytes_max = 4 << 20;  // the way to larger ones is left to the tests of the resizing

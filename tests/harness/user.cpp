@@ -193,9 +193,7 @@ void EditorTest::new_frame(int width, int height, Color color) {
     reset_undo_slots();
 }
 
-int undo_steps() {
-    return static_cast<int>(std::ranges::count_if(undo_age, [](int age) { return age != undo_free; }));
-}
+int undo_steps() { return undo_reach().done; }
 
 void EditorTest::take_tool(BrushTool tool) { tool_slots[static_cast<std::size_t>(active_tool_slot)] = tool; }
 

@@ -16,6 +16,7 @@
 #include "windows/files/jpeg_quality_window.h"
 #include "windows/files/previous_window.h"
 #include "windows/help_window.h"
+#include "windows/history_window.h"
 #include "windows/hotkey_window.h"
 #include "windows/ink_window.h"
 #include "windows/kit/activity_menus.h"
@@ -133,6 +134,7 @@ std::vector<WindowOpener> all_windows() {
         {"SCHEME", IS_WINDOW, scheme_window},
         {"FAVORITES", IS_WINDOW, favorites_window},
         {"FILES", IS_WINDOW, save_frame_command},
+        {"HISTORY", IS_WINDOW | PANS, history_window},
         {"JPG QUALITY", IS_WINDOW | IS_BOX_OVER_OTHERS, [] { jpeg_quality_window(); }},
         {"R.POLY", IS_WINDOW | PANS, [] { run_shape_window(TOOL_RPOLY); }},
         {"SSHAPE", IS_WINDOW | PANS, [] { run_shape_window(TOOL_SSHAPE); }},

@@ -161,10 +161,11 @@ TEST_F(CelTest, NothingHappensWithoutMemory) {
     refuse_bitmap(0);
     EXPECT_FALSE(commit_cel(CEL_TURN, UNDO_TO_SAVE)) << "the scratch";
     EXPECT_EQ(undo_steps(), 0);
-    for (const CelMode mode : {CEL_PASTE, CEL_BELOW, CEL_STRETCH}) {
-        refuse_bitmap(0);
-        EXPECT_FALSE(commit_cel(mode, UNDO_TO_SAVE)) << "the undo copy";
-    }
+    ASSERT_TRUE(save_undo(false));
+    refuse_undo_memory(true);
+    for (const CelMode mode : {CEL_PASTE, CEL_BELOW, CEL_STRETCH})
+        EXPECT_FALSE(commit_cel(mode, UNDO_TO_SAVE)) << "the step before";
+    refuse_undo_memory(false);
     EXPECT_EQ(pixels_of(current_frame), before);
     EXPECT_GT(status_message, 0);
     for (const int made : {0, 1}) {

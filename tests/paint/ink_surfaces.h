@@ -25,7 +25,7 @@ protected:
     }
     static void begin_stroke() {
         clear_stroke_mask();
-        replace_bitmap(undo_slots[static_cast<unsigned>(newest_undo)], copy_bitmap(current_frame));
+        replace_bitmap(undo_snapshot, copy_bitmap(current_frame));
     }
     static std::vector<Color> pixels_of(BITMAP* bitmap) {
         std::vector<Color> pixels;

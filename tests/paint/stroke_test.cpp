@@ -21,18 +21,19 @@ protected:
 TEST_F(StrokeTest, CoverageMapIsClearedAtRestButNotDuringAStroke) {
     const auto mark = [](int y) -> Color& { return *pixels_at(stroke_mask, 0, y); };
     const int last = stroke_mask->h - 1;
+    const auto mark_both = [=] {
+        for (const int y : {0, last}) note_painted(0, y, 1), mark(y) = 7;
+    };
     begin_stroke();
-    mark(0) = mark(last) = 7;
+    mark_both();
     EXPECT_FALSE(prepare_stroke_mask());
     EXPECT_EQ(mark(0), 7U);
     clear_stroke_mask();  // by a commit, which releases nothing
     EXPECT_EQ(mark(0) | mark(last), 0U);
-    mark(0) = mark(last) = 7;
+    mark_both();
     release_stroke_mask();
     EXPECT_TRUE(prepare_stroke_mask());
-    EXPECT_EQ(mark(0), 0U);
-    clear_stroke_mask();
-    EXPECT_EQ(mark(last), 0U);
+    EXPECT_EQ(mark(0) | mark(last), 0U);
 }
 
 TEST_F(StrokeTest, RefusesNumbersOutOfRangeWithALine) {
@@ -55,9 +56,9 @@ TEST_F(StrokeTest, RefusesNumbersOutOfRangeWithALine) {
     for (const Point outside : {Point{-1, 0}, Point{0, -1}, Point{view_w, 0}, Point{0, view_h}})
         draw_to_frame(outside.x, outside.y, TOOL_LINE, INK_OPAQUE, 0, white);
     EXPECT_EQ(stroke_snapshot(), nullptr) << "none of these is an undo step";
-    set_undo_source([](BITMAP*) { return OwnedBitmap(); });
+    refuse_undo_memory(true);
     draw_to_frame(0, 0, TOOL_LINE, INK_OPAQUE, 0, white);  // without memory
-    set_undo_source(nullptr);
+    refuse_undo_memory(false);
     tool_option(TOOL_SEP, OPTION_TOLERANCE) = 1;
     draw_to_frame(0, 0, TOOL_SEP, INK_COUNT, 0, white);  // in range, though no ink has the number
     EXPECT_NE(stroke_snapshot(), nullptr);

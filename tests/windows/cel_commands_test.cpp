@@ -83,6 +83,7 @@ TEST_F(CelCommandTest, PasteFloatsUntilItIsAnchoredOrLeft) {
         EXPECT_EQ(undo_steps(), 1);
         co_await tap(user, KEY_U);
         EXPECT_EQ(count_pixels(red), 5);
+        status_message = status_coordinates;  // which told of the step
         co_await tap(user, KEY_TILDE);
         co_await tap(user, KEY_ESC);
         expect_at_rest();

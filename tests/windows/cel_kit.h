@@ -9,6 +9,7 @@ inline constexpr Color red = 0xff0000, green = 0x00ff00, blue = 0x0000ff, white 
 
 inline void fill(int x1, int y1, int x2, int y2, Color color) {
     rectfill(current_frame, x1, y1, x2, y2, static_cast<int>(color));
+    note_touched(area_between(x1, y1, x2, y2));
 }
 inline Color cel_pixel(int x, int y) { return *pixels_at(cel_mask, x, y); }
 inline User::Pause tap(User& user, int code) {

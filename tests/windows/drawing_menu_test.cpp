@@ -33,6 +33,7 @@ TEST_F(MenuTest, ALeftPressOnUndoGoesBackAndARightOneForward) {
         for (const int x : {10, 20}) {
             EXPECT_TRUE(save_undo(false));
             *pixels_at(current_frame, x, 5) = red;
+            note_all_touched();
         }
         for (const auto& [button, dots] : {std::pair{left_button, 1},
                                            {right_button, 2},

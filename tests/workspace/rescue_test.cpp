@@ -156,7 +156,7 @@ TEST_F(RescueTest, DeletingAFrameTakesItsRescueAlong) {
 TEST_F(RescueTest, AnAreaThatFloatsOverAnotherFrameIsNotLost) {
     ASSERT_TRUE(take_step());
     area_floats = 1;
-    paint(9);                            // the hole
+    scribble(9);                         // the hole
     for (int way = 0; way < 2; ++way) {  // there, back, and there once more
         ASSERT_TRUE(fetch_frame(0, 1));
         if (way == 0) {
@@ -172,7 +172,7 @@ TEST_F(RescueTest, AnAreaThatFloatsOverAnotherFrameIsNotLost) {
     // It lands on the other Frame instead: the kill comes right after.
     ASSERT_TRUE(take_step());
     area_floats = 1;
-    paint(9);
+    scribble(9);
     ASSERT_TRUE(fetch_frame(0, 1));
     paint(77);
     area_floats = 0;
@@ -186,7 +186,7 @@ TEST_F(RescueTest, AnAreaThatFloatsOverAnotherFrameIsNotLost) {
 TEST_F(RescueTest, AFrameWithAHoleIsNotLeftWithoutItsRescue) {
     ASSERT_TRUE(take_step());
     area_floats = 1;
-    paint(9);
+    scribble(9);
     faults::arm(faults::CALL_WRITE, 0, ENOSPC);
     EXPECT_FALSE(fetch_frame(0, 1));
     EXPECT_EQ(ids_on_disk(), (Ids{1, 2, 3}));

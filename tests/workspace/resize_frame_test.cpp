@@ -121,6 +121,7 @@ TEST_F(ResizeTest, WithoutMemoryAllIsAsBefore) {
     number_frame(10, 7);
     ASSERT_TRUE(save_undo(false));
     *pixels_at(current_frame, 0, 0) = 0xabcdef;
+    note_all_touched();
     const auto before = frame_pixels();
     bool (*const attempts[])() = {[] { return resize_frame(0, 11, 12, 4, false); },
                                   [] { return resize_frame(0, 5, 5, 4, true); }, [] { return crop_frame(1, 1, 3, 3); },

@@ -66,7 +66,15 @@ protected:
         return ids;
     }
     static int id_in_memory() { return static_cast<int>(*pixels_at(current_frame, 0, 0)); }
-    static void paint(int id) { clear_to_color(current_frame, id); }
+    static void paint(int id) {
+        EXPECT_TRUE(save_undo(false));
+        scribble(id);
+    }
+    /// As a part of a step that is open.
+    static void scribble(int id) {
+        clear_to_color(current_frame, id);
+        note_all_touched();
+    }
     static int tile_id(int slot) {
         return static_cast<int>(
             *pixels_at(nail_sheet, slot % nail_columns * nail_tile, slot / nail_columns * nail_tile));

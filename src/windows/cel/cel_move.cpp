@@ -2,6 +2,7 @@
 // Meanwhile it is nowhere but in the Cel, so each way out either anchors it or puts it back. The step before the cut
 // counts once the area has landed; till then undo and redo are as they were.
 #include "paint/cel_pixels.h"
+#include "paint/surfaces.h"
 #include "paint/undo.h"
 #include "state/frames.h"
 #include "state/run.h"
@@ -21,6 +22,7 @@ void leave_hole(const Area& area) {
     const bool takes_brush = tool_option(TOOL_MOVE, OPTION_USE_BRUSH_COLOR) != 0;
     rectfill(current_frame, area.left, area.top, area.right, area.bottom,
              static_cast<int>(takes_brush ? brush_color : mask_color));
+    note_touched(area);
 }
 
 /// True if it was anchored. Over a Frame that can't be left it goes on floating, but not at the program's end.

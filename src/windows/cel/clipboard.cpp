@@ -8,6 +8,7 @@
 #include "codecs/jpeg.h"
 #include "codecs/png.h"
 #include "gui/waiting.h"
+#include "paint/surfaces.h"
 #include "paint/undo.h"
 #include "platform/clipboard.h"
 #include "platform/input_file.h"
@@ -155,6 +156,7 @@ void fill_frame(BITMAP* picture) {
     const int width = std::min(picture->w, current_frame->w), height = std::min(picture->h, current_frame->h);
     for (int y = 0; y < height; ++y)
         settle_row(pixels_at(picture, 0, y), width, mask_color & color_bits, pixels_at(current_frame, 0, y));
+    note_touched({0, 0, width - 1, height - 1});
 }
 
 /// False if nothing is to be pasted any more.

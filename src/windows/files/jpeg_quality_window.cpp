@@ -3,6 +3,7 @@
 #include "base/bitmap.h"
 #include "base/memory.h"
 #include "codecs/jpeg.h"
+#include "paint/surfaces.h"
 #include "state/frames.h"
 #include "state/options.h"
 #include "state/run.h"
@@ -53,24 +54,26 @@ void view_quality(BITMAP* picture) {
         return write_jpeg(picture, gui::slider_value[slider], bytes) ? read_jpeg(bytes) : ReadPicture{};
     };
     const ReadPicture shown_as = unless_memory_ends(make, {});
-    if (shown_as.bitmap) blit(shown_as.bitmap.get(), current_frame, 0, 0, 0, 0, frame_w, frame_h);
+    if (!shown_as.bitmap) return;
+    blit(shown_as.bitmap.get(), current_frame, 0, 0, 0, 0, frame_w, frame_h);
+    note_all_touched();
 }
 
 }  // namespace
 
 int jpeg_quality_window() {
-    const OwnedBitmap kept = copy_bitmap(current_frame);
+    OwnedBitmap kept = copy_bitmap(current_frame);
     if (!kept) return jpeg_quality;  // without memory to show it the last quality stands
-    frame_behind_preview = kept.get();
+    frame_behind_preview = kept.release();
     const ClearedScreen cleared;
     int quality = jpeg_quality;
     const auto open = [&] {
         gui::slider_value[slider] = int{jpeg_quality};
-        view_quality(kept.get());
+        view_quality(frame_behind_preview);
     };
     const auto serve = [&] {
         quality = gui::slider_value[slider];
-        if (take_click(high_slot + QUALITY_VIEW) > 0) view_quality(kept.get());
+        if (take_click(high_slot + QUALITY_VIEW) > 0) view_quality(frame_behind_preview);
         return WINDOW_STAYS;
     };
     const WindowPass end = run_window(window, {.built = open, .serve = serve});
