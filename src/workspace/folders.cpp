@@ -27,6 +27,8 @@ Folder resource_folder() { return program_folder().inside("resource"); }
 
 Folder workspace_folder() { return program_folder().inside("WORKSPACE"); }
 
+FrameSlot slot_of_row(int number) { return {workspace_folder(), number}; }
+
 bool reach_workspace() {
     const std::string path = workspace_folder().path();
     if (away) {

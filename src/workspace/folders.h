@@ -1,6 +1,7 @@
 #pragma once
 // The folders of the program, and the one in which a user looks for files.
 #include "platform/folder.h"
+#include "workspace/frame_slot.h"
 
 namespace nubo {
 
@@ -8,6 +9,9 @@ namespace nubo {
 Folder program_folder();
 Folder resource_folder();
 Folder workspace_folder();
+
+/// A slot of the row of Frames in WORKSPACE.
+FrameSlot slot_of_row(int number);
 
 /// True if the WORKSPACE folder is there; it is made if there is none. False, logged, if it can't be reached, and in a
 /// run that began without it.

@@ -2,7 +2,6 @@
 
 #include "platform/safe_file.h"
 #include "state/frames.h"
-#include "workspace/folders.h"
 #include <algorithm>
 #include <cstdio>
 
@@ -31,8 +30,6 @@ bool is_stem(std::string_view name) {
 bool FrameSlot::has_frame() const { return file_exists(frame()); }
 
 bool FrameSlot::has_rescue() const { return file_exists(rescue()); }
-
-FrameSlot slot_of_row(int number) { return {workspace_folder(), number}; }
 
 int count_frames_in(const Folder& folder) {
     int count = 0;

@@ -47,9 +47,6 @@ struct FrameSlot {
     bool has_rescue() const;
 };
 
-/// Such a slot in WORKSPACE.
-FrameSlot slot_of_row(int number);
-
 /// The number of slots of a folder that have a Frame.
 int count_frames_in(const Folder& folder);
 

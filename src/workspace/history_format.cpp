@@ -23,16 +23,6 @@ std::uint64_t mixed(std::uint64_t sum, std::uint64_t word) {
     return sum ^ sum >> 32;
 }
 
-std::uint64_t sum_behind(std::uint64_t sum, ByteSpan bytes) {
-    std::size_t at = 0;
-    for (std::uint64_t word = 0; at + sizeof word <= bytes.size(); at += sizeof word) {
-        std::memcpy(&word, bytes.data() + at, sizeof word);
-        sum = mixed(sum, word);
-    }
-    for (; at < bytes.size(); ++at) sum = mixed(sum, bytes[at]);
-    return mixed(sum, bytes.size());
-}
-
 template <typename Number> void put(std::vector<std::uint8_t>& bytes, Number value) {
     for (int shift = 8 * static_cast<int>(sizeof value); (shift -= 8) >= 0;)
         bytes.push_back(static_cast<std::uint8_t>(value >> shift));
@@ -163,7 +153,7 @@ template <typename Take> void for_each_record(ByteSpan bytes, std::uint64_t sum,
         const ByteSpan payload = from.bytes(length);
         const std::uint64_t told = from.number(sum_bytes);
         if (!from.sound || payload.empty()) return;
-        sum = sum_behind(sum, bytes.subspan(at, length_bytes + length));
+        sum = history_sum(sum, bytes.subspan(at, length_bytes + length));
         if (told != sum) return;
         at += length_bytes + length + sum_bytes;
         if (!take(payload, at, sum)) return;
@@ -172,12 +162,22 @@ template <typename Take> void for_each_record(ByteSpan bytes, std::uint64_t sum,
 
 }  // namespace
 
+std::uint64_t history_sum(std::uint64_t sum, std::span<const std::uint8_t> bytes) {
+    std::size_t at = 0;
+    for (std::uint64_t word = 0; at + sizeof word <= bytes.size(); at += sizeof word) {
+        std::memcpy(&word, bytes.data() + at, sizeof word);
+        sum = mixed(sum, word);
+    }
+    for (; at < bytes.size(); ++at) sum = mixed(sum, bytes[at]);
+    return mixed(sum, bytes.size());
+}
+
 HistoryWriter::HistoryWriter(std::uint64_t salt, int first) : sum_(0) {
     bytes_.assign(magic.begin(), magic.end());
     put(bytes_, version);
     put_word(bytes_, first);
     put(bytes_, salt);
-    sum_ = sum_behind(0, bytes_);
+    sum_ = history_sum(0, bytes_);
 }
 
 void HistoryWriter::record(char kind) {
@@ -190,7 +190,7 @@ void HistoryWriter::end_record() {
     const auto length = static_cast<std::uint32_t>(bytes_.size() - record_ - length_bytes);
     for (std::size_t i = 0; i < length_bytes; ++i)
         bytes_[record_ + i] = static_cast<std::uint8_t>(length >> 8 * (length_bytes - 1 - i));
-    sum_ = sum_behind(sum_, ByteSpan(bytes_).subspan(record_));
+    sum_ = history_sum(sum_, ByteSpan(bytes_).subspan(record_));
     put(bytes_, sum_);
 }
 
@@ -233,7 +233,7 @@ template <typename Wanted> std::optional<ReadHistory> read_up_to(ByteSpan bytes,
     header.number(8);
     constexpr int first_max = 1 << 30;  // so that no number beyond it overflows
     if (!is_history || !header.sound || first < 0 || first > first_max) return std::nullopt;
-    const std::uint64_t salted = sum_behind(0, bytes.first(header_bytes));
+    const std::uint64_t salted = history_sum(0, bytes.first(header_bytes));
 
     // What follows the place that is asked for may have cut what stood before it: so it is looked for first.
     std::size_t end = 0;

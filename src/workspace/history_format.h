@@ -54,6 +54,9 @@ struct ReadHistory {
     HistoryPlace place;
 };
 
+/// The sum behind bytes that follow others with the sum `sum`; 0 in front of all.
+std::uint64_t history_sum(std::uint64_t sum, std::span<const std::uint8_t> bytes);
+
 /// None where there is no place of such a picture, or the bytes aren't a history. Nothing that they claim is believed
 /// without a look. Throws without memory.
 std::optional<ReadHistory> read_history(std::span<const std::uint8_t> bytes, int width, int height, Print print);

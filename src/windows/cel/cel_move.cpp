@@ -12,6 +12,7 @@
 #include "windows/cel/corners.h"
 #include "windows/kit/placement.h"
 #include "windows/kit/run_window.h"
+#include "workspace/folders.h"
 #include "workspace/notices.h"
 #include "workspace/rescue.h"
 

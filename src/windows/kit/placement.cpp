@@ -18,6 +18,7 @@
 #include "windows/kit/offscreen_box.h"
 #include "windows/kit/over_frame.h"
 #include "windows/kit/quick_pan.h"
+#include "workspace/folders.h"
 #include "workspace/frame_store.h"
 #include "workspace/rescue.h"
 #include <algorithm>
