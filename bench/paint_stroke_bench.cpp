@@ -11,6 +11,7 @@
 #include "state/shown.h"
 #include "state/stroke.h"
 #include "state/tools.h"
+#include "workspace/history_format.h"
 
 #include <algorithm>
 #include <benchmark/benchmark.h>
@@ -78,15 +79,91 @@ BENCHMARK(stroke_limit_memcpy)->Unit(benchmark::kMillisecond);
 
 // ---- Whole Frames --------------------------------------------------------------------------------------------------
 
-void save_undo_state(benchmark::State& state) {
-    begin_stroke(INK_OPAQUE, 0);
-    for (int i = 0; i < undo_depth_max; ++i) save_undo(false);  // so that every slot has its bitmap
-    for (auto _ : state) save_undo(false);
-    count_pixels(state, side * side);
+/// Another Frame, black or of noise.
+void new_history_frame(int width, int height, bool noisy) {
+    adopt_frame(make_bitmap(width, height));
+    if (noisy) {
+        std::mt19937 lot(1);
+        for (int y = 0; y < height; ++y)
+            for (int x = 0; x < width; ++x) *pixels_at(current_frame, x, y) = lot() & 0xffffff;
+    }
+    reset_undo_slots();
 }
-BENCHMARK(save_undo_state)->Unit(benchmark::kMillisecond);
 
-/// What a first press costs before its first stamp, on the largest Frame in use: a slot is made, the map is cleared.
+/// 100 pixels of a line, 3 wide, each time elsewhere.
+void stroke_of_100(int turn) {
+    const int x = turn * 37 % (current_frame->w - 100), y = turn * 53 % (current_frame->h - 3);
+    for (int row = y; row < y + 3; ++row) stamp_row(x, x + 99, row, INK_OPAQUE, brush_color);
+}
+
+/// What a press costs before its first stamp, after a stroke of 100 pixels.
+void press_after_a_stroke(benchmark::State& state) {
+    begin_stroke(INK_OPAQUE, 0);
+    const int width = static_cast<int>(state.range(0)), height = width == 320 ? 240 : width;
+    new_history_frame(width, height, true);
+    save_undo(false);
+    int turn = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        stroke_of_100(++turn);
+        state.ResumeTiming();
+        save_undo(false);
+        clear_stroke_mask();
+    }
+}
+BENCHMARK(press_after_a_stroke)->Arg(320)->Arg(2048)->Arg(4096)->Unit(benchmark::kMillisecond);
+
+void undo_a_stroke(benchmark::State& state) {
+    begin_stroke(INK_OPAQUE, 0);
+    new_history_frame(4096, 4096, true);
+    int turn = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        save_undo(false);
+        stroke_of_100(++turn);
+        state.ResumeTiming();
+        undo_last();
+    }
+}
+BENCHMARK(undo_a_stroke)->Unit(benchmark::kMillisecond);
+
+/// Memory of the history beside the Frame, in Frames, after so many strokes on 2048 x 2048, once the program has
+/// rested.
+void memory_of_strokes(benchmark::State& state) {
+    begin_stroke(INK_OPAQUE, 0);
+    for (auto _ : state) {
+        new_history_frame(2048, 2048, true);
+        for (int turn = 0; turn < state.range(0); ++turn) {
+            save_undo(false);
+            stroke_of_100(turn);
+        }
+        while (prepare_undo_memory()) {
+        }
+        constexpr double frame_bytes = 4.0 * 2048 * 2048;
+        state.counters["frames"] = 1 + static_cast<double>(settled_history()->bytes) / frame_bytes;  // and the snapshot
+    }
+}
+BENCHMARK(memory_of_strokes)->Arg(12)->Arg(300)->Iterations(1)->Unit(benchmark::kMillisecond);
+
+/// Bytes on disk of a stroke of 100 x 3, on black and on noise.
+void disk_of_a_stroke(benchmark::State& state) {
+    begin_stroke(INK_OPAQUE, 0);
+    for (auto _ : state) {
+        new_history_frame(2048, 2048, state.range(0) != 0);
+        constexpr int strokes = 100;
+        for (int turn = 0; turn < strokes; ++turn) {
+            save_undo(false);
+            stroke_of_100(turn);
+        }
+        HistoryWriter writer(1, 0);
+        const History& history = *settled_history();
+        for (int number = 0; number < history.end(); ++number) writer.step(number, history.step(number));
+        state.counters["bytes"] = static_cast<double>(writer.bytes().size()) / strokes;
+    }
+}
+BENCHMARK(disk_of_a_stroke)->Arg(0)->Arg(1)->Iterations(1)->Unit(benchmark::kMillisecond);
+
+/// What a first press costs before its first stamp, on the largest Frame in use: a snapshot is made, the map cleared.
 void begin_first_stroke_4096(benchmark::State& state) {
     begin_stroke(INK_OPAQUE, 0);
     adopt_frame(make_bitmap(2 * side, 2 * side, 0x202020));
@@ -99,7 +176,7 @@ void begin_first_stroke_4096(benchmark::State& state) {
 }
 BENCHMARK(begin_first_stroke_4096)->Unit(benchmark::kMillisecond);
 
-/// The same after a rest, in which the slot's memory was made ready.
+/// The same after a rest, in which the snapshot was made ready.
 void begin_first_stroke_4096_rested(benchmark::State& state) {
     begin_stroke(INK_OPAQUE, 0);
     adopt_frame(make_bitmap(2 * side, 2 * side, 0x202020));
@@ -114,7 +191,7 @@ void begin_first_stroke_4096_rested(benchmark::State& state) {
     }
     count_pixels(state, 4.0 * side * side);
 }
-BENCHMARK(begin_first_stroke_4096_rested)->Unit(benchmark::kMillisecond);
+BENCHMARK(begin_first_stroke_4096_rested)->Iterations(50)->Unit(benchmark::kMillisecond);
 
 void filled_box_rows(benchmark::State& state) {
     begin_stroke(INK_OPAQUE, 0);
@@ -149,6 +226,7 @@ void flood_fill_maze(benchmark::State& state) {
             *pixels_at(current_frame, x, y) = 0x202020;
             *pixels_at(current_frame, x + (to_the_right ? 1 : 0), y + (to_the_right ? 0 : 1)) = 0x202020;
         }
+    note_all_touched();
     save_undo(false);
     for (auto _ : state) flood_fill(0, 0, 0x202020, 1, brush_color);
     count_pixels(state, side * side);
@@ -160,6 +238,7 @@ void flood_fill_comb(benchmark::State& state) {
     begin_stroke(INK_OPAQUE, 0);
     for (int y = 0; y < side - 1; ++y)
         for (int x = 1; x < side; x += 2) *pixels_at(current_frame, x, y) = 0xffffff;
+    note_all_touched();
     save_undo(false);
     for (auto _ : state) flood_fill(0, 0, 0x202020, 1, brush_color);
     count_pixels(state, side * side);

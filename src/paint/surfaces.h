@@ -22,8 +22,10 @@ void note_all_touched();
 /// The same of a row that an ink paints, and the coverage map's with it. All of it lies in the Frame.
 void note_painted(int x, int y, int length);
 
-/// Where the Frame may differ from the snapshot. Undo empties it as it makes the snapshot equal.
+/// Where the Frame may differ from the snapshot. Undo takes tiles out as it makes the snapshot equal, and says so by
+/// `renew_notes`.
 inline TileSet touched_tiles;
+void renew_notes();
 
 // ---- The coverage map ----------------------------------------------------------------------------------------------
 

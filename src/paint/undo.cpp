@@ -102,6 +102,7 @@ bool make_snapshot() {
     OwnedBitmap made = is_refused ? nullptr : make_uncleared_bitmap(current_frame->w, current_frame->h);
     if (!made) return false;
     replace_bitmap(undo_snapshot, std::move(made));
+    take_rows(undo_snapshot, 0, undo_snapshot->h);
     note_all_touched();
     return true;
 }
@@ -112,6 +113,7 @@ void equal_snapshot() {
     else
         for (const int tile : touched_tiles.tiles()) copy_tile(current_frame, undo_snapshot, tile);
     touched_tiles.clear();
+    renew_notes();
     check_snapshot();
 }
 
@@ -183,6 +185,7 @@ constexpr std::size_t frame_bytes_max = std::size_t{1} << 28;  // 8192 x 8192 pi
 bool copy_some_tiles() {
     constexpr int tiles_at_once = 64;  // 1 MiB
     if (pending != PENDING_NONE || touched_tiles.empty()) return false;
+    renew_notes();
     for (int i = 0; i < tiles_at_once && !touched_tiles.empty(); ++i)
         copy_tile(current_frame, undo_snapshot, touched_tiles.take());
     return true;
