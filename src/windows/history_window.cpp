@@ -33,15 +33,15 @@ constexpr ElementRow button_row(int slot, int x, int w, const char* text) {
 }
 constexpr std::array<ElementRow, HISTORY_SLOTS - slot_content> rows{{
     {.slot = HISTORY_SLIDER, .type = ELEMENT_BOX, .x = 2, .y = 12, .w = 315},
-    button_row(HISTORY_OKAY, 2, 61, "OKAY"),
-    button_row(HISTORY_START, 65, 61, "TODAY"),
-    button_row(HISTORY_FORGET, 129, 61, "FORGET"),
-    button_row(HISTORY_FORGET_ALL, 193, 61, "FORGET ALL"),
-    button_row(HISTORY_CANCEL, 257, 60, "CANCEL"),
+    button_row(HISTORY_OKAY, 2, 57, "OKAY"),
+    button_row(HISTORY_START, 62, 57, "TODAY"),
+    button_row(HISTORY_FORGET, 122, 57, "FORGET"),
+    button_row(HISTORY_FORGET_ALL, 182, 75, "FORGET ALL"),
+    button_row(HISTORY_CANCEL, 260, 57, "CANCEL"),
 }};
 static_assert(rows_in_order(rows, &ElementRow::slot, slot_content));
 
-constexpr WindowRow window{.y = view_h - window_h - 9,
+constexpr WindowRow window{.y = view_h - window_h - 1,
                            .w = window_w,
                            .h = window_h,
                            .child_count = HISTORY_SLOTS,
