@@ -1,10 +1,16 @@
 // Frames between memory and disk, beside a plain write, sync and read of as many bytes in the same folder. Sync takes
 // what the disk takes: measure where the program folder lies (TMPDIR).
 #include "bench_workspace.h"
+#include "paint/stroke.h"
+#include "paint/surfaces.h"
+#include "paint/undo.h"
+#include "state/tools.h"
+#include "workspace/frame_history.h"
 #include "workspace/frame_store.h"
 
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
+#include <random>
 #include <vector>
 
 namespace nubo {
@@ -39,6 +45,28 @@ void swap_of_two(benchmark::State& state) {
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(large_bytes) * 2);
 }
 
+/// Leaving a Frame on which so many strokes of 100 x 3 pixels were painted since the last rescue, on noise.
+void leave_with_strokes(benchmark::State& state) {
+    const BenchWorkspace workspace(2, view_w, view_h);
+    for (auto _ : state) {
+        state.PauseTiming();
+        std::mt19937 lot(1);
+        for (int turn = 0; turn < state.range(0); ++turn) {
+            save_undo(false);
+            clear_stroke_mask();
+            for (int row = 0; row < 3; ++row)
+                stamp_row(turn % 220, turn % 220 + 99, turn * 7 % 230 + row, INK_OPAQUE, lot() & 0xffffff);
+            for (int rest = 0; rest < 20; ++rest) prepare_undo_memory();
+        }
+        state.ResumeTiming();
+        if (!fetch_frame(0, 1)) state.SkipWithError("no swap");
+        state.PauseTiming();
+        if (!fetch_frame(1, 0)) state.SkipWithError("no swap");
+        forget_history(slot_of_row(0));
+        state.ResumeTiming();
+    }
+}
+
 /// A start, the reading alone: its cost may not grow with the number of Frames.
 void open_with(benchmark::State& state) {
     const BenchWorkspace workspace(static_cast<int>(state.range(0)), view_w, view_h);
@@ -63,6 +91,7 @@ void rescue_tick(benchmark::State& state) {
 
 BENCHMARK(limit_write_sync_read)->Name("workspace/limit: write, sync, read of 2048x2048")->UseRealTime();
 BENCHMARK(swap_of_two)->Name("workspace/fetch_frame between two of 2048x2048")->UseRealTime();
+BENCHMARK(leave_with_strokes)->Name("workspace/leave 320x240 with strokes")->Arg(0)->Arg(300)->UseRealTime();
 BENCHMARK(open_with)->Name("workspace/open, 320x240 frames")->Arg(1)->Arg(100)->UseRealTime();
 BENCHMARK(rescue_tick)->Name("workspace/rescue, on the main flow")->Arg(1024)->Arg(2048)->UseRealTime();
 

@@ -98,18 +98,6 @@ int wait_for_disk(int (*sync)(int), int file, std::size_t bytes) {
     return result;
 }
 
-/// Writes all bytes, however many pieces the system takes them in.
-bool write_all(int file, const std::uint8_t* bytes, std::size_t size) {
-    while (size > 0) {
-        const ssize_t written = system_calls.write(file, bytes, size);
-        if (written < 0 && errno == EINTR) continue;
-        if (written <= 0) return false;
-        bytes += written;
-        size -= static_cast<std::size_t>(written);
-    }
-    return true;
-}
-
 }  // namespace
 
 // ---- Writing -------------------------------------------------------------------------------------------------------

@@ -1,7 +1,9 @@
 #pragma once
 // The calls to the system that change files. All writing of the program's own goes through this table, so that a test
 // can let the n-th of them fail, or end the process there, and look at what the disk then holds.
+#include <cerrno>
 #include <cstddef>
+#include <cstdint>
 #include <cstdio>
 #include <fcntl.h>
 #include <sys/types.h>
@@ -28,5 +30,17 @@ inline constinit SystemCalls system_calls{
     [](const char* from, const char* to) { return std::rename(from, to); },
     [](const char* path) { return ::unlink(path); },
 };
+
+/// Writes all bytes, however many pieces the system takes them in.
+inline bool write_all(int file, const std::uint8_t* bytes, std::size_t size) {
+    while (size > 0) {
+        const ssize_t written = system_calls.write(file, bytes, size);
+        if (written < 0 && errno == EINTR) continue;
+        if (written <= 0) return false;
+        bytes += written;
+        size -= static_cast<std::size_t>(written);
+    }
+    return true;
+}
 
 }  // namespace nubo

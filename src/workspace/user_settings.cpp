@@ -121,8 +121,10 @@ void load_user_settings() {
     set_first_run_defaults();
     hotkey_offered.fill(false);
     const bool has_read = read_settings();
-    const bool is_new_to_history = has_read && !hotkey_offered[HOTKEY_HISTORY];
-    if (is_new_to_history && opt_undo_depth == undo_depth_max) queue_box(LABEL_UNDO_REACHES_ALL, LABEL_UNDO_DEPTH_ALL);
+    const auto& [primary, alternate] = hotkeys[HOTKEY_HISTORY];
+    const bool knows_history = hotkey_offered[HOTKEY_HISTORY] || primary != 0 || alternate != 0;
+    if (has_read && !knows_history && opt_undo_depth == undo_depth_max)
+        queue_box(LABEL_UNDO_REACHES_ALL, LABEL_UNDO_DEPTH_ALL);
     offer_new_keys(/*only_noted=*/!has_read);
 }
 

@@ -187,8 +187,13 @@ protected:
 };
 
 TEST_F(HistoryTest, ThreeHundredStepsOutliveAChangeOfFrameAndARestart) {
+    ASSERT_TRUE(adopt_frame(noise(view_w, view_h, 1)));
+    reset_undo_slots();
     const Pixels first = frame();
-    for (int i = 0; i < 300; ++i) dot(i % frame_side, i / frame_side % frame_side, static_cast<Color>(i + 1));
+    ink_slots[0] = INK_GLASS;
+    tool_slots[0] = TOOL_DRAW;
+    for (int i = 0; i < 300; ++i)
+        draw_to_frame(i * 7 % view_w, i * 11 % view_h, TOOL_DRAW, INK_GLASS, i % 36, 0xc0ffee);
     const Pixels last = frame();
     ASSERT_TRUE(go(0, 1) && go(1, 0));
     restart();

@@ -339,6 +339,17 @@ TEST_F(WorkspaceTest, NewKeysReachWhoHasSettingsOnceAndTakeNoKeyAway) {
     ASSERT_TRUE(save_user_settings());
     load_user_settings();
     EXPECT_EQ(hotkeys[HOTKEY_CEL_FLIP_DOWN][KEY_PRIMARY], 0) << "taken away, it stays away";
+    while (take_box()) {
+    }
+    opt_undo_depth = undo_depth_max;
+    hotkey_offered[HOTKEY_HISTORY] = false;  // as before there was one
+    hotkeys[HOTKEY_HISTORY][KEY_PRIMARY] = 0;
+    for (const bool is_told : {true, false}) {
+        ASSERT_TRUE(save_user_settings());
+        load_user_settings();
+        const auto box = take_box();
+        EXPECT_EQ(box && box->first == LABEL_UNDO_REACHES_ALL, is_told);
+    }
 }
 
 TEST_F(WorkspaceTest, SettingsThatCantBeReadAreKeptAsideAndTheDefaultsHold) {
