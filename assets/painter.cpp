@@ -29,7 +29,6 @@ int whole(const Command& command, std::size_t index) { return command.numbers[in
 
 /// One stroke: a snapshot and a clear coverage map, then the paint.
 template <typename Paint> bool stroke(Paint paint) {
-    note_all_touched();  // by what is no stroke
     if (!save_undo(false)) return false;
     clear_stroke_mask();
     paint();
@@ -286,7 +285,9 @@ bool run_command(const ArtSource& source, const ArtBlock& block, const Words& wo
     for (const CommandRow& row : commands) {
         if (words[0] != row.word) continue;
         const Command command{words, whole_numbers(words), stamps};
-        if (command.numbers.size() >= row.numbers && row.run(command)) return true;
+        const bool has_run = command.numbers.size() >= row.numbers && row.run(command);
+        note_all_touched();  // many a command paints without a stroke
+        if (has_run) return true;
         return art_fault(source, block, (words[0] + " is not as in: " + row.wish).c_str());
     }
     return art_fault(source, block, ("there is no command " + words[0]).c_str());
