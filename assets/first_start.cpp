@@ -1,12 +1,12 @@
 #include "first_start.h"
 
-#include "codecs/bmp_file.h"
 #include "first_values.h"
 #include "state/cel.h"
 #include "state/frames.h"
 #include "state/options.h"
 #include "state/run.h"
 #include "state/stroke.h"
+#include "workspace/bmp_files.h"
 #include "workspace/frame_slot.h"
 #include "workspace/nail.h"
 #include "workspace/side_files.h"

@@ -2,12 +2,12 @@
 // A program folder for the benchmarks, with a Workspace of many Frames.
 #include "base/bitmap.h"
 #include "base/log.h"
-#include "codecs/bmp_file.h"
 #include "state/cel.h"
 #include "state/frames.h"
 #include "state/options.h"
 #include "state/run.h"
 #include "state/stroke.h"
+#include "workspace/bmp_files.h"
 #include "workspace/folders.h"
 #include "workspace/frame_memory.h"
 #include "workspace/nail.h"

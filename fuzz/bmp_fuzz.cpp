@@ -6,6 +6,6 @@
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static const int started = nubo::start_fuzzing();
-    nubo::load_bmp_file(nubo::put_in_file(data, size));
+    nubo::read_bmp(nubo::InputFile(nubo::put_in_file(data, size)));
     return started;
 }

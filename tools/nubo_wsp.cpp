@@ -2,10 +2,10 @@
 // display.
 #include "base/color.h"
 #include "base/utf8.h"
-#include "codecs/bmp_file.h"
 #include "codecs/png.h"
 #include "state/frames.h"
 #include "workspace/archive_file.h"
+#include "workspace/bmp_files.h"
 #include "workspace/state_fields.h"
 #include <algorithm>
 #include <allegro.h>

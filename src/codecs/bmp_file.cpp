@@ -2,15 +2,12 @@
 
 #include "base/bitmap_memory.h"
 #include "base/color.h"
-#include "base/log.h"
 #include "base/memory.h"
 #include "codecs/bmp_header.h"
 #include "codecs/rgb_rows.h"
 #include "platform/input_file.h"
-#include "platform/safe_file.h"
 #include <algorithm>
 #include <bit>
-#include <filesystem>
 #include <unistd.h>
 #include <vector>
 
@@ -220,15 +217,6 @@ bool memory_bears(const BmpHeader& header) {
     return bytes <= static_cast<double>(sysconf(_SC_PHYS_PAGES)) * static_cast<double>(sysconf(_SC_PAGESIZE));
 }
 
-/// Why a file can't be opened: a folder or a pipe never will be, a link to a drive that isn't there may be.
-PictureFault fault_of_opening(const std::string& path) {
-    if (!file_exists(path)) return PICTURE_MISSING;
-    std::error_code error;
-    const auto type = std::filesystem::status(path, error).type();
-    const bool other = type != std::filesystem::file_type::regular && type != std::filesystem::file_type::not_found;
-    return !error && other ? PICTURE_MALFORMED : PICTURE_OUT_OF_REACH;
-}
-
 /// What keeps a file from giving a picture.
 struct Refusal {
     PictureFault fault = PICTURE_FINE;
@@ -296,23 +284,14 @@ void write_bmp(BITMAP* bitmap, std::vector<std::uint8_t>& bytes) {
             [&bytes](const std::uint8_t* from, std::size_t size) { bytes.insert(bytes.end(), from, from + size); });
 }
 
-bool save_bmp_file(const std::string& path, BITMAP* bitmap) {
-    SafeFile file(path);
-    write_bmp(file, bitmap);
-    return file.commit();
-}
-
-OwnedBitmap load_bmp_file(const std::string& path, PictureFault& fault) {
-    OwnedBitmap bitmap;
-    PictureLoss loss;
-    const InputFile file(path);
-    const Refusal refusal = file.is_open()
-                                ? unless_memory_ends([&] { return read_picture(file, bitmap, loss); }, without_memory)
-                                : Refusal{fault_of_opening(path), "it can't be opened"};
-    fault = refusal.fault;
-    if (fault == PICTURE_FINE) return bitmap;
-    UA_log("[ ERROR ] : The picture %s can't be loaded: %s", path.c_str(), refusal.cause);
-    return nullptr;
+BmpPicture read_bmp(const InputFile& file) {
+    BmpPicture picture;
+    const auto read = [&] { return read_picture(file, picture.bitmap, picture.loss); };
+    const Refusal refusal = unless_memory_ends(read, without_memory);
+    picture.fault = refusal.fault;
+    picture.cause = refusal.cause;
+    if (picture.fault != PICTURE_FINE) picture.bitmap.reset();
+    return picture;
 }
 
 ReadPicture read_bmp(FileBytes bytes) {
@@ -323,15 +302,8 @@ ReadPicture read_bmp(FileBytes bytes) {
 }
 
 const char* fault_of_bmp(const InputFile& file) {
-    OwnedBitmap bitmap;
-    PictureLoss loss;
-    const Refusal refusal = unless_memory_ends([&] { return read_picture(file, bitmap, loss); }, without_memory);
-    return refusal.fault == PICTURE_FINE ? nullptr : refusal.cause;
-}
-
-OwnedBitmap load_bmp_file(const std::string& path) {
-    PictureFault fault;
-    return load_bmp_file(path, fault);
+    const BmpPicture picture = read_bmp(file);
+    return picture.fault == PICTURE_FINE ? nullptr : picture.cause;
 }
 
 }  // namespace nubo

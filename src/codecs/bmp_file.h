@@ -1,19 +1,15 @@
 #pragma once
-// Windows BMP files, also the form of the Frames and their side files on disk.
+// Windows BMP pictures, also the form of the Frames and their side files on disk.
 #include "base/bitmap.h"
 #include "codecs/read_picture.h"
 #include "platform/input_file.h"
 #include "platform/safe_file.h"
-#include <string>
 #include <vector>
 
 namespace nubo {
 
-/// Writes the 32-bit `bitmap` with 24 bits a pixel, byte for byte as Allegro's `save_bmp` does, but safely. False after
-/// a failure, which is logged; the old file is then as it was.
-bool save_bmp_file(const std::string& path, BITMAP* bitmap);
-
-/// The writing alone, to a file that the caller commits.
+/// Writes the 32-bit `bitmap` with 24 bits a pixel, byte for byte as Allegro's `save_bmp` does, to a file that the
+/// caller commits.
 void write_bmp(SafeFile& file, BITMAP* bitmap);
 
 /// Appends the same bytes to those in memory.
@@ -27,10 +23,17 @@ enum PictureFault : int {
     PICTURE_OUT_OF_REACH  // of the memory, of the descriptors, of the permissions, of the disk
 };
 
-/// Reads a BMP of any common form (1, 4, 8, 16, 24 or 32 bits, packed or not, either order of rows) into a new 32-bit
-/// bitmap. Null when the file isn't one, is cut short, or asks for more memory than there is; the cause is logged.
-OwnedBitmap load_bmp_file(const std::string& path);
-OwnedBitmap load_bmp_file(const std::string& path, PictureFault& fault);
+/// A picture, or what kept it from being read: the fault, and in words.
+struct BmpPicture {
+    OwnedBitmap bitmap{};
+    PictureFault fault = PICTURE_FINE;
+    const char* cause = "";
+    PictureLoss loss{};
+};
+
+/// Reads a BMP of any common form (1, 4, 8, 16, 24 or 32 bits, packed or not, either order of rows) from an open file
+/// into a new 32-bit bitmap. Null when it isn't one, is cut short, or asks for more memory than there is.
+BmpPicture read_bmp(const InputFile& file);
 
 /// The same from bytes in memory, with the cause in the result instead of the log.
 ReadPicture read_bmp(FileBytes bytes);

@@ -13,11 +13,4 @@ ReadPicture read_jpeg(FileBytes bytes);
 /// side above 65,500) or the memory can't be had; the cause is logged.
 bool write_jpeg(BITMAP* bitmap, int quality, Bytes& bytes);
 
-/// The same of the file at `path`; one that can't be opened is named on standard error.
-ReadPicture load_jpeg(const std::string& path);
-
-/// Writes `bitmap` to the file at `path`. False after a log line when that fails, and where the file can't be written
-/// one on standard error too; the old file is then as it was.
-bool save_jpeg(const std::string& path, BITMAP* bitmap, int quality);
-
 }  // namespace nubo

@@ -2,7 +2,6 @@
 #include "codecs/jpeg.h"
 #include "codecs/jpeg_error.h"
 #include "codecs/rgb_rows.h"
-#include "platform/input_file.h"
 
 #include <algorithm>
 #include <vector>
@@ -89,13 +88,6 @@ ReadPicture read_jpeg(FileBytes bytes) {
     for (int y = rows; picture.bitmap && y < picture.bitmap->h; ++y)
         std::fill_n(pixels_at(picture.bitmap.get(), 0, y), picture.bitmap->w, Color{0});
     return picture;
-}
-
-ReadPicture load_jpeg(const std::string& path) {
-    std::vector<std::uint8_t> bytes;
-    if (read_file(path, picture_file_max, bytes)) return read_jpeg(bytes);
-    std::fprintf(stderr, "can't open %s\n", path.c_str());
-    return {nullptr, "the file can't be read"};
 }
 
 }  // namespace nubo

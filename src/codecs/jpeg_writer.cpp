@@ -4,7 +4,6 @@
 #include "codecs/jpeg.h"
 #include "codecs/jpeg_error.h"
 #include "codecs/rgb_rows.h"
-#include "platform/safe_file.h"
 
 #include <array>
 
@@ -84,15 +83,6 @@ bool write_jpeg(BITMAP* bitmap, int quality, Bytes& bytes) {
     }
     bytes.insert(bytes.end(), writer->bytes.data(), writer->bytes.end());
     return true;
-}
-
-bool save_jpeg(const std::string& path, BITMAP* bitmap, int quality) {
-    Bytes bytes;
-    if (!write_jpeg(bitmap, quality, bytes)) return false;
-    if (write_file(path, bytes.data(), bytes.size())) return true;
-    std::fprintf(stderr, "can't open %s\n", path.c_str());
-    UA_log("[ ERROR ] : Couldn't open new or existing JPG for saving!");
-    return false;
 }
 
 }  // namespace nubo

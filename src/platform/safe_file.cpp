@@ -93,7 +93,11 @@ int wait_for_disk(int (*sync)(int), int file, std::size_t bytes) {
         result = sync(file);
         cause = errno;
     };
-    disk_waiter != nullptr&&* disk_waiter ? (*disk_waiter)(wait, bytes) : wait();
+    const bool has_waiter = disk_waiter != nullptr && *disk_waiter;
+    if (has_waiter)
+        (*disk_waiter)(wait, bytes);
+    else
+        wait();
     errno = cause;
     return result;
 }

@@ -9,6 +9,7 @@
 #include "state/run.h"
 #include "state/view.h"
 #include "view/view.h"
+#include "workspace/bmp_files.h"
 #include "workspace/frame_history.h"
 #include "workspace/nail.h"
 #include "workspace/notices.h"

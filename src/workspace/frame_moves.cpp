@@ -1,9 +1,9 @@
 #include "workspace/frame_moves.h"
 
 #include "base/log.h"
-#include "codecs/bmp_file.h"
 #include "platform/safe_file.h"
 #include "state/run.h"
+#include "workspace/bmp_files.h"
 #include "workspace/frame_slot.h"
 #include "workspace/nail.h"
 #include "workspace/notices.h"

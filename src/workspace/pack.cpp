@@ -1,10 +1,10 @@
 #include "workspace/pack.h"
 
 #include "base/log.h"
-#include "codecs/bmp_file.h"
 #include "state/frames.h"
 #include "state/options.h"
 #include "state/run.h"
+#include "workspace/bmp_files.h"
 #include "workspace/folders.h"
 #include "workspace/frame_memory.h"
 #include "workspace/notices.h"

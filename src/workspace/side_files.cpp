@@ -1,12 +1,12 @@
 #include "workspace/side_files.h"
 
 #include "base/log.h"
-#include "codecs/bmp_file.h"
 #include "paint/cel_pixels.h"
 #include "platform/safe_file.h"
 #include "state/cel.h"
 #include "state/run.h"
 #include "state/stroke.h"
+#include "workspace/bmp_files.h"
 #include "workspace/nail.h"
 #include "workspace/notices.h"
 #include "workspace/workspace_files.h"

@@ -1,9 +1,9 @@
 #include "workspace/unsaved_work.h"
 
 #include "base/log.h"
-#include "codecs/bmp_file.h"
 #include "platform/safe_file.h"
 #include "state/frames.h"
+#include "workspace/bmp_files.h"
 #include "workspace/folders.h"
 #include "workspace/frame_memory.h"
 #include "workspace/frame_store.h"

@@ -1,8 +1,8 @@
 #include "workspace/workspace_files.h"
 
 #include "base/log.h"
-#include "codecs/bmp_file.h"
 #include "platform/safe_file.h"
+#include "workspace/bmp_files.h"
 #include <algorithm>
 #include <vector>
 

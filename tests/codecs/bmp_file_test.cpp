@@ -1,4 +1,4 @@
-#include "codecs/bmp_file.h"
+#include "workspace/bmp_files.h"
 
 #include "picture_files.h"
 #include "platform/safe_file.h"

@@ -4,6 +4,7 @@
 
 #include "codecs/jpeg_error.h"
 #include "picture_files.h"
+#include "windows/files/picture_formats.h"
 
 namespace nubo {
 namespace {

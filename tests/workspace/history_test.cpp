@@ -7,6 +7,7 @@
 #include "state/messages.h"
 #include "windows/pic_commands.h"
 #include "workspace/archive.h"
+#include "workspace/bmp_files.h"
 #include "workspace/frame_history.h"
 #include "workspace/history_format.h"
 #include "workspace/rescue.h"

@@ -5,6 +5,7 @@
 #include "state/hotkeys.h"
 #include "state/view.h"
 #include "state/windows.h"
+#include "workspace/bmp_files.h"
 #include "workspace/notices.h"
 #include "workspace/side_files.h"
 #include "workspace/state_fields.h"

@@ -1,6 +1,5 @@
 #pragma once
 // A program folder in a scratch folder, and Frames that are told apart by their colour.
-#include "codecs/bmp_file.h"
 #include "harness/harness.h"
 #include "platform/safe_file.h"
 #include "platform/system_calls.h"
@@ -10,6 +9,7 @@
 #include "state/options.h"
 #include "state/run.h"
 #include "state/stroke.h"
+#include "workspace/bmp_files.h"
 #include "workspace/folders.h"
 #include "workspace/frame_memory.h"
 #include "workspace/frame_slot.h"

@@ -2,7 +2,6 @@
 
 #include "base/log.h"
 #include "base/memory.h"
-#include "codecs/bmp_file.h"
 #include "codecs/gif.h"
 #include "codecs/ilbm.h"
 #include "codecs/jpeg.h"
@@ -12,9 +11,11 @@
 #include "platform/memory_packfile.h"
 #include "platform/safe_file.h"
 #include "state/options.h"
+#include "workspace/bmp_files.h"
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <cstdio>
 #include <filesystem>
 
 namespace nubo {
@@ -152,6 +153,22 @@ std::string loss_text(const PictureLoss& loss) {
 bool write_picture_file(const std::string& path, BITMAP* picture) {
     const FileFormat& format = file_format(written_type(path));
     return unless_memory_ends([&] { return format.write(path, picture); }, false);
+}
+
+ReadPicture load_jpeg(const std::string& path) {
+    Bytes bytes;
+    if (read_file(path, picture_file_max, bytes)) return read_jpeg(bytes);
+    std::fprintf(stderr, "can't open %s\n", path.c_str());
+    return {nullptr, "the file can't be read"};
+}
+
+bool save_jpeg(const std::string& path, BITMAP* bitmap, int quality) {
+    Bytes bytes;
+    if (!write_jpeg(bitmap, quality, bytes)) return false;
+    if (write_file(path, bytes.data(), bytes.size())) return true;
+    std::fprintf(stderr, "can't open %s\n", path.c_str());
+    UA_log("[ ERROR ] : Couldn't open new or existing JPG for saving!");
+    return false;
 }
 
 }  // namespace nubo

@@ -57,4 +57,11 @@ std::string loss_text(const PictureLoss& loss);
 /// JPG takes the quality `jpeg_quality`, GIF its colours as `opt_gif_reduction` asks. False after a log line.
 bool write_picture_file(const std::string& path, BITMAP* picture);
 
+/// Reads the JPEG at `path`; one that can't be opened is named on standard error.
+ReadPicture load_jpeg(const std::string& path);
+
+/// Writes a JPEG of `quality` 0 to 100 to the file at `path`. False after a log line when that fails, and where the
+/// file can't be written one on standard error too; the old file is then as it was.
+bool save_jpeg(const std::string& path, BITMAP* bitmap, int quality);
+
 }  // namespace nubo
