@@ -28,6 +28,7 @@ struct InFile {
 InFile in_file;
 
 std::uint64_t this_run = 0;
+std::size_t bytes_on_disk_max = histories_max;
 
 std::uint64_t random_number() {
     std::random_device device;
@@ -63,7 +64,6 @@ void set_history_aside(const FrameSlot& slot) {
     if (!rename_file(slot.history(), slot.folder.file(name))) return;
     UA_log("[ INFO ] : The history of frame %d doesn't lead to its picture and was kept aside as %s", slot.number,
            name);
-    flash_text("THE HISTORY OF THIS FRAME IS OF ANOTHER PICTURE AND WAS SET ASIDE");
 }
 
 std::size_t size_of(const std::string& path) {
@@ -149,7 +149,10 @@ void open_history(const FrameSlot& slot) {
     if (!file_exists(slot.history())) return;
     std::optional<ReadHistory> read = read_file_of(slot, current_frame);
     // At start a rescue may be what it leads to.
-    if (!read && !slot.has_rescue()) return set_history_aside(slot);
+    if (!read && !slot.has_rescue()) {
+        set_history_aside(slot);
+        flash_text("THE HISTORY OF THIS FRAME IS OF ANOTHER PICTURE AND WAS SET ASIDE");
+    }
     if (!read) return;
     if (read->run != this_run) read->history.started = read->history.position;
     in_file = {read->end, read->sum, read->place, read->run};
@@ -173,6 +176,7 @@ HistoryWrite history_to_write(const FrameSlot& slot, std::optional<Print> saved,
         if (!history.step(number).is_in_file || in_file.end == 0) write.steps.push_back({number, history.step(number)});
     write.place = {history.position, current_frame->w, current_frame->h, print ? *print : print_of(current_frame)};
     if (write.steps.empty() && write.place == in_file.place) return write;
+    if (in_file.end == 0 && file_exists(slot.history())) set_history_aside(slot);  // of a Frame that couldn't be read
     write.path = slot.history();
     write.keep = in_file.end;
     write.sum = in_file.end == 0 ? random_number() : in_file.sum;
@@ -228,13 +232,15 @@ void keep_histories_in_bounds(const FrameSlot& slot) {
     std::vector<HistoryOnDisk> found = histories_on_disk(slot.folder);
     std::size_t sum = 0;
     for (const HistoryOnDisk& one : found) sum += one.bytes;
-    for (auto one = found.begin(); sum > histories_max && one != found.end(); ++one) {
+    for (auto one = found.begin(); sum > bytes_on_disk_max && one != found.end(); ++one) {
         if (one->slot.number == slot.number) continue;
         rewrite_other(one->slot);
         sum -= one->bytes - std::min(one->bytes, size_of(one->slot.history()));
     }
-    if (sum > histories_max) rewrite_own(slot, 0);
+    if (sum > bytes_on_disk_max) rewrite_own(slot, 0);
 }
+
+void limit_histories(std::size_t bytes) { bytes_on_disk_max = bytes; }
 
 // ---- Forgetting ----------------------------------------------------------------------------------------------------
 

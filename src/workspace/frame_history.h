@@ -59,8 +59,11 @@ HistoryWrite history_to_write(const FrameSlot& slot, std::optional<Print> saved,
 /// It was carried out.
 void take_written(HistoryWrite& write);
 
-/// The Frame has been stored with that: the files are held to `histories_max`, the oldest steps going first.
+/// The Frame has been stored with that: the files are held to `histories_max`. Those that were written longest ago keep
+/// their last steps alone, in the end this one too.
 void keep_histories_in_bounds(const FrameSlot& slot);
+/// For tests: to another bound.
+void limit_histories(std::size_t bytes);
 
 // ---- Forgetting ----------------------------------------------------------------------------------------------------
 

@@ -206,6 +206,7 @@ bool store_frame(const FrameSlot& slot) {
     take_written(history);
     if (!save_picture(slot.frame(), current_frame)) return false;
     frame_was_stored(slot);
+    keep_histories_in_bounds(slot);
     return true;
 }
 

@@ -53,29 +53,31 @@ struct Taker {
 
 bool is_side(int pixels) { return pixels >= 1 && pixels <= max_frame_side; }
 
-/// The tiles of a step, by rising numbers within its grid.
-bool take_tiles(Taker& from, Step& step) {
+/// The tiles of a step, by rising numbers within its grid; looked at alone unless `keeps` them.
+bool take_tiles(Taker& from, Step& step, bool keeps) {
     const int count = step.grid().count(), tiles = from.word();
     const auto made = std::make_shared<StepTiles>();
     for (int i = 0, before = -1; i < tiles; ++i) {
         const int tile = from.word();
         const ByteSpan bytes = from.bytes(static_cast<std::uint32_t>(from.word()));
         if (!from.sound || tile <= before || tile >= count) return false;
+        before = tile;
+        if (!keeps) continue;
         made->bytes += sizeof(StepTile) + bytes.size();
-        made->tiles.push_back({before = tile, {bytes.begin(), bytes.end()}});
+        made->tiles.push_back({tile, {bytes.begin(), bytes.end()}});
     }
     step.deflated = made;
     return tiles >= 0;
 }
 
-bool take_step(Taker& from, int& number, Step& step) {
+bool take_step(Taker& from, int& number, Step& step, bool keeps_tiles) {
     number = from.word();
     step.before_w = from.word(), step.before_h = from.word();
     step.after_w = from.word(), step.after_h = from.word();
     step.elsewhere = (from.number(1) & flag_elsewhere) != 0;
     for (const int side : {step.before_w, step.before_h, step.after_w, step.after_h})
         if (!is_side(side)) return false;
-    return take_tiles(from, step) && from.sound && from.left.empty();
+    return take_tiles(from, step, keeps_tiles) && from.sound && from.left.empty();
 }
 
 struct Size {
@@ -86,7 +88,7 @@ struct Size {
 /// What the records tell, one by one.
 class Replay {
 public:
-    explicit Replay(int first) { read_.history.first = first; }
+    Replay(int first, bool keeps_tiles) : keeps_tiles_(keeps_tiles) { read_.history.first = first; }
 
     /// False for a record that doesn't fit what came before.
     bool take(ByteSpan payload) {
@@ -112,7 +114,7 @@ private:
     bool take_new_step(Taker& from) {
         int number = 0;
         Step step;
-        if (!nubo::take_step(from, number, step) || !reaches(number)) return false;
+        if (!nubo::take_step(from, number, step, keeps_tiles_) || !reaches(number)) return false;
         History& history = read_.history;
         if (number > history.first && size_at(number) != Size{step.before_w, step.before_h}) return false;
         history.position = number;
@@ -142,6 +144,7 @@ private:
     }
 
     ReadHistory read_;
+    bool keeps_tiles_;
 };
 
 /// Calls `take(payload, end, sum)` for each record that is whole, until it gives false.
@@ -237,14 +240,14 @@ template <typename Wanted> std::optional<ReadHistory> read_up_to(ByteSpan bytes,
 
     // What follows the place that is asked for may have cut what stood before it: so it is looked for first.
     std::size_t end = 0;
-    Replay whole(first);
+    Replay whole(first, false);
     for_each_record(bytes, salted, [&](ByteSpan payload, std::size_t behind, std::uint64_t) {
         if (!whole.take(payload)) return false;
         if (payload[0] == kind_place && is_wanted(whole.read().place)) end = behind;
         return true;
     });
     if (end == 0) return std::nullopt;
-    Replay replay(first);
+    Replay replay(first, true);
     for_each_record(bytes.first(end), salted, [&](ByteSpan payload, std::size_t behind, std::uint64_t sum) {
         replay.read().end = behind;
         replay.read().sum = sum;

@@ -4,6 +4,7 @@
 #include "codecs/png.h"
 #include "framework/outline_font.h"
 #include "paint/stroke.h"
+#include "paint/surfaces.h"
 #include "state/cel.h"
 #include "state/frames.h"
 #include "state/options.h"
@@ -136,6 +137,7 @@ TEST_F(FirstStart, NoToolIsLeftAtNothing) {
 TEST_F(FirstStart, TheSecondStartComesBackAsLeft) {
     ASSERT_TRUE(open_workspace());
     putpixel(current_frame, 100, 100, 0x123456);
+    note_touched({100, 100, 100, 100});
     brush_color = 0x654321;
     ink_option(INK_GLASS, OPTION_STRENGTH) = 77;
     close_workspace();
@@ -151,6 +153,7 @@ TEST_F(FirstStart, TheSecondStartComesBackAsLeft) {
 TEST_F(FirstStart, AWorkspaceThatStandsThereIsNotTouched) {
     ASSERT_TRUE(open_workspace());
     putpixel(current_frame, 100, 100, 0x123456);
+    note_touched({100, 100, 100, 100});
     close_workspace();
     const std::string state = bytes_of("WORKSPACE/current.spa"), frame = bytes_of("WORKSPACE/current.000");
     fs::copy(NUBO_FOLDER "/WORKSPACE/alternate.spa", "WORKSPACE");  // as if the set had been brought once more

@@ -193,6 +193,11 @@ void EditorTest::new_frame(int width, int height, Color color) {
     reset_undo_slots();
 }
 
+void clear_frame_to(Color color) {
+    clear_to_color(current_frame, static_cast<int>(color));
+    note_all_touched();
+}
+
 int undo_steps() { return undo_reach().done; }
 
 void EditorTest::take_tool(BrushTool tool) { tool_slots[static_cast<std::size_t>(active_tool_slot)] = tool; }

@@ -82,6 +82,9 @@ void play(Script (*script)(User&));
 /// The same on another loop than the program's own; it ends by itself or when `exit_requested` is set.
 void play_on(void (*loop)(), Script (*script)(User&));
 
+/// Paints all of the Frame, without a step.
+void clear_frame_to(Color color);
+
 /// Has the input queue note what Allegro's variables of the mouse and the keys tell, which stand for the user's hands
 /// here.
 void note_hand();

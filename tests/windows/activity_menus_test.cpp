@@ -94,7 +94,7 @@ TEST_F(MenuTest, QuitAsks) {
 }
 
 TEST_F(ActivityTest, FramesAreClonedInsertedDeletedAndCentered) {
-    clear_to_color(current_frame, red);
+    clear_frame_to(red);
     play_on(menu_loop, [](User& user) -> Script {
         co_await click(user, DRAWING_FRAME);
         co_await click(user, slot_of(LABEL_DELETE));
@@ -132,7 +132,7 @@ TEST_F(ActivityTest, FramesAreClonedInsertedDeletedAndCentered) {
 
 TEST_F(ActivityTest, FrameJumpGoesToTheFrameThatTheMouseTouchedAlone) {
     insert_frames(0, 2, true);
-    clear_to_color(current_frame, red);  // since it came in
+    clear_frame_to(red);  // since it came in
     zoom = 2;
     play([](User& user) -> Script {
         constexpr int long_enough = 40;  // 400 ms
@@ -152,7 +152,7 @@ TEST_F(ActivityTest, FrameJumpGoesToTheFrameThatTheMouseTouchedAlone) {
 }
 
 TEST_F(ActivityTest, TheWorkspaceWindowKeepsItsTextsAndClearsAfterAsking) {
-    clear_to_color(current_frame, red);
+    clear_frame_to(red);
     workspace_title = {"A"};
     play_on(menu_loop, [](User& user) -> Script {
         co_await click(user, DRAWING_USER);

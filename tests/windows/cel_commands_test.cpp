@@ -297,7 +297,7 @@ TEST_F(CelCommandTest, ClipTakesTheTightBoxAndOneColorAsks) {
             co_await click(user, slot_of(answer));
             EXPECT_EQ(cel_pixel(0, 0), answer == LABEL_OKAY ? blue : red);
         }
-        clear_to_color(current_frame, 0);
+        clear_frame_to(0);
         fill(7, 7, 7, 9, red);
         co_await tap(user, KEY_TAB);
         EXPECT_EQ(cel->w, 3) << "a column of one pixel is no Cel";

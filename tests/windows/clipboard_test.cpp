@@ -84,7 +84,7 @@ TEST_F(ClipboardTest, CopyOffersTheFrameAsItWas) {
     play([](User& user) -> Script {
         co_await ctrl(user, KEY_C);
         EXPECT_EQ(status_message, MESSAGE_FRAME_COPIED);
-        clear_to_color(current_frame, static_cast<int>(white));
+        clear_frame_to(white);
         co_await ctrl(user, KEY_V);
         EXPECT_EQ(frame_pixel(10, 20), red) << "our own picture needs no other program";
     });
@@ -372,9 +372,9 @@ TEST_F(ClipboardTest, AThousandCopiesAndPastesLeaveNothingBehind) {
             if (i % settled == 0) reset_undo_slots();  // which may grow
             if (i == settled) before = bytes_held();
             const Color color = i % 2 ? red : blue;
-            clear_to_color(current_frame, static_cast<int>(color));
+            clear_frame_to(color);
             co_await user.tap_key(KEY_C);
-            clear_to_color(current_frame, 0);
+            clear_frame_to(0);
             co_await user.tap_key(KEY_V);
             EXPECT_EQ(frame_pixel(9, 9), color);
             if (testing::Test::HasFailure()) co_return;

@@ -93,7 +93,7 @@ TEST_F(MenuTest, EachWindowOpensByTheMouseAndIsLeftByARightPressOrItsKey) {
 
 TEST_F(MenuTest, TipsAreChosenAndTheCustomOneIsTakenFromTheFrame) {
     constexpr int cell_first = 3, custom = 2;
-    clear_to_color(current_frame, 0x3c6030);  // its components' mean is (60 + 96 + 48) / 3 = 68
+    clear_frame_to(0x3c6030);  // its components' mean is (60 + 96 + 48) / 3 = 68
     play_on(menu_loop, [](User& user) -> Script {
         co_await click(user, DRAWING_TIP);
         co_await click(user, cell_first + 35);

@@ -37,7 +37,7 @@ protected:
 
 TEST_F(OpenedFilesTest, EachBecomesAFrameAtTheEndAndTheFirstIsShown) {
     workspace_.make_workspace({1, 2}, 0);
-    clear_to_color(current_frame, 9);  // unsaved work
+    clear_frame_to(9);  // unsaved work
     const int said_before = status_message;
     open_files({});  // a start without any
     EXPECT_EQ(status_message, said_before);

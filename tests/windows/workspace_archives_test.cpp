@@ -27,7 +27,7 @@ protected:
         std::strncpy(default_image_dir.data(), fs::absolute("projects").c_str(), path_size - 1);
     }
 
-    static void paint(Color color) { clear_to_color(current_frame, static_cast<int>(color)); }
+    static void paint(Color color) { clear_frame_to(color); }
     static User::Pause press(User& user, Label label) { return click(user, slot_of(label)); }
     static std::string told() { return status_message == MESSAGE_TOLD ? told_text.data() : ""; }
     static bool loads() { return menu_id == WINDOW_BOX && gui::label[slot_window + 1] == LABEL_LOADING_WORKSPACE; }

@@ -297,9 +297,44 @@ TEST_F(HistoryTest, ADepthEndsAtTheFrameAndAllFindsWhatItLeft) {
     EXPECT_EQ(undo_reach().all, 0);
 }
 
+TEST_F(HistoryTest, OfTooManyTheOldestFilesKeepTheirLastTwelveSteps) {
+    const auto paint_thirty = [] {
+        for (int i = 0; i < 30; ++i) dot(i % frame_side, 0, static_cast<Color>(100 + i));
+    };
+    paint_thirty();
+    ASSERT_TRUE(go(0, 1));
+    const std::size_t bytes = std::filesystem::file_size("WORKSPACE/history.000");
+    limit_histories(bytes * 3 / 2);
+    paint_thirty();
+    ASSERT_TRUE(go(1, 2));
+    EXPECT_LE(std::filesystem::file_size("WORKSPACE/history.000"), bytes / 2);
+    EXPECT_GE(std::filesystem::file_size("WORKSPACE/history.001"), bytes);
+    ASSERT_TRUE(go(2, 0));
+    EXPECT_EQ(undo_all(), History::kept_always);
+    EXPECT_EQ(*pixels_at(current_frame, 17 % frame_side, 0), 117U);
+    limit_histories(0);
+    redo_all();
+    ASSERT_TRUE(go(0, 1));
+    EXPECT_EQ(undo_all(), History::kept_always) << "in the end each";
+    limit_histories(histories_max);
+}
+
+TEST_F(HistoryTest, AFrameOutOfReachDoesntCostItsHistory) {
+    dot(0, 0, 9);
+    ASSERT_TRUE(go(0, 1) && close_workspace() == WORKSPACE_KEPT);
+    std::filesystem::rename("WORKSPACE/current.000", "away");
+    std::filesystem::create_symlink("nowhere", "WORKSPACE/current.000");
+    for (const char* other : {"WORKSPACE/current.001", "WORKSPACE/current.002"}) std::filesystem::remove(other);
+    start();
+    dot(3, 3, 5);
+    ASSERT_EQ(close_workspace(), WORKSPACE_KEPT);
+    EXPECT_EQ(files_in_workspace("history-old.000"), 1);
+}
+
 TEST_F(HistoryTest, WhereItCantBeWrittenOnlyItIsMissed) {
     dot(0, 0, 9);
-    std::filesystem::create_directory("WORKSPACE/history.000");
+    for (const char* in_the_way : {"WORKSPACE/history.000", "WORKSPACE/history-old.000/full"})
+        std::filesystem::create_directories(in_the_way);
     ASSERT_TRUE(go(0, 1));
     EXPECT_EQ(status_message, MESSAGE_TOLD);
     ASSERT_TRUE(go(1, 0));
