@@ -220,6 +220,21 @@ TEST_F(HistoryTest, AKillBehindARescueLeavesWhatTheRescueKnows) {
     EXPECT_EQ(id_in_memory(), 1);
 }
 
+TEST_F(HistoryTest, KnowsWhereTheProgramWasStartedWhateverIsLookedAt) {
+    dot(0, 0, 9);
+    restart();
+    for (int look = 0; look < 2; ++look) {
+        EXPECT_EQ(settled_history()->started, 1) << look;
+        dot(1, 0, 8);
+        ASSERT_TRUE(go(0, 1) && go(1, 0));
+    }
+    restart();
+    EXPECT_EQ(settled_history()->started, 3);
+    undo_all();
+    dot(2, 0, 7);
+    EXPECT_EQ(settled_history()->started, -1) << "that picture was painted over";
+}
+
 TEST_F(HistoryTest, IsSetAsideForAPictureOfAnotherProgram) {
     dot(0, 0, 9);
     ASSERT_TRUE(go(0, 1));
