@@ -183,6 +183,17 @@ TEST_F(ShapeToolTest, OvalIsSetByItsLengthAndTheMouse) {
         play([](User& user) -> Script {
             co_await press_and_release(user, 30, 50);
             co_await press_and_release(user, 70, 50);
+            co_await user.hold_key(KEY_LSHIFT);
+            co_await user.move_to(90, 39);  // level is 90: 15.4 degrees above it
+            co_await user.wait(2);
+            EXPECT_STREQ(placing_text.data(), "AXES > |c2440 X 82, 105");
+            co_await user.move_to(90, 36);  // 19.3, which are next to 15; 22.9 of (90, 33) to 30
+            co_await user.wait(2);
+            EXPECT_STREQ(placing_text.data(), "AXES > |c2440 X 84, 105");
+            co_await user.move_to(90, 33);
+            co_await user.wait(2);
+            EXPECT_STREQ(placing_text.data(), "AXES > |c2440 X 86, 120");
+            co_await user.release_key(KEY_LSHIFT);
             co_await user.move_to(50, 60);
             co_await right_click(user, 50, 60);
             EXPECT_NE(gui::hidden[0], 0) << "a right press shows what lies under the menu";
