@@ -51,6 +51,7 @@ constexpr WindowRow window{.y = view_h - window_h - 1,
                            .okay = HISTORY_OKAY,
                            .cancel = HISTORY_CANCEL,
                            .key = HOTKEY_HISTORY,
+                           .keys = KEYS_ESCAPE,  // what shows is not the Frame: nothing may leave it
                            .prompt = MESSAGE_TOLD,
                            .pans = true};
 

@@ -13,6 +13,7 @@ class HistoryWindowTest : public MenuTest {
 protected:
     HistoryWindowTest() {
         opt_undo_depth = undo_depth_all;
+        frame_count = 2;
         reset_undo_slots();
         for (const int x : {1, 2, 3}) {
             EXPECT_TRUE(save_undo(false));
@@ -32,6 +33,8 @@ TEST_F(HistoryWindowTest, ShowsEachStepAndStaysOrReturns) {
             EXPECT_EQ(frame_w, step == 4 ? 90 : view_w);
             EXPECT_EQ(count_pixels(red), std::min(step, 3));
         }
+        co_await user.tap_key(KEY_PGDN);
+        EXPECT_TRUE(frame_index == 0 && frame_behind_preview != nullptr);
         co_await click(user, cancel);
     });
     EXPECT_EQ(frame_w, 90);
