@@ -53,6 +53,10 @@ TEST_F(SliderTest, TheKnobFollowsTheMouseToBothEnds) {
     mouse_at(75, 100, left_button);
     mouse_at(75, 239, left_button);
     EXPECT_EQ(gui::slider_value[upright], 9);
+    mouse_at(75, 239);
+    mouse_at(150, 58);
+    mouse_at(150, 58, left_button);  // the last row of the knob's nine
+    EXPECT_EQ(gui::slider_value[level], 107);
 }
 
 TEST_F(SliderTest, AHeldArrowStepsAtOnceThenAfter22TicksThenEvery8) {

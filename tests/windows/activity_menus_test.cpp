@@ -135,7 +135,12 @@ TEST_F(ActivityTest, FrameJumpGoesToTheFrameThatTheMouseTouchedAlone) {
     clear_frame_to(red);  // since it came in
     zoom = 2;
     play([](User& user) -> Script {
-        constexpr int long_enough = 40;  // 400 ms
+        constexpr int long_enough = 40;                             // 400 ms
+        co_await user.move_to(10 + 4 * 43 + 20, 12 + 2 * 43 + 20);  // where the next Frame will stand
+        co_await user.hold_key(KEY_BACKSLASH);
+        co_await user.wait(long_enough);
+        co_await user.release_key(KEY_BACKSLASH);
+        EXPECT_EQ(frame_index, 0) << "the hand hasn't moved";
         // The slot of USER, 18, is that of the next Frame on the board; its place is that of an empty cell.
         for (const bool touches : {false, true}) {
             co_await user.move_to(middle_x(DRAWING_USER), middle_y(DRAWING_USER));
