@@ -2,6 +2,7 @@
 #include "editor/stop.h"
 #include "platform/faults.h"
 #include "windows/menus_kit.h"
+#include "windows/pic_commands.h"
 #include "workspace/notices.h"
 #include "workspace/rescue.h"
 
@@ -35,6 +36,35 @@ TEST_F(LoopTest, TheButtonsOfTheMousePaintHideAndPan) {
         EXPECT_GT(pan_x, 0);
         EXPECT_GT(pan_y, 0);
     });
+}
+
+TEST_F(LoopTest, UndoRepeatsWhileItsKeyIsHeldAndSaysHowFarItIs) {
+    opt_undo_depth = undo_depth_all;
+    for (int i = 0; i < 30; ++i) EXPECT_TRUE(save_undo(false));
+    play([](User& user) -> Script {
+        co_await user.hold_key(KEY_U);
+        co_await user.wait(30);  // of 10 ms
+        EXPECT_EQ(undo_reach().done, 29) << "a press alone is one step";
+        EXPECT_STREQ(told_text.data(), "UNDO 29 OF 30");
+        co_await user.wait(110);
+        EXPECT_NEAR(undo_reach().done, 29 - 12, 1) << "a second of it behind the first 0.4";
+        co_await user.release_key(KEY_U);
+        co_await user.move_to(middle_x(DRAWING_UNDO), middle_y(DRAWING_UNDO));
+        ::mouse_b = middle_button;
+        co_await user.wait(2);
+        ::mouse_b = 0;
+        co_await user.wait(4);
+        EXPECT_NE(frame_behind_preview, nullptr) << "the middle button opens the history";
+        co_await user.tap_key(KEY_ESC);
+        EXPECT_EQ(frame_behind_preview, nullptr);
+    });
+    for (const int depth : {3, undo_depth_all}) {
+        opt_undo_depth = depth;
+        reset_undo_slots();
+        status_message = status_coordinates;
+        undo_by_user();
+        EXPECT_EQ(status_message == MESSAGE_TOLD, depth == undo_depth_all) << "with a depth the end is silent";
+    }
 }
 
 TEST_F(LoopTest, AStrokeThatEndsWithTheButtonDownIsNotBegunAgain) {
