@@ -184,13 +184,13 @@ BENCHMARK(ilbm_read)->Arg(8)->Arg(24)->Unit(benchmark::kMillisecond);
 
 void reduce_exact(benchmark::State& state) {
     const OwnedBitmap bitmap = picture(true);
-    PALETTE palette;
+    ExactPalette palette;
     for (auto _ : state) benchmark::DoNotOptimize(reduce_colors_exact(bitmap.get(), palette));
 }
 
 void reduce_neural(benchmark::State& state) {
     const OwnedBitmap bitmap = picture(false);
-    PALETTE palette;
+    ExactPalette palette;
     for (auto _ : state) reduce_colors_neural(bitmap.get(), static_cast<int>(state.range(0)), palette);
 }
 

@@ -20,17 +20,18 @@ BITMAP* load_gif(const char* path, RGB* palette);
 BITMAP* load_gif_pf(PACKFILE* file, RGB* palette);
 
 /// Writes `bitmap` as a GIF of 256 colours without transparency. Of a bitmap of more than 8 bits each pixel takes the
-/// nearest entry of `palette`, by a lookup of 32 levels a channel; null is Allegro's default palette. 0, or -1: no
+/// nearest entry of `palette`; null is Allegro's default palette. 0, or -1: no
 /// bitmap, a side above 65,535, the file can't be opened or not be written.
 int save_gif(const char* path, BITMAP* bitmap, const RGB* palette);
 
 /// The same on an open packfile, which stays open.
 int save_gif_pf(PACKFILE* file, BITMAP* bitmap, const RGB* palette);
 
-/// Reads the first image of a GIF from memory; what is transparent is magenta.
+/// Reads the first image of a GIF from memory, in its exact colours; what is transparent is magenta.
 ReadPicture read_gif(FileBytes bytes);
 
-/// Appends the 32-bit `bitmap` as a GIF whose 256 colours are found as `reduction` says. False, with nothing appended,
+/// Appends the 32-bit `bitmap` as a GIF of its very colours; those of a picture of more than 256 are
+/// reduced as `reduction` says. False, with nothing appended,
 /// on failure.
 bool write_gif(BITMAP* bitmap, GifReduction reduction, Bytes& bytes);
 

@@ -1,8 +1,10 @@
 // Reading a GIF: its blocks up to the first image, the indexes decoded, the bitmap brought to the depth asked for.
 #include "base/bitmap.h"
+#include "base/color.h"
 #include "codecs/gif.h"
 #include "codecs/gif_lzw.h"
 
+#include <algorithm>
 #include <allegro/internal/aintern.h>
 #include <climits>
 #include <cstring>
@@ -25,7 +27,9 @@ constexpr std::size_t largest_unfinished = std::size_t{1} << 24;
 /// What the file has told so far.
 struct GifFile {
     PACKFILE* file;
-    std::array<RGB, palette_entries> palette{};
+    bool is_plain = false;                        // 32 bits are wanted, with exact colours
+    std::array<RGB, palette_entries> palette{};   // 6 bits a channel
+    std::array<Color, palette_entries> colors{};  // the same, exact
     int screen_width = 0, screen_height = 0;
     int transparent = no_transparency;  // index
     int width = 0, height = 0;          // of the image
@@ -51,6 +55,7 @@ bool read_color_table(GifFile& gif, int flags) {
         if (!read_bytes(gif.file, color)) return false;
         const auto six_bits = [&](std::size_t k) { return static_cast<unsigned char>(color[k] >> 2); };
         gif.palette[static_cast<std::size_t>(i)] = RGB{six_bits(0), six_bits(1), six_bits(2), 0};
+        gif.colors[static_cast<std::size_t>(i)] = pack_color(color[0], color[1], color[2]);
     }
     return true;
 }
@@ -182,6 +187,17 @@ OwnedBitmap convert_bitmap(GifFile& gif, OwnedBitmap indexed) {
     return bitmap;
 }
 
+/// The image in its exact colours; what is transparent is magenta.
+OwnedBitmap colors_of_indexes(GifFile& gif, BITMAP* indexed) {
+    if (gif.transparent != no_transparency)
+        gif.colors[static_cast<std::size_t>(gif.transparent)] = pack_color(255, 0, 255);
+    OwnedBitmap bitmap = make_uncleared_bitmap(indexed->w, indexed->h);
+    for (int y = 0; bitmap && y < bitmap->h; ++y)
+        std::transform(indexed->line[y], indexed->line[y] + indexed->w, pixels_at(bitmap.get(), 0, y),
+                       [&](std::uint8_t index) { return gif.colors[index]; });
+    return bitmap;
+}
+
 /// Goes over the image that find_image has found.
 bool skip_image(PACKFILE* file) {
     std::array<std::uint8_t, 9> bytes{};
@@ -195,6 +211,7 @@ OwnedBitmap read_image(GifFile& gif) {
     if (!read_start(gif) || !find_image(gif) || !read_descriptor(gif)) return nullptr;
     OwnedBitmap bitmap = read_pixels(gif);
     if (!bitmap) return nullptr;
+    if (gif.is_plain) return colors_of_indexes(gif, bitmap.get());
     if (gif.transparent > 0) move_transparency_to_zero(gif, bitmap.get());
     return convert_bitmap(gif, std::move(bitmap));
 }
@@ -212,7 +229,7 @@ BITMAP* load_gif_pf(PACKFILE* file, RGB* palette) {
 ReadPicture read_gif(FileBytes bytes) {
     PACKFILE* const file = open_for_reading(bytes);
     if (file == nullptr) return {nullptr, "there isn't memory enough"};
-    GifFile gif{file};
+    GifFile gif{.file = file, .is_plain = true};
     ReadPicture picture = plain_picture(read_image(gif), "it is no GIF file, or is damaged");
     while (picture.bitmap && find_image(gif) && skip_image(file)) ++picture.loss.images;
     pack_fclose(file);

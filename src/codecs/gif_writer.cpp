@@ -1,9 +1,12 @@
 // Writing a GIF: the bitmap brought to 256 colours, the few fixed blocks, the indexes encoded.
 #include "base/bitmap.h"
+#include "base/color.h"
 #include "codecs/gif.h"
 #include "codecs/gif_lzw.h"
 #include "codecs/reduce_colors.h"
+#include "codecs/rgb_rows.h"
 
+#include <climits>
 #include <memory>
 #include <new>
 
@@ -16,50 +19,103 @@ constexpr std::uint8_t index_bits = 8;
 
 // ---- To 256 colours ------------------------------------------------------------------------------------------------
 
-/// The distance of two colours of 5 bits a channel, by the weights of Allegro's own lookup.
-int color_distance(int red, int green, int blue) {
-    constexpr int red_weight = 30 * 30, green_weight = 59 * 59, blue_weight = 11 * 11;
-    return red_weight * red * red + green_weight * green * green + blue_weight * blue * blue;
+/// Allegro's 6 bits of each channel spread over 8, so that white stays white.
+ExactPalette widened(const RGB* palette) {
+    const auto eight_bits = [](int component) { return component << 2 | component >> 4; };
+    ExactPalette colors{};
+    for (std::size_t i = 0; i < colors.size(); ++i)
+        colors[i] = pack_color(eight_bits(palette[i].r), eight_bits(palette[i].g), eight_bits(palette[i].b));
+    return colors;
 }
 
-/// Allegro keeps entry 0 for what is transparent and gives it to no other colour. In our files it is a colour like the
-/// others, and often the picture's first: here it gets back the colours that it is nearest to.
-void admit_entry_zero(RGB_MAP& map, const RGB* palette) {
-    const auto distance_to = [&](const RGB& entry, int r, int g, int b) {
-        return color_distance(entry.r / 2 - r, entry.g / 2 - g, entry.b / 2 - b);
-    };
-    for (int r = 0; r < 32; ++r)
-        for (int g = 0; g < 32; ++g)
-            for (int b = 0; b < 32; ++b) {
-                unsigned char& chosen = map.data[r][g][b];
-                if (distance_to(palette[0], r, g, b) < distance_to(palette[chosen], r, g, b)) chosen = 0;
+/// Finds a palette's entry that is nearest to a colour, by the weights of Allegro's own lookup: the first of the
+/// nearest, so the colour itself where the palette has it. A colour met before is found at once as a rule.
+class NearestEntry {
+public:
+    explicit NearestEntry(const ExactPalette& palette) : palette_(palette) { colors_.fill(no_color); }
+
+    std::uint8_t operator()(Color color) {
+        const std::size_t at = color * 2654435761U >> (32 - hash_bits);  // Knuth's multiplicative hash
+        if (colors_[at] != color) {
+            colors_[at] = color;
+            entries_[at] = search(color);
+        }
+        return entries_[at];
+    }
+
+private:
+    static constexpr int hash_bits = 12;
+    static constexpr Color no_color = ~Color{0};
+
+    static int distance(Color a, Color b) {
+        const int red = 30 * (red_of(a) - red_of(b)), green = 59 * (green_of(a) - green_of(b)),
+                  blue = 11 * (blue_of(a) - blue_of(b));
+        return red * red + green * green + blue * blue;
+    }
+
+    std::uint8_t search(Color color) const {
+        std::size_t nearest = 0;
+        int least = INT_MAX;
+        for (std::size_t i = 0; i < palette_.size() && least > 0; ++i)
+            if (const int away = distance(palette_[i], color); away < least) {
+                least = away;
+                nearest = i;
             }
-}
+        return static_cast<std::uint8_t>(nearest);
+    }
 
-/// The bitmap in 8 bits and in memory, null when it can't be had; `bitmap` itself is left as it is.
-OwnedBitmap indexed_copy(BITMAP* bitmap, const RGB* palette) {
+    const ExactPalette& palette_;
+    std::array<Color, 1 << hash_bits> colors_{};
+    std::array<std::uint8_t, 1 << hash_bits> entries_{};
+};
+
+/// The 32-bit bitmap in 8 bits, null when it can't be had; `bitmap` itself is left as it is.
+OwnedBitmap indexed_copy(BITMAP* bitmap, const ExactPalette& palette) {
+    constexpr Color color_bits = 0xffffff;
     OwnedBitmap copy(create_bitmap_ex(8, bitmap->w, bitmap->h));
-    const std::unique_ptr<RGB_MAP> map(new (std::nothrow) RGB_MAP);
-    if (!copy || !map) return nullptr;
-    create_rgb_table(map.get(), palette, nullptr);
-    admit_entry_zero(*map, palette);
-    RGB_MAP* const map_before = rgb_map;
-    rgb_map = map.get();
-    select_palette(palette);
-    blit(bitmap, copy.get(), 0, 0, 0, 0, bitmap->w, bitmap->h);
-    unselect_palette();
-    rgb_map = map_before;
+    NearestEntry nearest(palette);
+    for (int y = 0; copy && y < bitmap->h; ++y) {
+        const Color* const pixels = pixels_at(bitmap, 0, y);
+        for (int x = 0; x < bitmap->w; ++x) copy->line[y][x] = nearest(pixels[x] & color_bits);
+    }
     return copy;
 }
 
+/// The same of a bitmap of any depth and place.
+OwnedBitmap indexed_copy(BITMAP* bitmap, const RGB* palette) {
+    if (bitmap_color_depth(bitmap) == 32 && is_memory_bitmap(bitmap)) return indexed_copy(bitmap, widened(palette));
+    const OwnedBitmap plain = make_uncleared_bitmap(bitmap->w, bitmap->h);
+    if (!plain) return nullptr;
+    select_palette(palette);
+    blit(bitmap, plain.get(), 0, 0, 0, 0, bitmap->w, bitmap->h);
+    unselect_palette();
+    return indexed_copy(plain.get(), widened(palette));
+}
+
 /// Allegro's palette has 4 bits a channel, with 60 the brightest of 63: spread, so that white stays white.
-void generate_fast_palette(BITMAP* bitmap, RGB* palette) {
+ExactPalette fast_palette(BITMAP* bitmap) {
     constexpr std::array<signed char, palette_entries> none_reserved{};
     constexpr int kept_bits = 4;
+    PALETTE palette;
     generate_optimized_palette(bitmap, palette, none_reserved.data());
-    for (RGB* entry = palette; entry != palette + palette_entries; ++entry)
-        for (unsigned char* const channel : {&entry->r, &entry->g, &entry->b})
+    for (RGB& entry : palette)
+        for (unsigned char* const channel : {&entry.r, &entry.g, &entry.b})
             *channel = static_cast<unsigned char>(*channel | *channel >> kept_bits);
+    return widened(palette);
+}
+
+/// The picture's own colours where 256 hold them; else as `reduction` says.
+ExactPalette palette_of(BITMAP* bitmap, GifReduction reduction) {
+    constexpr int good_sample = 10, best_sample = 1;
+    ExactPalette palette{};
+    if (reduce_colors_exact(bitmap, palette) >= 0) return palette;
+    switch (reduction) {
+    case REDUCTION_GOOD: reduce_colors_neural(bitmap, good_sample, palette); break;
+    case REDUCTION_BEST: reduce_colors_neural(bitmap, best_sample, palette); break;
+    case REDUCTION_FAST:
+    case REDUCTION_COUNT: return fast_palette(bitmap);
+    }
+    return palette;
 }
 
 // ---- Blocks --------------------------------------------------------------------------------------------------------
@@ -81,14 +137,23 @@ bool write_start(PACKFILE* file, int w, int h) {
     return write_bytes(file, screen) && write_bytes(file, graphic_control) && write_bytes(file, image);
 }
 
-bool write_palette(PACKFILE* file, const RGB* palette) {
-    std::array<std::uint8_t, 3 * palette_entries> bytes{};
+/// The bytes of a colour table.
+using ColorTable = std::array<std::uint8_t, 3 * palette_entries>;
+
+ColorTable table_of(const RGB* palette) {
+    ColorTable bytes{};
     for (std::size_t i = 0; i < palette_entries; ++i) {
         bytes[3 * i] = static_cast<std::uint8_t>(palette[i].r << 2);
         bytes[3 * i + 1] = static_cast<std::uint8_t>(palette[i].g << 2);
         bytes[3 * i + 2] = static_cast<std::uint8_t>(palette[i].b << 2);
     }
-    return write_bytes(file, bytes);
+    return bytes;
+}
+
+ColorTable table_of(const ExactPalette& palette) {
+    ColorTable bytes{};
+    pack_row(palette.data(), bytes.data(), palette_entries, BYTES_RGB);
+    return bytes;
 }
 
 bool write_pixels(PACKFILE* file, const BITMAP* indexed) {
@@ -98,34 +163,31 @@ bool write_pixels(PACKFILE* file, const BITMAP* indexed) {
     return encoder->finish();
 }
 
+bool write_image(PACKFILE* file, const BITMAP* indexed, const ColorTable& table) {
+    return write_start(file, indexed->w, indexed->h) && write_bytes(file, table) &&
+           pack_putc(index_bits, file) == index_bits && write_pixels(file, indexed) && pack_putc(';', file) == ';';
+}
+
+bool can_hold(const BITMAP* bitmap) { return bitmap->w <= largest_side && bitmap->h <= largest_side; }
+
 }  // namespace
 
 int save_gif_pf(PACKFILE* file, BITMAP* bitmap, const RGB* palette) {
-    if (bitmap == nullptr || bitmap->w > largest_side || bitmap->h > largest_side) return -1;
+    if (bitmap == nullptr || !can_hold(bitmap)) return -1;
     if (palette == nullptr) palette = default_palette;
     const bool plain = bitmap_color_depth(bitmap) == 8 && is_memory_bitmap(bitmap);
     const OwnedBitmap copy = plain ? nullptr : indexed_copy(bitmap, palette);
     if (!plain && !copy) return -1;
-    const bool written = write_start(file, bitmap->w, bitmap->h) && write_palette(file, palette) &&
-                         pack_putc(index_bits, file) == index_bits && write_pixels(file, plain ? bitmap : copy.get()) &&
-                         pack_putc(';', file) == ';';
-    return written ? 0 : -1;
+    return write_image(file, plain ? bitmap : copy.get(), table_of(palette)) ? 0 : -1;
 }
 
 bool write_gif(BITMAP* bitmap, GifReduction reduction, Bytes& bytes) {
-    constexpr int good_sample = 10, best_sample = 1;
-    PALETTE palette;
-    switch (reduction) {
-    case REDUCTION_GOOD: reduce_colors_neural(bitmap, good_sample, palette); break;
-    case REDUCTION_BEST:
-        if (reduce_colors_exact(bitmap, palette) < 0) reduce_colors_neural(bitmap, best_sample, palette);
-        break;
-    case REDUCTION_FAST:
-    case REDUCTION_COUNT: generate_fast_palette(bitmap, palette);
-    }
+    if (!can_hold(bitmap)) return false;
+    const ExactPalette palette = palette_of(bitmap, reduction);
+    const OwnedBitmap indexed = indexed_copy(bitmap, palette);
     const std::size_t size_before = bytes.size();
-    PACKFILE* const file = open_for_writing(bytes);
-    const bool written = file != nullptr && save_gif_pf(file, bitmap, palette) == 0;
+    PACKFILE* const file = indexed ? open_for_writing(bytes) : nullptr;
+    const bool written = file != nullptr && write_image(file, indexed.get(), table_of(palette));
     if (file != nullptr) pack_fclose(file);
     if (!written) bytes.resize(size_before);
     return written;

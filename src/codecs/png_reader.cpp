@@ -1,4 +1,5 @@
 // Reading a PNG: its chunks one after the other, the data inflated, the bitmap brought to the depth asked for.
+#include "base/color.h"
 #include "codecs/growing_bytes.h"
 #include "codecs/png_octree.h"
 #include "codecs/png_pixels.h"
@@ -22,11 +23,12 @@ constexpr Color half_clear = 128;  // alpha from which on a pixel shows
 struct PngFile {
     PACKFILE* file;
     PngHeader header{};
-    std::array<RGB, palette_entries> palette{};
+    std::array<RGB, palette_entries> palette{};   // 6 bits a channel
+    std::array<Color, palette_entries> colors{};  // the same, exact
     bool has_palette = false;
-    bool keeps_alpha = false;  // also that which stands beside the pixels: of a colour, of the palette's first entries
+    bool is_plain = false;  // 32 bits are wanted with exact colours, and the alpha that stands beside the pixels too:
+                            // of a colour, of the palette's first entries
     Bytes palette_alpha{};
-    OwnedBitmap indexes{};     // what they were, where the palette has alpha
     std::uint32_t images = 1;  // of an animation
 };
 
@@ -148,6 +150,7 @@ bool read_palette(PngFile& png, std::uint32_t length) {
     for (std::size_t i = 0; i < png.palette.size(); ++i) {  // the bytes behind the file's are 0, black
         const auto six_bits = [&](std::size_t k) { return static_cast<unsigned char>(bytes[3 * i + k] >> 2); };
         png.palette[i] = RGB{six_bits(0), six_bits(1), six_bits(2), 0};
+        png.colors[i] = pack_color(bytes[3 * i], bytes[3 * i + 1], bytes[3 * i + 2]);
     }
     png.has_palette = true;
     return skip_crc(png.file);
@@ -170,7 +173,7 @@ bool read_transparency(PngFile& png, const ChunkStart& chunk) {
     PngHeader& header = png.header;
     const std::uint32_t length = transparency_length(header.color_type);
     const bool is_meant = header.color_type == PNG_PALETTE ? chunk.length <= length : chunk.length == length;
-    if (!png.keeps_alpha || !is_meant) return skip_chunk(png.file, chunk);
+    if (!png.is_plain || !is_meant) return skip_chunk(png.file, chunk);
     Bytes bytes(chunk.length);
     const auto wanted = static_cast<long>(chunk.length);
     if (pack_fread(bytes.data(), wanted, png.file) != wanted) return png_fail("Cannot read palette!");
@@ -272,27 +275,29 @@ OwnedBitmap inflate_image(const PngHeader& header, const GrowingBytes& data, con
 }
 
 bool has_alpha(const PngFile& png) {
-    return png_has_alpha(png.header.color_type) || png.header.has_key || png.indexes != nullptr;
+    return png_has_alpha(png.header.color_type) || png.header.has_key || !png.palette_alpha.empty();
 }
 
-void take_alpha_of_palette(const PngFile& png, BITMAP* bitmap) {
-    constexpr Color color_bits = 0xffffff, whole = 255;
-    for (int y = 0; y < bitmap->h; ++y) {
-        Color* const pixels = pixels_at(bitmap, 0, y);
-        const std::uint8_t* const indexes = png.indexes->line[y];
-        for (int x = 0; x < bitmap->w; ++x) {
-            const Color alpha = indexes[x] < png.palette_alpha.size() ? png.palette_alpha[indexes[x]] : whole;
-            pixels[x] = (pixels[x] & color_bits) | alpha << _rgb_a_shift_32;
-        }
-    }
+/// The colours of a paletted image, exact and with their alpha.
+OwnedBitmap colors_of_indexes(const PngFile& png, BITMAP* indexed) {
+    constexpr Color whole = 255;
+    std::array<Color, palette_entries> colors = png.colors;
+    for (std::size_t i = 0; i < colors.size(); ++i)
+        colors[i] |= (i < png.palette_alpha.size() ? png.palette_alpha[i] : whole) << _rgb_a_shift_32;
+    OwnedBitmap bitmap = make_uncleared_bitmap(indexed->w, indexed->h);
+    if (!bitmap) return png_fail("Cannot allocate bitmap!"), nullptr;
+    for (int y = 0; y < bitmap->h; ++y)
+        std::transform(indexed->line[y], indexed->line[y] + indexed->w, pixels_at(bitmap.get(), 0, y),
+                       [&](std::uint8_t index) { return colors[index]; });
+    return bitmap;
 }
 
 /// Brings the bitmap to the depth that Allegro wants for it, and `png.palette` to what its indexes mean.
 OwnedBitmap convert_bitmap(PngFile& png, OwnedBitmap bitmap) {
     const bool indexed = png.header.color_type == PNG_PALETTE, alpha = has_alpha(png);
+    if (png.is_plain && indexed) return colors_of_indexes(png, bitmap.get());
     const int depth = indexed ? _color_load_depth(8, 0) : alpha ? _color_load_depth(32, 1) : _color_load_depth(24, 0);
     if (depth == bitmap_color_depth(bitmap.get())) return bitmap;
-    if (!png.palette_alpha.empty()) png.indexes = copy_bitmap(bitmap.get());
     if (depth == 8) {
         png.has_palette = true;
         OwnedBitmap reduced = octree_reduce(bitmap.get(), png.palette.data());
@@ -301,7 +306,6 @@ OwnedBitmap convert_bitmap(PngFile& png, OwnedBitmap bitmap) {
     }
     OwnedBitmap converted(_fixup_loaded_bitmap(bitmap.release(), png.palette.data(), depth));
     if (!converted) png_fail("Cannot allocate bitmap!");
-    if (converted && png.indexes && depth == 32) take_alpha_of_palette(png, converted.get());
     return converted;
 }
 
@@ -345,7 +349,7 @@ bool loses_alpha(BITMAP* bitmap, bool is_cut_out) {
 ReadPicture read_picture(FileBytes bytes, bool is_cut_out) {
     PACKFILE* const file = open_for_reading(bytes);
     if (file == nullptr) return {nullptr, "there isn't memory enough"};
-    PngFile png{.file = file, .keeps_alpha = true};
+    PngFile png{.file = file, .is_plain = true};
     OwnedBitmap bitmap = read_image(png);
     pack_fclose(file);
     const bool alpha = bitmap && has_alpha(png) && bitmap_color_depth(bitmap.get()) == 32;

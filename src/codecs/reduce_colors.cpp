@@ -1,7 +1,6 @@
 #include "codecs/reduce_colors.h"
 
 #include "base/bitmap.h"
-#include "base/color.h"
 #include "codecs/color_net.h"
 
 #include <algorithm>
@@ -12,11 +11,6 @@ namespace {
 
 constexpr std::size_t palette_entries = 256;
 constexpr Color color_bits = 0xffffff;
-
-RGB six_bits(Color color) {
-    const auto shifted = [](int component) { return static_cast<unsigned char>(component >> 2); };
-    return {shifted(red_of(color)), shifted(green_of(color)), shifted(blue_of(color)), 0};
-}
 
 /// The distinct colours met so far, up to 256, found again by a hash.
 class ColorList {
@@ -55,7 +49,7 @@ std::size_t step_through(std::size_t pixels) {
 
 }  // namespace
 
-int reduce_colors_exact(BITMAP* bitmap, RGB* palette) {
+int reduce_colors_exact(BITMAP* bitmap, ExactPalette& palette) {
     ColorList list;
     Color before = ~Color{0};
     for (int y = 0; y < bitmap->h; ++y) {
@@ -67,11 +61,11 @@ int reduce_colors_exact(BITMAP* bitmap, RGB* palette) {
             before = color;
         }
     }
-    for (std::size_t i = 0; i < palette_entries; ++i) palette[i] = six_bits(i < list.count() ? list[i] : 0);
+    for (std::size_t i = 0; i < palette_entries; ++i) palette[i] = i < list.count() ? list[i] : 0;
     return static_cast<int>(list.count());
 }
 
-void reduce_colors_neural(BITMAP* bitmap, int sample, RGB* palette) {
+void reduce_colors_neural(BITMAP* bitmap, int sample, ExactPalette& palette) {
     const auto width = static_cast<std::size_t>(bitmap->w), pixels = width * static_cast<std::size_t>(bitmap->h);
     const std::size_t step = step_through(pixels);
     if (pixels < longest_step) sample = 1;  // of a small picture every pixel counts
@@ -79,7 +73,7 @@ void reduce_colors_neural(BITMAP* bitmap, int sample, RGB* palette) {
     ColorNet net(samples, sample);
     for (std::size_t i = 0, at = 0; i < samples; ++i, at = (at + step) % pixels)
         net.learn(*pixels_at(bitmap, static_cast<int>(at % width), static_cast<int>(at / width)));
-    for (std::size_t i = 0; i < palette_entries; ++i) palette[i] = six_bits(net.color(i));
+    for (std::size_t i = 0; i < palette_entries; ++i) palette[i] = net.color(i);
 }
 
 }  // namespace nubo

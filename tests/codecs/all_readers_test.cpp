@@ -53,6 +53,15 @@ constexpr FileCase files[] = {
     {"jpeg_cmyk.jpg", read_jpeg, 2},
 };
 
+TEST(AllReaders, GiveTheExactColoursOfPalettes) {
+    for (const FileCase& file : {FileCase{"gif_magick.gif", read_gif}, {"png_palette8_n.png", read_png}}) {
+        const ReadPicture picture = file.read(test_file(file.name));
+        ASSERT_TRUE(picture.bitmap) << file.name;
+        for (int k = 0; k < 256; ++k)
+            ASSERT_EQ(*pixels_at(picture.bitmap.get(), k % 20, k / 20), table_color(k)) << file.name << ", " << k;
+    }
+}
+
 TEST(AllReaders, TellWhatIsLost) {
     for (const FileCase& file : files) {
         const ReadPicture picture = file.read(test_file(file.name));

@@ -20,7 +20,8 @@ inline void append(Bytes& bytes, const Bytes& more) {
 /// A palette of 6 bits is widened as v * 255 / 63, which has the bits of v twice.
 constexpr int through_six_bits(int v) { return (v >> 2 << 2) | v >> 6; }
 
-/// Colour k of the files whose palettes have 6 bits: gif_* and png_palette*.
+/// Colour k of the paletted files, gif_* and png_palette*, and what 6 bits leave of it.
+inline Color table_color(int k) { return pack_color(k * 37 % 256, (k * 91 + 50) % 256, (k * 151 + 9) % 256); }
 inline Color six_bit_color(int k) {
     return pack_color(through_six_bits(k * 37 % 256), through_six_bits((k * 91 + 50) % 256),
                       through_six_bits((k * 151 + 9) % 256));

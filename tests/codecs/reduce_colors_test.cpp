@@ -19,17 +19,17 @@ OwnedBitmap picture_of(int w, int h, int colors) {
 TEST(ReduceColors, ExactlyUpTo256) {
     const OwnedBitmap just = picture_of(40, 20, 256), more = picture_of(40, 20, 257), few = picture_of(40, 20, 3);
     *pixels_at(few.get(), 39, 19) |= 0xff000000;  // a top byte is no colour
-    PALETTE palette{};
+    ExactPalette palette{};
     EXPECT_EQ(reduce_colors_exact(just.get(), palette), 256);
     for (Color i = 0; i < 256; ++i) {
         const Color color = i * 59051 & 0xffffff;
-        ASSERT_EQ(pack_color(palette[i].r, palette[i].g, palette[i].b), color >> 2 & 0x3f3f3f) << i;
+        ASSERT_EQ(palette[i], color) << i;
     }
     EXPECT_EQ(reduce_colors_exact(few.get(), palette), 3);
-    EXPECT_EQ(palette[3].r + palette[3].g + palette[3].b + palette[255].b, 0) << "the rest is black";
-    palette[0].r = 9;
+    EXPECT_EQ(palette[3] | palette[255], 0u) << "the rest is black";
+    palette[0] = 9;
     EXPECT_EQ(reduce_colors_exact(more.get(), palette), -1);
-    EXPECT_EQ(palette[0].r, 9);
+    EXPECT_EQ(palette[0], 9u);
 }
 
 /// The algorithm as its paper has it, on a list of samples: one array of neurons, searched one after the other.
@@ -112,15 +112,15 @@ TEST(ReduceColors, TheNetComesNearEveryColourOfAnyPicture) {
                             {503, 3, 300, 1, 18},
                             {499, 491, 2000, 10, 12}}) {
         const OwnedBitmap bitmap = picture_of(one.w, one.h, one.colors);
-        PALETTE palette;
+        ExactPalette palette;
         reduce_colors_neural(bitmap.get(), one.sample, palette);
         double squares = 0;
         for (int i = 0; i < one.colors; ++i) {
             const Color color = static_cast<Color>(i) * 59051 & 0xffffff;
             int nearest = INT_MAX;
-            for (const RGB& entry : palette) {
-                const int r = entry.r * 4 - red_of(color), g = entry.g * 4 - green_of(color),
-                          b = entry.b * 4 - blue_of(color);
+            for (const Color entry : palette) {
+                const int r = red_of(entry) - red_of(color), g = green_of(entry) - green_of(color),
+                          b = blue_of(entry) - blue_of(color);
                 nearest = std::min(nearest, r * r + g * g + b * b);
             }
             squares += nearest;
