@@ -1,6 +1,7 @@
 #pragma once
-// The one way to write a file: to a hidden new name in the same folder, flushed and synced, then renamed over the old
-// one. Whatever fails, the old file is as it was. Renaming and removing go by here too.
+// The one way to write a file, but for those that are only added to (platform/append_file.h): to a hidden new name in
+// the same folder, flushed and synced, then renamed over the old one. Whatever fails, the old file is as it was.
+// Renaming and removing go by here too.
 #include <cerrno>
 #include <cstddef>
 #include <cstdint>

@@ -74,6 +74,8 @@ TEST_F(ShapeToolTest, PolyTakesCornersBackHoldsThemAndCloses) {
     take(TOOL_POLY, 0, 0);
     play([](User& user) -> Script {
         co_await press_and_release(user, 10, 10);
+        co_await press_and_release(user, 90, 60);
+        for (int i = 0; i < 2; ++i) co_await user.tap_key(KEY_BACKSPACE);  // the first corner stays
         co_await user.hold_key(KEY_LSHIFT);
         co_await press_and_release(user, 20, 11);  // held level
         co_await user.release_key(KEY_LSHIFT);
