@@ -109,10 +109,16 @@ TEST_F(SliderTest, TheRowUnderTheMouseIsOneThatHoldsALabel) {
         int x, y, row;
     };
     // Rows of 7 from y 60, the last that holds the mouse counts: 67 is row 1's first. Rows end at 10 + 59 - 3.
-    const Case cases[] = {{20, 61, 0}, {20, 66, 0}, {20, 67, 1}, {20, 84, 3}, {20, 95, -1}, {66, 61, 0}, {67, 61, -1}};
+    const Case cases[] = {{20, 61, 0}, {20, 66, 0}, {20, 67, 1},  {20, 84, 3},
+                          {20, 89, 3}, {66, 61, 0}, {67, 61, -1}, {20, 90, -1}};
     for (const Case& one : cases) {
         mouse_at(one.x, one.y);
         EXPECT_EQ(gui::hover_row[upright], one.row) << one.x << ", " << one.y;
+    }
+    gui::row_w[upright] = -1;  // as far as to the slider, at 10 + 62
+    for (const Case& one : {Case{69, 61, 0}, {70, 61, -1}}) {
+        mouse_at(one.x, one.y);
+        EXPECT_EQ(gui::hover_row[upright], one.row) << one.x;
     }
     gui::slider_value[upright] = 3;  // the fourth label has become the first row
     mouse_at(20, 61);
