@@ -149,7 +149,14 @@ TEST_F(Clipboard, OwnersThatStallOrDieLeaveTheProgramAsItWas) {
             gave = true;
         };
         owner.own("CLIPBOARD");
-        const std::size_t log_before = journey.log().size();
+        std::size_t log_before = 0;
+        EXPECT_TRUE(wait_until([&, quiet = 0]() mutable {  // the paste before may have more than one line to say
+            constexpr int looks = 25;
+            const std::size_t now = journey.log().size();
+            quiet = now == log_before ? quiet + 1 : 0;
+            log_before = now;
+            return quiet > looks;
+        }));
         tap_with_ctrl("v");
         const bool told = wait_until([&] {
             owner.serve();
