@@ -2,6 +2,7 @@
 // Lets the n-th call to the system fail, or ends the process there; or lists the calls in their order.
 #include "platform/system_calls.h"
 #include <array>
+#include <atomic>
 #include <cerrno>
 #include <string>
 #include <unistd.h>
@@ -15,7 +16,8 @@ enum Call : int { CALL_OPEN, CALL_WRITE, CALL_FSYNC, CALL_RENAME, CALL_UNLINK, C
 inline constexpr int stop_here = -1;    // in place of an error: the process ends before the call is made
 inline constexpr int stop_status = 77;  // with this exit status
 inline constinit Call watched = CALL_ANY;
-inline constinit int calls_left = 0, fault = 0;
+inline constinit std::atomic<int> calls_left = 0;  // threads that write files beside the main flow call too
+inline constinit int fault = 0;
 inline constinit bool lasting = false;  // all later calls fail too, as on a full disk
 inline constinit SystemCalls real{};
 
@@ -23,8 +25,10 @@ inline constinit SystemCalls real{};
 inline bool strikes(Call call) {
     const bool naming = watched == CALL_NAMING && (call == CALL_RENAME || call == CALL_UNLINK);
     if (watched != CALL_ANY && call != watched && !naming) return false;
-    if (calls_left < 0) return false;
-    if (calls_left > 0) return --calls_left, false;
+    int left = calls_left;
+    while (left > 0)
+        if (calls_left.compare_exchange_weak(left, left - 1)) return false;
+    if (left < 0) return false;
     if (!lasting) calls_left = -1;
     if (fault == stop_here) _exit(stop_status);
     errno = fault;
