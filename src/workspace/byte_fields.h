@@ -7,6 +7,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <limits>
 #include <string>
 #include <string_view>
@@ -22,6 +23,7 @@ struct FieldRange {
     int mark = 0;      // bits that may stand beside the number
 };
 inline constexpr int any_low = std::numeric_limits<int>::min(), any_high = std::numeric_limits<int>::max();
+inline constexpr int byte_values = 256, half_values = 16;  // of a byte and of half of one
 constexpr FieldRange any_number(const char* name) { return {name, any_low, any_high, 0}; }
 constexpr FieldRange flag_field(const char* name, int fallback) { return {name, 0, 1, fallback}; }
 
@@ -35,6 +37,20 @@ public:
     }
     template <typename Number> void word(const Number& value, const FieldRange&) {
         put(static_cast<std::uint32_t>(static_cast<int>(value)), 4);
+    }
+    /// Two numbers below 16 in one byte, the first one in its low half.
+    template <typename Number>
+    void halves(const Number& low, const FieldRange&, const Number& high, const FieldRange&) {
+        put(static_cast<std::uint32_t>(low + half_values * high), 1);
+    }
+    /// Up to eight numbers of 0 or 1, from the lowest bit on.
+    void bits(std::initializer_list<int*> flags) {
+        std::uint32_t value = 0, bit = 1;
+        for (const int* const flag : flags) value |= *flag != 0 ? bit : 0, bit *= 2;
+        put(value, 1);
+    }
+    template <std::size_t N> void block(const std::array<std::uint8_t, N>& block) {
+        bytes.insert(bytes.end(), block.begin(), block.end());
     }
     void color(const Color& value, const char*) { put(value, 4); }
     void reserved(std::size_t count) { bytes.resize(bytes.size() + count); }
@@ -59,6 +75,23 @@ public:
 
     template <typename Number> void byte(Number& value, const FieldRange& range) { take_number(1, value, range); }
     template <typename Number> void word(Number& value, const FieldRange& range) { take_number(4, value, range); }
+    template <typename Number>
+    void halves(Number& low, const FieldRange& low_range, Number& high, const FieldRange& high_range) {
+        std::uint32_t read = 0;
+        if (!take(1, read)) return;
+        hold(static_cast<int>(read) % half_values, low, low_range);
+        hold(static_cast<int>(read) / half_values, high, high_range);
+    }
+    void bits(std::initializer_list<int*> flags) {
+        std::uint32_t read = 0;
+        if (!take(1, read)) return;
+        for (int* const flag : flags) *flag = static_cast<int>(read & 1), read /= 2;
+    }
+    template <std::size_t N> void block(std::array<std::uint8_t, N>& block) {
+        std::uint32_t read = 0;
+        for (std::uint8_t& byte : block)
+            if (take(1, read)) byte = static_cast<std::uint8_t>(read);
+    }
     /// A colour's top byte is 0; one that isn't is cleared.
     void color(Color& value, const char* name) {
         std::uint32_t read = 0;
@@ -101,8 +134,10 @@ private:
 
     template <typename Number> void take_number(std::size_t size, Number& value, const FieldRange& range) {
         std::uint32_t read = 0;
-        if (!take(size, read)) return;
-        const auto number = static_cast<std::int32_t>(read);
+        if (take(size, read)) hold(static_cast<std::int32_t>(read), value, range);
+    }
+
+    template <typename Number> void hold(int number, Number& value, const FieldRange& range) {
         const bool in_range = (number & ~range.mark) >= range.low && (number & ~range.mark) <= range.high;
         if (!in_range) report(range.name, number, range.fallback);
         value = in_range ? number : range.fallback;

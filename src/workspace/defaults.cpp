@@ -5,6 +5,7 @@
 #include "state/colors.h"
 #include "state/frame_sources.h"
 #include "state/frames.h"
+#include "state/guides.h"
 #include "state/overlay.h"
 #include "state/tools.h"
 #include "state/view.h"
@@ -36,6 +37,7 @@ void set_workspace_defaults() {
     pan_x = 0;
     pan_y = 0;
     tool_preview_on = 0;
+    guides = Guides{};
 }
 
 }  // namespace nubo

@@ -11,13 +11,19 @@
 #include "state/tools.h"
 #include "state/view.h"
 #include "state/windows.h"
+#include "workspace/guide_fields.h"
 
 namespace nubo {
 namespace {
 
 constexpr int last_slot = choice_slots - 1;
 constexpr int last_favorites_page = (favorite_count - 1) / favorites_row;
-constexpr std::size_t reserved_colors = 36 * 4;
+
+/// The guides as they stand in the file.
+struct StoredGuides {
+    GuideBytes bytes{};
+    int mark = 0;
+};
 
 /// What an option of a tool or an ink may hold; slots without a row are stored and unused.
 template <typename Row, std::size_t N>
@@ -67,21 +73,20 @@ template <class Fields> void walk_shapes(Fields& fields) {
 
 /// What TEXT's window shows beyond the size's low byte, in bytes that older files leave at 0.
 template <class Fields> void walk_rest_of_text(Fields& fields) {
-    constexpr int byte_values = 256;
     int high = text_tool_size / byte_values;
     fields.byte(text_tool_gap, {"the gap of the text", 0, 32, 0});
     fields.byte(high, {"the text size's high byte", 0, 1, 0});
     text_tool_size = text_tool_size % byte_values + high * byte_values;
 }
 
-template <class Fields> void walk_colors_and_views(Fields& fields) {
+template <class Fields> void walk_colors_and_views(Fields& fields, StoredGuides& stored) {
     constexpr int reach = max_frame_side;  // how far a view or the Cel may lie off
     for (Color& color : color_slots) fields.color(color, "a colour slot");
     for (Color& color : favorites) fields.color(color, "a favourite");
-    fields.reserved(reserved_colors);
+    fields.block(stored.bytes);
     fields.byte(state_format, {"the state format", 0, 255, 13});
     walk_rest_of_text(fields);
-    fields.reserved(1);
+    fields.byte(stored.mark, flag_field("the mark of the guides", 0));
     for (FrameView& view : frame_view) fields.byte(view.zoom, {"the zoom of a frame", 0, zoom_max, zoom_min});
     fields.word(cel_angle, {"the angle of the cel", 0, 360, 0});
     fields.word(jpeg_quality, {"the JPEG quality", 0, 100, 90});
@@ -115,10 +120,10 @@ template <class Fields> void walk_names(Fields& fields) {
     fields.text(font_dir, "the folder of the font");
 }
 
-template <class Fields> void walk_state(Fields& fields) {
+template <class Fields> void walk_state(Fields& fields, StoredGuides& stored) {
     walk_choices(fields);
     walk_shapes(fields);
-    walk_colors_and_views(fields);
+    walk_colors_and_views(fields, stored);
     walk_options(fields);
     walk_names(fields);
     for (WindowPos& place : window_pos) {
@@ -136,16 +141,20 @@ template <class Fields> void walk_state(Fields& fields) {
 std::vector<std::uint8_t> pack_state() {
     FieldWriter fields;
     state_format = 13;
-    walk_state(fields);
+    StoredGuides stored{pack_guides()};
+    stored.mark = stored.bytes == GuideBytes{} ? 0 : 1;
+    walk_state(fields, stored);
     return std::move(fields.bytes);
 }
 
 bool unpack_state(const std::vector<std::uint8_t>& bytes, const char* file) {
     FieldReader fields(bytes, file);
-    walk_state(fields);
+    StoredGuides stored;
+    walk_state(fields, stored);
+    const bool has_guides = unpack_guides(stored.bytes, stored.mark != 0, file);
     state_flag = state_flag != 0 ? 1 : 0;
     zoom = std::max<int>(zoom, zoom_min);
-    return fields.finish();
+    return fields.finish() && has_guides;
 }
 
 }  // namespace nubo
