@@ -41,4 +41,14 @@ std::string put_in_file(const std::uint8_t* data, std::size_t size) {
     return path;
 }
 
+TakePicture take_some_pictures() {
+    return [pixels = std::int64_t{0}](BITMAP* canvas, FrameTime time) mutable {
+        constexpr std::int64_t enough = 1'000'000;
+        if (time.numerator < 1 || time.numerator > 65535 || time.denominator < 1 || time.denominator > 65535)
+            std::abort();
+        pixels += std::int64_t{canvas->w} * canvas->h;
+        return pixels < enough;
+    };
+}
+
 }  // namespace nubo

@@ -1,5 +1,6 @@
 #pragma once
 // What the fuzzers share.
+#include "codecs/animation.h"
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -12,6 +13,9 @@ int start_fuzzing();
 /// Writes an input to a file, for readers that take a path, which it returns. No log is opened: its lines go to
 /// standard error, which `-close_fd_mask=2` keeps quiet.
 std::string put_in_file(const std::uint8_t* data, std::size_t size);
+
+/// Takes pictures until they cost the fuzzer more than they find, and breaks on one that isn't whole.
+TakePicture take_some_pictures();
 
 }  // namespace nubo
 

@@ -21,10 +21,16 @@ constexpr std::uint32_t png_chunk_type(const char (&name)[5]) {
 }
 inline constexpr std::uint32_t png_chunk_header = png_chunk_type("IHDR"), png_chunk_palette = png_chunk_type("PLTE"),
                                png_chunk_alpha = png_chunk_type("tRNS"), png_chunk_animation = png_chunk_type("acTL"),
-                               png_chunk_pixels = png_chunk_type("IDAT"), png_chunk_end = png_chunk_type("IEND");
+                               png_chunk_frame = png_chunk_type("fcTL"), png_chunk_pixels = png_chunk_type("IDAT"),
+                               png_chunk_frame_pixels = png_chunk_type("fdAT"), png_chunk_end = png_chunk_type("IEND");
 
-inline constexpr std::uint32_t png_header_length = 13;  // bytes in an IHDR chunk
+inline constexpr std::uint32_t png_header_length = 13;                           // bytes in an IHDR chunk
+inline constexpr std::uint32_t png_animation_length = 8, png_frame_length = 26;  // in an acTL, in an fcTL chunk
 inline constexpr int palette_entries = 256;
+
+/// What is done with the place of an animation's image before the next comes, and how it is laid there.
+enum PngDisposal : int { PNG_STAYS, PNG_TO_CLEAR, PNG_TO_BEFORE, PNG_DISPOSAL_COUNT };
+enum PngBlend : int { PNG_REPLACES, PNG_LIES_OVER, PNG_BLEND_COUNT };
 
 enum PngColorType : int {
     PNG_GREY = 0,

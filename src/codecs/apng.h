@@ -1,0 +1,12 @@
+#pragma once
+// PNG files that hold an animation, of chunks that who knows only pictures passes over.
+#include "codecs/animation.h"
+#include "codecs/read_picture.h"
+
+namespace nubo {
+
+/// Hands over the pictures of an APNG from memory, one after the other, each composed with those before as its file
+/// tells; of a PNG without an animation the one picture. A time of 0 becomes ten hundredths.
+ReadAnimation read_apng(FileBytes bytes, const TakePicture& take);
+
+}  // namespace nubo
