@@ -1,6 +1,7 @@
 // The Cel on a 2048 x 2048 Frame: pastes beside a filled box of the same ink, CLIP beside one read of the Frame, TURN's
 // commit beside its sprite call, and the preview of a Cel that floats.
 #include "base/random.h"
+#include "paint/cel_clean.h"
 #include "paint/cel_paste.h"
 #include "paint/cel_pixels.h"
 #include "paint/stroke.h"
@@ -144,6 +145,20 @@ void cel_turn_limit(benchmark::State& state) {
     }
 }
 
+/// What the quality CLEAN works out once the hand rests, of `colors` colours: few of them cost most.
+void cel_clean(benchmark::State& state, int colors) {
+    constexpr int clean_side = 512, reach = 363;
+    begin(INK_OPAQUE, clean_side);
+    for (int i = 0; i < clean_side * clean_side; ++i)
+        *pixels_at(cel, i % clean_side, i / clean_side) %= static_cast<Color>(colors);
+    cel_place = {.mode = CEL_TURN, .degrees = 30};
+    Color sum = 0;
+    for (auto _ : state)
+        put_turned(reach, reach, 2 * reach, 2 * reach, [&sum](const Color* row, int, int, int) { sum ^= row[reach]; });
+    benchmark::DoNotOptimize(sum);
+    cel_place = {};
+}
+
 void cel_preview(benchmark::State& state, CelMode mode, int size) {
     begin(INK_OPAQUE, size);
     shown = {};
@@ -172,6 +187,8 @@ BENCHMARK(cel_one_read)->Unit(benchmark::kMillisecond);
 BENCHMARK(cel_clip)->Unit(benchmark::kMillisecond);
 BENCHMARK(cel_turn_limit)->Unit(benchmark::kMillisecond);
 BENCHMARK(cel_turn_commit)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(cel_clean, two_colors, 2)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(cel_clean, noise, 1 << 24)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(cel_preview, paste, CEL_PASTE, 2 * side)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(cel_preview, turn, CEL_TURN, 2 * side)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(cel_preview, stretch, CEL_STRETCH, 2 * side)->Unit(benchmark::kMicrosecond);

@@ -2,6 +2,7 @@
 
 #include "base/log.h"
 #include "gui/mouse_text.h"
+#include "paint/cel_clean.h"
 #include "paint/cel_pixels.h"
 #include "paint/inks.h"
 #include "paint/near_color.h"
@@ -9,6 +10,7 @@
 #include "paint/surfaces.h"
 #include "paint/undo.h"
 #include "state/cel.h"
+#include "state/guides.h"
 #include "state/messages.h"
 #include "state/options.h"
 #include "state/run.h"
@@ -143,7 +145,15 @@ template <typename Visit> void for_each_stretched_row(Span across, Span down, in
     }
 }
 
+void paste_clean_row(const Color* colors, int length, int x, int y) {
+    paste_row(colors, length, x, y);
+    refresh_stroke();
+}
+
 void paste_stretched() {
+    if (guides.clean_cel != 0)
+        return put_stretched({cel_place.x, cel_place.y, cel_place.x2, cel_place.y2}, current_frame->w, current_frame->h,
+                             paste_clean_row);
     for_each_stretched_row({cel_place.x, cel_place.x2}, {cel_place.y, cel_place.y2}, current_frame->w, current_frame->h,
                            [](const Color* colors, int length, int x, int y) {
                                paste_row(colors, length, x, y);
@@ -163,7 +173,10 @@ void draw_pasted_preview(int x, int y) {
 }
 
 void draw_turned_preview(int x, int y) {
-    draw_turned(overlay, x, y);
+    if (shows_clean())
+        draw_clean([=](const PutRow& put) { put_turned(x, y, view_w, view_h, put); });
+    else
+        draw_turned(overlay, x, y);
     const std::optional<Area> area = content_area(overlay, transparent_color, opt_cel_tolerance);
     cel_place.left = cel_place.top = cel_place.right = cel_place.bottom = -1;
     if (!area) return;
@@ -174,9 +187,12 @@ void draw_turned_preview(int x, int y) {
 
 void draw_stretched_preview(int x, int y) {
     const Span across{x, cel_place.x2 - shown.pan_x}, down{y, cel_place.y2 - shown.pan_y};
-    for_each_stretched_row(across, down, view_w, view_h, [](const Color* colors, int length, int at_x, int at_y) {
-        std::copy_n(colors, length, pixels_at(overlay, at_x, at_y));
-    });
+    if (shows_clean())
+        draw_clean([&](const PutRow& put) { put_stretched({x, y, across.to, down.to}, view_w, view_h, put); });
+    else
+        for_each_stretched_row(across, down, view_w, view_h, [](const Color* colors, int length, int at_x, int at_y) {
+            std::copy_n(colors, length, pixels_at(overlay, at_x, at_y));
+        });
     cel_place.left = across.start(), cel_place.top = down.start();
     cel_place.right = across.size(), cel_place.bottom = down.size();
     draw_outline({across.start(), down.start(), across.start() + across.size() - 1, down.start() + down.size() - 1});
@@ -208,6 +224,11 @@ bool begin_commit(UndoSave save) {
 }
 
 bool commit_turned(UndoSave save) {
+    if (guides.clean_cel != 0) {
+        if (!begin_commit(save)) return false;
+        put_turned(cel_place.x, cel_place.y, current_frame->w, current_frame->h, paste_clean_row);
+        return true;
+    }
     const std::optional<Area> part = turned_part();
     OwnedBitmap scratch = part ? make_bitmap(part->width(), part->height(), transparent_color) : nullptr;
     if (part && !scratch) {

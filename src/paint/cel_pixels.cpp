@@ -1,5 +1,6 @@
 #include "paint/cel_pixels.h"
 
+#include "paint/cel_clean.h"
 #include "paint/near_color.h"
 #include "state/cel.h"
 #include "state/frames.h"
@@ -75,6 +76,7 @@ OwnedBitmap copy_of_area(const Area& area) {
 void prepare_cel() {
     blit(cel_mask, cel, 0, 0, 0, 0, cel_mask->w, cel_mask->h);
     if (opt_cel_masking != 0) mask_cel(cel, mask_color);
+    renew_clean_preview();
 }
 
 void mask_cel(BITMAP* bitmap, Color color) {

@@ -20,6 +20,7 @@ struct CelPlace {
     int left = -1, top = -1;      // the shape on screen
     int right = -1, bottom = -1;  // width and height in STRETCH, right and bottom in TURN
     int selected = -1;            // outline shown; in STRETCH the size is set
+    int degrees = -1;             // the angle in TURN, 0 to 360
 };
 inline constinit CelPlace cel_place;
 /// A part of the Frame is nowhere but in the placement: it was cut out of it and waits to be anchored. Until then the

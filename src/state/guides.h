@@ -41,6 +41,8 @@ struct Guides {
     int pixel_grid = 0, cell_grid = 0, snap = 0, checker = 0;
     int cell_w = 16, cell_h = 16, cell_x = 0, cell_y = 0;  // pixels
 
+    int clean_cel = 0;  // TURN and STRETCH in the quality CLEAN, not FAST
+
     // What a key switches on again.
     int last_symmetry = SYMMETRY_ACROSS, last_tiles = TILES_BOTH, last_ghost = GHOST_BEHIND;
 };

@@ -34,6 +34,8 @@ template <class Fields> void walk_guides(Fields& fields, Guides& g) {
     fields.byte(g.pinned_frame, {"the pinned frame", 0, frame_slots, 0});
     fields.halves(g.last_symmetry, symmetry, g.last_tiles, tiles);
     fields.byte(g.last_ghost, ghost);
+    fields.reserved(17);
+    fields.bits({&g.clean_cel});
 }
 
 GuideBytes bytes_of(Guides& values) {

@@ -1,5 +1,6 @@
 // The commands of the CEL menu and the quick crop, by a user who clicks, presses keys and leaves.
 #include "cel_kit.h"
+#include "state/guides.h"
 #include "windows/cel/cel_commands.h"
 
 namespace nubo {
@@ -243,6 +244,34 @@ TEST_F(CelCommandTest, TurnGoesByItsSliderAndItsButtons) {
         co_await click_place(user, 220, 150, right_button);
         expect_at_rest();
         EXPECT_EQ(frame_pixel(221, 149), green) << "about its middle, (1, 1)";
+    });
+}
+
+TEST_F(CelCommandTest, QualityIsSwitchedWhileItStretchesAndWaitsForTheHandToRest) {
+    clear_frame_to(black);
+    fill(40, 50, 41, 50, red);  // twice enlarged, the black corner of the L would be cut
+    fill(40, 51, 40, 51, red);
+    take_cel(copy_of_area({40, 50, 42, 52}));
+    opt_cel_masking = 0;
+    play([](User& user) -> Script {
+        co_await tap(user, KEY_TILDE);
+        co_await tap(user, KEY_Q);
+        co_await tap(user, KEY_ESC);
+        EXPECT_EQ(guides.clean_cel, 0) << "a PASTE has no quality";
+        co_await click(user, DRAWING_CEL);
+        co_await click(user, slot_of(LABEL_STRETCH));
+        co_await click_place(user, 100, 60);
+        co_await tap(user, KEY_Q);
+        EXPECT_EQ(guides.clean_cel, 1);
+        co_await user.move_to(106, 66);
+        const auto cut = [] { return *pixels_at(overlay, 102, 62) == red; };
+        EXPECT_FALSE(cut()) << "the hand moves";
+        co_await user.wait(4);
+        EXPECT_TRUE(cut());
+        co_await click_place(user, 106, 66);
+        co_await click_place(user, 200, 200, right_button);
+        EXPECT_EQ(frame_pixel(102, 62), red);
+        EXPECT_EQ(frame_pixel(103, 63), black);
     });
 }
 

@@ -82,6 +82,7 @@ void follow_slider() {
     angle_followed = value;
     if (!shift_is_down() && mouse_left == 0) slider = angle_followed = angle;
     cel_place.x2 = static_cast<int>(angle * part_of_256);
+    cel_place.degrees = angle;
 }
 
 Outcome serve_turn(HandStep, Point) {

@@ -3,13 +3,16 @@
 #include "base/keys.h"
 #include "gui/elements.h"
 #include "gui/presses.h"
+#include "paint/cel_clean.h"
 #include "paint/cel_pixels.h"
+#include "paint/shape_in_hand.h"
 #include "paint/tool_distance.h"
 #include "paint/undo.h"
 #include "state/cel.h"
 #include "state/flow.h"
 #include "state/frames.h"
 #include "state/gui.h"
+#include "state/guides.h"
 #include "state/mouse.h"
 #include "state/options.h"
 #include "state/run.h"
@@ -20,6 +23,7 @@
 #include "windows/kit/quick_pan.h"
 #include "workspace/folders.h"
 #include "workspace/frame_store.h"
+#include "workspace/notices.h"
 #include "workspace/rescue.h"
 #include <algorithm>
 #include <allegro.h>
@@ -50,6 +54,7 @@ void flip(void (*reverse)(BITMAP*), bool& is_flipped) {
     reverse(cel);
     reverse(cel_mask);
     is_flipped = !is_flipped;
+    renew_clean_preview();
 }
 
 /// The Cel itself stays as it was.
@@ -81,6 +86,13 @@ void serve_arrows() {
     due = now + (is_new ? first_pause : pause);
     const int step = shift_is_down() ? large_step : 1;
     shift_place(cel_place, arrow.x * step, arrow.y * step);
+}
+
+/// TURN and STRETCH have two qualities.
+void serve_quality_key(KeyPress& key) {
+    if (!key.happens() || cel_place.mode == CEL_PASTE) return;
+    guides.clean_cel = guides.clean_cel != 0 ? 0 : 1;
+    flash_text(guides.clean_cel != 0 ? "QUALITY: CLEAN" : "QUALITY: FAST");
 }
 
 // ---- What all placements do ----------------------------------------------------------------------------------------
@@ -242,7 +254,9 @@ void begin_where_it_stood() {
 PlacementEnd run_placement(const PlacementKind& kind, UndoSave save) {
     Waiting wait({.prompt = kind.held_prompt, .hotkeys = HOTKEYS_MODAL, .first_live_slot = high_slot});
     const Floating floating(kind.shown);
+    KeyPress quality(KEY_Q);
     for (;;) {
+        serve_quality_key(quality);
         const Outcome outcome = serve_pass(kind, wait);
         // At the program's end a part of the Frame isn't left in the air. Over another Frame it goes back instead,
         // since nothing could take it off that one again.
