@@ -3,39 +3,10 @@
 #include "base/bitmap.h"
 #include "codecs/color_net.h"
 
-#include <algorithm>
-#include <array>
-
 namespace nubo {
 namespace {
 
-constexpr std::size_t palette_entries = 256;
 constexpr Color color_bits = 0xffffff;
-
-/// The distinct colours met so far, up to 256, found again by a hash.
-class ColorList {
-public:
-    /// Adds a colour that isn't there yet. False when it would be the 257th.
-    bool add(Color color) {
-        std::size_t at = color * 2654435761U >> (32 - hash_bits);  // Knuth's multiplicative hash
-        for (; places_[at] != free_place; at = (at + 1) % places_.size())
-            if (colors_[places_[at] - 1U] == color) return true;
-        if (count_ == colors_.size()) return false;
-        colors_[count_++] = color;
-        places_[at] = static_cast<std::uint16_t>(count_);
-        return true;
-    }
-
-    std::size_t count() const { return count_; }
-    Color operator[](std::size_t i) const { return colors_[i]; }
-
-private:
-    static constexpr int hash_bits = 10;
-    static constexpr std::uint16_t free_place = 0;
-    std::array<std::uint16_t, 1 << hash_bits> places_{};  // one more than the index of a colour
-    std::array<Color, palette_entries> colors_{};
-    std::size_t count_ = 0;
-};
 
 constexpr std::size_t longest_step = 503;
 
@@ -49,19 +20,25 @@ std::size_t step_through(std::size_t pixels) {
 
 }  // namespace
 
+bool ColorList::add(Color color) {
+    if (color == last_) return true;
+    std::size_t at = color * 2654435761U >> (32 - hash_bits);  // Knuth's multiplicative hash
+    for (; places_[at] != free_place; at = (at + 1) % places_.size())
+        if (colors_[places_[at] - 1U] == color) return last_ = color, true;
+    if (count_ == colors_.size()) return false;
+    colors_[count_++] = last_ = color;
+    places_[at] = static_cast<std::uint16_t>(count_);
+    return true;
+}
+
 int reduce_colors_exact(BITMAP* bitmap, ExactPalette& palette) {
     ColorList list;
-    Color before = ~Color{0};
     for (int y = 0; y < bitmap->h; ++y) {
         const Color* const pixels = pixels_at(bitmap, 0, y);
-        for (int x = 0; x < bitmap->w; ++x) {
-            const Color color = pixels[x] & color_bits;
-            if (color == before) continue;
-            if (!list.add(color)) return -1;
-            before = color;
-        }
+        for (int x = 0; x < bitmap->w; ++x)
+            if (!list.add(pixels[x] & color_bits)) return -1;
     }
-    for (std::size_t i = 0; i < palette_entries; ++i) palette[i] = i < list.count() ? list[i] : 0;
+    palette = list.palette();
     return static_cast<int>(list.count());
 }
 
@@ -73,7 +50,7 @@ void reduce_colors_neural(BITMAP* bitmap, int sample, ExactPalette& palette) {
     ColorNet net(samples, sample);
     for (std::size_t i = 0, at = 0; i < samples; ++i, at = (at + step) % pixels)
         net.learn(*pixels_at(bitmap, static_cast<int>(at % width), static_cast<int>(at / width)));
-    for (std::size_t i = 0; i < palette_entries; ++i) palette[i] = net.color(i);
+    for (std::size_t i = 0; i < palette.size(); ++i) palette[i] = net.color(i);
 }
 
 }  // namespace nubo

@@ -110,7 +110,9 @@ Bytes composed_by_apngdis(const std::string& name, int pictures) {
     told_by("apngdis " + name + " seen_");
     Bytes bytes;
     for (int i = 1; i <= pictures; ++i) {
-        const OwnedBitmap picture(load_png(("seen_" + std::to_string(i) + ".png").c_str(), nullptr));
+        std::string number = std::to_string(i);
+        number.insert(0, std::to_string(pictures).size() - number.size(), '0');
+        const OwnedBitmap picture(load_png(("seen_" + number + ".png").c_str(), nullptr));
         if (picture) append_rgba(picture.get(), bytes);
     }
     return bytes;
@@ -150,6 +152,134 @@ TEST(Animations, ThatAreCutGiveWhatCameBefore) {
             for (std::size_t i = 0; i < seen.pictures.size(); ++i)
                 ASSERT_TRUE(seen.pictures[i].rgba == pictures[i].rgba) << file << ", " << size;
         }
+    }
+}
+
+// ---- Written -------------------------------------------------------------------------------------------------------
+
+constexpr Color ground = 0xff00ff;
+
+/// Pictures of 40 by 30: a field of `colors` colours, over which a box of ground runs.
+class Walk {
+public:
+    Walk(int pictures, int colors, bool clear, FrameTime time, std::uint32_t plays) : colors_(colors) {
+        animation.width = 40;
+        animation.height = 30;
+        animation.times.assign(at(pictures), time);
+        animation.picture = [this](int i) { return picture(i); };
+        if (clear) animation.clear = ground;
+        animation.plays = plays;
+    }
+    BITMAP* picture(int i) {
+        for (int y = 0; y < bitmap_->h; ++y)
+            for (int x = 0; x < bitmap_->w; ++x) {
+                const bool boxed = x > i % 30 && x < i % 30 + 9 && y > 4 && y < 12;
+                *pixels_at(bitmap_.get(), x, y) = boxed ? ground : static_cast<Color>((x + y * 40) % colors_ * 0x1357);
+            }
+        return bitmap_.get();
+    }
+    /// What it is to look like.
+    Bytes wanted() {
+        Bytes bytes;
+        for (int i = 0; i < static_cast<int>(animation.times.size()); ++i) {
+            BITMAP* const shown = picture(i);
+            for (int y = 0; y < shown->h; ++y)
+                for (int x = 0; x < shown->w; ++x)
+                    if (Color& pixel = *pixels_at(shown, x, y); !animation.clear || pixel != ground)
+                        pixel |= 0xff000000;
+            append_rgba(shown, bytes);
+        }
+        return bytes;
+    }
+    WrittenAnimation animation;
+
+private:
+    int colors_;
+    OwnedBitmap bitmap_ = make_bitmap(40, 30);
+};
+
+struct WalkCase {
+    int pictures, colors;
+    bool clear;
+    std::uint32_t plays;
+};
+constexpr WalkCase walks[] = {
+    {1, 2, false, 1}, {2, 2, true, 0}, {2, 255, false, 1}, {29, 254, true, 3}, {100, 7, false, 0}};
+
+TEST(GifAnimation, LooksToOtherProgramsAsItWasPainted) {
+    const ScratchFolder folder;
+    for (const WalkCase& row : walks) {
+        Walk walk(row.pictures, row.colors, row.clear, {1, 12}, row.plays);
+        Bytes bytes;
+        ASSERT_TRUE(write_gif_animation(walk.animation, REDUCTION_FAST, bytes));
+        write("a.gif", bytes);
+        EXPECT_TRUE(composed_by_magick("a.gif") == walk.wanted()) << row.pictures;
+        const std::string told = told_by("gifsicle --info a.gif");
+        const bool for_ever = told.find("loop forever") != std::string::npos;
+        EXPECT_TRUE(for_ever == (row.plays == 0)) << told;
+        EXPECT_EQ(told.find("loop count 2") != std::string::npos, row.plays == 3) << told;
+        EXPECT_TRUE(joined(read_all(read_gif_animation, bytes).pictures) == walk.wanted()) << row.pictures;
+    }
+}
+
+std::string delays_of(const Bytes& bytes) {
+    std::string delays;
+    for (const Shown& shown : read_all(read_gif_animation, bytes).pictures)
+        delays += std::to_string(shown.time.in_parts(100)) + " ";
+    return delays;
+}
+
+TEST(GifAnimation, CarriesOnWhatADelayFallsShortOfAndAddsUpEqualNeighbours) {
+    struct DelayCase {
+        FrameTime time;
+        const char *told, *added;  // where three are equal each
+    };
+    for (const auto& [time, told, added] :
+         {DelayCase{{1, 12}, "8 9 8 8 9 8 ", "25 25 "}, DelayCase{{1, 8}, "13 12 13 12 13 12 ", "38 37 "},
+          DelayCase{{1, 60}, "2 2 2 2 2 2 ", "5 5 "}, DelayCase{{1, 40}, "3 2 3 2 3 2 ", "8 7 "}}) {
+        Walk walk(6, 5, false, time, 0);
+        Bytes bytes;
+        ASSERT_TRUE(write_gif_animation(walk.animation, REDUCTION_FAST, bytes));
+        EXPECT_EQ(delays_of(bytes), told);
+        const auto moving = walk.animation.picture;
+        walk.animation.picture = [&](int i) { return moving(i / 3); };
+        bytes.clear();
+        ASSERT_TRUE(write_gif_animation(walk.animation, REDUCTION_FAST, bytes));
+        EXPECT_EQ(delays_of(bytes), added) << told;
+    }
+}
+
+TEST(GifAnimation, BringsAllPicturesToOnePaletteTogether) {
+    for (const GifReduction reduction : {REDUCTION_FAST, REDUCTION_GOOD, REDUCTION_BEST}) {
+        Walk walk(3, 1200, true, {1, 10}, 0);
+        Bytes bytes;
+        ASSERT_TRUE(write_gif_animation(walk.animation, reduction, bytes));
+        const std::vector<Shown> seen = read_all(read_gif_animation, bytes).pictures;
+        ASSERT_EQ(seen.size(), 3U);
+        const Bytes wanted = walk.wanted();
+        for (std::size_t i = 3; i < seen[0].rgba.size(); i += 4) {
+            for (std::size_t k = 0; k < 3; ++k)
+                ASSERT_EQ(seen[k].rgba[i], wanted[k * seen[0].rgba.size() + i]) << "what is clear, and nothing else";
+            const bool stays = seen[0].rgba[i] != 0 && seen[2].rgba[i] != 0;
+            ASSERT_TRUE(!stays || seen[0].rgba[i - 1] == seen[2].rgba[i - 1]) << "no colour flickers";
+        }
+    }
+}
+
+TEST(Apng, LooksToOtherProgramsAsItWasPainted) {
+    const ScratchFolder folder;
+    for (const WalkCase& row : walks) {
+        Walk walk(row.pictures, row.colors, row.clear, {7, 60}, row.plays);
+        Bytes bytes;
+        ASSERT_TRUE(write_apng(walk.animation, bytes));
+        write("a.png", bytes);
+        EXPECT_TRUE(composed_by_apngdis("a.png", row.pictures) == walk.wanted()) << row.pictures;
+        const Seen seen = read_all(read_apng, bytes);
+        EXPECT_TRUE(joined(seen.pictures) == walk.wanted()) << row.pictures;
+        EXPECT_TRUE(seen.found.cause.empty() && seen.found.plays == row.plays);
+        EXPECT_EQ(seen.pictures.back().time, (FrameTime{7, 60}));
+        const ReadPicture still = read_png(bytes);
+        EXPECT_TRUE(still.bitmap && still.bitmap->w == 40) << "to who knows no animations";
     }
 }
 
