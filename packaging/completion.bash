@@ -18,10 +18,12 @@ _nubo_configure() {
 
 _nubo_wsp() {
     if [ "$COMP_CWORD" = 1 ]; then
-        mapfile -t COMPREPLY < <(compgen -W 'list check extract make --help' -- "$2")
+        mapfile -t COMPREPLY < <(compgen -W 'list check extract make export --help' -- "$2")
     else
         compopt -o filenames 2>/dev/null
         mapfile -t COMPREPLY < <(compgen -f -- "$2")
+        [ "${COMP_WORDS[1]}" != export ] || mapfile -t -O "${#COMPREPLY[@]}" COMPREPLY < <(compgen -W '--gif --apng --sheet --png
+            --from --to --scale --clear --loop --once --ping-pong --rows --columns --square --border --gap --json' -- "$2")
         [ "${COMP_WORDS[1]}" != extract ] || mapfile -t -O "${#COMPREPLY[@]}" COMPREPLY < <(compgen -W '--png' -- "$2")
     fi
 }

@@ -1,9 +1,11 @@
 #pragma once
 // What painters switch on while they paint: symmetry, tiled painting, ghosts of neighbour Frames, grids, the checker
-// where the mask colour is. It belongs to the Workspace and is stored with it, to the byte as workspace/guide_fields.h
-// tells.
+// where the mask colour is; and the times of the Frames. It belongs to the Workspace and is stored with it, to the byte
+// as workspace/guide_fields.h tells.
 #include "state/frames.h"
 #include "state/shared.h"
+#include <array>
+#include <cstdint>
 
 namespace nubo {
 
@@ -19,6 +21,7 @@ enum Symmetry : int {
     SYMMETRY_COUNT
 };
 enum Tiling : int { TILES_OFF, TILES_BOTH, TILES_ACROSS, TILES_DOWN, TILES_COUNT };
+enum AnimationLoop : int { LOOP_FOR_EVER, LOOP_ONCE, LOOP_PING_PONG, LOOP_COUNT };
 enum Ghost : int { GHOST_OFF, GHOST_BEHIND, GHOST_OVER, GHOST_COUNT };
 
 /// An axis lies at s / 2: the image of x is s - x, so that s is in half pixels. Held as s + 1.
@@ -42,6 +45,13 @@ struct Guides {
     int cell_w = 16, cell_h = 16, cell_x = 0, cell_y = 0;  // pixels
 
     int clean_cel = 0;  // TURN and STRETCH in the quality CLEAN, not FAST
+
+    // The animation that the Frames are.
+    int speed = 12;       // Frames a second, 1 to 60
+    int first_frame = 0;  // of the range, its slot
+    int range_end = 0;    // the last one's slot + 1; 0 for the last there is
+    int loop = LOOP_FOR_EVER;
+    std::array<std::uint8_t, frame_slots> frame_times{};  // of each slot, as base/frame_time.h tells; 0 by the speed
 
     // What a key switches on again.
     int last_symmetry = SYMMETRY_ACROSS, last_tiles = TILES_BOTH, last_ghost = GHOST_BEHIND;

@@ -1,11 +1,14 @@
 #include "workspace/guide_fields.h"
 
+#include "base/frame_time.h"
 #include "state/guides.h"
 #include "workspace/byte_fields.h"
 #include <algorithm>
 
 namespace nubo {
 namespace {
+
+constexpr int first_speed = Guides{}.speed;
 
 template <class Fields> void walk_guides(Fields& fields, Guides& g) {
     constexpr FieldRange symmetry{"the symmetry", 0, SYMMETRY_COUNT - 1, SYMMETRY_OFF},
@@ -34,8 +37,14 @@ template <class Fields> void walk_guides(Fields& fields, Guides& g) {
     fields.byte(g.pinned_frame, {"the pinned frame", 0, frame_slots, 0});
     fields.halves(g.last_symmetry, symmetry, g.last_tiles, tiles);
     fields.byte(g.last_ghost, ghost);
-    fields.reserved(17);
+    fields.byte(g.speed, {"the speed", animation_speed_min, animation_speed_max, first_speed});
+    fields.byte(g.first_frame, {"the range's first frame", 0, frame_slots - 1, 0});
+    fields.byte(g.range_end, {"the range's end", 0, frame_slots, 0});
+    fields.byte(g.loop, {"the loop", 0, LOOP_COUNT - 1, LOOP_FOR_EVER});
+    fields.reserved(13);
     fields.bits({&g.clean_cel});
+    fields.reserved(1);
+    for (std::uint8_t& time : g.frame_times) fields.byte(time, {"the time of a frame", 0, time_max, 0});
 }
 
 GuideBytes bytes_of(Guides& values) {

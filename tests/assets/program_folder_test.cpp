@@ -135,5 +135,55 @@ TEST_F(WspCompanion, ReadsAllThatTheEditorReadsAndPrintsNoControlBytes) {
     EXPECT_NE(bytes_of("output").find("current.000"), std::string::npos) << bytes_of("output");
 }
 
+/// Gives the folder's state a speed of 10, a range of slots 1 and 2, ONCE, and half a second to slot 2.
+void animate_first() {
+    std::fstream state("first/current.spa", std::ios::in | std::ios::out | std::ios::binary);
+    for (const auto& [at, byte] : {std::pair{1169, 10}, {1170, 1}, {1171, 3}, {1172, 1}, {1190, 50}, {1291, 1}})
+        state.seekp(at).put(static_cast<char>(byte));
+}
+
+TEST_F(WspCompanion, ExportsWhatTheStateTellsTheSameBytesEachTime) {
+    animate_first();
+    ASSERT_EQ(run("make a.wsp first"), 0) << bytes_of("output");
+    ASSERT_EQ(run("export --gif one a.wsp"), 0) << bytes_of("output");
+    EXPECT_EQ(bytes_of("output"), "one.gif\n");
+    ASSERT_EQ(std::system("gifsicle --info one.gif >told"), 0);
+    const std::string told = bytes_of("told");
+    for (const char* part : {"2 images", "logical screen 640x480", "delay 0.10s", "delay 0.50s"})
+        EXPECT_NE(told.find(part), std::string::npos) << part << " in " << told;
+    EXPECT_EQ(told.find("loop"), std::string::npos) << told;
+    EXPECT_EQ(run("export first --gif two"), 0);
+    EXPECT_EQ(bytes_of("one.gif"), bytes_of("two.gif"));
+    ASSERT_EQ(run("export --from 0 --to 2 --ping-pong --scale 2 --apng way.gif first"), 0);
+    ASSERT_EQ(std::system("apngdis way.png way_ >told"), 0);
+    EXPECT_TRUE(std::filesystem::exists("way_4.png") && !std::filesystem::exists("way_5.png")) << "and the way back";
+    EXPECT_NE(bytes_of("way_3.txt").find("50/100"), std::string::npos) << bytes_of("way_3.txt");
+    ASSERT_EQ(run("export --json --square --gap 2 --border 1 --from 0 --sheet deep/all first"), 1);
+    ASSERT_EQ(run("export --json --square --gap 2 --border 1 --from 0 --sheet all first"), 0);
+    EXPECT_EQ(bytes_of("output"), "all.png\nall.json\n");
+    EXPECT_NE(bytes_of("all.json").find("\"x\": 1, \"y\": 483, \"w\": 640"), std::string::npos) << bytes_of("all.json");
+    EXPECT_NE(bytes_of("all.json").find("\"duration\": 500"), std::string::npos);
+    EXPECT_EQ(run("export --png hero#.PNG first"), 0);
+    EXPECT_EQ(bytes_of("output"), "hero00.PNG\nhero01.PNG\n");
+}
+
+TEST_F(WspCompanion, ExportsAllFilesOrNone) {
+    for (const char* words :
+         {"export --gif a.gif", "export first", "export --gif a --apng b first", "export --gif a --rows first",
+          "export --gif a --scale 9 first", "export --gif a --nothing first", "export --gif a first first"})
+        EXPECT_EQ(run(words), 2) << words;
+    for (const char* words :
+         {"export --gif a --from 2 --to 1 first", "export --gif a --to 3 first", "export --gif a none"})
+        EXPECT_EQ(run(words), 1) << words;
+    // The second picture is larger than a file may be.
+    EXPECT_NE(std::system("trap '' XFSZ; ulimit -f 28; " NUBO_FOLDER "/nubo-wsp export --png full first >output 2>&1"),
+              0);
+    EXPECT_NE(std::system("trap '' XFSZ; ulimit -f 28; " NUBO_FOLDER
+                          "/nubo-wsp export --sheet full --json first >output 2>&1"),
+              0);
+    for (const auto& entry : std::filesystem::directory_iterator("."))
+        EXPECT_TRUE(entry.path() == "./first" || entry.path() == "./output") << entry.path();
+}
+
 }  // namespace
 }  // namespace nubo

@@ -1,10 +1,11 @@
-// nubo-wsp: looks into an archive of a Workspace, takes its files out and puts a folder's files in. It needs no
-// display.
+// nubo-wsp: looks into an archive of a Workspace, takes its files out and puts a folder's files in; takes its Frames
+// out to the world and pictures in. It needs no display.
+#include "companion.h"
+
 #include "base/color.h"
 #include "base/utf8.h"
 #include "codecs/png.h"
 #include "state/frames.h"
-#include "workspace/archive_file.h"
 #include "workspace/bmp_files.h"
 #include "workspace/state_fields.h"
 #include <algorithm>
@@ -18,26 +19,31 @@
 #include <string_view>
 
 namespace nubo {
-namespace {
-
-namespace fs = std::filesystem;
-
-enum ExitCode : int { EXIT_DONE, EXIT_FAILED, EXIT_USAGE };
-using Words = std::span<char* const>;
 
 int fail(const std::string& cause) {
     std::fprintf(stderr, "nubo-wsp: %s\n", cause.c_str());
     return EXIT_FAILED;
 }
 
-// ---- Looking -------------------------------------------------------------------------------------------------------
-
-/// The contents of the archive; null after a message.
 bool open_archive(const InputFile& file, const std::string& path, ArchiveContents& contents) {
     if (!file.is_open()) return fail(path + " can't be read"), false;
     const char* const fault = read_archive(file, contents);
     return fault == nullptr || (fail(path + " is damaged: " + fault), false);
 }
+
+int count_frames(const Folder& folder) {
+    int count = 0;
+    while (count < frame_slots && FrameSlot{folder, count}.has_frame()) ++count;
+    if (count > 0 && count == count_frames_in(folder)) return count;
+    fail(FrameSlot{folder, count}.frame() + " is missing");
+    return 0;
+}
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// ---- Looking -------------------------------------------------------------------------------------------------------
 
 /// A text of an archive without what would move the cursor of a terminal, or more.
 std::string printable(std::string_view text) {
@@ -155,15 +161,6 @@ void read_names(const Folder& folder, ArchiveHead& head) {
     }
 }
 
-/// The number of Frames in the row; 0, told, if it is empty or has a gap.
-int count_frames(const Folder& folder) {
-    int count = 0;
-    while (count < frame_slots && FrameSlot{folder, count}.has_frame()) ++count;
-    if (count > 0 && count == count_frames_in(folder)) return count;
-    fail(FrameSlot{folder, count}.frame() + " is missing");
-    return 0;
-}
-
 /// Looks at all before FILE is touched, which may be a good one.
 int make(Words words) {
     const Folder folder(words[1]);
@@ -197,6 +194,14 @@ constexpr const char* usage =
     "       nubo-wsp make FILE DIR              checks the files current.* in DIR, as extract leaves them, and makes "
     "one "
     "of them\n"
+    "       nubo-wsp export KIND OUT [OPTION...] SOURCE\n"
+    "           takes the Frames of a FILE or of a WORKSPACE folder out, and says which files it has written\n"
+    "           KIND: --gif, --apng, --sheet, or --png for one picture each\n"
+    "           --from N, --to N          the first and the last Frame; else as ANIMATE has them\n"
+    "           --loop, --once, --ping-pong   how it plays; else as ANIMATE has it\n"
+    "           --scale N                 1 to 8\n"
+    "           --clear                   the mask colour is clear\n"
+    "           of a sheet: --rows, --columns or --square, --border N, --gap N, --json\n"
     "FILE is an archive of Nubo's, ending in .wsp. No file in DIR is written over.\n";
 
 struct Command {
@@ -215,6 +220,11 @@ constexpr std::array<Command, 5> commands{{
 int run(Words words) {
     const auto asks_for_help = [](std::string_view word) { return word == "-h" || word == "--help"; };
     if (std::ranges::any_of(words, asks_for_help)) return std::fputs(usage, stdout), EXIT_DONE;
+    if (!words.empty() && std::string_view(words[0]) == "export") {
+        const int code = export_command(words.subspan(1));
+        if (code == EXIT_USAGE) std::fputs(usage, stderr);
+        return code;
+    }
     for (const Command& command : commands) {
         const std::size_t front = command.option.empty() ? 1 : 2;
         if (words.size() != front + command.words || words[0] != command.name) continue;
