@@ -35,7 +35,7 @@ int columns_of(int frames, int frame_w, int frame_h, const SheetOptions& options
 }
 
 /// A text between quotation marks; bytes that are no character become '?'.
-std::string quoted(std::string_view text) {
+std::string json_text(std::string_view text) {
     std::string json = "\"";
     for (Utf8Character next; !text.empty(); text.remove_prefix(next.size)) {
         next = first_character(text);
@@ -59,7 +59,7 @@ std::string place_json(const ImagePlace& place) {
 
 std::string frame_json(const ImagePlace& cell, FrameTime time, const std::string& name) {
     constexpr int milliseconds = 1000;
-    return "  { \"filename\": " + quoted(name) + ", \"frame\": " + place_json(cell) +
+    return "  { \"filename\": " + json_text(name) + ", \"frame\": " + place_json(cell) +
            ", \"rotated\": false, \"trimmed\": false, \"spriteSourceSize\": " + place_json({0, 0, cell.w, cell.h}) +
            ", \"sourceSize\": { " + size_json(cell.w, cell.h) +
            " }, \"duration\": " + std::to_string(time.in_parts(milliseconds)) + " }";
@@ -68,7 +68,7 @@ std::string frame_json(const ImagePlace& cell, FrameTime time, const std::string
 /// A repeat of 0 is for ever.
 std::string tag_json(const std::string& name, std::size_t frames, AnimationLoop loop) {
     const char* const direction = loop == LOOP_PING_PONG ? "pingpong" : "forward";
-    return "{ \"name\": " + quoted(name) + ", \"from\": 0, \"to\": " + std::to_string(frames - 1) +
+    return "{ \"name\": " + json_text(name) + ", \"from\": 0, \"to\": " + std::to_string(frames - 1) +
            ", \"direction\": \"" + direction + "\", \"repeat\": \"" + (loop == LOOP_ONCE ? "1" : "0") + "\" }";
 }
 
@@ -95,7 +95,7 @@ std::string sheet_json(const SheetLayout& layout, const std::vector<FrameTime>& 
         json += frame_json(layout.cells[at], times[at], numbered_name(names.name, i));
         json += i + 1 < count ? ",\n" : "\n";
     }
-    return json + " ],\n \"meta\": {\n  \"app\": \"Nubo\",\n  \"image\": " + quoted(names.image) +
+    return json + " ],\n \"meta\": {\n  \"app\": \"Nubo\",\n  \"image\": " + json_text(names.image) +
            ",\n  \"format\": \"RGBA8888\",\n  \"size\": { " + size_json(layout.width, layout.height) +
            " },\n  \"scale\": \"1\",\n  \"frameTags\": [\n   " + tag_json(names.name, layout.cells.size(), loop) +
            "\n  ]\n }\n}\n";
