@@ -154,7 +154,8 @@ void cel_clean(benchmark::State& state, int colors) {
     cel_place = {.mode = CEL_TURN, .degrees = 30};
     Color sum = 0;
     for (auto _ : state)
-        put_turned(reach, reach, 2 * reach, 2 * reach, [&sum](const Color* row, int, int, int) { sum ^= row[reach]; });
+        put_turned(reach, reach, {0, 0, 2 * reach - 1, 2 * reach - 1},
+                   [&sum](const Color* row, int, int, int) { sum ^= row[reach]; });
     benchmark::DoNotOptimize(sum);
     cel_place = {};
 }

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <ctime>
 #include <memory>
+#include <vector>
 
 namespace nubo {
 namespace {
@@ -13,6 +14,14 @@ namespace {
 using SeedWords = std::array<std::uint32_t, MersenneTwister::state_words>;
 
 int (*random_source)(int n) = nullptr;
+
+/// What `UA_random` gave since a tape was begun.
+struct Tape {
+    std::vector<int> draws;
+    std::size_t next = 0;
+    bool runs = false;
+};
+Tape tape;
 std::array<Shared<std::uint32_t>, MersenneTwister::state_words>
     words_for_handlers{};  // their flow seeds itself by them
 
@@ -119,10 +128,25 @@ void UA_seed_random() {
     for (auto& word : words_for_handlers) word = random_second.next();
 }
 
+namespace {
+
+int drawn(int n) { return n > 1 && random_source != nullptr ? random_source(n) : bounded(random_first, n); }
+
+}  // namespace
+
 int UA_random(int n) {
-    if (n > 1 && random_source != nullptr) return random_source(n);
-    return bounded(random_first, n);
+    if (!tape.runs) return drawn(n);
+    if (tape.next == tape.draws.size()) tape.draws.push_back(drawn(n));
+    return tape.draws[tape.next++];
 }
+
+RandomTape::RandomTape() { tape.runs = true; }
+RandomTape::~RandomTape() {
+    tape.draws.clear();
+    tape.next = 0;
+    tape.runs = false;
+}
+void RandomTape::rewind() { tape.next = 0; }
 
 int UA_random_b(int n) {
     if (n > 1 && random_source != nullptr) return random_source(n);

@@ -43,6 +43,17 @@ int UA_random(int n);
 /// The same of the second generator. Callable from both flows.
 int UA_random_b(int n);
 
+/// As long as it lives the draws of `UA_random` are kept, to be given again. Not one in another.
+class RandomTape {
+public:
+    RandomTape();
+    ~RandomTape();
+    RandomTape(const RandomTape&) = delete;
+    RandomTape& operator=(const RandomTape&) = delete;
+    /// The next draws are those from the first on, as far as there are.
+    void rewind();
+};
+
 /// Takes the draws of both from `source`, which is called with each n above 1; null goes back to the generator.
 /// For tests that tell beforehand what is drawn.
 void set_random_source(int (*source)(int n));

@@ -19,11 +19,11 @@ namespace {
 
 constexpr int right_angle = 90, full_circle = 360;
 
-/// The part of a row or column, from `start` on `size` long, that lies in 0 to `extent` - 1.
+/// The part of a row or column, from `start` on `size` long, that lies in `low` to `high`.
 struct Visible {
     int first, count;
-    Visible(int start, int size, int extent)
-        : first(std::max(start, 0)), count(std::max(std::min(start + size, extent) - first, 0)) {}
+    Visible(int start, int size, int low, int high)
+        : first(std::max(start, low)), count(std::max(std::min(start + size, high + 1) - first, 0)) {}
 };
 
 // ---- Turned --------------------------------------------------------------------------------------------------------
@@ -38,10 +38,10 @@ Color turned_pixel(int quarters, int u, int v) {
     }
 }
 
-void put_quarter_turned(int quarters, int x, int y, int width, int height, const PutRow& put) {
+void put_quarter_turned(int quarters, int x, int y, const Area& window, const PutRow& put) {
     const bool lies = quarters % 2 != 0;
     const int w = lies ? cel->h : cel->w, h = lies ? cel->w : cel->h, left = x - w / 2, top = y - h / 2;
-    const Visible across(left, w, width), down(top, h, height);
+    const Visible across(left, w, window.left, window.right), down(top, h, window.top, window.bottom);
     std::vector<Color> colors(static_cast<std::size_t>(across.count));
     for (int row = down.first; row < down.first + down.count && across.count > 0; ++row) {
         for (int i = 0; i < across.count; ++i)
@@ -103,12 +103,13 @@ bool is_same_place(const CelPlace& a, const CelPlace& b) {
 
 }  // namespace
 
-void put_turned(int x, int y, int width, int height, const PutRow& put) {
+void put_turned(int x, int y, const Area& window, const PutRow& put) {
     const int degrees = cel_place.degrees % full_circle;
-    if (degrees % right_angle == 0) return put_quarter_turned(degrees / right_angle, x, y, width, height, put);
+    if (degrees % right_angle == 0) return put_quarter_turned(degrees / right_angle, x, y, window, put);
     const TurnedPlaces places(degrees, x, y);
     const int reach = static_cast<int>(std::hypot(cel->w, cel->h) / 2) + 2;
-    const Visible across(x - reach, 2 * reach, width), down(y - reach, 2 * reach, height);
+    const Visible across(x - reach, 2 * reach, window.left, window.right),
+        down(y - reach, 2 * reach, window.top, window.bottom);
     std::vector<Color> colors(static_cast<std::size_t>(across.count));
     for (int row = down.first; row < down.first + down.count && across.count > 0; ++row) {
         for (int i = 0; i < across.count; ++i)
@@ -117,10 +118,10 @@ void put_turned(int x, int y, int width, int height, const PutRow& put) {
     }
 }
 
-void put_stretched(const StretchEnds& ends, int width, int height, const PutRow& put) {
+void put_stretched(const StretchEnds& ends, const Area& window, const PutRow& put) {
     const int w = std::abs(ends.x2 - ends.x), h = std::abs(ends.y2 - ends.y);
     const int left = std::min(ends.x, ends.x2), top = std::min(ends.y, ends.y2);
-    const Visible across(left, w, width), down(top, h, height);
+    const Visible across(left, w, window.left, window.right), down(top, h, window.top, window.bottom);
     if (across.count == 0 || down.count == 0) return;
     const int scale = scale_of(w, h);
     const auto columns =

@@ -1,23 +1,24 @@
 #pragma once
 // The Cel turned and stretched in the quality CLEAN: its edges stay hard, and it has none but its own colours.
+#include "paint/area.h"
 #include "state/colors.h"
 #include <functional>
 
 namespace nubo {
 
-/// Takes a row of `length` pixels at (x, y) of the rectangle that was asked for; 0xff00ff where there is nothing.
+/// Takes a row of `length` pixels at (x, y) of the area that was asked for; 0xff00ff where there is nothing.
 using PutRow = std::function<void(const Color* colors, int length, int x, int y)>;
 
 /// Gives the rows of the Cel turned by `cel_place.degrees` about its middle, which comes to (x, y), as far as they lie
-/// in a rectangle of `width` by `height`. By whole right angles each pixel of the Cel is there once; a middle between
+/// in an area. By whole right angles each pixel of the Cel is there once; a middle between
 /// two pixels counts as the one to the right or below, so that the Cel goes toward the upper left.
-void put_turned(int x, int y, int width, int height, const PutRow& put);
+void put_turned(int x, int y, const Area& window, const PutRow& put);
 
 /// The same of the Cel stretched between two corners, mirrored where the second lies before the first.
 struct StretchEnds {
     int x, y, x2, y2;
 };
-void put_stretched(const StretchEnds& ends, int width, int height, const PutRow& put);
+void put_stretched(const StretchEnds& ends, const Area& window, const PutRow& put);
 
 // ---- While it is placed --------------------------------------------------------------------------------------------
 

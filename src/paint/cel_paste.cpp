@@ -4,6 +4,7 @@
 #include "gui/mouse_text.h"
 #include "paint/cel_clean.h"
 #include "paint/cel_pixels.h"
+#include "paint/images.h"
 #include "paint/inks.h"
 #include "paint/near_color.h"
 #include "paint/stroke.h"
@@ -29,11 +30,11 @@ namespace {
 
 // ---- Rows ----------------------------------------------------------------------------------------------------------
 
-/// Paints pixels of one row of the Frame, all inside it.
-void paint_row(const Color* colors, int length, int x, int y) {
+/// Paints pixels of one row.
+void paint_colors(const Color* colors, int length, int x, int y) {
     static constexpr std::uint8_t full_strength = 0;
-    apply_ink_row({.x = x, .y = y, .length = length, .tip = &full_strength, .tip_step = 0, .colors = colors},
-                  active_ink(), brush_color);
+    paint_row({.x = x, .y = y, .length = length, .tip = &full_strength, .tip_step = 0, .colors = colors}, active_ink(),
+              brush_color);
 }
 
 /// Calls `visit(first, length)` for each stretch of 0 to `count` - 1 of which `takes(i)` is true, none longer than
@@ -61,23 +62,16 @@ int first_transparent(const Color* colors, int count) {
     return found == nullptr ? count : static_cast<int>(found - units);
 }
 
-/// Paints a row whose pixels of 0xff00ff are left out, from the Frame pixel (x, y) on; cut at the Frame's sides.
-void paste_row(const Color* colors, int length, int x, int y) {
-    const int end = std::min(length, current_frame->w - x);
-    for (int at = std::max(-x, 0); at < end; ++at) {
+/// Paints a row whose pixels of 0xff00ff are left out, from the Frame pixel (x, y) on; cut at the window's sides.
+void paste_row(const Color* colors, int length, int x, int y, const Area& window) {
+    const int end = std::min(length, window.right + 1 - x);
+    for (int at = std::max(window.left - x, 0); at < end; ++at) {
         if (colors[at] == transparent_color) continue;
         const int taken = first_transparent(colors + at, end - at);
-        paint_row(colors + at, taken, x + at, y);
+        paint_colors(colors + at, taken, x + at, y);
         at += taken;
     }
 }
-
-/// The rows of something with its top at `y` and `height` rows that lie in the Frame: from the first up to the second,
-/// counted from its top.
-struct Rows {
-    int first, end;
-};
-Rows rows_in_frame(int y, int height) { return {std::max(-y, 0), std::min(height, current_frame->h - y)}; }
 
 // ---- Turned --------------------------------------------------------------------------------------------------------
 
@@ -95,12 +89,12 @@ void draw_turned(BITMAP* target, int x, int y) {
     pivot_scaled_sprite(target, cel, x, y, cel->w / 2, cel->h / 2, itofix(cel_place.x2), itofix(1));
 }
 
-/// The Frame's part that the turned Cel can reach; none if it lies beyond the Frame.
+/// The part of the window that the turned Cel can reach; none if it lies beyond.
 std::optional<Area> turned_part() {
     const int reach = turned_reach();
-    const Area part{std::max(cel_place.x - reach, 0), std::max(cel_place.y - reach, 0),
-                    std::min(cel_place.x + reach, current_frame->w - 1),
-                    std::min(cel_place.y + reach, current_frame->h - 1)};
+    const Area window = paint_window();
+    const Area part{std::max(cel_place.x - reach, window.left), std::max(cel_place.y - reach, window.top),
+                    std::min(cel_place.x + reach, window.right), std::min(cel_place.y + reach, window.bottom)};
     if (part.width() < 1 || part.height() < 1) return std::nullopt;
     return part;
 }
@@ -127,12 +121,12 @@ std::vector<int> stretched_places(const Span& span, int source, int first, int c
     return {place, place + count};
 }
 
-/// Calls `visit(colors, length, x, y)` for each row of the stretched Cel that lies in a rectangle of `width` by
-/// `height` pixels; (x, y) is where the row starts in it. Only those pixels are worked out, however large the rest.
-template <typename Visit> void for_each_stretched_row(Span across, Span down, int width, int height, Visit visit) {
-    const int x = std::max(across.start(), 0), y = std::max(down.start(), 0);
-    const int columns = std::min(across.start() + across.size(), width) - x;
-    const int rows = std::min(down.start() + down.size(), height) - y;
+/// Calls `visit(colors, length, x, y)` for each row of the stretched Cel that lies in an area; (x, y) is where the row
+/// starts. Only those pixels are worked out, however large the rest.
+template <typename Visit> void for_each_stretched_row(Span across, Span down, const Area& window, Visit visit) {
+    const int x = std::max(across.start(), window.left), y = std::max(down.start(), window.top);
+    const int columns = std::min(across.start() + across.size(), window.right + 1) - x;
+    const int rows = std::min(down.start() + down.size(), window.bottom + 1) - y;
     if (columns < 1 || rows < 1) return;
     const std::vector<int> places = stretched_places(across, cel->w, x - across.start(), columns);
     const std::vector<int> lines = stretched_places(down, cel->h, y - down.start(), rows);
@@ -146,22 +140,24 @@ template <typename Visit> void for_each_stretched_row(Span across, Span down, in
 }
 
 void paste_clean_row(const Color* colors, int length, int x, int y) {
-    paste_row(colors, length, x, y);
+    paste_row(colors, length, x, y, paint_window());
     refresh_stroke();
 }
 
 void paste_stretched() {
+    const Area window = paint_window();
     if (guides.clean_cel != 0)
-        return put_stretched({cel_place.x, cel_place.y, cel_place.x2, cel_place.y2}, current_frame->w, current_frame->h,
-                             paste_clean_row);
-    for_each_stretched_row({cel_place.x, cel_place.x2}, {cel_place.y, cel_place.y2}, current_frame->w, current_frame->h,
-                           [](const Color* colors, int length, int x, int y) {
-                               paste_row(colors, length, x, y);
+        return put_stretched({cel_place.x, cel_place.y, cel_place.x2, cel_place.y2}, window, paste_clean_row);
+    for_each_stretched_row({cel_place.x, cel_place.x2}, {cel_place.y, cel_place.y2}, window,
+                           [&window](const Color* colors, int length, int x, int y) {
+                               paste_row(colors, length, x, y, window);
                                refresh_stroke();
                            });
 }
 
 // ---- Previews ------------------------------------------------------------------------------------------------------
+
+constexpr Area view_area{0, 0, view_w - 1, view_h - 1};
 
 void draw_outline(const Area& area) {
     if (cel_place.selected != 0) preview_rect(overlay, area.left, area.top, area.right, area.bottom);
@@ -174,7 +170,7 @@ void draw_pasted_preview(int x, int y) {
 
 void draw_turned_preview(int x, int y) {
     if (shows_clean())
-        draw_clean([=](const PutRow& put) { put_turned(x, y, view_w, view_h, put); });
+        draw_clean([=](const PutRow& put) { put_turned(x, y, view_area, put); });
     else
         draw_turned(overlay, x, y);
     const std::optional<Area> area = content_area(overlay, transparent_color, opt_cel_tolerance);
@@ -188,9 +184,9 @@ void draw_turned_preview(int x, int y) {
 void draw_stretched_preview(int x, int y) {
     const Span across{x, cel_place.x2 - shown.pan_x}, down{y, cel_place.y2 - shown.pan_y};
     if (shows_clean())
-        draw_clean([&](const PutRow& put) { put_stretched({x, y, across.to, down.to}, view_w, view_h, put); });
+        draw_clean([&](const PutRow& put) { put_stretched({x, y, across.to, down.to}, view_area, put); });
     else
-        for_each_stretched_row(across, down, view_w, view_h, [](const Color* colors, int length, int at_x, int at_y) {
+        for_each_stretched_row(across, down, view_area, [](const Color* colors, int length, int at_x, int at_y) {
             std::copy_n(colors, length, pixels_at(overlay, at_x, at_y));
         });
     cel_place.left = across.start(), cel_place.top = down.start();
@@ -226,7 +222,7 @@ bool begin_commit(UndoSave save) {
 bool commit_turned(UndoSave save) {
     if (guides.clean_cel != 0) {
         if (!begin_commit(save)) return false;
-        put_turned(cel_place.x, cel_place.y, current_frame->w, current_frame->h, paste_clean_row);
+        put_turned(cel_place.x, cel_place.y, paint_window(), paste_clean_row);
         return true;
     }
     const std::optional<Area> part = turned_part();
@@ -264,9 +260,9 @@ bool commit_cel(CelMode mode, UndoSave save) {
 }
 
 void paste_through_ink(BITMAP* bitmap, int x, int y) {
-    const Rows rows = rows_in_frame(y, bitmap->h);
-    for (int row = rows.first; row < rows.end; ++row) {
-        paste_row(pixels_at(bitmap, 0, row), bitmap->w, x, y + row);
+    const Area window = paint_window();
+    for (int row = std::max(window.top - y, 0); row < std::min(bitmap->h, window.bottom + 1 - y); ++row) {
+        paste_row(pixels_at(bitmap, 0, row), bitmap->w, x, y + row, window);
         refresh_stroke();
     }
 }
@@ -284,7 +280,7 @@ void paste_under_frame(BITMAP* source, BITMAP* target, Color color, int x, int y
             count, longest, [=](int i) { return is_free(to[i]); },
             [=](int first, int length) {
                 if (through_ink)
-                    paint_row(from + first, length, x + left_out + first, y + row);
+                    paint_colors(from + first, length, x + left_out + first, y + row);
                 else
                     std::copy_n(from + first, length, to + first);
             });

@@ -107,16 +107,16 @@ template <> void paint_row_with<INK_GRAY>(const InkRow& row, Color) {
 // the tip.
 template <> void paint_row_with<INK_GRAIN>(const InkRow& row, Color color) {
     const int strength = strength_of(INK_GRAIN), frequency = held_option(INK_GRAIN, OPTION_GRAIN_FREQUENCY);
-    for_each_pixel(row, [=](int x, int tip) {
+    for_each_pixel(row, [=, &canvas = *row.canvas](int x, int tip) {
         if (UA_random(100) > frequency || tip >= tip_outside) return;
-        Color& covered = *pixels_at(stroke_mask, x, row.y);
+        Color& covered = *canvas.mask(x, row.y);
         int alpha = 0, coverage = strength;
         if (tip != 0) alpha = coverage = static_cast<int>(UA_random(strength) / 255.0 * (tip_outside - tip));
         if (static_cast<int>(covered) >= coverage) return;
         if (tip == 0) alpha = UA_random(strength);
-        const Color base = *pixels_at(stroke_snapshot(), x, row.y);
+        const Color base = *canvas.before(x, row.y);
         const Color target = row.colors == nullptr ? color : row.colors[x - row.x];
-        *pixels_at(current_frame, x, row.y) = alpha > 0 ? blend_fill_pixel(base, target, alpha) : base;
+        *canvas.frame(x, row.y) = alpha > 0 ? blend_fill_pixel(base, target, alpha) : base;
         covered = static_cast<Color>(coverage);
     });
 }

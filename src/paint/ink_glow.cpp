@@ -1,4 +1,5 @@
 // GLOW: each pixel of the stroke lights up the disc around it in the frame itself, so that the discs pile up.
+#include "paint/image_maps.h"
 #include "paint/ink_light.h"
 #include "paint/ink_rows.h"
 
@@ -68,6 +69,18 @@ void light_disc(const GlowDisc& disc, int x, int y) {
     }
 }
 
+/// The disc and what of it comes in from other tiles.
+void light_discs(const GlowDisc& disc, int x, int y) {
+    for_each_tile({x - disc.radius, y - disc.radius, x + disc.radius, y + disc.radius},
+                  [&](int dx, int dy) { light_disc(disc, x + dx, y + dy); });
+}
+
+void note_lit(const Area& area) {
+    for_each_tile(area, [&](int dx, int dy) {
+        note_touched({area.left + dx, area.top + dy, area.right + dx, area.bottom + dy});
+    });
+}
+
 }  // namespace
 
 // The mask is a flag here: a pixel of the stroke glows once, whatever its tip value.
@@ -76,7 +89,7 @@ template <> void paint_row_with<INK_GLOW>(const InkRow& row, Color color) {
     for_each_run(row, [=](const TipRun& run) {
         Color* const end = run.mask + run.length;
         if (std::find(run.mask, end, 0U) == end) return;
-        note_touched({run.x - radius, run.y - radius, run.x + run.length - 1 + radius, run.y + radius});
+        note_lit({run.x - radius, run.y - radius, run.x + run.length - 1 + radius, run.y + radius});
         with_colors(run, color, [&](auto color_at) {
             GlowDisc disc;
             Color known = 0;
@@ -87,7 +100,7 @@ template <> void paint_row_with<INK_GLOW>(const InkRow& row, Color color) {
                 if (!is_known || color_at(i) != known)
                     fill_disc_lines(disc, strength_factor(strength, run.tip), radius, known = color_at(i));
                 is_known = true;
-                light_disc(disc, run.x + i, run.y);
+                light_discs(disc, run.x + i, run.y);
             }
         });
     });

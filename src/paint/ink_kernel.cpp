@@ -17,18 +17,17 @@ int component_of(Color color, int component) { return static_cast<int>(color >> 
 
 /// One component of the snapshot around `count` pixels from (x, y) on, times `factor`. What lies outside the frame is
 /// 0 and so adds nothing to a sum.
-void fill_lines(Lines& lines, int x, int y, int count, int component, double factor) {
-    BITMAP* const before = stroke_snapshot();
-    const int first = x == 0 ? 1 : 0, last = x + count == before->w ? count + 1 : count + 2;
+void fill_lines(Lines& lines, const InkCanvas& canvas, int x, int y, int count, int component, double factor) {
+    const int first = x == canvas.inside.left ? 1 : 0, last = x + count > canvas.inside.right ? count + 1 : count + 2;
     for (int row = 0; row < 3; ++row) {
         double* const line = lines[static_cast<std::size_t>(row)].data();
         const int ny = y + row - 1;
-        if (ny < 0 || ny >= before->h) {
+        if (ny < canvas.inside.top || ny > canvas.inside.bottom) {
             std::fill_n(line, count + 2, 0.0);
             continue;
         }
         line[0] = line[count + 1] = 0;
-        const Color* const source = pixels_at(before, x, ny) - 1;
+        const Color* const source = canvas.before(x, ny) - 1;
         for (int i = first; i < last; ++i) line[i] = factor * component_of(source[i], component);
     }
 }
@@ -54,13 +53,13 @@ template <typename Visit> void for_each_fresh_chunk(const TipRun& run, Visit vis
 /// Paints the fresh pixels of the row: `weigh(result, lines, centre pixels, component, count, factor)` gives one
 /// component of a chunk from the lines around it, which are scaled by the strength's factor.
 template <typename Weigh> void weigh_row(const InkRow& row, int strength, Weigh weigh) {
-    for_each_run(row, [=](const TipRun& run) {
+    for_each_run(row, [=, &canvas = *row.canvas](const TipRun& run) {
         const double factor = strength_factor(strength, run.tip);
         for_each_fresh_chunk(run, [&](int first, int count) {
             Lines lines;
             std::array<Component, component_count> result;
             for (int component = 0; component < component_count; ++component) {
-                fill_lines(lines, run.x + first, run.y, count, component, factor);
+                fill_lines(lines, canvas, run.x + first, run.y, count, component, factor);
                 weigh(result[static_cast<std::size_t>(component)], lines, run.before + first, component, count, factor);
             }
             for (int i = 0; i < count; ++i) {

@@ -44,9 +44,9 @@ inline TipRun run_of(const InkRow& row, int first, int length, int tip) {
             row.y,
             length,
             tip,
-            pixels_at(current_frame, x, row.y),
-            pixels_at(stroke_mask, x, row.y),
-            pixels_at(stroke_snapshot(), x, row.y),
+            row.canvas->frame(x, row.y),
+            row.canvas->mask(x, row.y),
+            row.canvas->before(x, row.y),
             row.colors == nullptr ? nullptr : row.colors + first};
 }
 

@@ -17,9 +17,23 @@ constexpr auto painters = []<std::size_t... ink>(std::index_sequence<ink...>) {
 
 }  // namespace
 
+InkCanvas frame_canvas() {
+    const BITMAP* const before = stroke_snapshot();
+    return {current_frame->line,
+            stroke_mask->line,
+            before == nullptr ? nullptr : before->line,
+            {0, 0},
+            {0, 0, current_frame->w - 1, current_frame->h - 1}};
+}
+
+void apply_ink_on(const InkCanvas& canvas, InkRow row, Ink ink, Color color) {
+    row.canvas = &canvas;
+    painters[at(ink)](row, color);
+}
+
 void apply_ink_row(const InkRow& row, Ink ink, Color color) {
     note_painted(row.x, row.y, row.length);
-    painters[at(ink)](row, color);
+    apply_ink_on(frame_canvas(), row, ink, color);
 }
 
 void apply_ink(int x, int y, int ink, Color color, int tip_value) {

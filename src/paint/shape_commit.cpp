@@ -1,6 +1,7 @@
 // What the shape tools paint: the list of points as an outline with the tip, or as a filled polygon of single pixels.
 #include "base/bitmap.h"
 #include "base/log.h"
+#include "paint/images.h"
 #include "paint/shape_fill.h"
 #include "paint/shape_lines.h"
 #include "paint/stroke.h"
@@ -38,8 +39,10 @@ bool is_outlined(int tool) {
 }
 
 void stamp_once(int x, int y, Color color) {
-    const std::size_t bit =
-        static_cast<std::size_t>(y) * static_cast<std::size_t>(current_frame->w) + static_cast<std::size_t>(x);
+    const Point real = real_pixel({x, y});
+    if (!frame_contains(current_frame, real.x, real.y)) return;
+    const std::size_t bit = static_cast<std::size_t>(real.y) * static_cast<std::size_t>(current_frame->w) +
+                            static_cast<std::size_t>(real.x);
     std::uint64_t& word = shape_mask[bit / word_bits];
     const std::uint64_t mark = std::uint64_t{1} << bit % word_bits;
     if ((word & mark) != 0) return;
@@ -48,9 +51,9 @@ void stamp_once(int x, int y, Color color) {
 }
 
 void paint_outline(Color color) {
+    const Area window = paint_window();
     for (std::size_t i = 1; i < point_list.size(); ++i) {
-        walk_line(point_list[i], point_list[i - 1], current_frame->w, current_frame->h,
-                  [color](int x, int y) { stamp_once(x, y, color); });
+        walk_line(point_list[i], point_list[i - 1], window, [color](int x, int y) { stamp_once(x, y, color); });
         refresh_stroke();
     }
 }
@@ -67,12 +70,12 @@ struct RowEnds {
     int left = no_coordinate, right = no_coordinate;
 };
 
-/// The ends of each row of the Frame, by the points of the list. Null when there is no memory.
-std::unique_ptr<RowEnds[]> outline_rows() {
-    std::unique_ptr<RowEnds[]> rows(new (std::nothrow) RowEnds[static_cast<std::size_t>(current_frame->h)]);
+/// The ends of each row of the window, by the points of the list. Null when there is no memory.
+std::unique_ptr<RowEnds[]> outline_rows(const Area& window) {
+    std::unique_ptr<RowEnds[]> rows(new (std::nothrow) RowEnds[static_cast<std::size_t>(window.height())]);
     for (const Point& point : point_list) {
-        if (!rows || point.y < 0 || point.y >= current_frame->h) continue;
-        RowEnds& ends = rows[static_cast<std::size_t>(point.y)];
+        if (!rows || point.y < window.top || point.y > window.bottom) continue;
+        RowEnds& ends = rows[static_cast<std::size_t>(point.y - window.top)];
         if (ends.left == no_coordinate || ends.left > point.x) ends.left = point.x;
         ends.right = std::max(ends.right, point.x);
     }
@@ -99,24 +102,26 @@ void commit_shape(const StrokeStart& start) {
     if (is_outlined(start.brush))
         paint_outline(start.color);
     else
-        fill_polygon(point_list, current_frame->w, current_frame->h,
+        fill_polygon(point_list, paint_window(),
                      [&start](int x1, int x2, int y) { paint_run(x1, x2, y, start.ink, start.color); });
 }
 
 void commit_outline(Color color) {
     if (!save_undo(false)) return;
     clear_stroke_mask();
+    const StrokeImaging imaging(tool_rows[TOOL_OVAL].imaging);
     for (const Point& point : point_list)
-        if (frame_contains(current_frame, point.x, point.y))
-            stamp_callback(current_frame, point.x, point.y, static_cast<int>(color));
+        if (lies_in_frame(point)) stamp_callback(current_frame, point.x, point.y, static_cast<int>(color));
 }
 
 void fill_outline(Color color) {
-    const std::unique_ptr<RowEnds[]> rows = outline_rows();
+    const StrokeImaging imaging(tool_rows[TOOL_OVAL].imaging);
+    const Area window = paint_window();
+    const std::unique_ptr<RowEnds[]> rows = outline_rows(window);
     if (!rows || !save_undo(false)) return;
     clear_stroke_mask();
-    for (int y = 0; y < current_frame->h; ++y) {
-        const RowEnds ends = rows[static_cast<std::size_t>(y)];
+    for (int y = window.top; y <= window.bottom; ++y) {
+        const RowEnds ends = rows[static_cast<std::size_t>(y - window.top)];
         if (ends.right != no_coordinate) paint_run(ends.left, ends.right, y, active_ink(), color);
     }
 }

@@ -62,12 +62,12 @@ template <typename Paint> void paint_row(const std::vector<Edge>& edges, int row
     paint(first, last);
 }
 
-std::vector<Edge> edges_of(std::span<const Point> points, int h) {
+std::vector<Edge> edges_of(std::span<const Point> points, const Area& clip) {
     std::vector<Edge> edges;
     edges.reserve(points.size());
     for (std::size_t i = 0; i < points.size(); ++i) {
         const Edge edge = edge_between(points[i], points[i == 0 ? points.size() - 1 : i - 1]);
-        if (edge.bottom >= 0 && edge.top < h) edges.push_back(edge);
+        if (edge.bottom >= clip.top && edge.top <= clip.bottom) edges.push_back(edge);
     }
     std::ranges::stable_sort(edges, {}, &Edge::top);
     return edges;
@@ -75,18 +75,19 @@ std::vector<Edge> edges_of(std::span<const Point> points, int h) {
 
 }  // namespace
 
-void fill_polygon(std::span<const Point> points, int w, int h, const PaintRun& paint) {
-    const std::vector<Edge> edges = edges_of(points, h);
+void fill_polygon(std::span<const Point> points, const Area& clip, const PaintRun& paint) {
+    const std::vector<Edge> edges = edges_of(points, clip);
     if (edges.empty()) return;
     std::vector<Edge> active;
     auto next = edges.begin();
-    for (int row = std::max(edges.front().top, 0); row < h && (next != edges.end() || !active.empty()); ++row) {
+    for (int row = std::max(edges.front().top, clip.top);
+         row <= clip.bottom && (next != edges.end() || !active.empty()); ++row) {
         std::erase_if(active, [row](const Edge& edge) { return edge.bottom < row; });
         for (; next != edges.end() && next->top <= row; ++next) active.push_back(*next);
         for (Edge& edge : active) move_to_row(edge, row);
         sort_edges(active);
         paint_row(active, row, [&](Fixed first, Fixed last) {
-            first = std::max<Fixed>(first, 0), last = std::min<Fixed>(last, w - 1);
+            first = std::max<Fixed>(first, clip.left), last = std::min<Fixed>(last, clip.right);
             if (first <= last) paint(static_cast<int>(first), static_cast<int>(last), row);
         });
     }

@@ -1,6 +1,7 @@
 #pragma once
-// Lines of shapes whose points may lie anywhere: the pixels of Allegro's `do_line`, in its order, but only those
-// inside.
+// Lines of shapes whose points may lie anywhere: the pixels of Allegro's `do_line`, in its order, but only those inside
+// an area.
+#include "paint/area.h"
 #include "state/stroke.h"
 #include <algorithm>
 #include <cmath>
@@ -26,21 +27,23 @@ struct LineSteps {
     std::int64_t first, last;
 };
 
-/// The steps 0 to `length` at which `start`, going by `direction` at each, lies in 0 to `extent` - 1.
-inline LineSteps steps_inside(int start, int direction, std::int64_t length, int extent) {
-    const std::int64_t begin = direction > 0 ? -std::int64_t{start} : std::int64_t{start} - (extent - 1);
-    return {std::max<std::int64_t>(begin, 0), std::min<std::int64_t>(begin + extent - 1, length)};
+/// The steps 0 to `length` at which `start`, going by `direction` at each, lies in `first` to `last`.
+inline LineSteps steps_inside(int start, int direction, std::int64_t length, int first, int last) {
+    const std::int64_t begin = direction > 0 ? std::int64_t{first} - start : std::int64_t{start} - last;
+    return {std::max<std::int64_t>(begin, 0), std::min<std::int64_t>(begin + last - first, length)};
 }
 
-/// Calls `visit(x, y)` for each pixel of the line that lies in a bitmap of `w` by `h`. The direction matters: a pixel
-/// halfway between two rows goes away from `from`. Points lie within `far_pixel`.
-template <typename Visit> void walk_line(Point from, Point to, int w, int h, Visit visit) {
+/// Calls `visit(x, y)` for each pixel of the line that lies in `clip`. The direction matters: a pixel halfway between
+/// two rows goes away from `from`. Points lie within `far_pixel`.
+template <typename Visit> void walk_line(Point from, Point to, const Area& clip, Visit visit) {
     const int dx = to.x - from.x, dy = to.y - from.y;
     const bool level = std::abs(dx) >= std::abs(dy);
     const std::int64_t length = level ? std::abs(dx) : std::abs(dy), rise = level ? std::abs(dy) : std::abs(dx);
     const int step_x = dx >= 0 ? 1 : -1, step_y = dy >= 0 ? 1 : -1;
-    LineSteps along = level ? steps_inside(from.x, step_x, length, w) : steps_inside(from.y, step_y, length, h);
-    const LineSteps across = level ? steps_inside(from.y, step_y, rise, h) : steps_inside(from.x, step_x, rise, w);
+    const LineSteps in_columns = steps_inside(from.x, step_x, level ? length : rise, clip.left, clip.right);
+    const LineSteps in_rows = steps_inside(from.y, step_y, level ? rise : length, clip.top, clip.bottom);
+    LineSteps along = level ? in_columns : in_rows;
+    const LineSteps across = level ? in_rows : in_columns;
     if (across.first > across.last) return;
     // At step n the line has risen by (2 * rise * n + length) / (2 * length).
     const auto first_step_at = [&](std::int64_t risen) {

@@ -1,6 +1,7 @@
 #include "paint/stroke.h"
 
 #include "base/log.h"
+#include "paint/images.h"
 #include "paint/inks.h"
 #include "paint/surfaces.h"
 #include "paint/tips.h"
@@ -31,25 +32,24 @@ bool stroke_is_valid(int x, int y, int brush, int ink, int style) {
         UA_log("[ ERROR ] : Ink type is OOB in call to draw_to_frame! Ink = %d", ink);
         return false;
     }
-    return frame_contains(current_frame, x, y);
+    return lies_in_frame({x, y});
 }
 
 /// All pixels of the tip's cell around (x, y), those outside the tip too: some inks ignore the tip value.
 void stamp_cell(int x, int y, Ink ink, int style, Color color) {
     TipValues values;
     read_tip(style, values);
-    const int left = x - tip_center_x, top = y - tip_center_y;
-    const int first = std::max(0, -left), last = std::min(tip_w, current_frame->w - left);
-    const int first_row = std::max(0, -top), last_row = std::min(tip_h, current_frame->h - top);
-    for (int row = first_row; row < last_row; ++row)
-        apply_ink_row({left + first, top + row, last - first, &values[static_cast<unsigned>(row * tip_w + first)], 1},
-                      ink, color);
+    for (int row = 0; row < tip_h; ++row)
+        paint_row({x - tip_center_x, y - tip_center_y + row, tip_w, &values[static_cast<unsigned>(row * tip_w)], 1},
+                  ink, color);
 }
 
 /// A number without a case paints nothing.
 void commit_tool(const StrokeStart& start) {
     if (start.brush >= TOOL_COUNT || tool_rows[at(start.brush)].commit == nullptr) return;
-    tool_rows[at(start.brush)].commit(start);
+    const ToolRow& tool = tool_rows[at(start.brush)];
+    const StrokeImaging imaging(tool.imaging);
+    tool.commit(start);
 }
 
 }  // namespace
@@ -76,9 +76,10 @@ void stamp_tip(int x, int y, int brush, int ink, int style, Color color) {
 
 void stamp_row(int x1, int x2, int y, int ink, Color color) {
     static constexpr std::uint8_t full_strength = 0;
-    if (y < 0 || y >= current_frame->h || ink < 0 || ink >= INK_COUNT) return;
-    const int first = std::max(x1, 0), last = std::min(x2, current_frame->w - 1);
-    if (first <= last) apply_ink_row({first, y, last - first + 1, &full_strength, 0}, static_cast<Ink>(ink), color);
+    if (ink < 0 || ink >= INK_COUNT) return;
+    const Area window = paint_window();
+    const int first = std::max(x1, window.left), last = std::min(x2, window.right);
+    if (first <= last) paint_row({first, y, last - first + 1, &full_strength, 0}, static_cast<Ink>(ink), color);
 }
 
 void stamp_callback(BITMAP*, int x, int y, int d) {

@@ -51,7 +51,7 @@ void spray_once(int radius, const StrokeStart& start) {
     const Point mouse{pixel_x, pixel_y};
     const int x = mouse.x - radius + UA_random(2 * radius);
     const int y = mouse.y - radius + UA_random(2 * radius);
-    if (frame_contains(current_frame, x, y) && UA_distance_2d(mouse.x, mouse.y, x, y) < radius)
+    if (UA_distance_2d(mouse.x, mouse.y, x, y) < radius)
         stamp_tip(x, y, TOOL_SPRAY, start.ink, tip_single, start.color);
 }
 

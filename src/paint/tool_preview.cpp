@@ -7,7 +7,7 @@
 namespace nubo {
 
 void preview_line(BITMAP* bitmap, int x1, int y1, int x2, int y2) {
-    walk_line({x1, y1}, {x2, y2}, bitmap->w, bitmap->h,
+    walk_line({x1, y1}, {x2, y2}, {0, 0, bitmap->w - 1, bitmap->h - 1},
               [bitmap](int x, int y) { *pixels_at(bitmap, x, y) = stripe_pixel(x, y); });
 }
 

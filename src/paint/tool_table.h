@@ -1,6 +1,7 @@
 #pragma once
 // The table of the tools: how each runs, what its stroke paints, what it previews; and what stands in it. A tool's
 // name, options and description are its row in state/tools.h.
+#include "paint/image_maps.h"
 #include "state/colors.h"
 #include "state/tools.h"
 #include <cstddef>
@@ -71,12 +72,14 @@ using ToolCommit = void (*)(const StrokeStart& start);
 /// Draws on `overlay`, in Frame pixels less the view's corner, both of `shown`.
 using PreviewDrawer = void (*)();
 
-/// Null where a tool has nothing of the kind.
+/// Null where a tool has nothing of the kind. What EDGE and SEP. look for they find all over the Frame; MOVE and TEXT
+/// put down what is one piece.
 struct ToolRow {
     BrushTool number;
     ToolRunner run;
     ToolCommit commit;
     PreviewDrawer preview;
+    Imaging imaging = IMAGES_ONCE;
 };
 
 /// The runner of a tool that a room above names at start.
@@ -85,23 +88,23 @@ inline constexpr ToolRunner run_above = nullptr;
 /// Held in order by paint/tools.cpp.
 inline constexpr std::array<ToolRow, TOOL_COUNT> tool_rows{{
     {TOOL_NONE, nullptr, nullptr, nullptr},
-    {TOOL_BOX, run_two_click_tool, commit_box, draw_box_preview},
-    {TOOL_CIRCLE, run_two_click_tool, commit_circle, draw_circle_preview},
-    {TOOL_DRAW, run_press_tool, commit_draw, nullptr},
-    {TOOL_DRIZ, run_press_tool, commit_driz, nullptr},
+    {TOOL_BOX, run_two_click_tool, commit_box, draw_box_preview, IMAGES_MIRRORED},
+    {TOOL_CIRCLE, run_two_click_tool, commit_circle, draw_circle_preview, IMAGES_MIRRORED},
+    {TOOL_DRAW, run_press_tool, commit_draw, nullptr, IMAGES_MIRRORED},
+    {TOOL_DRIZ, run_press_tool, commit_driz, nullptr, IMAGES_MIRRORED},
     {TOOL_EDGE, run_press_tool, commit_edge, nullptr},
-    {TOOL_FILL, run_press_tool, commit_fill, nullptr},
-    {TOOL_LINE, run_two_click_tool, commit_line, draw_line_preview},
+    {TOOL_FILL, run_press_tool, commit_fill, nullptr, IMAGES_RERUN},
+    {TOOL_LINE, run_two_click_tool, commit_line, draw_line_preview, IMAGES_MIRRORED},
     {TOOL_MOVE, run_above, nullptr, nullptr},  // MOVE, OVAL and TEXT save undo and paint by themselves
-    {TOOL_OVAL, run_oval_tool, nullptr, draw_oval_preview},
-    {TOOL_POLY, run_poly_tool, commit_shape, draw_poly_preview},
-    {TOOL_RPOLY, run_above, commit_shape, nullptr},
+    {TOOL_OVAL, run_oval_tool, nullptr, draw_oval_preview, IMAGES_MIRRORED},
+    {TOOL_POLY, run_poly_tool, commit_shape, draw_poly_preview, IMAGES_MIRRORED},
+    {TOOL_RPOLY, run_above, commit_shape, nullptr, IMAGES_MIRRORED},
     {TOOL_SEP, run_press_tool, commit_sep, nullptr},
-    {TOOL_FSHAPE, run_freehand_shape_tool, commit_shape, draw_freehand_shape_preview},
-    {TOOL_SSHAPE, run_above, commit_shape, nullptr},
-    {TOOL_SPIRAL, run_above, commit_shape, nullptr},
-    {TOOL_SPLINE, run_spline_tool, commit_shape, draw_spline_preview},
-    {TOOL_SPRAY, run_press_tool, commit_spray, nullptr},
+    {TOOL_FSHAPE, run_freehand_shape_tool, commit_shape, draw_freehand_shape_preview, IMAGES_MIRRORED},
+    {TOOL_SSHAPE, run_above, commit_shape, nullptr, IMAGES_MIRRORED},
+    {TOOL_SPIRAL, run_above, commit_shape, nullptr, IMAGES_MIRRORED},
+    {TOOL_SPLINE, run_spline_tool, commit_shape, draw_spline_preview, IMAGES_MIRRORED},
+    {TOOL_SPRAY, run_press_tool, commit_spray, nullptr, IMAGES_MIRRORED},
     {TOOL_TEXT, run_above, nullptr, nullptr},
 }};
 

@@ -2,6 +2,7 @@
 
 #include "base/log.h"
 #include "framework/outline_font.h"
+#include "paint/images.h"
 #include "paint/inks.h"
 #include "paint/stroke.h"
 #include "paint/surfaces.h"
@@ -84,7 +85,7 @@ void paint_row(const std::uint8_t* coverage, int left, int right, int y, std::ve
         for (; end <= right && end - first < longest && is_covered(coverage[end - left]); ++end)
             colors[static_cast<std::size_t>(end - first)] = mixed_color(frame[end], coverage[end - left]);
         if (end == first) continue;
-        apply_ink_row(
+        paint_row(
             {.x = first, .y = y, .length = end - first, .tip = &full_strength, .tip_step = 0, .colors = colors.data()},
             active_ink(), brush_color);
         first = end - 1;

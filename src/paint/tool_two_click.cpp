@@ -2,6 +2,7 @@
 #include "base/geometry.h"
 #include "base/keys.h"
 #include "gui/presses.h"
+#include "paint/images.h"
 #include "paint/shape_in_hand.h"
 #include "paint/stroke.h"
 #include "paint/tool_distance.h"
@@ -52,15 +53,16 @@ void stamp_line(int x1, int y1, int x2, int y2, Color color) {
 struct Disc {
     int top = 0, ink = 0;
     std::vector<int> left;
+    Area window;
 };
 Disc disc;
 
 /// One point of the circle's rim. Only those of the left half paint: the first of a row the whole span to the opposite
 /// rim, later ones, each a step further out, the two ends. `d` is the colour.
-void disc_span_callback(BITMAP* bitmap, int x, int y, int d) {
+void disc_span_callback(BITMAP*, int x, int y, int d) {
     const auto color = static_cast<Color>(d);
     const int center_x = click_points[0].x;
-    if (y < 0 || y >= bitmap->h || x > center_x) return;
+    if (y < disc.window.top || y > disc.window.bottom || x > center_x) return;
     const int right = x + 2 * (center_x - x);
     int& left = disc.left[static_cast<unsigned>(y - disc.top)];
     if (left == no_coordinate) {
@@ -109,7 +111,8 @@ void draw_line_preview() {
 }
 
 void fill_disc(int center_x, int center_y, int radius, Color color) {
-    disc = {center_y - radius, active_ink(), std::vector<int>(static_cast<unsigned>(2 * radius + 1), no_coordinate)};
+    disc = {center_y - radius, active_ink(), std::vector<int>(static_cast<unsigned>(2 * radius + 1), no_coordinate),
+            paint_window()};
     click_points[0] = {center_x, center_y};
     do_circle(current_frame, center_x, center_y, radius, static_cast<int>(color), disc_span_callback);
     disc = {};
@@ -126,7 +129,8 @@ void commit_box(const StrokeStart& start) {
         stamp_line(right, top, right, bottom, start.color);
         return;
     }
-    for (int y = std::max(top, 0); y <= std::min(bottom, current_frame->h - 1); ++y) {
+    const Area window = paint_window();
+    for (int y = std::max(top, window.top); y <= std::min(bottom, window.bottom); ++y) {
         stamp_row(left, right, y, start.ink, start.color);
         refresh_stroke();
     }

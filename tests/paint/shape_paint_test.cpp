@@ -38,11 +38,11 @@ TEST(ShapeLineTest, VisitsThePixelsOfTheWholeLineThatLieInside) {
         std::erase_if(visited, [](Point at) { return at.x < 0 || at.x >= small_w || at.y < 0 || at.y >= small_h; });
         const Points expected = std::move(visited);
         visited = {};
-        walk_line(from, to, small_w, small_h, visit);
+        walk_line(from, to, {0, 0, small_w - 1, small_h - 1}, visit);
         ASSERT_EQ(visited, expected) << trial;
     }
     visited.clear();
-    walk_line({-far_pixel, -far_pixel}, {far_pixel, far_pixel}, small_w, small_h, visit);
+    walk_line({-far_pixel, -far_pixel}, {far_pixel, far_pixel}, {0, 0, small_w - 1, small_h - 1}, visit);
     EXPECT_EQ(visited.size(), static_cast<std::size_t>(small_h)) << "the diagonal";
 }
 
@@ -63,7 +63,7 @@ TEST(ShapeFillTest, PaintsThePixelsOfAllegrosPolygon) {
         for (const int away : {0, 50'000}) {  // where Allegro's arithmetic has ended
             clear_to_color(mine, 0);
             for (Point& point : points) point.x += away;
-            fill_polygon(points, small_w + away, small_h, [away](int x1, int x2, int y) {
+            fill_polygon(points, {0, 0, small_w + away - 1, small_h - 1}, [away](int x1, int x2, int y) {
                 for (int x = std::max(x1, away); x <= x2; ++x) *pixels_at(mine, x - away, y) += 1;
             });
             for (int y = 0; y < small_h; ++y)
