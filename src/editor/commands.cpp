@@ -19,6 +19,8 @@
 #include "windows/files/file_browser.h"
 #include "windows/frame_jump.h"
 #include "windows/frame_menu.h"
+#include "windows/guide_switches.h"
+#include "windows/guides_window.h"
 #include "windows/history_window.h"
 #include "windows/ink_window.h"
 #include "windows/kit/placement.h"
@@ -164,6 +166,11 @@ constexpr std::array<Command, HOTKEY_COUNT> rows{{
     {HOTKEY_CEL_FLIP_ACROSS,  "CEL - FLIP ACROSS",        KEY_H,             0,              flip_cel_across, WAIT_AFTER, GIVES_WAY, HOTKEYS_PLACING},
     {HOTKEY_CEL_FLIP_DOWN,    "CEL - FLIP DOWN",          KEY_V,             0,              flip_cel_down, WAIT_AFTER, GIVES_WAY, HOTKEYS_PLACING},
     {HOTKEY_HISTORY,          "HISTORY",                  key_shift | KEY_Z, 0,              history_window},
+    {HOTKEY_GUIDES,           "GUIDES",                   KEY_G,             0,              guides_window},
+    {HOTKEY_SYMMETRY,         "GUIDES - SYMMETRY",        KEY_M,             0,              switch_symmetry, WAIT_AFTER},
+    {HOTKEY_GHOST,            "GUIDES - GHOST",           KEY_O,             0,              switch_ghost, WAIT_AFTER},
+    {HOTKEY_GRID,             "GUIDES - GRID",            key_shift | KEY_G, 0,              switch_grid, WAIT_AFTER},
+    {HOTKEY_CHECKER,          "GUIDES - CHECKER",         KEY_K,             0,              switch_checker, WAIT_AFTER},
 }};
 // clang-format on
 static_assert(rows_in_order(rows, &Command::action), "a command for each Hotkey, in their order");

@@ -52,9 +52,13 @@ bool changes_paint(Hotkey action) {
     return action == HOTKEY_TOOL_OPTION || action == HOTKEY_BRUSH_TIP || action == HOTKEY_INK;
 }
 
+/// What is switched while the hand works, in the middle of a shape too.
+bool switches_guide(Hotkey action) { return action > HOTKEY_GUIDES && action <= HOTKEY_CHECKER; }
+
 /// True when a scan of `mode` runs the row.
 bool acts_in(const Command& row, int mode) {
     if (mode == HOTKEYS_NODES && row.action == HOTKEY_QUICK_PAN) return true;
+    if ((mode == HOTKEYS_TOOL || mode == HOTKEYS_PLACING) && switches_guide(row.action)) return true;
     return mode == HOTKEYS_TOOL ? changes_paint(row.action) : row.mode == mode;
 }
 

@@ -5,6 +5,8 @@
 #include "base/jobs.h"
 #include "codecs/blend.h"
 #include "editor/aids.h"
+#include "editor/frame_picture.h"
+#include "editor/guide_lines.h"
 #include "editor/status_bar.h"
 #include "game/actors.h"
 #include "game/console_window.h"
@@ -34,11 +36,10 @@
 #include "state/windows.h"
 #include "windows/kit/handed_files.h"
 #include "windows/zoom_preview.h"
+#include "workspace/ghosts.h"
 #include "workspace/rescue.h"
 #include <algorithm>
 #include <allegro.h>
-#include <cmath>
-#include <span>
 
 namespace nubo {
 namespace {
@@ -74,7 +75,7 @@ void draw_stripes() {
             line(stripe_pattern, 0, y, pattern_side, y - pattern_side, static_cast<int>(fixed_white));
 }
 
-// ---- The frame and what lies behind it -----------------------------------------------------------------------------
+// ---- What lies behind the frame -------------------------------------------------------------------------------------
 
 std::size_t shown_level() { return static_cast<std::size_t>(shown.zoom); }
 
@@ -91,53 +92,6 @@ void draw_background() {
     drawing_mode(DRAW_MODE_COPY_PATTERN, pattern.get(), 0, 0);
     rectfill(screen_buffer, 0, 0, view_w - 1, view_h - 1, 0);
     solid_mode();
-}
-
-void draw_frame_plain(bool with_overlay) {
-    blit(current_frame, screen_buffer, shown.pan_x, shown.pan_y, 0, 0, view_w, view_h);
-    if (with_overlay) masked_blit(overlay, screen_buffer, 0, 0, 0, 0, view_w, view_h);
-}
-
-constexpr Color no_cell = 0xff000000;  // no colour has a top byte: the checker shows here
-
-/// In the cells of a zoomed picture the mask colour means nothing either, but for a Cel that floats: what of it is in
-/// that colour will be painted.
-bool is_shown(Color over) { return over != transparent_color && (over != mask_color || shown.cel_place.mode != -1); }
-
-/// The colours of a row of cells: the overlay's pixel where it holds one, else the frame's.
-void gather_cells(int row, std::span<Color> cells, bool with_overlay) {
-    const int y = shown.pan_y + row;
-    const Color* const over = pixels_at(overlay, 0, row);
-    for (std::size_t column = 0; column < cells.size(); ++column) {
-        const int x = shown.pan_x + static_cast<int>(column);
-        if (with_overlay && is_shown(over[column]))
-            cells[column] = over[column];
-        else
-            cells[column] = frame_contains(current_frame, x, y) ? *pixels_at(current_frame, x, y) : no_cell;
-    }
-}
-
-void draw_cell_row(int row, int scale, bool with_overlay) {
-    std::array<Color, view_w / 2> buffer;
-    const std::span<Color> cells(buffer.data(), static_cast<std::size_t>(view_w / scale));
-    gather_cells(row, cells, with_overlay);
-    const int rows = std::min(scale, view_h - row * scale);
-    for (int y = row * scale; y < row * scale + rows; ++y) {
-        Color* to = pixels_at(screen_buffer, 0, y);
-        for (const Color cell : cells) {
-            if (cell != no_cell) std::fill_n(to, scale, cell);
-            to += scale;
-        }
-    }
-}
-
-void draw_frame(bool with_overlay) {
-    if (shown.zoom == zoom_min) {
-        draw_frame_plain(with_overlay);
-        return;
-    }
-    const int rows = static_cast<int>(std::ceil(zoom_view_h[shown_level()]));
-    for (int row = 0; row < rows; ++row) draw_cell_row(row, zoom_scale[shown_level()], with_overlay);
 }
 
 // ---- The overlay ---------------------------------------------------------------------------------------------------
@@ -224,7 +178,8 @@ void update_screen(int mode) {
     if (!frame_covers_screen()) draw_background();
     if (normal) prepare_overlay();
     const bool with_overlay = normal && (tool_preview_on != 0 || measure_x != -1);
-    draw_frame(with_overlay);
+    draw_frame(with_overlay, aids ? FRAME_GUIDED : FRAME_BARE);
+    if (aids) draw_guide_lines();
     draw_mouse_texts(with_overlay);
     if (normal && aids && opt_crosshair_strength != 0) draw_crosshairs();
     if (normal && aids) draw_cursor_below_gui();
@@ -243,6 +198,7 @@ void update_screen(int mode) {
     refresh_ticks = 0;
     UA_run_jobs();
     notice_handed_files();
+    if (normal && mouse_left == 0) keep_ghosts();
     // A freehand stroke lasts as long as the button; all other painting shows itself in the stroke's mode.
     autosave_tick(!normal || mouse_left != 0 || area_floats != 0 || frame_behind_preview != nullptr);
 }

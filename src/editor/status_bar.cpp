@@ -4,6 +4,7 @@
 #include "framework/text.h"
 #include "gui/elements.h"
 #include "state/frames.h"
+#include "state/guides.h"
 #include "state/options.h"
 #include "state/overlay.h"
 #include "state/run.h"
@@ -14,7 +15,9 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <string>
 #include <string_view>
+#include <utility>
 
 namespace nubo {
 namespace {
@@ -57,6 +60,22 @@ void draw_placing(const Columns& at, int row) {
     set_font(at.font, TEXT_GRAY);
 }
 
+/// The letters of the keys that switch the guides which are on, before the column of the Frame's number.
+void draw_guide_marks(int frame_column, int row) {
+    constexpr int gap = 3;
+    const std::array<std::pair<bool, char>, 5> marks{{{guides.symmetry != SYMMETRY_OFF, 'M'},
+                                                      {guides.ghost != GHOST_OFF, 'O'},
+                                                      {guides.pixel_grid != 0 || guides.cell_grid != 0, 'G'},
+                                                      {guides.snap != 0, 'S'},
+                                                      {guides.checker != 0, 'K'}}};
+    std::string shown_marks;
+    for (const auto& [is_on, mark] : marks)
+        if (is_on) shown_marks += mark;
+    if (shown_marks.empty()) return;
+    set_font(FONT_NARROW, TEXT_YELLOW);
+    UA_text(screen_buffer, frame_column - gap - text_width(shown_marks), row + text_dy, shown_marks);
+}
+
 void draw_coordinates(int row) {
     constexpr Columns narrow{FONT_NARROW, 1, 136, 280}, wide{FONT_WIDE, 1, 120, 260};
     const Columns& at = opt_status_font == 0 ? narrow : wide;
@@ -81,6 +100,7 @@ void draw_coordinates(int row) {
     TextBuffer text;
     std::snprintf(text.data(), text.size(), "|c21FRAME > |c32%02d", static_cast<int>(frame_index));
     UA_text(screen_buffer, at.frame, row + text_dy, text.data());
+    draw_guide_marks(at.frame, row);
 }
 
 /// A text of the message table; empty for index 0 and below, and beyond the table.

@@ -5,8 +5,6 @@
 namespace nubo {
 namespace {
 
-int axis_of(int stored, int extent) { return stored == axis_in_the_middle ? extent - 1 : stored - 1; }
-
 /// By a quarter turn and on, about the crossing of the axes. That lies on a pixel or on a corner of four: where it
 /// would lie on an edge it is moved by half a pixel.
 void add_quarter_turns(ImageMaps& images, int s, int t) {

@@ -34,6 +34,9 @@ struct ImageMaps {
     const ImageMap* end() const { return maps.data() + count; }
 };
 
+/// The s of an axis as the guides hold it, for a Frame of that width or height: the image of x is s - x.
+constexpr int axis_of(int stored, int extent) { return stored == axis_in_the_middle ? extent - 1 : stored - 1; }
+
 /// The images by the guides, for the Frame in hand and a tool of this imaging.
 ImageMaps image_maps(Imaging imaging);
 

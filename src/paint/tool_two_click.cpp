@@ -4,6 +4,7 @@
 #include "gui/presses.h"
 #include "paint/images.h"
 #include "paint/shape_in_hand.h"
+#include "paint/snap.h"
 #include "paint/stroke.h"
 #include "paint/tool_distance.h"
 #include "paint/tool_table.h"
@@ -89,11 +90,16 @@ void run_two_click_tool(BrushTool tool) {
     }
     if (!placed) return;
     click_points[1] = end_point(tool, {pixel_x, pixel_y}, shift);
+    if (tool == TOOL_BOX) snap_corners(click_points[0], click_points[1]);
     draw_to_frame(0, 0, tool, active_ink(), brush_tip, brush_color);
 }
 
 void draw_box_preview() {
-    const auto [from, to, a, b] = preview_ends(TOOL_BOX);
+    auto [from, to, a, b] = preview_ends(TOOL_BOX);
+    snap_corners(from, to);
+    const Point corner = shown_corner();
+    a = {from.x - corner.x, from.y - corner.y};
+    b = {to.x - corner.x, to.y - corner.y};
     preview_rect(overlay, a.x, a.y, b.x, b.y);
     tell_size(std::abs(to.x - from.x) + 1, std::abs(to.y - from.y) + 1);
 }

@@ -55,6 +55,7 @@ struct Guides {
 
     // What a key switches on again.
     int last_symmetry = SYMMETRY_ACROSS, last_tiles = TILES_BOTH, last_ghost = GHOST_BEHIND;
+    int last_pixel_grid = 1, last_cell_grid = 0;  // these two as long as the program runs
 };
 inline constinit Guides guides;
 

@@ -2,6 +2,7 @@
 
 #include "state/run.h"
 #include "windows/about_box.h"
+#include "windows/guides_window.h"
 #include "windows/help_window.h"
 #include "windows/hotkey_window.h"
 #include "windows/kit/activity_menus.h"
@@ -22,7 +23,7 @@ constexpr std::array<MenuItem, 8> user_items{{
     {LABEL_WORKSPACE, MESSAGE_USER_WORKSPACE, workspace_window},
     {LABEL_ABOUT, MESSAGE_USER_ABOUT, about_box},
     {LABEL_QUIT, MESSAGE_USER_QUIT, ask_to_quit},
-    empty_row,
+    {LABEL_NONE, MESSAGE_USER_GUIDES, guides_window, "GUIDES"},
 }};
 constexpr ActivityMenu menu{.id = WINDOW_USER_MENU, .title = LABEL_USER, .left_of_button = 18, .items = user_items};
 

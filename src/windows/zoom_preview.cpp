@@ -5,12 +5,14 @@
 #include "gui/window.h"
 #include "state/frames.h"
 #include "state/gui.h"
+#include "state/guides.h"
 #include "state/mouse.h"
 #include "state/options.h"
 #include "state/run.h"
 #include "state/shown.h"
 #include "state/view.h"
 #include "state/windows.h"
+#include "view/checker.h"
 #include "windows/kit/draw_elements.h"
 #include <algorithm>
 #include <array>
@@ -122,6 +124,18 @@ int part_start(int pixel, int frame_size, int part) {
     return std::clamp(pixel - part / 2, 0, frame_size - part);
 }
 
+/// Over the part of the Frame from (from_x, from_y) on that the screen shows at `corner`.
+void draw_preview_checker(Place corner, int from_x, int from_y, int part) {
+    constexpr int scale = 1;
+    const int left = std::max(from_x, 0), end = std::min(from_x + part, current_frame->w);
+    for (int y = std::max(from_y, 0); y < std::min(from_y + part, current_frame->h); ++y) {
+        const Color* const pixels = pixels_at(current_frame, 0, y);
+        Color* const to = pixels_at(screen_buffer, corner.x, corner.y + y - from_y);
+        for (int x = left; x < end; ++x)
+            if (pixels[x] == mask_color) to[x - from_x] = checker_color(x, y, scale);
+    }
+}
+
 }  // namespace
 
 void draw_zoom_preview(int slot) {
@@ -131,6 +145,7 @@ void draw_zoom_preview(int slot) {
     const int from_x = part_start(shown.pixel_x, current_frame->w, part);
     const int from_y = part_start(shown.pixel_y, current_frame->h, part);
     blit(current_frame, screen_buffer, from_x, from_y, left, top, part, part);
+    if (guides.checker != 0) draw_preview_checker({left, top}, from_x, from_y, part);
     const int dot_x = shown.pixel_x - from_x, dot_y = shown.pixel_y - from_y;
     if (dot_x >= 0 && dot_y >= 0 && dot_x < part && dot_y < part)
         putpixel(screen_buffer, left + dot_x, top + dot_y, static_cast<int>(ui_highlight_fore));

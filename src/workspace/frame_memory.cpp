@@ -11,6 +11,7 @@
 #include "view/view.h"
 #include "workspace/bmp_files.h"
 #include "workspace/frame_history.h"
+#include "workspace/ghosts.h"
 #include "workspace/nail.h"
 #include "workspace/notices.h"
 #include "workspace/rename_job.h"
@@ -111,6 +112,7 @@ bool load_frame(const FrameSlot& slot) { return take_frame(slot, read_frame_file
 void frame_was_stored(const FrameSlot& slot) {
     note_frame_saved();
     forget_rescue(slot);
+    forget_ghost(slot.number);
 }
 
 bool store_frame_and_nail(const FrameSlot& slot, const std::function<void()>& meanwhile) {

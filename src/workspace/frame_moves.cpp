@@ -5,6 +5,7 @@
 #include "state/run.h"
 #include "workspace/bmp_files.h"
 #include "workspace/frame_slot.h"
+#include "workspace/ghosts.h"
 #include "workspace/nail.h"
 #include "workspace/notices.h"
 #include "workspace/rename_job.h"
@@ -100,8 +101,12 @@ SlotMap close_gaps(const Folder& folder, bool& moved) {
 void move_views(const SlotMap& map) {
     const auto before = frame_view;
     for (std::size_t i = 0; i < map.size(); ++i) frame_view[i] = before[static_cast<unsigned>(map[i])];
-    const auto place = std::find(map.begin(), map.end(), static_cast<int>(frame_index));
-    if (place != map.end()) frame_index = static_cast<int>(place - map.begin());  // else it was deleted
+    const auto slot_of = [&map](int slot) {
+        const auto place = std::find(map.begin(), map.end(), slot);
+        return place == map.end() ? -1 : static_cast<int>(place - map.begin());  // -1: it was deleted
+    };
+    renumber_pinned_frame(slot_of);
+    if (const int slot = slot_of(frame_index); slot >= 0) frame_index = slot;
 }
 
 /// A tile only ever comes from a higher slot or from several below it, so the order of copying matters: a copy of the

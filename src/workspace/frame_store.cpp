@@ -9,12 +9,14 @@
 #include "workspace/folders.h"
 #include "workspace/frame_memory.h"
 #include "workspace/frame_moves.h"
+#include "workspace/ghosts.h"
 #include "workspace/nail.h"
 #include "workspace/notices.h"
 #include "workspace/rename_job.h"
 #include "workspace/rescue.h"
 #include "workspace/state_file.h"
 #include <algorithm>
+#include <functional>
 #include <string>
 #include <utility>
 
@@ -40,12 +42,18 @@ void insert_tiles(int start, int count, BITMAP* picture) {
     for (int slot = start + 1; slot <= start + count; ++slot) make_nail_tile(picture, slot);
 }
 
+/// What else knows Frames by their slots.
+void renumber_frames(const std::function<int(int slot)>& slot_of) {
+    renumber_changed_frame(slot_of);
+    renumber_pinned_frame(slot_of);
+}
+
 /// A copy is seen as its original is now; a blank Frame takes over the view that its slot last held.
 void insert_views(int start, int count, bool blank) {
     if (start == frame_index) keep_view(start);
     for (int slot = frame_count - 1; slot > start; --slot) view_of(slot + count) = view_of(slot);
     for (int slot = start + 1; slot <= start + count && !blank; ++slot) view_of(slot) = view_of(start);
-    renumber_changed_frame([=](int slot) { return slot > start ? slot + count : slot; });
+    renumber_frames([=](int slot) { return slot > start ? slot + count : slot; });
 }
 
 /// A copy is no file yet.
@@ -73,7 +81,7 @@ void delete_entries(int start, int count) {
         view_of(slot - count) = view_of(slot);
         copy_nail_tile(slot, slot - count);
     }
-    renumber_changed_frame([=](int slot) { return slot < start ? slot : slot < start + count ? -1 : slot - count; });
+    renumber_frames([=](int slot) { return slot < start ? slot : slot < start + count ? -1 : slot - count; });
     std::move(frame_source.begin() + start + count, frame_source.end(), frame_source.begin() + start);
     std::fill_n(frame_source.end() - count, count, std::string());
     frame_count -= count;

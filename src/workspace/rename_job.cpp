@@ -5,6 +5,7 @@
 #include "platform/safe_file.h"
 #include "state/frames.h"
 #include "workspace/frame_slot.h"
+#include "workspace/ghosts.h"
 #include "workspace/workspace_files.h"
 #include <algorithm>
 #include <array>
@@ -117,6 +118,7 @@ std::string path_of(const Folder& folder, const std::string& name) {
 
 bool do_job(const Folder& folder, const RenameJob& job) {
     last_job = job;
+    forget_ghosts();
     if (!files_bear_out(folder, job) || !write_journal(folder, job)) {
         UA_log("[ ERROR ] : The files in %s can't be moved now", folder.path().c_str());
         remove_leftovers(folder);
@@ -143,6 +145,7 @@ bool end_job(const Folder& folder) {
 
 void take_back_job(const Folder& folder) {
     is_stuck = true;
+    forget_ghosts();
     end_job(folder);
 }
 

@@ -1,6 +1,7 @@
 // Each row of the key table, by its key as it is at the start: what it does is seen in what it changes.
 #include "gui/columns.h"
 #include "platform/clipboard.h"
+#include "state/guides.h"
 #include "state/messages.h"
 #include "windows/menus_kit.h"
 #include "windows/option_slider.h"
@@ -87,6 +88,11 @@ constexpr KeyCase cases[] = {
     {HOTKEY_CEL_FLIP_ACROSS, 0, KEY_H, WHILE_HELD, [] { return *pixels_at(cel, 3, 0) == white; }, true},
     {HOTKEY_CEL_FLIP_DOWN, 0, KEY_V, WHILE_HELD, [] { return *pixels_at(cel, 0, 1) == white; }, true},
     {HOTKEY_HISTORY, KEY_LSHIFT, KEY_Z, AFTERWARDS, [] { return frame_behind_preview != nullptr; }},
+    {HOTKEY_GUIDES, 0, KEY_G, AFTERWARDS, [] { return gui::w[0] == 319 && gui::h[0] == 116; }},
+    {HOTKEY_SYMMETRY, 0, KEY_M, AFTERWARDS, [] { return guides.symmetry == SYMMETRY_ACROSS; }},
+    {HOTKEY_GHOST, 0, KEY_O, AFTERWARDS, [] { return guides.ghost == GHOST_BEHIND; }},
+    {HOTKEY_GRID, KEY_LSHIFT, KEY_G, AFTERWARDS, [] { return guides.pixel_grid == 1 && guides.cell_grid == 0; }},
+    {HOTKEY_CHECKER, 0, KEY_K, AFTERWARDS, [] { return guides.checker == 1; }},
 };
 
 /// Takes what is copied and has nothing to paste.

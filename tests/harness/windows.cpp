@@ -15,6 +15,7 @@
 #include "windows/files/file_browser.h"
 #include "windows/files/jpeg_quality_window.h"
 #include "windows/files/previous_window.h"
+#include "windows/guides_window.h"
 #include "windows/help_window.h"
 #include "windows/history_window.h"
 #include "windows/hotkey_window.h"
@@ -134,6 +135,7 @@ std::vector<WindowOpener> all_windows() {
         {"SCHEME", IS_WINDOW, scheme_window},
         {"FAVORITES", IS_WINDOW, favorites_window},
         {"FILES", IS_WINDOW, save_frame_command},
+        {"GUIDES", IS_WINDOW | PANS, guides_window},
         {"HISTORY", IS_WINDOW | PANS, history_window},
         {"JPG QUALITY", IS_WINDOW | IS_BOX_OVER_OTHERS, [] { jpeg_quality_window(); }},
         {"R.POLY", IS_WINDOW | PANS, [] { run_shape_window(TOOL_RPOLY); }},

@@ -1,9 +1,11 @@
 #include "harness/user.h"
 #include "state/boxes.h"
 #include "state/cel.h"
+#include "state/guides.h"
 #include "state/messages.h"
 #include "state/status.h"
 #include "state/view.h"
+#include "workspace/ghosts.h"
 #include "workspace/workspace_kit.h"
 
 namespace nubo {
@@ -37,19 +39,42 @@ TEST_F(WorkspaceTest, SwapsKeepFrameViewThumbnailAndFolder) {
 
 TEST_F(WorkspaceTest, CloneInsertAndDeleteMoveFilesViewsAndThumbnailsTogether) {
     make_workspace({1, 2, 3, 4}, 1);
+    guides.pinned_frame = 3 + 1;
     paint(22);
     ASSERT_TRUE(insert_frames(1, 1, false));  // the clone stands behind the Frame, which isn't written itself
     EXPECT_EQ(ids_on_disk(), (Ids{1, 2, 22, 3, 4}));
     ASSERT_TRUE(insert_frames(1, 1, true));
     EXPECT_EQ(ids_on_disk(), (Ids{1, 2, 0, 22, 3, 4}));
     EXPECT_TRUE(frame_index == 1 && frame_count == 6 && id_in_memory() == 22);
-    EXPECT_TRUE(frame_view[4].pan_x == 3 && frame_view[5].pan_x == 4);
+    EXPECT_TRUE(frame_view[4].pan_x == 3 && frame_view[5].pan_x == 4 && guides.pinned_frame == 5 + 1);
     EXPECT_TRUE(tile_id(2) == 0 && tile_id(3) == 22 && tile_id(4) == 3 && tile_id(5) == 4);
     ASSERT_TRUE(delete_frames(1, 1));
     EXPECT_EQ(ids_on_disk(), (Ids{1, 0, 22, 3, 4}));
     EXPECT_TRUE(frame_index == 1 && id_in_memory() == 0 && frame_view[4].pan_x == 4 && tile_id(4) == 4);
     ASSERT_TRUE(fetch_frame(1, 4) && delete_frames(4, 1));  // the last one: back to the one before
-    EXPECT_TRUE(frame_index == 3 && frame_count == 4 && id_in_memory() == 3);
+    EXPECT_TRUE(frame_index == 3 && frame_count == 4 && id_in_memory() == 3 && guides.pinned_frame == 0);
+}
+
+TEST_F(WorkspaceTest, GhostsAreTheNeighboursAsTheirFilesHaveThem) {
+    make_workspace({1, 2, 3, 4, 5}, 2);
+    const auto ids = [] {
+        for (int look = 0; look < 6; ++look) keep_ghosts();
+        Ids shown;
+        for (const GhostPicture& ghost : shown_ghosts())
+            shown.push_back(static_cast<int>(*pixels_at(ghost.picture, 0, 0)));
+        return shown;
+    };
+    EXPECT_TRUE(ids().empty());
+    guides.ghost = GHOST_BEHIND;
+    guides.ghosts_before = 3, guides.ghosts_after = 1;
+    EXPECT_EQ(ids(), (Ids{1, 4, 2}));  // the farthest first
+    paint(33);
+    ASSERT_TRUE(fetch_frame(2, 3));
+    EXPECT_EQ(ids(), (Ids{1, 2, 5, 33}));
+    guides.pinned_frame = 4 + 1;
+    EXPECT_EQ(ids(), (Ids{5}));
+    ASSERT_TRUE(insert_frames(3, 1, true));
+    EXPECT_EQ(ids(), (Ids{5}));
 }
 
 TEST_F(WorkspaceTest, LimitsOfTheRow) {

@@ -4,6 +4,7 @@
 #include "gui/mouse_text.h"
 #include "gui/waiting.h"
 #include "paint/shape_in_hand.h"
+#include "paint/snap.h"
 #include "paint/stroke.h"
 #include "paint/tool_distance.h"
 #include "state/flow.h"
@@ -23,11 +24,17 @@ void draw_cross(Point mouse) {
     preview_line(overlay, mouse.x, 0, mouse.x, view_h - 1);
 }
 
+/// The area between the first corner and a second one at `to`, a square if that is asked for.
+Area area_to(Point first, Point to, bool is_square) {
+    if (is_square) to = square_end(first, to);
+    snap_corners(first, to);
+    return area_between(first.x, first.y, to.x, to.y);
+}
+
 void draw_area(Point first) {
-    const Point mouse{shown.pixel_x, shown.pixel_y};
-    const Point corner = shift_is_down() ? square_end(first, mouse) : mouse;
-    preview_rect(overlay, first.x - shown.pan_x, first.y - shown.pan_y, corner.x - shown.pan_x, corner.y - shown.pan_y);
-    const Area area = area_between(first.x, first.y, corner.x, corner.y);
+    const Area area = area_to(first, {shown.pixel_x, shown.pixel_y}, shift_is_down());
+    preview_rect(overlay, area.left - shown.pan_x, area.top - shown.pan_y, area.right - shown.pan_x,
+                 area.bottom - shown.pan_y);
     std::array<char, 32> text;
     std::snprintf(text.data(), text.size(), "%d X %d", area.width(), area.height());
     const bool distance_stands_there = measure_x != -1;
@@ -80,8 +87,7 @@ std::optional<Area> ask_corners(Point first, const CornerPrompts& prompts) {
     wait.set_prompt(prompts.second);
     Point corner;
     if (!wait_for_corner(wait, corner, is_square)) return std::nullopt;
-    if (is_square) corner = square_end(first, corner);
-    return area_between(first.x, first.y, corner.x, corner.y);
+    return area_to(first, corner, is_square);
 }
 
 }  // namespace nubo

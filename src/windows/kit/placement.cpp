@@ -6,6 +6,7 @@
 #include "paint/cel_clean.h"
 #include "paint/cel_pixels.h"
 #include "paint/shape_in_hand.h"
+#include "paint/snap.h"
 #include "paint/tool_distance.h"
 #include "paint/undo.h"
 #include "state/cel.h"
@@ -155,7 +156,12 @@ struct Grip {
     explicit Grip(const PlacementKind& kind) {
         if (kind.shown == CEL_PASTE) distance.emplace(mouse);
     }
-    void follow(Point to) const { shift_place(place, to.x - mouse.x, to.y - mouse.y); }
+    /// A part of the Frame that floats goes from cell to cell if SNAP is on.
+    void follow(Point to) const {
+        const Point wanted{place.x + to.x - mouse.x, place.y + to.y - mouse.y};
+        const Point corner = area_floats != 0 ? snapped_place(wanted) : wanted;
+        shift_place(place, corner.x - place.x, corner.y - place.y);
+    }
 };
 
 /// As long as the press on the Cel lasts: a hand that moves on with it carries the Cel, and lets go of it at the
