@@ -1,5 +1,6 @@
 // Any bytes, read as a GIF: from a packfile, and as a picture.
 #include "base/bitmap.h"
+#include "codecs/alpha.h"
 #include "codecs/gif.h"
 #include "fuzz/start.h"
 #include "platform/memory_packfile.h"
@@ -11,6 +12,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     PALETTE palette;
     const nubo::OwnedBitmap picture(nubo::load_gif_pf(file, palette));
     pack_fclose(file);
-    nubo::read_gif(bytes);
+    nubo::ReadPicture read = nubo::read_gif(bytes);
+    nubo::settle_alpha(read, nubo::ALPHA_MASK, 0, 0);
     return started;
 }

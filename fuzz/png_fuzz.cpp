@@ -1,5 +1,6 @@
-// Any bytes, read as a PNG: from a packfile, as a picture and as a cut-out.
+// Any bytes, read as a PNG: from a packfile, and as a picture by each rule of alpha.
 #include "base/bitmap.h"
+#include "codecs/alpha.h"
 #include "codecs/png.h"
 #include "fuzz/start.h"
 #include "platform/memory_packfile.h"
@@ -11,7 +12,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     PALETTE palette;
     const nubo::OwnedBitmap picture(nubo::load_png_pf(file, palette));
     pack_fclose(file);
-    nubo::read_png(bytes);
-    nubo::read_cut_out_png(bytes);
+    for (const nubo::AlphaRule rule : {nubo::ALPHA_MASK, nubo::ALPHA_FLATTEN}) {
+        nubo::ReadPicture read = nubo::read_png(bytes);
+        nubo::settle_alpha(read, rule, 0, 0xff00ff);
+    }
     return started;
 }

@@ -3,6 +3,7 @@
 // 89a. A file holds one image to us: of an animation the first.
 #include "codecs/read_picture.h"
 #include "platform/memory_packfile.h"
+#include "state/colors.h"
 #include "state/options.h"
 #include <allegro.h>
 
@@ -27,13 +28,17 @@ int save_gif(const char* path, BITMAP* bitmap, const RGB* palette);
 /// The same on an open packfile, which stays open.
 int save_gif_pf(PACKFILE* file, BITMAP* bitmap, const RGB* palette);
 
-/// Reads the first image of a GIF from memory, in its exact colours; what is transparent is magenta.
+/// Reads the first image of a GIF from memory, in its exact colours, with the alpha of what is transparent.
 ReadPicture read_gif(FileBytes bytes);
 
 /// Appends the 32-bit `bitmap` as a GIF of its very colours; those of a picture of more than 256 are
 /// reduced as `reduction` says. False, with nothing appended,
 /// on failure.
 bool write_gif(BITMAP* bitmap, GifReduction reduction, Bytes& bytes);
+
+/// The same of a picture whose pixels of the colour `ground` are clear, if there are any: they have the last index,
+/// which no other pixel has, so that 255 colours are left.
+bool write_clear_gif(BITMAP* bitmap, Color ground, GifReduction reduction, Bytes& bytes);
 
 /// Makes Allegro's `load_bitmap` and `save_bitmap` know GIF. Called once, after the graphics mode is set.
 void register_gif();

@@ -37,10 +37,13 @@ OwnedBitmap convert_bitmap(GifFile& gif, OwnedBitmap indexed) {
     return bitmap;
 }
 
-/// The image in its exact colours; what is transparent is magenta.
+/// The image in its exact colours, and with its alpha if the file tells what is transparent.
 OwnedBitmap colors_of_indexes(GifFile& gif, BITMAP* indexed) {
-    if (gif.transparent != gif_no_transparency)
-        gif.colors[static_cast<std::size_t>(gif.transparent)] = pack_color(255, 0, 255);
+    constexpr Color color_bits = 0xffffff, whole_alpha = ~color_bits;
+    if (gif.transparent != gif_no_transparency) {
+        for (Color& color : gif.colors) color |= whole_alpha;
+        gif.colors[static_cast<std::size_t>(gif.transparent)] &= color_bits;
+    }
     OwnedBitmap bitmap = make_uncleared_bitmap(indexed->w, indexed->h);
     for (int y = 0; bitmap && y < bitmap->h; ++y)
         std::transform(indexed->line[y], indexed->line[y] + indexed->w, pixels_at(bitmap.get(), 0, y),
@@ -72,7 +75,9 @@ ReadPicture read_gif(FileBytes bytes) {
     PACKFILE* const file = open_for_reading(bytes);
     if (file == nullptr) return {nullptr, "there isn't memory enough"};
     GifFile gif{.file = file, .is_plain = true};
-    ReadPicture picture = plain_picture(read_image(gif), "it is no GIF file, or is damaged");
+    OwnedBitmap bitmap = read_image(gif);
+    const bool alpha = gif.transparent != gif_no_transparency;
+    ReadPicture picture = plain_picture(std::move(bitmap), "it is no GIF file, or is damaged", alpha);
     while (picture.bitmap && find_gif_image(gif) && skip_gif_image(file)) ++picture.loss.images;
     pack_fclose(file);
     return picture;

@@ -1,14 +1,13 @@
 // Writing a GIF: the bitmap brought to 256 colours, the few fixed blocks, the indexes encoded.
 #include "base/bitmap.h"
-#include "base/color.h"
+#include "codecs/clear_ground.h"
 #include "codecs/gif.h"
 #include "codecs/gif_lzw.h"
-#include "codecs/reduce_colors.h"
-#include "codecs/rgb_rows.h"
+#include "codecs/gif_palette.h"
 
-#include <climits>
 #include <memory>
 #include <new>
+#include <optional>
 
 namespace nubo {
 namespace {
@@ -19,102 +18,50 @@ constexpr std::uint8_t index_bits = 8;
 
 // ---- To 256 colours ------------------------------------------------------------------------------------------------
 
-/// Allegro's 6 bits of each channel spread over 8, so that white stays white.
-ExactPalette widened(const RGB* palette) {
-    const auto eight_bits = [](int component) { return component << 2 | component >> 4; };
-    ExactPalette colors{};
-    for (std::size_t i = 0; i < colors.size(); ++i)
-        colors[i] = pack_color(eight_bits(palette[i].r), eight_bits(palette[i].g), eight_bits(palette[i].b));
-    return colors;
-}
-
-/// Finds a palette's entry that is nearest to a colour, by the weights of Allegro's own lookup: the first of the
-/// nearest, so the colour itself where the palette has it. A colour met before is found at once as a rule.
-class NearestEntry {
-public:
-    explicit NearestEntry(const ExactPalette& palette) : palette_(palette) { colors_.fill(no_color); }
-
-    std::uint8_t operator()(Color color) {
-        const std::size_t at = color * 2654435761U >> (32 - hash_bits);  // Knuth's multiplicative hash
-        if (colors_[at] != color) {
-            colors_[at] = color;
-            entries_[at] = search(color);
-        }
-        return entries_[at];
-    }
-
-private:
-    static constexpr int hash_bits = 12;
-    static constexpr Color no_color = ~Color{0};
-
-    static int distance(Color a, Color b) {
-        const int red = 30 * (red_of(a) - red_of(b)), green = 59 * (green_of(a) - green_of(b)),
-                  blue = 11 * (blue_of(a) - blue_of(b));
-        return red * red + green * green + blue * blue;
-    }
-
-    std::uint8_t search(Color color) const {
-        std::size_t nearest = 0;
-        int least = INT_MAX;
-        for (std::size_t i = 0; i < palette_.size() && least > 0; ++i)
-            if (const int away = distance(palette_[i], color); away < least) {
-                least = away;
-                nearest = i;
-            }
-        return static_cast<std::uint8_t>(nearest);
-    }
-
-    const ExactPalette& palette_;
-    std::array<Color, 1 << hash_bits> colors_{};
-    std::array<std::uint8_t, 1 << hash_bits> entries_{};
-};
-
-/// The 32-bit bitmap in 8 bits, null when it can't be had; `bitmap` itself is left as it is.
-OwnedBitmap indexed_copy(BITMAP* bitmap, const ExactPalette& palette) {
+/// The 32-bit bitmap in 8 bits, null when it can't be had; `bitmap` itself is left as it is. Pixels of `ground` get
+/// `gif_clear_index`, which then is no other's.
+OwnedBitmap indexed_copy(BITMAP* bitmap, const ExactPalette& palette, std::optional<Color> ground = std::nullopt) {
     constexpr Color color_bits = 0xffffff;
     OwnedBitmap copy(create_bitmap_ex(8, bitmap->w, bitmap->h));
-    NearestEntry nearest(palette);
+    NearestEntry nearest({palette.data(), ground ? std::size_t{gif_clear_index} : palette.size()});
+    const Color clear = ground ? *ground & color_bits : ~Color{0};
     for (int y = 0; copy && y < bitmap->h; ++y) {
         const Color* const pixels = pixels_at(bitmap, 0, y);
-        for (int x = 0; x < bitmap->w; ++x) copy->line[y][x] = nearest(pixels[x] & color_bits);
+        for (int x = 0; x < bitmap->w; ++x) {
+            const Color color = pixels[x] & color_bits;
+            copy->line[y][x] = color == clear ? gif_clear_index : nearest(color);
+        }
     }
     return copy;
 }
 
 /// The same of a bitmap of any depth and place.
 OwnedBitmap indexed_copy(BITMAP* bitmap, const RGB* palette) {
-    if (bitmap_color_depth(bitmap) == 32 && is_memory_bitmap(bitmap)) return indexed_copy(bitmap, widened(palette));
+    if (bitmap_color_depth(bitmap) == 32 && is_memory_bitmap(bitmap))
+        return indexed_copy(bitmap, widened_palette(palette));
     const OwnedBitmap plain = make_uncleared_bitmap(bitmap->w, bitmap->h);
     if (!plain) return nullptr;
     select_palette(palette);
     blit(bitmap, plain.get(), 0, 0, 0, 0, bitmap->w, bitmap->h);
     unselect_palette();
-    return indexed_copy(plain.get(), widened(palette));
-}
-
-/// Allegro's palette has 4 bits a channel, with 60 the brightest of 63: spread, so that white stays white.
-ExactPalette fast_palette(BITMAP* bitmap) {
-    constexpr std::array<signed char, palette_entries> none_reserved{};
-    constexpr int kept_bits = 4;
-    PALETTE palette;
-    generate_optimized_palette(bitmap, palette, none_reserved.data());
-    for (RGB& entry : palette)
-        for (unsigned char* const channel : {&entry.r, &entry.g, &entry.b})
-            *channel = static_cast<unsigned char>(*channel | *channel >> kept_bits);
-    return widened(palette);
+    return indexed_copy(plain.get(), widened_palette(palette));
 }
 
 /// The picture's own colours where 256 hold them; else as `reduction` says.
 ExactPalette palette_of(BITMAP* bitmap, GifReduction reduction) {
-    constexpr int good_sample = 10, best_sample = 1;
     ExactPalette palette{};
-    if (reduce_colors_exact(bitmap, palette) >= 0) return palette;
-    switch (reduction) {
-    case REDUCTION_GOOD: reduce_colors_neural(bitmap, good_sample, palette); break;
-    case REDUCTION_BEST: reduce_colors_neural(bitmap, best_sample, palette); break;
-    case REDUCTION_FAST:
-    case REDUCTION_COUNT: return fast_palette(bitmap);
-    }
+    return reduce_colors_exact(bitmap, palette) >= 0 ? palette : reduced_palette(bitmap, reduction);
+}
+
+/// The colours of a picture of which the ground is clear, the ground's last.
+std::optional<ExactPalette> clear_palette_of(BITMAP* bitmap, Color ground, GifReduction reduction) {
+    ExactPalette palette{};
+    const OwnedBitmap rest = without_ground(bitmap, ground);
+    if (!rest && count_ground(bitmap, ground) < bitmap->w * bitmap->h) return std::nullopt;
+    const int colors = rest ? reduce_colors_exact(rest.get(), palette) : 0;
+    if (colors < 0) palette = reduced_palette(rest.get(), reduction);
+    if (colors < 0 || colors > gif_clear_index) free_last_entry(palette);
+    palette[gif_clear_index] = ground;
     return palette;
 }
 
@@ -127,32 +74,26 @@ template <std::size_t count> bool write_bytes(PACKFILE* file, const std::array<s
 constexpr std::uint8_t low(int word) { return static_cast<std::uint8_t>(word & 0xff); }
 constexpr std::uint8_t high(int word) { return static_cast<std::uint8_t>(word >> 8); }
 
-bool write_start(PACKFILE* file, int w, int h) {
+enum Transparency : std::uint8_t { NOTHING_CLEAR, LAST_INDEX_CLEAR };
+
+bool write_start(PACKFILE* file, int w, int h, Transparency clear) {
     constexpr std::uint8_t screen_flags = 0x77;  // no global table, 8 bits of colour resolution
     constexpr std::uint8_t image_flags = 0x87;   // a local table of 256 entries, not interlaced
     const std::array<std::uint8_t, 13> screen{'G',     'I',    'F',     '8',          '9', 'a', low(w),
                                               high(w), low(h), high(h), screen_flags, 1,   0};
-    constexpr std::array<std::uint8_t, 8> graphic_control{0x21, 0xf9, 4, 0, 0, 0, 0, 0};  // nothing transparent
+    const std::uint8_t index = clear == LAST_INDEX_CLEAR ? gif_clear_index : std::uint8_t{0};
+    const std::array<std::uint8_t, 8> graphic_control{0x21, 0xf9, 4, clear, 0, 0, index, 0};  // its lowest flag
     const std::array<std::uint8_t, 10> image{',', 0, 0, 0, 0, low(w), high(w), low(h), high(h), image_flags};
     return write_bytes(file, screen) && write_bytes(file, graphic_control) && write_bytes(file, image);
 }
 
-/// The bytes of a colour table.
-using ColorTable = std::array<std::uint8_t, 3 * palette_entries>;
-
-ColorTable table_of(const RGB* palette) {
-    ColorTable bytes{};
+GifColorTable table_of(const RGB* palette) {
+    GifColorTable bytes{};
     for (std::size_t i = 0; i < palette_entries; ++i) {
         bytes[3 * i] = static_cast<std::uint8_t>(palette[i].r << 2);
         bytes[3 * i + 1] = static_cast<std::uint8_t>(palette[i].g << 2);
         bytes[3 * i + 2] = static_cast<std::uint8_t>(palette[i].b << 2);
     }
-    return bytes;
-}
-
-ColorTable table_of(const ExactPalette& palette) {
-    ColorTable bytes{};
-    pack_row(palette.data(), bytes.data(), palette_entries, BYTES_RGB);
     return bytes;
 }
 
@@ -163,9 +104,19 @@ bool write_pixels(PACKFILE* file, const BITMAP* indexed) {
     return encoder->finish();
 }
 
-bool write_image(PACKFILE* file, const BITMAP* indexed, const ColorTable& table) {
-    return write_start(file, indexed->w, indexed->h) && write_bytes(file, table) &&
+bool write_image(PACKFILE* file, const BITMAP* indexed, const GifColorTable& table,
+                 Transparency clear = NOTHING_CLEAR) {
+    return write_start(file, indexed->w, indexed->h, clear) && write_bytes(file, table) &&
            pack_putc(index_bits, file) == index_bits && write_pixels(file, indexed) && pack_putc(';', file) == ';';
+}
+
+bool append_image(OwnedBitmap indexed, const ExactPalette& palette, Transparency clear, Bytes& bytes) {
+    const std::size_t size_before = bytes.size();
+    PACKFILE* const file = indexed ? open_for_writing(bytes) : nullptr;
+    const bool written = file != nullptr && write_image(file, indexed.get(), gif_color_table(palette), clear);
+    if (file != nullptr) pack_fclose(file);
+    if (!written) bytes.resize(size_before);
+    return written;
 }
 
 bool can_hold(const BITMAP* bitmap) { return bitmap->w <= largest_side && bitmap->h <= largest_side; }
@@ -184,13 +135,14 @@ int save_gif_pf(PACKFILE* file, BITMAP* bitmap, const RGB* palette) {
 bool write_gif(BITMAP* bitmap, GifReduction reduction, Bytes& bytes) {
     if (!can_hold(bitmap)) return false;
     const ExactPalette palette = palette_of(bitmap, reduction);
-    const OwnedBitmap indexed = indexed_copy(bitmap, palette);
-    const std::size_t size_before = bytes.size();
-    PACKFILE* const file = indexed ? open_for_writing(bytes) : nullptr;
-    const bool written = file != nullptr && write_image(file, indexed.get(), table_of(palette));
-    if (file != nullptr) pack_fclose(file);
-    if (!written) bytes.resize(size_before);
-    return written;
+    return append_image(indexed_copy(bitmap, palette), palette, NOTHING_CLEAR, bytes);
+}
+
+bool write_clear_gif(BITMAP* bitmap, Color ground, GifReduction reduction, Bytes& bytes) {
+    if (count_ground(bitmap, ground) == 0) return write_gif(bitmap, reduction, bytes);
+    if (!can_hold(bitmap)) return false;
+    const std::optional<ExactPalette> palette = clear_palette_of(bitmap, ground, reduction);
+    return palette && append_image(indexed_copy(bitmap, *palette, ground), *palette, LAST_INDEX_CLEAR, bytes);
 }
 
 int save_gif(const char* path, BITMAP* bitmap, const RGB* palette) {

@@ -26,13 +26,9 @@ int save_png(const char* path, BITMAP* bitmap, const RGB* palette);
 /// The same on an open packfile, which stays open.
 int save_png_pf(PACKFILE* file, BITMAP* bitmap, const RGB* palette);
 
-/// Reads a PNG from memory, without its alpha. One that ends anywhere behind its last pixel is whole.
+/// Reads a PNG from memory, with its alpha, by whatever means the file tells it: for each pixel or for the palette's
+/// colours, or one colour that is clear. One that ends anywhere behind its last pixel is whole.
 ReadPicture read_png(FileBytes bytes);
-
-/// The same, but what is more transparent than not becomes `clear_pixel`, by whatever means the file tells that: an
-/// alpha of each pixel or of the palette's colours, or one colour that is clear.
-ReadPicture read_cut_out_png(FileBytes bytes);
-inline constexpr std::uint32_t clear_pixel = 0xffff00ff;
 
 /// How hard the writer tries to make the bytes few: for keeping, or fast, in a fraction of the time.
 enum PngEffort : int { PNG_FAST = 1, PNG_BEST = 9 };
@@ -40,6 +36,10 @@ enum PngEffort : int { PNG_FAST = 1, PNG_BEST = 9 };
 /// Appends `bitmap` as a PNG. False, with nothing appended, on failure; the cause is in `png_error`.
 bool write_png(BITMAP* bitmap, Bytes& bytes);
 bool write_png(BITMAP* bitmap, Bytes& bytes, PngEffort effort);
+
+/// The same of a picture whose pixels of the colour `ground` are clear, as RGBA also where none or all are; below a
+/// clear pixel stands the colour of the nearest that isn't.
+bool write_clear_png(BITMAP* bitmap, std::uint32_t ground, Bytes& bytes, PngEffort effort);
 
 /// Makes Allegro's `load_bitmap`, `save_bitmap` and datafiles know PNG. Called once, after the graphics mode is set.
 void register_png();

@@ -9,8 +9,6 @@
 namespace nubo {
 namespace {
 
-constexpr Color half_clear = 128;  // alpha from which on a pixel shows
-
 /// Walks to the first data chunk, whose start is returned.
 std::optional<PngChunkStart> read_up_to_data(PngFile& png) {
     std::optional<PngChunkStart> chunk = read_png_chunk_start(png.file);
@@ -74,50 +72,6 @@ OwnedBitmap read_image(PngFile& png) {
     return bitmap;
 }
 
-// ---- Alpha ---------------------------------------------------------------------------------------------------------
-
-Color alpha_of(Color pixel) { return pixel >> _rgb_a_shift_32 & 0xff; }
-
-void clear_by_alpha(BITMAP* bitmap) {
-    constexpr Color color_bits = 0xffffff;
-    for (int y = 0; y < bitmap->h; ++y) {
-        Color* const pixels = pixels_at(bitmap, 0, y);
-        for (int x = 0; x < bitmap->w; ++x) {
-            pixels[x] = alpha_of(pixels[x]) < half_clear ? clear_pixel : pixels[x] & color_bits;
-        }
-    }
-}
-
-/// Whether a pixel has an alpha that a picture can't tell: whole, and in a cut-out none at all, are told.
-bool loses_alpha(BITMAP* bitmap, bool is_cut_out) {
-    constexpr Color whole = 255;
-    const auto is_lost = [is_cut_out](Color pixel) {
-        return alpha_of(pixel) != whole && (alpha_of(pixel) != 0 || !is_cut_out);
-    };
-    for (int y = 0; y < bitmap->h; ++y)
-        if (std::any_of(pixels_at(bitmap, 0, y), pixels_at(bitmap, 0, y) + bitmap->w, is_lost)) return true;
-    return false;
-}
-
-ReadPicture read_picture(FileBytes bytes, bool is_cut_out) {
-    PACKFILE* const file = open_for_reading(bytes);
-    if (file == nullptr) return {nullptr, "there isn't memory enough"};
-    PngFile png{.file = file, .is_plain = true};
-    OwnedBitmap bitmap = read_image(png);
-    pack_fclose(file);
-    const bool alpha = bitmap && png_tells_alpha(png) && bitmap_color_depth(bitmap.get()) == 32;
-    const PictureLoss loss{.alpha = alpha && loses_alpha(bitmap.get(), is_cut_out),
-                           .images = png.images,
-                           .sample_bits = png.header.bit_depth == 16 ? 16U : 8U};
-    if (alpha && is_cut_out) {
-        clear_by_alpha(bitmap.get());
-        return {std::move(bitmap), {}, loss};
-    }
-    ReadPicture picture = plain_picture(std::move(bitmap), png_error);
-    picture.loss = loss;
-    return picture;
-}
-
 }  // namespace
 
 BITMAP* load_png_pf(PACKFILE* file, RGB* palette) {
@@ -132,9 +86,18 @@ BITMAP* load_png_pf(PACKFILE* file, RGB* palette) {
     return bitmap.release();
 }
 
-ReadPicture read_png(FileBytes bytes) { return read_picture(bytes, false); }
-
-ReadPicture read_cut_out_png(FileBytes bytes) { return read_picture(bytes, true); }
+ReadPicture read_png(FileBytes bytes) {
+    PACKFILE* const file = open_for_reading(bytes);
+    if (file == nullptr) return {nullptr, "there isn't memory enough"};
+    PngFile png{.file = file, .is_plain = true};
+    OwnedBitmap bitmap = read_image(png);
+    pack_fclose(file);
+    const bool alpha = bitmap && png_tells_alpha(png) && bitmap_color_depth(bitmap.get()) == 32;
+    ReadPicture picture = plain_picture(std::move(bitmap), png_error, alpha);
+    picture.loss.images = png.images;
+    picture.loss.sample_bits = png.header.bit_depth == 16 ? 16U : 8U;
+    return picture;
+}
 
 BITMAP* load_png(const char* path, RGB* palette) {
     PACKFILE* const file = pack_fopen(path, "r");

@@ -1,4 +1,5 @@
 // Writing a PNG: rows gathered and filtered, deflated as one chunk.
+#include "codecs/clear_ground.h"
 #include "codecs/png_parts.h"
 
 #include <algorithm>
@@ -47,9 +48,9 @@ bool write_pixels(PACKFILE* file, BITMAP* bitmap, const PngHeader& header, PngEf
     return write_png_chunk(file, png_chunk_pixels, {deflated.data(), deflated.size()});
 }
 
-bool write_image(PACKFILE* file, BITMAP* bitmap, const RGB* palette, PngEffort effort) {
+bool write_image(PACKFILE* file, BITMAP* bitmap, PngColorType type, const RGB* palette, PngEffort effort) {
     if (bitmap->w <= 0 || bitmap->h <= 0) return png_fail("Width or height or both of the image are 0!");
-    const PngHeader header = png_header_of(bitmap, color_type_of(bitmap));
+    const PngHeader header = png_header_of(bitmap, type);
     return write_png_bytes(file, png_signature) && write_png_header(file, header) &&
            (header.color_type != PNG_PALETTE || write_palette(file, palette)) &&
            write_pixels(file, bitmap, header, effort) && write_png_chunk(file, png_chunk_end, {});
@@ -57,8 +58,19 @@ bool write_image(PACKFILE* file, BITMAP* bitmap, const RGB* palette, PngEffort e
 
 bool write_acquired(PACKFILE* file, BITMAP* bitmap, const RGB* palette, PngEffort effort) {
     acquire_bitmap(bitmap);
-    const bool written = write_image(file, bitmap, palette, effort);
+    const bool written = write_image(file, bitmap, color_type_of(bitmap), palette, effort);
     release_bitmap(bitmap);
+    return written;
+}
+
+/// What `write(file)` writes is appended, or nothing when it is false.
+template <typename Write> bool append_image(Bytes& bytes, Write write) {
+    const std::size_t size_before = bytes.size();
+    PACKFILE* const file = open_for_writing(bytes);
+    if (file == nullptr) return png_fail("Cannot allocate memory!");
+    const bool written = write(file);
+    pack_fclose(file);
+    if (!written) bytes.resize(size_before);
     return written;
 }
 
@@ -69,13 +81,14 @@ int save_png_pf(PACKFILE* file, BITMAP* bitmap, const RGB* palette) {
 }
 
 bool write_png(BITMAP* bitmap, Bytes& bytes, PngEffort effort) {
-    const std::size_t size_before = bytes.size();
-    PACKFILE* const file = open_for_writing(bytes);
-    if (file == nullptr) return png_fail("Cannot allocate memory!");
-    const bool written = write_acquired(file, bitmap, nullptr, effort);
-    pack_fclose(file);
-    if (!written) bytes.resize(size_before);
-    return written;
+    return append_image(bytes, [&](PACKFILE* file) { return write_acquired(file, bitmap, nullptr, effort); });
+}
+
+bool write_clear_png(BITMAP* bitmap, Color ground, Bytes& bytes, PngEffort effort) {
+    const OwnedBitmap clear = with_clear_ground(bitmap, ground);
+    if (!clear) return png_fail("Cannot allocate memory!");
+    return append_image(bytes,
+                        [&](PACKFILE* file) { return write_image(file, clear.get(), PNG_RGB_ALPHA, nullptr, effort); });
 }
 
 bool write_png(BITMAP* bitmap, Bytes& bytes) { return write_png(bitmap, bytes, PNG_BEST); }

@@ -27,7 +27,21 @@ OwnedBitmap bitmap_to_fill(std::uint64_t width, std::uint64_t height, std::strin
     return bitmap;
 }
 
-ReadPicture plain_picture(OwnedBitmap bitmap, const char* cause) {
+namespace {
+
+bool has_clear_pixel(BITMAP* bitmap) {
+    constexpr Color whole_alpha = 0xff000000;
+    Color all = whole_alpha;
+    for (int y = 0; y < bitmap->h && all == whole_alpha; ++y) {
+        const Color* const pixels = pixels_at(bitmap, 0, y);
+        for (int x = 0; x < bitmap->w; ++x) all &= pixels[x];
+    }
+    return all != whole_alpha;
+}
+
+}  // namespace
+
+ReadPicture plain_picture(OwnedBitmap bitmap, const char* cause, bool keeps_alpha) {
     constexpr Color color_bits = 0xffffff;
     if (!bitmap) return {nullptr, cause};
     ReadPicture picture;
@@ -38,7 +52,8 @@ ReadPicture plain_picture(OwnedBitmap bitmap, const char* cause) {
         picture.bitmap = bitmap_to_fill(side(bitmap->w), side(bitmap->h), picture.cause);
         if (picture.bitmap) blit(bitmap.get(), picture.bitmap.get(), 0, 0, 0, 0, bitmap->w, bitmap->h);
     }
-    for (int y = 0; picture.bitmap && y < picture.bitmap->h; ++y) {
+    picture.has_alpha = keeps_alpha && picture.bitmap && has_clear_pixel(picture.bitmap.get());
+    for (int y = 0; picture.bitmap && !picture.has_alpha && y < picture.bitmap->h; ++y) {
         Color* const pixels = pixels_at(picture.bitmap.get(), 0, y);
         for (int x = 0; x < picture.bitmap->w; ++x) pixels[x] &= color_bits;
     }

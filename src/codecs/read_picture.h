@@ -14,7 +14,8 @@ inline constexpr std::size_t picture_file_max = std::size_t{1} << 30;
 
 /// What a file holds and a picture here can't, and so was left out.
 struct PictureLoss {
-    bool alpha = false;             // of at least one pixel that isn't whole
+    bool alpha = false;             // of at least one pixel that is neither clear nor whole
+    std::uint32_t moved = 0;        // pixels that had the mask colour and aren't clear: they are a step beside it
     std::uint32_t images = 1;       // the file holds so many, of which the first was read
     std::uint32_t sample_bits = 8;  // of a channel; of more than 8 the highest were read
 
@@ -23,8 +24,9 @@ struct PictureLoss {
 
 /// What a reader makes of a file's bytes.
 struct ReadPicture {
-    OwnedBitmap bitmap{};  // of 32 bits, every top byte 0; null: refused
-    std::string cause{};   // why it is refused, or in what the picture falls short; empty: all is well
+    OwnedBitmap bitmap{};    // of 32 bits, every top byte 0; null: refused
+    std::string cause{};     // why it is refused, or in what the picture falls short; empty: all is well
+    bool has_alpha = false;  // the top bytes are the alpha, below 255 somewhere, until `settle_alpha` (codecs/alpha.h)
     PictureLoss loss{};
 };
 
@@ -55,7 +57,8 @@ bool can_fill(std::uint64_t width, std::uint64_t height, std::size_t bytes, std:
 /// A new bitmap for a reader to fill, not cleared; null, with the cause, when the size can't be held.
 OwnedBitmap bitmap_to_fill(std::uint64_t width, std::uint64_t height, std::string& cause);
 
-/// Brings what a packfile's reader gave to the form of a `ReadPicture`; null: refused with `cause`.
-ReadPicture plain_picture(OwnedBitmap bitmap, const char* cause);
+/// Brings what a packfile's reader gave to the form of a `ReadPicture`; null: refused with `cause`. The alpha in the
+/// top bytes goes unless `keeps_alpha`.
+ReadPicture plain_picture(OwnedBitmap bitmap, const char* cause, bool keeps_alpha = false);
 
 }  // namespace nubo

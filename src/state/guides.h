@@ -1,7 +1,7 @@
 #pragma once
 // What painters switch on while they paint: symmetry, tiled painting, ghosts of neighbour Frames, grids, the checker
-// where the mask colour is; and the times of the Frames. It belongs to the Workspace and is stored with it, to the byte
-// as workspace/guide_fields.h tells.
+// where the mask colour is, pictures that leave with it clear; and the times of the Frames. It belongs to the Workspace
+// and is stored with it, to the byte as workspace/guide_fields.h tells.
 #include "state/frames.h"
 #include "state/shared.h"
 #include <array>
@@ -42,6 +42,7 @@ struct Guides {
     int pinned_frame = 0;  // its slot + 1; 0 for the neighbours
 
     int pixel_grid = 0, cell_grid = 0, snap = 0, checker = 0;
+    int clear_ground = 0;                                  // pictures leave as PNG and GIF with the mask colour clear
     int cell_w = 16, cell_h = 16, cell_x = 0, cell_y = 0;  // pixels
 
     int clean_cel = 0;  // TURN and STRETCH in the quality CLEAN, not FAST

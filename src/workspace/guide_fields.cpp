@@ -22,7 +22,7 @@ template <class Fields> void walk_guides(Fields& fields, Guides& g) {
     fields.byte(g.ghost, ghost);
     fields.halves(g.ghosts_before, ghosts, g.ghosts_after, ghosts);
     fields.byte(g.ghost_strength, {"the ghost's strength", 0, ghost_strength_max, 0});
-    fields.bits({&g.pixel_grid, &g.cell_grid, &g.snap, &g.checker, &g.hides_rim});
+    fields.bits({&g.pixel_grid, &g.cell_grid, &g.snap, &g.checker, &g.hides_rim, &g.clear_ground});
     const auto short_word = [&](int& value, int low) {
         int high_byte = value / byte_values, low_byte = value % byte_values;
         fields.byte(high_byte, {"a cell of the grid", 0, cell_side_max / byte_values, 0});

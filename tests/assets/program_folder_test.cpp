@@ -74,6 +74,17 @@ TEST_F(WspCompanion, PutsAFolderInAndTakesItOutAgain) {
     const std::string picture = bytes_of("pictures/current.001.png");
     EXPECT_EQ(picture.substr(1, 3), "PNG");
     EXPECT_FALSE(std::filesystem::exists("pictures/current.001"));
+    constexpr std::size_t color_type_at = 25;
+    EXPECT_EQ(picture[color_type_at], 2) << "RGB";
+    std::fstream state("first/current.spa", std::ios::in | std::ios::out | std::ios::binary);
+    state.seekp(1156).put(32);
+    state.seekp(1169).put(12);
+    state.seekp(1291).put(1);
+    state.close();
+    ASSERT_EQ(run("make a.wsp first"), 0) << bytes_of("output");
+    EXPECT_EQ(run("extract --png a.wsp clear"), 0) << bytes_of("output");
+    EXPECT_EQ(bytes_of("clear/current.001.png")[color_type_at], 6) << "RGBA";
+    EXPECT_EQ(bytes_of("clear/current.cel.png")[color_type_at], 2);
 }
 
 TEST_F(WspCompanion, TellsWhatIsWrong) {

@@ -12,6 +12,7 @@
 #include "windows/colors/gradient_nodes.h"
 #include "windows/colors/screen_pick.h"
 #include "windows/favorites_window.h"
+#include "windows/files/alpha_box.h"
 #include "windows/files/file_browser.h"
 #include "windows/files/jpeg_quality_window.h"
 #include "windows/files/previous_window.h"
@@ -121,6 +122,8 @@ std::vector<WindowOpener> all_windows() {
         {"CEL", IS_WINDOW | PANS, open_menu<cel_menu>},
         {"USER", IS_WINDOW | PANS, open_menu<user_menu>},
         {"QUESTION", IS_WINDOW, [] { confirm_box(LABEL_DELETE_FRAME, LABEL_CANNOT_BE_UNDONE, false, false); }},
+        {"ALPHA", IS_WINDOW, [] { ask_alpha_rule(); }},
+        {"CUT-OUT", IS_WINDOW, load_frame_command},
         {"NODES", IS_WINDOW | IS_BOX_OVER_OTHERS | PANS, lose_nodes},
         {"OPTION SLIDER", IS_WINDOW | IS_BOX_OVER_OTHERS | IS_HELD, hold_option_key},
         {"TURN", IS_WINDOW | IS_BOX_OVER_OTHERS | PANS, [] { turn_cel_about(view_w / 4, view_h / 4); }},

@@ -1,6 +1,7 @@
 // Copying and pasting by a user, on a clipboard that the test fills and empties itself.
 #include "windows/cel/clipboard.h"
 
+#include "codecs/alpha.h"
 #include "codecs/bmp_file.h"
 #include "codecs/gif.h"
 #include "codecs/jpeg.h"
@@ -9,6 +10,7 @@
 #include "platform/clipboard.h"
 #include "platform/safe_file.h"
 #include "platform/uri_list.h"
+#include "state/guides.h"
 #include <malloc.h>
 
 namespace nubo {
@@ -97,6 +99,25 @@ TEST_F(ClipboardTest, CopyOffersTheFrameAsItWas) {
         ASSERT_TRUE(adopt_frame(copy_bitmap(read.bitmap.get())));
         EXPECT_EQ(frame_pixels(), copied) << kind;
     }
+}
+
+TEST_F(ClipboardTest, WithClearTheGroundIsClearForOthersAndForUsAsItWas) {
+    new_frame(6, 5, green);  // the mask colour
+    *pixels_at(current_frame, 2, 1) = red;
+    guides.clear_ground = 1;
+    play([](User& user) -> Script {
+        co_await ctrl(user, KEY_C);
+        clear_frame_to(white);
+        co_await ctrl(user, KEY_V);
+        EXPECT_EQ(count_pixels(green), 29) << "without a question";
+    });
+    ASSERT_TRUE(fake.offered);
+    Bytes bytes;
+    ASSERT_TRUE(fake.offered->encode("image/png", bytes));
+    const ReadPicture read = read_png(bytes);
+    ASSERT_TRUE(read.bitmap && read.has_alpha);
+    EXPECT_EQ(*pixels_at(read.bitmap.get(), 2, 1), 0xffff0000u);
+    EXPECT_EQ(*pixels_at(read.bitmap.get(), 5, 4), red) << "clear, in the colour of the nearest that isn't";
 }
 
 TEST_F(ClipboardTest, WithoutADisplayNothingIsThere) {
@@ -237,6 +258,7 @@ TEST_F(ClipboardTest, WhatIsTransparentIsACutOutOrTheMaskColor) {
     new_frame(4, 4, white);
     play([](User& user) -> Script {
         co_await ctrl(user, KEY_V);
+        co_await click(user, mask_slot);
         co_await click_place(user, 100, 100, right_button);
         EXPECT_EQ(frame_pixel(0, 0), blue);
         EXPECT_EQ(frame_pixel(1, 0), white) << "the Frame shows through";
@@ -244,8 +266,16 @@ TEST_F(ClipboardTest, WhatIsTransparentIsACutOutOrTheMaskColor) {
         EXPECT_EQ(frame_pixel(2, 0), blue);
         new_frame(3, 1, white);
         co_await ctrl(user, KEY_V);
+        co_await click(user, mask_slot);
         EXPECT_EQ(frame_pixel(1, 0), green) << "the mask colour";
         EXPECT_EQ(frame_pixel(2, 0), blue);
+        co_await ctrl(user, KEY_V);
+        co_await click(user, flatten_slot);
+        EXPECT_EQ(frame_pixel(1, 0), 0x00807fU) << "127 of blue on green";
+        clear_frame_to(white);
+        co_await ctrl(user, KEY_V);
+        co_await click(user, leave_slot);
+        EXPECT_EQ(count_pixels(white), 3) << "left";
         new_frame(3, 1, transparent_color);
         co_await ctrl(user, KEY_C);
         co_await ctrl(user, KEY_V);
@@ -261,10 +291,10 @@ TEST_F(ClipboardTest, APaletteHasTransparentColorsToo) {
     const std::string_view name = "IDAT", alpha{"\0\0\0\3tRNS\xff\x7f\x80\0\0\0\0", 15};
     const auto pixels = std::search(bytes.begin(), bytes.end(), name.begin(), name.end()) - 4;
     bytes.insert(pixels, alpha.begin(), alpha.end());
-    const ReadPicture read = read_cut_out_png(bytes);
+    ReadPicture read = read_png(bytes);
     ASSERT_TRUE(read.bitmap) << read.cause;
-    for (int x = 0; x < 4; ++x) EXPECT_EQ(*pixels_at(read.bitmap.get(), x, 0) == clear_pixel, x == 1) << x;
-    EXPECT_TRUE(read_png(bytes).bitmap);
+    settle_alpha(read, ALPHA_MASK, green, green);
+    for (int x = 0; x < 4; ++x) EXPECT_EQ(*pixels_at(read.bitmap.get(), x, 0) == green, x == 1) << x;
 }
 
 TEST_F(ClipboardTest, EveryKindIsRead) {

@@ -379,7 +379,11 @@ TEST_F(FileBrowserTest, PatienceIsAskedForWhileWorkLastsAndWhatCameOfItStays) {
     EXPECT_TRUE(says("SAVED BMP OF 600054 BYTES TO A.BMP")) << told_text.data();  // a head of 54, three a pixel
     EXPECT_TRUE(load_file("a.bmp", PURPOSE_PICTURE));
     EXPECT_TRUE(says("LOADED 500X400 BMP"));
-    EXPECT_TRUE(load_file(NUBO_TEST_DATA "/png_greya16_n.png", PURPOSE_PICTURE));
+    play_on([] { EXPECT_TRUE(load_file(NUBO_TEST_DATA "/png_greya16_n.png", PURPOSE_PICTURE)); },
+            [](User& user) -> Script {
+                co_await user.wait(3);
+                co_await click(user, mask_slot);
+            });
     EXPECT_TRUE(says("LOADED 13X11 PNG. ALPHA DROPPED. 16 BITS A CHANNEL CUT TO 8")) << told_text.data();
 }
 

@@ -44,7 +44,17 @@ inline int slot_of(Label label) {
     return -1;
 }
 
-inline constexpr int okay_slot = 2, cancel_slot = 3;  // of a box that asks
+/// The one that says it where no label does, or -1.
+inline int slot_of_text(std::string_view text) {
+    for (int slot = slot_content; slot < gui_slots; ++slot) {
+        const char* const said = gui::value_text[at(slot)];
+        if (gui::active[at(slot)] != 0 && said != nullptr && text == said) return slot;
+    }
+    return -1;
+}
+
+inline constexpr int okay_slot = 2, cancel_slot = 3;                   // of a box that asks
+inline constexpr int mask_slot = 2, flatten_slot = 3, leave_slot = 4;  // of that for alpha
 
 class MenuTest : public GuiTest {};
 

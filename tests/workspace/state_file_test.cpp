@@ -135,7 +135,7 @@ TEST_F(WorkspaceTest, StateFileHasItsLayout) {
 TEST_F(WorkspaceTest, GuidesLieInTheStateOnceOneWasChanged) {
     const Bytes plain = make_state("", "");
     Bytes bytes = plain;
-    const Bytes stretch{0x24, 0, 0, 0, 32,   0,  1, 0xff, 0xfd, 2, 0x32, 200, 0x1d, 1, 0,
+    const Bytes stretch{0x24, 0, 0, 0, 32,   0,  1, 0xff, 0xfd, 2, 0x32, 200, 0x3d, 1, 0,
                         0,    9, 0, 3, 0x27, 15, 0, 100,  0x35, 2, 60,   99,  100,  2};
     std::copy(stretch.begin(), stretch.end(), bytes.begin() + 1144);
     bytes[1186] = 1;
@@ -147,15 +147,15 @@ TEST_F(WorkspaceTest, GuidesLieInTheStateOnceOneWasChanged) {
 
     bytes[1291] = 1;
     EXPECT_TRUE(unpack_state(bytes, "file")) << log_text();
-    const std::vector<int> read{guides.symmetry,   guides.tiles,         guides.axis_x,         guides.axis_y,
-                                guides.ghost,      guides.ghosts_before, guides.ghosts_after,   guides.ghost_strength,
-                                guides.pixel_grid, guides.cell_grid,     guides.snap,           guides.checker,
-                                guides.hides_rim,  guides.cell_w,        guides.cell_h,         guides.cell_x,
-                                guides.cell_y,     guides.pinned_frame,  guides.last_symmetry,  guides.last_tiles,
-                                guides.last_ghost, guides.clean_cel,     guides.speed,          guides.first_frame,
-                                guides.range_end,  guides.loop,          guides.frame_times[99]};
-    EXPECT_EQ(read, (std::vector<int>{4, 2, 32,   131069, 2, 2, 3, 200, 1,  0,  1,   1, 1,  256,
-                                      9, 3, 9999, 100,    5, 3, 2, 1,   60, 99, 100, 2, 255}));
+    const std::vector<int> read{
+        guides.symmetry,      guides.tiles,           guides.axis_x,         guides.axis_y,        guides.ghost,
+        guides.ghosts_before, guides.ghosts_after,    guides.ghost_strength, guides.pixel_grid,    guides.cell_grid,
+        guides.snap,          guides.checker,         guides.hides_rim,      guides.cell_w,        guides.cell_h,
+        guides.cell_x,        guides.cell_y,          guides.pinned_frame,   guides.last_symmetry, guides.last_tiles,
+        guides.last_ghost,    guides.clean_cel,       guides.speed,          guides.first_frame,   guides.range_end,
+        guides.loop,          guides.frame_times[99], guides.clear_ground};
+    EXPECT_EQ(read, (std::vector<int>{4, 2, 32,   131069, 2, 2, 3, 200, 1,  0,  1,   1, 1,   256,
+                                      9, 3, 9999, 100,    5, 3, 2, 1,   60, 99, 100, 2, 255, 1}));
     EXPECT_EQ(pack_state(), bytes);
 }
 

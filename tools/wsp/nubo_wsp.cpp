@@ -5,7 +5,9 @@
 #include "base/color.h"
 #include "base/utf8.h"
 #include "codecs/png.h"
+#include "state/colors.h"
 #include "state/frames.h"
+#include "state/guides.h"
 #include "workspace/bmp_files.h"
 #include "workspace/state_fields.h"
 #include <algorithm>
@@ -14,6 +16,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -113,12 +116,22 @@ int check(Words words) {
 
 // ---- Taking out ----------------------------------------------------------------------------------------------------
 
+/// The mask colour, if the Workspace of the archive lets its Frames leave with that clear.
+std::optional<Color> ground_of(const InputFile& file, const ArchivePart& state) {
+    std::vector<std::uint8_t> bytes(std::min(state.size, state_file_limit));
+    if (!file.read_at(state.at, bytes.data(), bytes.size())) return std::nullopt;
+    unpack_state(bytes, "current.spa");
+    return guides.clear_ground != 0 ? std::optional(mask_color) : std::nullopt;
+}
+
 /// Puts a PNG beside the BMP file of that name and removes the latter. False if it is no picture.
-bool turn_into_png(const std::string& path) {
+bool turn_into_png(const std::string& path, std::optional<Color> ground) {
     const OwnedBitmap picture = load_bmp_file(path);
     Bytes bytes;
-    return picture && write_png(picture.get(), bytes) && write_file(path + ".png", bytes.data(), bytes.size()) &&
-           remove_file(path);
+    const auto encode = [&] {
+        return ground ? write_clear_png(picture.get(), *ground, bytes, PNG_BEST) : write_png(picture.get(), bytes);
+    };
+    return picture && encode() && write_file(path + ".png", bytes.data(), bytes.size()) && remove_file(path);
 }
 
 /// Takes all out that can be: a damaged picture stays as it is, and is told.
@@ -134,12 +147,14 @@ int extract(Words words, bool as_png) {
     for (int i = 0; i < count; ++i)
         for (const char* ending : {"", ".png"})
             if (file_exists(path_of_part(i) + ending)) return fail(path_of_part(i) + ending + " is there already");
+    const std::optional<Color> ground =
+        as_png ? ground_of(file, contents.parts[static_cast<unsigned>(count - 1)]) : std::nullopt;
     CopyBuffer buffer;
     int result = EXIT_DONE;
     for (int i = 0; i < count; ++i) {
         if (unpack_component(file, contents.parts[static_cast<unsigned>(i)], path_of_part(i), buffer) != 0)
             return fail(path_of_part(i) + " can't be written");
-        if (as_png && i + 1 < count && !turn_into_png(path_of_part(i)))
+        if (as_png && i + 1 < count && !turn_into_png(path_of_part(i), i < frames ? ground : std::nullopt))
             result = fail(path_of_part(i) + " can't be turned into a PNG");
     }
     return sync_disk(words[1]) ? result : fail("the disk can't be synced");

@@ -3,7 +3,9 @@
 #include "base/bitmap.h"
 #include "base/log.h"
 #include "base/memory.h"
+#include "codecs/alpha.h"
 #include "codecs/bmp_file.h"
+#include "codecs/clear_ground.h"
 #include "codecs/gif.h"
 #include "codecs/jpeg.h"
 #include "codecs/png.h"
@@ -14,7 +16,9 @@
 #include "platform/input_file.h"
 #include "platform/uri_list.h"
 #include "state/frames.h"
+#include "state/guides.h"
 #include "state/run.h"
+#include "windows/files/alpha_box.h"
 #include "windows/files/picture_formats.h"
 #include "windows/kit/confirm_box.h"
 #include "windows/kit/over_frame.h"
@@ -32,41 +36,48 @@ namespace nubo {
 namespace {
 
 constexpr const char *png_kind = "image/png", *bmp_kind = "image/bmp";
-constexpr Color color_bits = 0xffffff;
 
 // ---- Out -----------------------------------------------------------------------------------------------------------
 
+struct CopiedPicture {
+    OwnedBitmap bitmap;
+    std::optional<Color> ground;  // the colour of it that is clear
+};
 // What was copied here last, for as long as it is on the clipboard: the offer holds it.
-std::weak_ptr<BITMAP> copied;
+std::weak_ptr<const CopiedPicture> copied;
 
-bool encode(BITMAP* picture, const std::string& kind, Bytes& bytes) {
+bool encode(const CopiedPicture& picture, const std::string& kind, Bytes& bytes) {
+    BITMAP* const bitmap = picture.bitmap.get();
     const auto write = [&] {
-        return kind == png_kind ? write_png(picture, bytes, PNG_FAST) : (write_bmp(picture, bytes), true);
+        if (kind != png_kind) return write_bmp(bitmap, bytes), true;
+        return picture.ground ? write_clear_png(bitmap, *picture.ground, bytes, PNG_FAST)
+                              : write_png(bitmap, bytes, PNG_FAST);
     };
     return unless_memory_ends(write, false);
 }
 
-// ---- In ------------------------------------------------------------------------------------------------------------
-
-ReadPicture read_cut_out_gif(FileBytes bytes) {
-    ReadPicture picture = read_gif(bytes);
-    for (int y = 0; picture.bitmap && y < picture.bitmap->h; ++y) {
-        Color* const row = pixels_at(picture.bitmap.get(), 0, y);
-        std::replace(row, row + picture.bitmap->w, transparent_color, Color{clear_pixel});
-    }
-    return picture;
+bool put(OwnedBitmap bitmap, std::optional<Color> ground) {
+    if (!bitmap) return false;
+    const auto kept = std::make_shared<const CopiedPicture>(CopiedPicture{std::move(bitmap), ground});
+    const bool offered = offer_to_clipboard(
+        {{png_kind, bmp_kind}, [kept](const std::string& kind, Bytes& bytes) { return encode(*kept, kind, bytes); }});
+    if (offered) copied = kept;
+    return offered;
 }
+
+/// As another program would get it.
+ReadPicture copy_of(const CopiedPicture& picture) {
+    ReadPicture copy{copy_bitmap(picture.bitmap.get())};
+    if (copy.bitmap && picture.ground) copy.has_alpha = set_alpha_by_ground(copy.bitmap.get(), *picture.ground) > 0;
+    return copy;
+}
+
+// ---- In ------------------------------------------------------------------------------------------------------------
 
 ReadPicture read_listed_picture(FileBytes list) {
     const std::optional<std::string> path = only_local_file({reinterpret_cast<const char*>(list.data()), list.size()});
     if (!path) return {nullptr, "it doesn't name a single file of this machine"};
-    FileType type = file_type_from_magic(*path);
-    if (type == FILE_PNG || type == FILE_GIF) {
-        constexpr std::size_t file_size_max = std::size_t{1} << 30;
-        Bytes bytes;
-        if (read_file(*path, file_size_max, bytes))
-            return type == FILE_PNG ? read_cut_out_png(bytes) : read_cut_out_gif(bytes);
-    }
+    FileType type = FILE_UNKNOWN;
     return read_picture_file(*path, type);
 }
 
@@ -76,12 +87,12 @@ struct PictureKind {
 };
 /// The best first. BMP has gone by several names.
 constexpr std::array<PictureKind, 7> picture_kinds{{
-    {png_kind, read_cut_out_png},
+    {png_kind, read_png},
     {bmp_kind, read_bmp},
     {"image/x-bmp", read_bmp},
     {"image/x-MS-bmp", read_bmp},
     {"image/jpeg", read_jpeg},
-    {"image/gif", read_cut_out_gif},
+    {"image/gif", read_gif},
     {"text/uri-list", read_listed_picture},
 }};
 
@@ -111,7 +122,7 @@ bool wait_for_picture(std::optional<Waiting>& wait, int pass) {
 FetchEnd fetch_picture(ReadPicture& picture) {
     serve_clipboard();  // another program may have copied just now
     if (const auto ours = copied.lock()) {
-        picture.bitmap = copy_bitmap(ours.get());
+        picture = copy_of(*ours);
         return FETCH_DONE;
     }
     std::vector<std::string> kinds;
@@ -136,16 +147,7 @@ FetchEnd fetch_picture(ReadPicture& picture) {
 
 // ---- Pasting -------------------------------------------------------------------------------------------------------
 
-/// Makes `clear` of the clear pixels.
-void settle_row(const Color* from, int count, Color clear, Color* to) {
-    std::transform(from, from + count, to, [clear](Color pixel) { return pixel == clear_pixel ? clear : pixel; });
-}
-
 void float_over_frame(OwnedBitmap picture) {
-    for (int y = 0; y < picture->h; ++y) {
-        Color* const row = pixels_at(picture.get(), 0, y);
-        settle_row(row, picture->w, transparent_color, row);
-    }
     const BorrowedCel borrowed(std::move(picture), 0, 0);
     if (!borrowed) return flash_message(MESSAGE_NO_MEMORY);
     run_over_shadow([] { place_cel(false, true); });
@@ -154,8 +156,7 @@ void float_over_frame(OwnedBitmap picture) {
 void fill_frame(BITMAP* picture) {
     if (!save_undo(false)) return;
     const int width = std::min(picture->w, current_frame->w), height = std::min(picture->h, current_frame->h);
-    for (int y = 0; y < height; ++y)
-        settle_row(pixels_at(picture, 0, y), width, mask_color & color_bits, pixels_at(current_frame, 0, y));
+    blit(picture, current_frame, 0, 0, 0, 0, width, height);
     note_touched({0, 0, width - 1, height - 1});
 }
 
@@ -169,18 +170,14 @@ bool let_frame_grow(const BITMAP* picture) {
 }  // namespace
 
 int clipboard_put(BITMAP* bitmap) {
-    const std::shared_ptr<BITMAP> kept = copy_bitmap(bitmap);
-    if (!kept) return 0;
-    const bool offered = offer_to_clipboard({{png_kind, bmp_kind}, [kept](const std::string& kind, Bytes& bytes) {
-                                                 return encode(kept.get(), kind, bytes);
-                                             }});
-    if (offered) copied = kept;
-    return offered ? 1 : 0;
+    const bool is_clear = guides.clear_ground != 0;
+    return put(copy_bitmap(bitmap), is_clear ? std::optional(mask_color) : std::nullopt) ? 1 : 0;
 }
 
 BITMAP* clipboard_get() {
     ReadPicture picture;
     fetch_picture(picture);
+    settle_alpha(picture, ALPHA_MASK, mask_color, mask_color);
     return picture.bitmap.release();
 }
 
@@ -189,16 +186,18 @@ void clipboard_copy() {
 }
 
 void clipboard_paste() {
-    ReadPicture fetched;
-    if (fetch_picture(fetched) == FETCH_LEFT) return;
-    OwnedBitmap picture = std::move(fetched.bitmap);
-    if (!picture) return flash_message(MESSAGE_CLIPBOARD_EMPTY);
-    if (!let_frame_grow(picture.get())) return;
-    if (picture->w < frame_w && picture->h < frame_h)
-        float_over_frame(std::move(picture));
+    ReadPicture picture;
+    if (fetch_picture(picture) == FETCH_LEFT) return;
+    if (!picture.bitmap) return flash_message(MESSAGE_CLIPBOARD_EMPTY);
+    const std::optional<AlphaRule> rule = !picture.has_alpha || !copied.expired() ? ALPHA_MASK : ask_alpha_rule();
+    if (!rule || !let_frame_grow(picture.bitmap.get())) return;
+    const bool floats = picture.bitmap->w < frame_w && picture.bitmap->h < frame_h;
+    settle_alpha(picture, *rule, mask_color, floats ? transparent_color : mask_color);
+    if (floats)
+        float_over_frame(std::move(picture.bitmap));
     else
-        fill_frame(picture.get());
-    const std::string lost = loss_text(fetched.loss);
+        fill_frame(picture.bitmap.get());
+    const std::string lost = loss_text(picture.loss);
     if (!lost.empty() && exit_requested == 0) flash_text("FROM THE CLIPBOARD" + lost);
 }
 

@@ -8,9 +8,11 @@
 #include "gui/typed_text.h"
 #include "platform/places.h"
 #include "platform/safe_file.h"
+#include "state/guides.h"
 #include "state/mouse.h"
 #include "state/options.h"
 #include "state/run.h"
+#include "windows/files/browser_names.h"
 #include "windows/files/browser_start.h"
 #include "windows/files/file_browser_rows.h"
 #include "windows/files/file_list.h"
@@ -40,33 +42,6 @@ std::array<char, path_size>& home_of(BrowserMode mode) {
     return mode == BROWSE_FOR_FONT ? default_font_dir : default_image_dir;
 }
 
-// ---- Names and folders ---------------------------------------------------------------------------------------------
-
-std::string path_in(const std::string& folder, const std::string& name) {
-    return folder == "/" ? folder + name : folder + "/" + name;
-}
-
-/// The path without ".." and a slash at its end.
-std::string plain_path(const std::string& path) {
-    std::string plain = fs::path(path).lexically_normal();
-    while (plain.size() > 1 && plain.back() == '/') plain.pop_back();
-    return plain;
-}
-
-/// The path of what the list names.
-std::string path_of_entry(const std::string& name) { return plain_path(path_in(image_dir.data(), name)); }
-
-/// What the user has typed, as an absolute path.
-std::string absolute_path(const std::string& typed) {
-    const std::string path = expand_home(typed);
-    return path.starts_with('/') ? plain_path(path) : path_of_entry(path);
-}
-
-bool is_folder(const std::string& path) {
-    std::error_code away;
-    return fs::is_directory(path, away);
-}
-
 template <std::size_t N> void set_text(std::array<char, N>& to, const std::string& text) {
     to.fill('\0');
     if (text.size() < N) std::copy(text.begin(), text.end(), to.begin());
@@ -78,22 +53,6 @@ std::string field_text(int slot) {
     return text.data();
 }
 
-/// A font in a form that TEXT takes, beside those of the table of formats.
-bool is_other_font(const std::string& name) {
-    std::string ending = fs::path(name).extension();
-    std::transform(ending.begin(), ending.end(), ending.begin(),
-                   [](unsigned char letter) { return std::tolower(letter); });
-    return ending == ".otf" || ending == ".bdf";
-}
-
-std::vector<std::string_view> endings_of_filter(int filter) {
-    if (filter == -1) return {};
-    const FileType type = filter_types[at(filter)];
-    if (type == FILE_UNKNOWN) return {otf_ending};
-    const auto endings = file_format(type).endings;
-    return {endings.begin(), endings.end()};
-}
-
 // ---- The browser ---------------------------------------------------------------------------------------------------
 
 class FileBrowser {
@@ -101,9 +60,8 @@ public:
     FileBrowser(BrowserMode mode, FilePurpose purpose)
         : mode_(mode), purpose_(purpose),
           places_(mode == BROWSE_FOR_FONT ? find_font_places(program_dir.data()) : find_places(program_dir.data())),
-          offers_previous_(mode == BROWSE_TO_LOAD && purpose == PURPOSE_ARCHIVE &&
-                           !list_previous_workspaces().empty()) {
-        if (offers_previous_) places_.resize(std::min<std::size_t>(places_.size(), places_beside_previous));
+          extra_(extra_of(mode, purpose)) {
+        places_.resize(std::min(places_.size(), at(places_beside(extra_))));
     }
 
     /// The chosen path, empty after CANCEL.
@@ -114,10 +72,7 @@ public:
         set_text(image_file, start.file);
         WindowRow row = browser_window;
         row.gives_way = mode_ != BROWSE_TO_SAVE;
-        if (!offers_previous_) {
-            row.child_count -= 1;
-            row.elements = row.elements.first(row.elements.size() - 1);
-        }
+        if (extra_ != EXTRA_NONE) row.child_count = BROWSER_SLOTS;
         if (mode_ == BROWSE_TO_SAVE) {
             row.title = LABEL_SAVE_FILE;
             row.focus = BROWSER_FILE;
@@ -132,17 +87,28 @@ public:
         return end == WINDOW_DONE ? chosen_ : "";
     }
 
+    /// The chosen picture is to be the Cel.
+    bool cuts_out() const { return cuts_out_; }
+
 private:
     // Building.
 
+    static BrowserExtra extra_of(BrowserMode mode, FilePurpose purpose) {
+        const bool loads = mode == BROWSE_TO_LOAD;
+        if (purpose == PURPOSE_PICTURE) return loads ? EXTRA_CUT_OUT : EXTRA_CLEAR;
+        return loads && purpose == PURPOSE_ARCHIVE && !list_previous_workspaces().empty() ? EXTRA_PREVIOUS : EXTRA_NONE;
+    }
+
     void fill() {
+        if (extra_ != EXTRA_NONE) build_element(browser_extra_row(extra_), window_x(), window_y());
         for (const int field : {BROWSER_PATH, BROWSER_FILE}) GUI_set_field(field, field_layout, "");
         fill_places();
         fill_filters();
         set_home_button();
         show_folder();
         show_name(image_file.data());
-        set_preview_message(PREVIEW_UNAVAILABLE);
+        show_nothing();
+        show_clear_button();
     }
 
     void fill_places() const {
@@ -230,13 +196,27 @@ private:
         show_preview(false);
     }
 
+    /// With CLEAR on the Frame is seen as it will be saved, in place of any file that isn't asked for.
+    bool shows_frame() const { return extra_ == EXTRA_CLEAR && guides.clear_ground != 0; }
+
+    void show_nothing() const {
+        if (!shows_frame()) return set_preview_message(PREVIEW_UNAVAILABLE);
+        shown_type_ = written_type(named_path());
+        preview_clear_frame(shown_type_);
+    }
+
+    void show_clear_button() const {
+        if (extra_ == EXTRA_CLEAR) gui::type[BROWSER_EXTRA] = shows_frame() ? ELEMENT_BUTTON_DOWN : ELEMENT_BUTTON;
+    }
+
     void show_preview(bool asked) const {
         const std::string name = field_text(BROWSER_FILE);
+        if (shows_frame() && !asked) return show_nothing();
         if (name.empty()) return;
         const FileType type = file_type_from_extension(name, mode_);
         const bool is_known = type != FILE_UNKNOWN || (mode_ == BROWSE_FOR_FONT && is_other_font(name));
         if (!is_known && !asked)
-            set_preview_message(PREVIEW_UNAVAILABLE);
+            show_nothing();
         else if (mode_ == BROWSE_FOR_FONT)
             preview_font_file(absolute_path(name));
         else
@@ -251,10 +231,20 @@ private:
         if (take_click(BROWSER_HOME) > 0) flip_home();
         serve_filters();
         serve_places();
-        if (offers_previous_ && take_click(BROWSER_PREVIOUS) > 0 && picks_previous()) return WINDOW_DONE;
+        const bool extra = extra_ != EXTRA_NONE && take_click(BROWSER_EXTRA) > 0;
+        if (extra && extra_ == EXTRA_PREVIOUS && picks_previous()) return WINDOW_DONE;
+        cuts_out_ = extra && extra_ == EXTRA_CUT_OUT;
+        if (extra && extra_ == EXTRA_CLEAR) flip_clear();
+        if (shows_frame() && written_type(named_path()) != shown_type_) show_nothing();
         if (take_click(BROWSER_PREVIEW) > 0) show_preview(true);
         const bool okay = take_click(BROWSER_OKAY) > 0, entered = take_click(BROWSER_FILE) > 0;
-        return (okay || entered || doubled || keyed) && commit() ? WINDOW_DONE : WINDOW_STAYS;
+        return (okay || entered || doubled || keyed || cuts_out_) && commit() ? WINDOW_DONE : WINDOW_STAYS;
+    }
+
+    void flip_clear() const {
+        guides.clear_ground = 1 - guides.clear_ground;
+        show_clear_button();
+        show_nothing();
     }
 
     /// True after the second of two quick clicks on one name.
@@ -315,7 +305,7 @@ private:
         file_cursor = -1;
         set_text(image_file, "");
         show_name(sought_.text());
-        set_preview_message(PREVIEW_UNAVAILABLE);
+        show_nothing();
     }
 
     static bool is_entry(int index) { return index >= 0 && at(index) < file_names.size(); }
@@ -395,8 +385,10 @@ private:
     BrowserMode mode_;
     FilePurpose purpose_;
     std::vector<Place> places_;
-    bool offers_previous_;
-    int filter_ = -1;  // the lit filter button, -1 none
+    BrowserExtra extra_;
+    bool cuts_out_ = false;
+    mutable FileType shown_type_ = FILE_UNKNOWN;  // of which the Frame is shown with its mask colour clear
+    int filter_ = -1;                             // the lit filter button, -1 none
     bool pressed_ = false;
     std::string chosen_, name_at_pick_;  // the latter: in the FILE field when an entry was chosen last
     KeyTaps keys_;
@@ -408,7 +400,8 @@ private:
 void file_browser(BrowserMode mode, FilePurpose purpose) {
     const auto images_dir = image_dir;
     const auto images_file = image_file;
-    const std::string path = FileBrowser(mode, purpose).run();
+    FileBrowser browser(mode, purpose);
+    const std::string path = browser.run();
     if (purpose != PURPOSE_PICTURE) {  // who looks for anything else doesn't leave his pictures
         image_dir = images_dir;
         image_file = images_file;
@@ -416,6 +409,8 @@ void file_browser(BrowserMode mode, FilePurpose purpose) {
     if (path.empty()) return;
     if (mode == BROWSE_TO_SAVE)
         save_file(path, purpose);
+    else if (browser.cuts_out())
+        load_cut_out(path);
     else
         load_file(path, purpose);
 }

@@ -23,24 +23,54 @@ enum BrowserSlot : int {
     BROWSER_OKAY,
     BROWSER_HOME,
     BROWSER_CANCEL,
-    BROWSER_PREVIOUS,  // over the last places; only where a Workspace is loaded and there is a previous one
+    BROWSER_EXTRA,  // one button over the last places, for what only some look for; none is there without
     BROWSER_SLOTS
 };
-inline constexpr int places_beside_previous = places_shown - 4;
 
 constexpr ElementRow browser_place_row(int place) {
     constexpr int first_x = 64, pitch = 15, width = 14;
     return {.slot = BROWSER_PLACE_FIRST + place, .x = first_x + pitch * place, .y = 2, .w = width};
 }
 
-constexpr ElementRow browser_previous_row() {
-    ElementRow row = browser_place_row(places_beside_previous);
-    row.slot = BROWSER_PREVIOUS;
-    row.type = ELEMENT_BUTTON_LIT;
-    row.w = 59;
-    row.left = ACTION_CLICK;
-    row.label = LABEL_PREVIOUS_WORKSPACE;
-    row.tooltip = MESSAGE_PREVIOUS_WORKSPACE;
+/// What the extra button does: shows the previous Workspaces, loads a picture as the Cel, saves with clear pixels.
+enum BrowserExtra : int { EXTRA_PREVIOUS, EXTRA_CUT_OUT, EXTRA_CLEAR, EXTRA_NONE };
+
+struct ExtraRow {
+    BrowserExtra extra;
+    int places;  // which it covers, from the last one on
+    ElementRow element;
+};
+inline constexpr std::array<ExtraRow, EXTRA_NONE> browser_extras{{
+    {EXTRA_PREVIOUS,
+     4,
+     {.slot = BROWSER_EXTRA,
+      .type = ELEMENT_BUTTON_LIT,
+      .w = 59,
+      .label = LABEL_PREVIOUS_WORKSPACE,
+      .left = ACTION_CLICK,
+      .tooltip = MESSAGE_PREVIOUS_WORKSPACE}},
+    {EXTRA_CUT_OUT,
+     3,
+     {.slot = BROWSER_EXTRA,
+      .type = ELEMENT_BUTTON_LIT,
+      .w = 44,
+      .left = ACTION_CLICK,
+      .tooltip = MESSAGE_CUT_OUT,
+      .text = "CUT-OUT"}},
+    {EXTRA_CLEAR,
+     3,
+     {.slot = BROWSER_EXTRA, .w = 44, .left = ACTION_FLIP_CLICK, .tooltip = MESSAGE_CLEAR_GROUND, .text = "CLEAR"}},
+}};
+static_assert(rows_in_order(browser_extras, &ExtraRow::extra));
+
+constexpr int places_beside(BrowserExtra extra) {
+    return extra == EXTRA_NONE ? places_shown : places_shown - browser_extras[at(extra)].places;
+}
+
+constexpr ElementRow browser_extra_row(BrowserExtra extra) {
+    ElementRow row = browser_extras[at(extra)].element;
+    const ElementRow place = browser_place_row(places_beside(extra));
+    row.x = place.x, row.y = place.y;
     return row;
 }
 
@@ -54,7 +84,7 @@ constexpr ElementRow browser_filter_row(int filter) {
             .tooltip = static_cast<Message>(MESSAGE_FILTER_GIF + filter)};
 }
 
-using BrowserRows = std::array<ElementRow, BROWSER_SLOTS - slot_content>;
+using BrowserRows = std::array<ElementRow, BROWSER_EXTRA - slot_content>;
 
 consteval BrowserRows browser_rows() {
     BrowserRows rows{};
@@ -87,7 +117,6 @@ consteval BrowserRows browser_rows() {
     add_button(BROWSER_OKAY, 2, LABEL_OKAY);
     add_button(BROWSER_HOME, 71, LABEL_HOME);
     add_button(BROWSER_CANCEL, 139, LABEL_CANCEL);
-    add(browser_previous_row());
     return rows;
 }
 inline constexpr BrowserRows browser_elements = browser_rows();
@@ -99,7 +128,7 @@ inline constexpr WindowRow browser_window{.id = WINDOW_FILE_BROWSER,
                                           .y = 115,
                                           .w = 319,
                                           .h = 124,
-                                          .child_count = BROWSER_SLOTS,
+                                          .child_count = BROWSER_EXTRA,
                                           .title = LABEL_LOAD_FILE,
                                           .title_w = 61,
                                           .elements = browser_elements,

@@ -1,10 +1,14 @@
 #include "windows/files/file_preview.h"
 
+#include "codecs/alpha.h"
+#include "codecs/clear_ground.h"
 #include "framework/outline_font.h"
 #include "framework/text.h"
 #include "paint/cel_pixels.h"
 #include "platform/input_file.h"
 #include "platform/safe_file.h"
+#include "state/colors.h"
+#include "state/frames.h"
 #include "state/options.h"
 #include "state/run.h"
 #include "windows/files/picture_formats.h"
@@ -35,6 +39,32 @@ void show_picture(BITMAP* picture) {
         stretch_blit(picture, preview_bitmap, 0, 0, picture->w, picture->h, 0, 0, preview_w, preview_h);
     else
         reduce_bitmap(picture, preview_bitmap, 0, 0, preview_w, preview_h);
+}
+
+// ---- Clear pixels --------------------------------------------------------------------------------------------------
+
+/// Lays a picture with alpha on a checker, whose squares have one size in the preview.
+void lay_on_checker(BITMAP* picture) {
+    constexpr int square = 6;
+    constexpr std::array<Color, 2> colors{0xb0b0b0, 0x707070};
+    for (int y = 0; y < picture->h; ++y) {
+        const int row = y * preview_h / picture->h / square;
+        Color* const pixels = pixels_at(picture, 0, y);
+        for (int x = 0; x < picture->w; ++x)
+            pixels[x] = flattened(pixels[x], colors[at((x * preview_w / picture->w / square + row) % 2)]);
+    }
+}
+
+/// Two lines along the lower edge.
+void show_lines(const std::string& first, const std::string& second) {
+    constexpr int line_h = 8, text_h = 6, top = preview_h - 2 * line_h - 1;
+    rectfill(preview_bitmap, 0, top, preview_w - 1, preview_h - 1, static_cast<int>(fixed_black));
+    set_font(FONT_WIDE, TEXT_GRAY);
+    int y = top + (line_h - text_h);
+    for (const std::string& text : {first, second}) {
+        UA_text(preview_bitmap, (preview_w - text_width(text)) / 2, y, text);
+        y += line_h;
+    }
 }
 
 // ---- Fonts ---------------------------------------------------------------------------------------------------------
@@ -105,7 +135,22 @@ void preview_picture(const std::string& path, FileType type, bool asked) {
     FileType read_as = FILE_UNKNOWN;
     const ReadPicture picture = read_picture_file(path, read_as);
     if (!picture.bitmap) return set_preview_message(why_unreadable(path).empty() ? PREVIEW_BORKED : PREVIEW_UNREADABLE);
+    if (picture.has_alpha) lay_on_checker(picture.bitmap.get());
     show_picture(picture.bitmap.get());
+}
+
+void preview_clear_frame(FileType type) {
+    const OwnedBitmap picture = copy_bitmap(current_frame);
+    if (!picture) return set_preview_message(PREVIEW_UNAVAILABLE);
+    const FileFormat& format = file_format(type);
+    if (!format.tells_clear) {
+        show_picture(picture.get());
+        return show_lines("NO CLEAR PIXELS", "IN A " + std::string(format.ending()));
+    }
+    const int count = set_alpha_by_ground(picture.get(), mask_color);
+    lay_on_checker(picture.get());
+    show_picture(picture.get());
+    show_lines(std::to_string(count) + (count == 1 ? " PIXEL" : " PIXELS"), "WILL BE CLEAR");
 }
 
 }  // namespace nubo

@@ -1,9 +1,11 @@
 #include "windows/files/opened_files.h"
 
 #include "base/log.h"
+#include "codecs/alpha.h"
 #include "gui/elements.h"
 #include "gui/shown_names.h"
 #include "platform/input_file.h"
+#include "state/colors.h"
 #include "state/frame_sources.h"
 #include "state/frames.h"
 #include "windows/files/picture_formats.h"
@@ -32,10 +34,12 @@ bool refuse(const std::string& file, const std::string& cause) {
 bool open_as_frame(const std::string& file, PictureLoss& loss) {
     if (frame_count >= frame_slots) return refuse(file, "there are 100 Frames already");
     FileType type = FILE_UNKNOWN;
-    const ReadPicture picture = read_picture_file(file, type);
+    ReadPicture picture = read_picture_file(file, type);
     if (!picture.bitmap) return refuse(file, picture.cause);
+    settle_alpha(picture, ALPHA_MASK, mask_color, mask_color);
     if (!append_frame(picture.bitmap.get())) return refuse(file, "its Frame can't be written to the workspace");
     loss.alpha = loss.alpha || picture.loss.alpha;
+    loss.moved += picture.loss.moved;
     loss.images = std::max(loss.images, picture.loss.images);
     loss.sample_bits = std::max(loss.sample_bits, picture.loss.sample_bits);
     frame_source[at(frame_count - 1)] = file;

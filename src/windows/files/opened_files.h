@@ -6,7 +6,8 @@
 namespace nubo {
 
 /// Loads a Workspace's archive, the first of them alone, in place of what stands, and opens each picture as a new Frame
-/// at the end of the row; the first of them becomes the current one, and SAVE offers each its own file. What can't be
+/// at the end of the row; the first of them becomes the current one, and SAVE offers each its own file. Who only
+/// names files isn't asked about their alpha: what is clear becomes the mask colour. What can't be
 /// read, and what finds no free slot, is named on standard error, in the log and, the last of it, in the status bar.
 void open_files(const std::vector<std::string>& files);
 

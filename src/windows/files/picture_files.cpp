@@ -3,16 +3,22 @@
 #include "base/log.h"
 #include "gui/shown_names.h"
 #include "gui/window.h"
+#include "paint/cel_pixels.h"
 #include "platform/input_file.h"
 #include "platform/safe_file.h"
+#include "state/cel.h"
+#include "state/colors.h"
 #include "state/frame_sources.h"
 #include "state/frames.h"
 #include "state/options.h"
 #include "windows/colors/color_files.h"
 #include "windows/colors/scheme.h"
+#include "windows/files/alpha_box.h"
 #include "windows/files/jpeg_quality_window.h"
 #include "windows/files/picture_formats.h"
 #include "windows/files/workspace_archives.h"
+#include "windows/kit/over_frame.h"
+#include "windows/kit/placement.h"
 #include "windows/kit/run_window.h"
 #include "workspace/frame_memory.h"
 #include "workspace/frame_slot.h"
@@ -28,26 +34,38 @@ namespace fs = std::filesystem;
 
 std::string size_text(const BITMAP* picture) { return std::to_string(picture->w) + "X" + std::to_string(picture->h); }
 
-bool load_picture(const std::string& path) {
+bool tell_unreadable(const std::string& path) {
+    flash_text(why_unreadable(path).empty() ? "THIS PICTURE CAN'T BE READ. SEE UA_LOG.TXT"
+                                            : "THIS FILE MAY NOT BE READ");
+    return false;
+}
+
+/// The picture of the file with its alpha; without a bitmap, and told, if it can't be read.
+ReadPicture read_told(const std::string& path, FileType& type) {
     std::error_code no_file;
     if (!fs::exists(path, no_file)) {
         UA_log("[ ERROR ] : Tried to load non-existent file! Name = %s", path.c_str());
         flash_text("THERE IS NO SUCH FILE");
-        return false;
+        return {};
     }
     const BusyNotice notice(fs::file_size(path, no_file));
-    FileType type = FILE_UNKNOWN;
     ReadPicture picture = read_picture_file(path, type);
-    const bool is_whole = picture.cause.empty();
-    if (!picture.bitmap || !take_as_changed(std::move(picture.bitmap))) {
-        flash_text(why_unreadable(path).empty() ? "THIS PICTURE CAN'T BE READ. SEE UA_LOG.TXT"
-                                                : "THIS FILE MAY NOT BE READ");
-        return false;
-    }
+    if (!picture.bitmap) tell_unreadable(path);
+    return picture;
+}
+
+void tell_loaded(const ReadPicture& picture, const std::string& what) {
+    const std::string all = what + loss_text(picture.loss);
+    flash_text(picture.cause.empty() ? "LOADED " + all : "DAMAGED FILE. LOADED WHAT THERE IS: " + all);
+}
+
+bool load_picture(const std::string& path) {
+    FileType type = FILE_UNKNOWN;
+    ReadPicture picture = read_told(path, type);
+    if (!picture.bitmap || !settle_alpha_by_user(picture, mask_color)) return false;
+    if (!take_as_changed(std::move(picture.bitmap))) return tell_unreadable(path);
     frame_source[at(frame_index)] = fs::path(path).filename();
-    const std::string what =
-        size_text(current_frame) + " " + std::string(file_format(type).ending()) + loss_text(picture.loss);
-    flash_text(is_whole ? "LOADED " + what : "DAMAGED FILE. LOADED WHAT THERE IS: " + what);
+    tell_loaded(picture, size_text(current_frame) + " " + std::string(file_format(type).ending()));
     return true;
 }
 
@@ -99,6 +117,20 @@ bool is_workspace_file(const std::string& path) {
     if (file.parent_path() == program) return is_previous_name(file.filename().string());
     const bool is_inside = file.parent_path() == fs::weakly_canonical(program / "WORKSPACE", away);
     return is_inside && (is_stem(file.stem().string()) || file.stem() == "frames");
+}
+
+bool load_cut_out(const std::string& path) {
+    if (purpose_of(file_type_of(path), PURPOSE_PICTURE) != PURPOSE_PICTURE)
+        return flash_text("ONLY A PICTURE CAN BE THE CEL"), false;
+    FileType type = FILE_UNKNOWN;
+    ReadPicture picture = read_told(path, type);
+    if (!picture.bitmap) return false;
+    settle_alpha(picture, ALPHA_MASK, mask_color, transparent_color);
+    if (!take_cel(std::move(picture.bitmap))) return flash_message(MESSAGE_NO_MEMORY), false;
+    cel_x = cel_y = 0;
+    run_over_shadow([] { place_cel(true, true); });
+    if (exit_requested == 0) tell_loaded(picture, "THE CEL OF " + size_text(cel_mask));
+    return true;
 }
 
 bool load_file(const std::string& path, FilePurpose purpose) {

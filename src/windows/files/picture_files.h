@@ -6,9 +6,13 @@
 
 namespace nubo {
 
-/// Loads the file as the purpose asks: a picture into the Frame, a Workspace, the favourites, the ColorScheme. On
-/// failure nothing changes. True when it was loaded.
+/// Loads the file as the purpose asks: a picture into the Frame, where the user says what becomes of its alpha, a
+/// Workspace, the favourites, the ColorScheme. On failure nothing changes. True when it was loaded.
 bool load_file(const std::string& path, FilePurpose purpose);
+
+/// Loads the picture as the Cel, with its clear pixels clear, and has the user place it. False, and told, with the Cel
+/// as it was, if it can't be read.
+bool load_cut_out(const std::string& path);
 
 /// True if something may be saved under that name. False, and told: it belongs to the Workspace, its file is write
 /// protected, or a picture of that ending isn't written here.

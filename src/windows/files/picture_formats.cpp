@@ -10,6 +10,8 @@
 #include "platform/input_file.h"
 #include "platform/memory_packfile.h"
 #include "platform/safe_file.h"
+#include "state/colors.h"
+#include "state/guides.h"
 #include "state/options.h"
 #include "workspace/bmp_files.h"
 #include <algorithm>
@@ -37,7 +39,12 @@ template <bool (*encode)(BITMAP*, Bytes&)> bool write_whole(const std::string& p
 }
 
 bool encode_gif(BITMAP* picture, Bytes& bytes) {
-    return write_gif(picture, static_cast<GifReduction>(int{opt_gif_reduction}), bytes);
+    const auto reduction = static_cast<GifReduction>(int{opt_gif_reduction});
+    return guides.clear_ground != 0 ? write_clear_gif(picture, mask_color, reduction, bytes)
+                                    : write_gif(picture, reduction, bytes);
+}
+bool encode_png(BITMAP* picture, Bytes& bytes) {
+    return guides.clear_ground != 0 ? write_clear_png(picture, mask_color, bytes, PNG_BEST) : write_png(picture, bytes);
 }
 bool write_jpeg_file(const std::string& path, BITMAP* picture) { return save_jpeg(path, picture, jpeg_quality); }
 
@@ -48,12 +55,14 @@ constexpr std::array<std::string_view, 1> gif_endings{"GIF"}, pcx_endings{"PCX"}
 constexpr std::array<std::string_view, 2> jpg_endings{"JPG", "JPEG"};
 constexpr std::array<std::string_view, 3> lbm_endings{"LBM", "IFF", "ILBM"};
 
+constexpr bool has_clear = true;
+
 // A picture in a type that isn't written is a PNG, known by its first bytes when it comes back.
 constexpr std::array<FileFormat, FILE_TYPE_COUNT> file_formats{{
-    {FILE_GIF, gif_endings, "GIF", 0, read_whole<read_gif>, write_whole<encode_gif>},
+    {FILE_GIF, gif_endings, "GIF", 0, read_whole<read_gif>, write_whole<encode_gif>, PURPOSE_PICTURE, has_clear},
     {FILE_PCX, pcx_endings, "", 0, read_whole<read_pcx>, write_whole<write_pcx>},
     {FILE_BMP, bmp_endings, "BM", 0, read_whole<read_bmp>, save_bmp_file},
-    {FILE_PNG, png_endings, "PNG", 1, read_whole<read_png>, write_whole<write_png>},
+    {FILE_PNG, png_endings, "PNG", 1, read_whole<read_png>, write_whole<encode_png>, PURPOSE_PICTURE, has_clear},
     {FILE_JPG, jpg_endings, "\xff\xd8", 0, load_jpeg, write_jpeg_file},
     {FILE_LBM, lbm_endings, "FORM", 0, read_whole<read_ilbm>},
     {.type = FILE_TTF, .endings = ttf_endings, .purpose = PURPOSE_FONT},
@@ -146,6 +155,7 @@ std::string loss_text(const PictureLoss& loss) {
     std::string text;
     if (loss.images > 1) text += ". FIRST OF " + std::to_string(loss.images) + " IMAGES";
     if (loss.alpha) text += ". ALPHA DROPPED";
+    if (loss.moved > 0) text += ". " + std::to_string(loss.moved) + " PIXELS MOVED OFF THE MASK COLOR";
     if (loss.sample_bits > 8) text += ". " + std::to_string(loss.sample_bits) + " BITS A CHANNEL CUT TO 8";
     return text;
 }

@@ -17,6 +17,7 @@ struct FileFormat {
     ReadPicture (*read)(const std::string& path) = nullptr;             // of pictures alone, like the next
     bool (*write)(const std::string& path, BITMAP* picture) = nullptr;  // wholly, or false after a log line; null: none
     FilePurpose purpose = PURPOSE_PICTURE;                              // for which it is loaded
+    bool tells_clear = false;                                           // it is written with clear pixels
 
     std::string_view ending() const { return endings.empty() ? std::string_view() : endings.front(); }
 };
@@ -47,14 +48,15 @@ FileType file_type_of(const std::string& path);
 /// Reads the picture at `path` by the ending of its name, or by its first bytes where they tell another format than
 /// the ending, or where the name has none. The reason why there is no bitmap, or not all of it, is in the log too; of
 /// a file that can't be read at all it is that of `why_unreadable`.
-/// `type` becomes what it was read as.
+/// `type` becomes what it was read as. Of its alpha, if it has any, the caller disposes.
 ReadPicture read_picture_file(const std::string& path, FileType& type);
 
-/// What was lost, as the status bar says it behind what was done: ". ALPHA DROPPED"; empty when nothing was.
+/// What was lost or changed, as the status bar says it behind what was done: ". ALPHA DROPPED"; empty when nothing was.
 std::string loss_text(const PictureLoss& loss);
 
 /// Writes the picture to the file at `path`, wholly or not at all, as its `written_type`.
-/// JPG takes the quality `jpeg_quality`, GIF its colours as `opt_gif_reduction` asks. False after a log line.
+/// JPG takes the quality `jpeg_quality`, GIF its colours as `opt_gif_reduction` asks; with `guides.clear_ground` the
+/// mask colour is clear in a PNG or GIF. False after a log line.
 bool write_picture_file(const std::string& path, BITMAP* picture);
 
 /// Reads the JPEG at `path`; one that can't be opened is named on standard error.
