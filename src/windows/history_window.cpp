@@ -51,7 +51,6 @@ constexpr WindowRow window{.y = view_h - window_h - 1,
                            .okay = HISTORY_OKAY,
                            .cancel = HISTORY_CANCEL,
                            .key = HOTKEY_HISTORY,
-                           .keys = KEYS_ESCAPE,  // what shows is not the Frame: nothing may leave it
                            .prompt = MESSAGE_TOLD,
                            .pans = true};
 
@@ -139,6 +138,7 @@ void history_window() {
         if (gui::click[at(HISTORY_FORGET)] > 0 || gui::click[at(HISTORY_FORGET_ALL)] > 0) {
             look.show(look.reach().done);  // what is forgotten is the Frame's own
             forgotten = asks_to_forget();
+            if (forgotten) gui::slider_value[slider] = look.shown();  // no step is left to look at
         }
         return forgotten ? WINDOW_CANCELLED : WINDOW_STAYS;
     };

@@ -42,7 +42,6 @@ constexpr WindowRow window{.id = WINDOW_JPG_QUALITY,
                            .base = high_slot,
                            .okay = QUALITY_OKAY,
                            .cancel = QUALITY_CANCEL,
-                           .keys = KEYS_ESCAPE,
                            .prompt = MESSAGE_JPG_QUALITY};
 
 constexpr std::size_t slider = at(high_slot + QUALITY_SLIDER);

@@ -7,6 +7,7 @@
 #include "gui/text_field.h"
 #include "gui/waiting.h"
 #include "state/flow.h"
+#include "state/frames.h"
 #include "state/hotkeys.h"
 #include "state/mouse.h"
 #include "state/run.h"
@@ -124,12 +125,15 @@ bool serve_outside(const WindowRow& window) {
     return window.outside == OUTSIDE_CANCELS;
 }
 
+/// While what shows is not the Frame nothing may leave it, from a box over the preview's window either.
+bool keys_act(const WindowRow& window) { return window.keys == KEYS_MODAL && frame_behind_preview == nullptr; }
+
 void show_pass(const WindowRow& window, const WindowCalls& calls, const Prompt& prompt) {
     if (calls.show) calls.show();
     prompt.keep(gui::hidden[at(window.base)] != 0 ? MESSAGE_WINDOW_HIDDEN : window.prompt);
-    hotkeys_busy = window.keys == KEYS_MODAL ? 0 : 1;  // which the pan keys heed
+    hotkeys_busy = keys_act(window) ? 0 : 1;  // which the pan keys heed
     update_screen(UPDATE_NORMAL);
-    if (window.keys == KEYS_MODAL) check_hotkeys(HOTKEYS_MODAL);
+    if (keys_act(window)) check_hotkeys(HOTKEYS_MODAL);
     if (window.pans && mouse_middle != 0) quick_pan();
 }
 
