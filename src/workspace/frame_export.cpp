@@ -1,7 +1,6 @@
 #include "workspace/frame_export.h"
 
 #include "codecs/apng.h"
-#include "codecs/clear_ground.h"
 #include "codecs/gif_animation.h"
 #include "codecs/png.h"
 #include "codecs/read_picture.h"
@@ -134,8 +133,7 @@ private:
 
     std::string add_png(const std::string& path, BITMAP* bitmap) {
         Bytes bytes;
-        const OwnedBitmap cut = options_.clear ? with_clear_ground(bitmap, mask_) : nullptr;
-        const bool made = options_.clear ? cut && write_png(cut.get(), bytes) : write_png(bitmap, bytes);
+        const bool made = options_.clear ? write_clear_png(bitmap, mask_, bytes, PNG_BEST) : write_png(bitmap, bytes);
         return made ? add(path, bytes.data(), bytes.size()) : no_memory;
     }
 
