@@ -242,8 +242,7 @@ Script fill_sheet(User& user) {
     }
 }
 
-// ---- TURN in its two qualities
-// ---------------------------------------------------------------------------------------
+// ---- TURN in its two qualities -------------------------------------------------------------------------------------
 
 constexpr int turned_field = 24;  // holds the sprite at any angle
 
