@@ -16,17 +16,18 @@ namespace {
 
 // ---- Writing -------------------------------------------------------------------------------------------------------
 
+constexpr std::size_t mark_at = 6;
 constexpr std::uint32_t header_bytes = 54, info_bytes = 40, dots_per_meter = 0xb12;
 
 /// The little-endian head of a 24-bit BMP.
-std::vector<std::uint8_t> make_header(const BITMAP* bitmap, std::uint32_t pixel_bytes) {
+std::vector<std::uint8_t> make_header(const BITMAP* bitmap, std::uint32_t pixel_bytes, int mark) {
     std::vector<std::uint8_t> head;
     const auto put = [&head](std::uint32_t value, int bytes) {
         for (int i = 0; i < bytes; ++i) head.push_back(static_cast<std::uint8_t>(value >> 8 * i));
     };
     put('B' | 'M' << 8, 2);
     put(header_bytes + pixel_bytes, 4);
-    put(0, 4);
+    put(static_cast<std::uint32_t>(mark), 4);
     put(header_bytes, 4);
     put(info_bytes, 4);
     put(static_cast<std::uint32_t>(bitmap->w), 4);
@@ -253,13 +254,13 @@ Refusal read_picture(const InputFile& file, OwnedBitmap& bitmap, PictureLoss& lo
 
 /// Gives the file's bytes to `put(bytes, size)`, piece by piece, so that a Frame of any width is written without memory
 /// of its own.
-template <typename Put> void put_bmp(BITMAP* bitmap, Put put) {
+template <typename Put> void put_bmp(BITMAP* bitmap, int mark, Put put) {
     constexpr int piece = 1024;  // pixels
     constexpr std::size_t most_padding = 3;
     const std::size_t row_bytes = (static_cast<std::size_t>(bitmap->w) * 3 + 3) / 4 * 4;
     const std::size_t padding = row_bytes - static_cast<std::size_t>(bitmap->w) * 3;
     const auto pixel_bytes = static_cast<std::uint32_t>(row_bytes * static_cast<std::size_t>(bitmap->h));
-    const std::vector<std::uint8_t> head = make_header(bitmap, pixel_bytes);
+    const std::vector<std::uint8_t> head = make_header(bitmap, pixel_bytes, mark);
     put(head.data(), head.size());
     std::array<std::uint8_t, std::size_t{piece} * 3> packed;
     constexpr std::array<std::uint8_t, most_padding> zeros{};
@@ -275,12 +276,12 @@ template <typename Put> void put_bmp(BITMAP* bitmap, Put put) {
 
 }  // namespace
 
-void write_bmp(SafeFile& file, BITMAP* bitmap) {
-    put_bmp(bitmap, [&file](const std::uint8_t* from, std::size_t size) { file.write(from, size); });
+void write_bmp(SafeFile& file, BITMAP* bitmap, int mark) {
+    put_bmp(bitmap, mark, [&file](const std::uint8_t* from, std::size_t size) { file.write(from, size); });
 }
 
 void write_bmp(BITMAP* bitmap, std::vector<std::uint8_t>& bytes) {
-    put_bmp(bitmap,
+    put_bmp(bitmap, 0,
             [&bytes](const std::uint8_t* from, std::size_t size) { bytes.insert(bytes.end(), from, from + size); });
 }
 
@@ -299,6 +300,11 @@ ReadPicture read_bmp(FileBytes bytes) {
     const Refusal refusal = read_picture(InputFile(bytes), picture.bitmap, picture.loss);
     if (refusal.fault == PICTURE_FINE) return picture;
     return {nullptr, refusal.cause};
+}
+
+int mark_of_bmp(const InputFile& file) {
+    std::array<std::uint8_t, 2> mark{};
+    return file.read_at(mark_at, mark.data(), mark.size()) ? mark[0] | mark[1] << 8 : 0;
 }
 
 const char* fault_of_bmp(const InputFile& file) {

@@ -9,8 +9,9 @@
 namespace nubo {
 
 /// Writes the 32-bit `bitmap` with 24 bits a pixel, byte for byte as Allegro's `save_bmp` does, to a file that the
-/// caller commits.
-void write_bmp(SafeFile& file, BITMAP* bitmap);
+/// caller commits. `mark` (0 to 65535) stands in two bytes of the head that are otherwise 0 and that other programs
+/// skip.
+void write_bmp(SafeFile& file, BITMAP* bitmap, int mark = 0);
 
 /// Appends the same bytes to those in memory.
 void write_bmp(BITMAP* bitmap, std::vector<std::uint8_t>& bytes);
@@ -37,6 +38,9 @@ BmpPicture read_bmp(const InputFile& file);
 
 /// The same from bytes in memory, with the cause in the result instead of the log.
 ReadPicture read_bmp(FileBytes bytes);
+
+/// The mark in the head of a BMP; 0 if it has none or can't be read.
+int mark_of_bmp(const InputFile& file);
 
 /// Reads all of a picture in an open file and lets it go. Null if it can be had here, else what is wrong with it.
 const char* fault_of_bmp(const InputFile& file);

@@ -173,7 +173,9 @@ void draw_turned_preview(int x, int y) {
         draw_clean([=](const PutRow& put) { put_turned(x, y, view_area, put); });
     else
         draw_turned(overlay, x, y);
-    const std::optional<Area> area = content_area(overlay, transparent_color, opt_cel_tolerance);
+    constexpr int any_difference = 1;
+    const int tolerance = guides.cel_shape == CEL_IS_CUT_OUT ? any_difference : static_cast<int>(opt_cel_tolerance);
+    const std::optional<Area> area = content_area(overlay, transparent_color, tolerance);
     cel_place.left = cel_place.top = cel_place.right = cel_place.bottom = -1;
     if (!area) return;
     cel_place.left = area->left, cel_place.top = area->top;
@@ -277,7 +279,7 @@ void paste_under_frame(BITMAP* source, BITMAP* target, Color color, int x, int y
         const Color* const from = pixels_at(source, left_out, row);
         Color* const to = count > 0 ? pixels_at(target, x + left_out, y + row) : nullptr;
         for_each_stretch(
-            count, longest, [=](int i) { return is_free(to[i]); },
+            count, longest, [=](int i) { return is_free(to[i]) && !is_no_pixel(from[i]); },
             [=](int first, int length) {
                 if (through_ink)
                     paint_colors(from + first, length, x + left_out + first, y + row);

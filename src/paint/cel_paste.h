@@ -21,7 +21,7 @@ bool commit_cel(CelMode mode, UndoSave save);
 void paste_through_ink(BITMAP* bitmap, int x, int y);
 
 /// Puts the pixels of `source` where `target` is of `color`, within 4 of each component: through the active ink, for
-/// which `target` is the Frame, or as they are.
+/// which `target` is the Frame, or as they are. Where a Cel that isn't whole has no pixel nothing is put.
 void paste_under_frame(BITMAP* source, BITMAP* target, Color color, int x, int y, bool through_ink);
 
 }  // namespace nubo

@@ -37,6 +37,8 @@ private:
     NearChunk chunk_matches_;
 };
 
+bool frame_has(int x, int y) { return x >= 0 && y >= 0 && x < current_frame->w && y < current_frame->h; }
+
 template <typename Change> void for_each_row(BITMAP* bitmap, Change change) {
     for (int y = 0; y < bitmap->h; ++y) change(pixels_at(bitmap, 0, y), bitmap->w);
 }
@@ -47,12 +49,35 @@ Area area_between(int x1, int y1, int x2, int y2) {
     return {std::min(x1, x2), std::min(y1, y2), std::max(x1, x2), std::max(y1, y2)};
 }
 
-bool take_cel(OwnedBitmap picture) {
+bool take_cel(OwnedBitmap picture, CelShape shape) {
     OwnedBitmap mask = picture ? copy_bitmap(picture.get()) : nullptr;
     if (!mask) return false;
     replace_bitmap(cel, std::move(picture));
     replace_bitmap(cel_mask, std::move(mask));
+    guides.cel_shape = shape;
     return true;
+}
+
+OwnedBitmap cut_out(const Area& area, BITMAP* shape) {
+    constexpr Color nearly_transparent = 0xfe00ff;
+    OwnedBitmap picture = copy_of_area(area);
+    if (!picture) return nullptr;
+    for (int y = 0; y < picture->h; ++y) {
+        Color* const pixels = pixels_at(picture.get(), 0, y);
+        const Color* const is_inside = shape == nullptr ? nullptr : pixels_at(shape, 0, y);
+        for (int x = 0; x < picture->w; ++x) {
+            if ((is_inside != nullptr && is_inside[x] == 0) || !frame_has(area.left + x, area.top + y))
+                pixels[x] = transparent_color;
+            else if (pixels[x] == transparent_color)
+                pixels[x] = nearly_transparent;
+        }
+    }
+    return picture;
+}
+
+bool take_area(const Area& area) {
+    if (frame_has(area.left, area.top) && frame_has(area.right, area.bottom)) return take_cel(copy_of_area(area));
+    return take_cel(cut_out(area, nullptr), CEL_IS_CUT_OFF);
 }
 
 void exchange_cel(CelAside& aside) {
@@ -60,6 +85,7 @@ void exchange_cel(CelAside& aside) {
     std::swap(cel_mask, aside.mask);
     std::swap(cel_x, aside.x);
     std::swap(cel_y, aside.y);
+    std::swap(guides.cel_shape, aside.shape);
 }
 
 void free_cel(CelAside& aside) {
@@ -75,7 +101,7 @@ OwnedBitmap copy_of_area(const Area& area) {
 
 void prepare_cel() {
     blit(cel_mask, cel, 0, 0, 0, 0, cel_mask->w, cel_mask->h);
-    if (opt_cel_masking != 0) mask_cel(cel, mask_color);
+    if (opt_cel_masking != 0 && guides.cel_shape != CEL_IS_CUT_OUT) mask_cel(cel, mask_color);
     renew_clean_preview();
 }
 
@@ -108,7 +134,7 @@ std::optional<Area> content_area(BITMAP* bitmap, Color background, int tolerance
 void one_color_cel(Color background) {
     const NearColor stays(background, opt_cel_tolerance + 1);
     for_each_row(cel_mask, [stays, color = brush_color](Color* pixels, int width) {
-        for (int i = 0; i < width; ++i) pixels[i] = stays(pixels[i]) ? pixels[i] : color;
+        for (int i = 0; i < width; ++i) pixels[i] = stays(pixels[i]) || is_no_pixel(pixels[i]) ? pixels[i] : color;
     });
 }
 

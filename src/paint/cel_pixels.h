@@ -3,6 +3,7 @@
 // to one colour.
 #include "base/bitmap.h"
 #include "paint/area.h"
+#include "state/guides.h"
 #include <optional>
 
 namespace nubo {
@@ -11,13 +12,20 @@ namespace nubo {
 Area area_between(int x1, int y1, int x2, int y2);
 
 /// Makes `picture` the Cel, both its bitmaps. False, with the old Cel untouched, if it is null or there is no memory
-/// for the second.
-bool take_cel(OwnedBitmap picture);
+/// for the second. Where a Cel that isn't whole is 0xff00ff no ink and no command paints or fills.
+bool take_cel(OwnedBitmap picture, CelShape shape = CEL_IS_WHOLE);
+
+/// GET: makes an area of the Frame the Cel. One that reaches beyond is cut off there. False as above.
+bool take_area(const Area& area);
+
+/// Whether that pixel of `cel_mask` is none.
+inline bool is_no_pixel(Color pixel) { return guides.cel_shape != CEL_IS_WHOLE && pixel == transparent_color; }
 
 /// A Cel set aside: both its bitmaps and where it stood. Whoever has it frees it.
 struct CelAside {
     BITMAP *bitmap = nullptr, *mask = nullptr;
     int x = 0, y = 0;
+    int shape = CEL_IS_WHOLE;  // a CelShape
 };
 
 /// Sets the Cel aside, and what was aside is the Cel.
@@ -27,6 +35,11 @@ void free_cel(CelAside& aside);
 
 /// The pixels of an area of the Frame; 0xff00ff where it reaches beyond the Frame. Null without memory.
 OwnedBitmap copy_of_area(const Area& area);
+
+/// What of the Frame lies in an area and where `shape`, a bitmap of its size, isn't 0; all else is 0xff00ff. A real
+/// pixel of that colour becomes 0xfe00ff, so that it stays one. With a null `shape` all of the area. Null without
+/// memory.
+OwnedBitmap cut_out(const Area& area, BITMAP* shape);
 
 /// Makes a new `cel` of `cel_mask`, with what is near `mask_color` masked out if CEL - MASKING is on. Before a
 /// placement.

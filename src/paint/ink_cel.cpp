@@ -2,6 +2,7 @@
 #include "paint/ink_rows.h"
 #include "paint/near_color.h"
 #include "state/cel.h"
+#include "state/guides.h"
 
 #include <cstdlib>
 
@@ -27,14 +28,24 @@ template <typename Visit> void for_each_tile(const TipRun& run, Visit visit) {
     }
 }
 
+/// What TILE leaves out: what is near the mask colour and what the Cel hasn't got.
+class TileHole {
+public:
+    bool operator()(Color pixel) const { return is_near_(pixel) || (has_gaps_ && pixel == transparent_color); }
+
+private:
+    NearColor is_near_{mask_color, hole_tolerance};
+    bool has_gaps_ = guides.cel_shape != CEL_IS_WHOLE;
+};
+
 void copy_without_holes(Color* __restrict__ frame, const Color* tile, int length) {
-    const NearColor is_hole(mask_color, hole_tolerance);
+    const TileHole is_hole;
     for (int i = 0; i < length; ++i) frame[i] = is_hole(tile[i]) ? frame[i] : tile[i];
 }
 
 /// `cover_run` with a coverage of 0, which is above no mask, at the holes.
 void blend_without_holes(const TipRun& run, const Color* tile, int alpha) {
-    const NearColor is_hole(mask_color, hole_tolerance);
+    const TileHole is_hole;
     Color* __restrict__ const frame = run.frame;
     Color* __restrict__ const mask = run.mask;
     for (int i = 0; i < run.length; ++i) {
@@ -55,11 +66,14 @@ Color tile_pixel(int x, int y) {
 // GLASS with the tile in the place of the colour.
 template <> void paint_row_with<INK_SCRAPE>(const InkRow& row, Color) {
     const int strength = strength_of(INK_SCRAPE);
+    const bool has_gaps = guides.cel_shape != CEL_IS_WHOLE;
     for_each_run(row, [=](const TipRun& run) {
         const int alpha = strength_coverage(strength, run.tip);
         for_each_tile(run, [=](const TipRun& part, const Color* tile) {
-            cover_run(part, alpha,
-                      [=, before = part.before](int i, Color) { return blend_fill_pixel(before[i], tile[i], alpha); });
+            cover_run(part, alpha, [=, before = part.before](int i, Color old) {
+                const Color painted = blend_fill_pixel(before[i], tile[i], alpha);
+                return has_gaps && tile[i] == transparent_color ? old : painted;
+            });
         });
     });
 }

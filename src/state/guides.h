@@ -21,6 +21,9 @@ enum Symmetry : int {
     SYMMETRY_COUNT
 };
 enum Tiling : int { TILES_OFF, TILES_BOTH, TILES_ACROSS, TILES_DOWN, TILES_COUNT };
+/// Where the Cel has no pixel: nowhere, or where it is 0xff00ff, since it was cut off at the Frame's edge, or cut out
+/// along a shape, which CEL - MASKING then leaves whole.
+enum CelShape : int { CEL_IS_WHOLE, CEL_IS_CUT_OFF, CEL_IS_CUT_OUT, CEL_SHAPE_COUNT };
 enum AnimationLoop : int { LOOP_FOR_EVER, LOOP_ONCE, LOOP_PING_PONG, LOOP_COUNT };
 enum Ghost : int { GHOST_OFF, GHOST_BEHIND, GHOST_OVER, GHOST_COUNT };
 
@@ -46,6 +49,7 @@ struct Guides {
     int cell_w = 16, cell_h = 16, cell_x = 0, cell_y = 0;  // pixels
 
     int clean_cel = 0;  // TURN and STRETCH in the quality CLEAN, not FAST
+    int cel_shape = CEL_IS_WHOLE;
 
     // The animation that the Frames are.
     int speed = 12;       // Frames a second, 1 to 60

@@ -21,9 +21,11 @@ PictureFault fault_of_opening(const std::string& path) {
 
 }  // namespace
 
-bool save_bmp_file(const std::string& path, BITMAP* bitmap) {
+bool save_bmp_file(const std::string& path, BITMAP* bitmap) { return save_marked_bmp_file(path, bitmap, 0); }
+
+bool save_marked_bmp_file(const std::string& path, BITMAP* bitmap, int mark) {
     SafeFile file(path);
-    write_bmp(file, bitmap);
+    write_bmp(file, bitmap, mark);
     return file.commit();
 }
 

@@ -42,7 +42,9 @@ template <class Fields> void walk_guides(Fields& fields, Guides& g) {
     fields.byte(g.range_end, {"the range's end", 0, frame_slots, 0});
     fields.byte(g.loop, {"the loop", 0, LOOP_COUNT - 1, LOOP_FOR_EVER});
     fields.reserved(13);
-    fields.bits({&g.clean_cel});
+    int cut_out = g.cel_shape == CEL_IS_CUT_OUT ? 1 : 0, cut_off = g.cel_shape == CEL_IS_CUT_OFF ? 1 : 0, unused = 0;
+    fields.bits({&g.clean_cel, &cut_out, &unused, &unused, &cut_off});
+    g.cel_shape = cut_out != 0 ? CEL_IS_CUT_OUT : cut_off != 0 ? CEL_IS_CUT_OFF : CEL_IS_WHOLE;
     fields.reserved(1);
     for (std::uint8_t& time : g.frame_times) fields.byte(time, {"the time of a frame", 0, time_max, 0});
 }

@@ -47,9 +47,15 @@ void blacken(SideFile kind) {
     }
 }
 
-bool take(SideFile kind, OwnedBitmap picture) {
+// The state tells the Cel's shape too, but a run that was killed between both files leaves a state of another Cel.
+CelShape shape_in(const std::string& cel_file) {
+    const int mark = mark_of_bmp(InputFile(cel_file));
+    return mark < CEL_SHAPE_COUNT ? static_cast<CelShape>(mark) : CEL_IS_WHOLE;
+}
+
+bool take(SideFile kind, OwnedBitmap picture, const std::string& path) {
     switch (kind) {
-    case SIDE_CEL: return take_cel(std::move(picture));
+    case SIDE_CEL: return take_cel(std::move(picture), shape_in(path));
     case SIDE_NAIL: blit(picture.get(), nail_sheet, 0, 0, 0, 0, nail_side, nail_side); return true;
     case SIDE_TIP: blit(picture.get(), tip_sheet, 0, 0, 0, custom_tip_y, custom_tip_w, custom_tip_h); return true;
     case SIDE_COUNT: break;
@@ -62,7 +68,8 @@ bool take(SideFile kind, OwnedBitmap picture) {
 bool save_side_file(const Folder& folder, SideFile kind, const std::string& stem) {
     const std::string path = folder.file(stem + row_of(kind).ending);
     if (kind == SIDE_TIP) return save_tip(path);
-    return save_picture(path, kind == SIDE_CEL ? cel_mask : nail_sheet);
+    if (kind == SIDE_NAIL) return save_picture(path, nail_sheet);
+    return save_picture(path, cel_mask, guides.cel_shape);
 }
 
 bool load_side_file(const Folder& folder, SideFile kind, const std::string& stem) {
@@ -70,7 +77,7 @@ bool load_side_file(const Folder& folder, SideFile kind, const std::string& stem
     if (!file_exists(path)) return false;
     PictureFault fault;
     OwnedBitmap picture = load_bmp_file(path, fault);
-    if (picture && take(kind, std::move(picture))) {
+    if (picture && take(kind, std::move(picture), path)) {
         forget_unread(path);
         return true;
     }

@@ -46,9 +46,9 @@ bool is_black(BITMAP* picture) {
     return true;
 }
 
-bool save_picture(const std::string& file, BITMAP* picture) {
+bool save_picture(const std::string& file, BITMAP* picture, int mark) {
     if (is_kept_unread(file) && is_black(picture)) return true;
-    return make_way(file) && save_bmp_file(file, picture);
+    return make_way(file) && save_marked_bmp_file(file, picture, mark);
 }
 
 }  // namespace nubo

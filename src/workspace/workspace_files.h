@@ -24,8 +24,9 @@ bool make_way(const std::string& file);
 
 bool is_black(BITMAP* picture);
 
-/// Writes a picture of the Workspace, the only way in which one is written under a name that may be taken. The black
-/// that stands in for a file kept unread is not worth its place: then nothing is done. False after a failure.
-bool save_picture(const std::string& file, BITMAP* picture);
+/// Writes a picture of the Workspace, with a mark in its head, the only way in which one is written under a name that
+/// may be taken. The black that stands in for a file kept unread is not worth its place: then nothing is done. False
+/// after a failure.
+bool save_picture(const std::string& file, BITMAP* picture, int mark = 0);
 
 }  // namespace nubo

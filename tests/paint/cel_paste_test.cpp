@@ -275,5 +275,42 @@ TEST_F(CelTest, AreaAcrossTheEdgeIsTransparentBeyondAndOneColorKeepsTheBackgroun
     EXPECT_EQ(*pixels_at(cel_mask, 2, 1), 0x123456U);
 }
 
+/// The Frame's corner: black, magenta and what is cut off by the shape and by the rim.
+TEST_F(CelTest, ACutOutCelHasNoPixelBeyondItsShape) {
+    frame(0, 0) = 0x000000, frame(1, 0) = hole, frame(2, 0) = 0x808080;
+    const OwnedBitmap shape = make_bitmap(4, 1, 1);
+    *pixels_at(shape.get(), 3, 0) = 0;
+    ASSERT_TRUE(take_cel(cut_out({-1, 0, 2, 0}, shape.get()), CEL_IS_CUT_OUT));
+    EXPECT_EQ(pixels_of(cel_mask), (std::vector<Color>{hole, 0x000000, 0xfe00ff, hole}));
+    mask_color = 0x000000;
+    opt_cel_masking = 1, opt_cel_tolerance = 1;
+    take_ink(INK_OPAQUE, 0);
+    paste(0, 1);
+    EXPECT_EQ(frame_row(1), (std::vector<Color>{0x404040, 0x000000, 0xfe00ff, 0x404040, 0x404040, 0x404040}));
+    mask_color = 0x404040;
+    paste(0, 2, CEL_BELOW);
+    EXPECT_EQ(frame_row(2), frame_row(1));
+    cel_x = 0, cel_y = 0;
+    ink_option(INK_SCRAPE, OPTION_STRENGTH) = 255;
+    for (const Ink ink : {INK_TILE, INK_SCRAPE})
+        for (const std::uint8_t tip : {std::uint8_t{0}, std::uint8_t{100}}) {
+            clear_stroke_mask();
+            frame(0, 3) = frame(3, 3) = 0x404040;
+            apply_ink_row({0, 3, 4, &tip, 0}, ink, 0);
+            EXPECT_EQ(frame(0, 3), 0x404040U) << ink << ' ' << int{tip};
+            EXPECT_EQ(frame(3, 3), 0x404040U) << ink << ' ' << int{tip};
+        }
+    brush_color = 0x123456;
+    one_color_cel(0x000000);
+    EXPECT_EQ(pixels_of(cel_mask), (std::vector<Color>{hole, 0x000000, 0x123456, hole}));
+    frame(0, 0) = hole;
+    ASSERT_TRUE(take_area({-1, 0, 0, 0}));
+    EXPECT_EQ(pixels_of(cel_mask), (std::vector<Color>{hole, 0xfe00ff}));
+    EXPECT_EQ(guides.cel_shape, CEL_IS_CUT_OFF) << "CEL - MASKING works on it as on any";
+    ASSERT_TRUE(take_area({0, 0, 1, 0}));
+    EXPECT_EQ(pixels_of(cel_mask)[0], hole);
+    EXPECT_EQ(guides.cel_shape, CEL_IS_WHOLE);
+}
+
 }  // namespace
 }  // namespace nubo

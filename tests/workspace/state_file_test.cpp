@@ -138,7 +138,7 @@ TEST_F(WorkspaceTest, GuidesLieInTheStateOnceOneWasChanged) {
     const Bytes stretch{0x24, 0, 0, 0, 32,   0,  1, 0xff, 0xfd, 2, 0x32, 200, 0x3d, 1, 0,
                         0,    9, 0, 3, 0x27, 15, 0, 100,  0x35, 2, 60,   99,  100,  2};
     std::copy(stretch.begin(), stretch.end(), bytes.begin() + 1144);
-    bytes[1186] = 1;
+    bytes[1186] = 0x11;
     bytes[1287] = 255;
     EXPECT_TRUE(unpack_state(bytes, "without the mark"));
     EXPECT_EQ(guides.symmetry, SYMMETRY_OFF);
@@ -148,14 +148,15 @@ TEST_F(WorkspaceTest, GuidesLieInTheStateOnceOneWasChanged) {
     bytes[1291] = 1;
     EXPECT_TRUE(unpack_state(bytes, "file")) << log_text();
     const std::vector<int> read{
-        guides.symmetry,      guides.tiles,           guides.axis_x,         guides.axis_y,        guides.ghost,
-        guides.ghosts_before, guides.ghosts_after,    guides.ghost_strength, guides.pixel_grid,    guides.cell_grid,
-        guides.snap,          guides.checker,         guides.hides_rim,      guides.cell_w,        guides.cell_h,
-        guides.cell_x,        guides.cell_y,          guides.pinned_frame,   guides.last_symmetry, guides.last_tiles,
-        guides.last_ghost,    guides.clean_cel,       guides.speed,          guides.first_frame,   guides.range_end,
-        guides.loop,          guides.frame_times[99], guides.clear_ground};
-    EXPECT_EQ(read, (std::vector<int>{4, 2, 32,   131069, 2, 2, 3, 200, 1,  0,  1,   1, 1,   256,
-                                      9, 3, 9999, 100,    5, 3, 2, 1,   60, 99, 100, 2, 255, 1}));
+        guides.symmetry,      guides.tiles,        guides.axis_x,          guides.axis_y,        guides.ghost,
+        guides.ghosts_before, guides.ghosts_after, guides.ghost_strength,  guides.pixel_grid,    guides.cell_grid,
+        guides.snap,          guides.checker,      guides.hides_rim,       guides.cell_w,        guides.cell_h,
+        guides.cell_x,        guides.cell_y,       guides.pinned_frame,    guides.last_symmetry, guides.last_tiles,
+        guides.last_ghost,    guides.clean_cel,    guides.cel_shape,       guides.speed,         guides.first_frame,
+        guides.range_end,     guides.loop,         guides.frame_times[99], guides.clear_ground};
+    EXPECT_EQ(read,
+              (std::vector<int>{4, 2, 32, 131069,         2,  2,  3,   200, 1,   0, 1, 1, 1, 256, 9, 3, 9999, 100, 5,
+                                3, 2, 1,  CEL_IS_CUT_OFF, 60, 99, 100, 2,   255, 1}));
     EXPECT_EQ(pack_state(), bytes);
 }
 
@@ -218,8 +219,12 @@ TEST_F(WorkspaceTest, SidePicturesComeBackAndOneTwistedHarmsNothing) {
     make_workspace({1}, 0);
     replace_bitmap(cel_mask, make_bitmap(3, 2, 0x998877));
     *pixels_at(tip_sheet, 15, 58) = 0x010101;
+    guides.cel_shape = CEL_IS_CUT_OUT;
     close_workspace();
+    guides.cel_shape = CEL_IS_WHOLE;
+    save_workspace_state(state_file, true);  // of a run that is killed before its Cel is on disk
     ASSERT_TRUE(open_workspace());
+    EXPECT_EQ(guides.cel_shape, CEL_IS_CUT_OUT);
     EXPECT_TRUE(cel->w == 3 && cel->h == 2 && *pixels_at(cel, 2, 1) == 0x998877 &&
                 *pixels_at(cel_mask, 0, 0) == 0x998877);
     EXPECT_EQ(*pixels_at(tip_sheet, 15, 58), 0x010101U);

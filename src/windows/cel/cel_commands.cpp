@@ -19,8 +19,8 @@
 namespace nubo {
 namespace {
 
-bool take_area(const Area& area) {
-    if (take_cel(copy_of_area(area))) return true;
+bool take_told(const Area& area) {
+    if (take_area(area)) return true;
     flash_message(MESSAGE_NO_MEMORY);
     return false;
 }
@@ -46,7 +46,7 @@ int grab_cel(int x, int y, bool hide_menu) {
     std::optional<ClearedScreen> cleared;
     if (hide_menu) cleared.emplace();
     const std::optional<Area> area = ask_corners({x, y}, grab_prompts);
-    if (!area || !take_area(*area)) return -1;
+    if (!area || !take_told(*area)) return -1;
     cel_x = area->left;
     cel_y = area->top;
     return 1;
@@ -55,7 +55,7 @@ int grab_cel(int x, int y, bool hide_menu) {
 void clip_cel(unsigned background) {
     constexpr int side_min = 2;
     const std::optional<Area> area = content_area(current_frame, background, opt_cel_tolerance);
-    if (!area || area->width() < side_min || area->height() < side_min || !take_area(*area)) return;
+    if (!area || area->width() < side_min || area->height() < side_min || !take_told(*area)) return;
     outline_for_a_moment(*area);
 }
 
