@@ -1,7 +1,7 @@
 #pragma once
 // What painters switch on while they paint: symmetry, tiled painting, ghosts of neighbour Frames, grids, the checker
-// where the mask colour is, pictures that leave with it clear; and the times of the Frames. It belongs to the Workspace
-// and is stored with it, to the byte as workspace/guide_fields.h tells.
+// where the mask colour is, pictures that leave with it clear, a palette that holds; and the times of the Frames. It
+// belongs to the Workspace and is stored with it, to the byte as workspace/guide_fields.h tells.
 #include "state/frames.h"
 #include "state/shared.h"
 #include <array>
@@ -50,6 +50,9 @@ struct Guides {
 
     int clean_cel = 0;  // TURN and STRETCH in the quality CLEAN, not FAST
     int cel_shape = CEL_IS_WHOLE;
+
+    int palette_length = 0;  // favourites from slot 0 on that are the palette; 0: up to the last that isn't blank
+    int lock = 0;            // all paint becomes the nearest colour of the palette
 
     // The animation that the Frames are.
     int speed = 12;       // Frames a second, 1 to 60

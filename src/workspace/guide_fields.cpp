@@ -1,6 +1,7 @@
 #include "workspace/guide_fields.h"
 
 #include "base/frame_time.h"
+#include "state/colors.h"
 #include "state/guides.h"
 #include "workspace/byte_fields.h"
 #include <algorithm>
@@ -41,9 +42,12 @@ template <class Fields> void walk_guides(Fields& fields, Guides& g) {
     fields.byte(g.first_frame, {"the range's first frame", 0, frame_slots - 1, 0});
     fields.byte(g.range_end, {"the range's end", 0, frame_slots, 0});
     fields.byte(g.loop, {"the loop", 0, LOOP_COUNT - 1, LOOP_FOR_EVER});
-    fields.reserved(13);
-    int cut_out = g.cel_shape == CEL_IS_CUT_OUT ? 1 : 0, cut_off = g.cel_shape == CEL_IS_CUT_OFF ? 1 : 0, unused = 0;
-    fields.bits({&g.clean_cel, &cut_out, &unused, &unused, &cut_off});
+    fields.reserved(12);
+    int length_low = g.palette_length % byte_values, length_high = g.palette_length / byte_values;
+    fields.byte(length_low, {"the palette's length", 0, byte_values - 1, 0});
+    int cut_out = g.cel_shape == CEL_IS_CUT_OUT ? 1 : 0, cut_off = g.cel_shape == CEL_IS_CUT_OFF ? 1 : 0;
+    fields.bits({&g.clean_cel, &cut_out, &length_high, &g.lock, &cut_off});
+    g.palette_length = std::min(length_high * byte_values + length_low, favorite_count);
     g.cel_shape = cut_out != 0 ? CEL_IS_CUT_OUT : cut_off != 0 ? CEL_IS_CUT_OFF : CEL_IS_WHOLE;
     fields.reserved(1);
     for (std::uint8_t& time : g.frame_times) fields.byte(time, {"the time of a frame", 0, time_max, 0});

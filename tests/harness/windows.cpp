@@ -27,6 +27,7 @@
 #include "windows/kit/placement.h"
 #include "windows/option_slider.h"
 #include "windows/options_window.h"
+#include "windows/reduce_window.h"
 #include "windows/resize_window.h"
 #include "windows/scheme_window.h"
 #include "windows/shape_windows.h"
@@ -139,6 +140,7 @@ std::vector<WindowOpener> all_windows() {
         {"FAVORITES", IS_WINDOW, favorites_window},
         {"FILES", IS_WINDOW, save_frame_command},
         {"GUIDES", IS_WINDOW | PANS, guides_window},
+        {"REDUCE", IS_WINDOW | PANS, reduce_window},
         {"HISTORY", IS_WINDOW | PANS, history_window},
         {"JPG QUALITY", IS_WINDOW | IS_BOX_OVER_OTHERS, [] { jpeg_quality_window(); }},
         {"R.POLY", IS_WINDOW | PANS, [] { run_shape_window(TOOL_RPOLY); }},

@@ -138,7 +138,7 @@ TEST_F(WorkspaceTest, GuidesLieInTheStateOnceOneWasChanged) {
     const Bytes stretch{0x24, 0, 0, 0, 32,   0,  1, 0xff, 0xfd, 2, 0x32, 200, 0x3d, 1, 0,
                         0,    9, 0, 3, 0x27, 15, 0, 100,  0x35, 2, 60,   99,  100,  2};
     std::copy(stretch.begin(), stretch.end(), bytes.begin() + 1144);
-    bytes[1186] = 0x11;
+    bytes[1186] = 0x1d;
     bytes[1287] = 255;
     EXPECT_TRUE(unpack_state(bytes, "without the mark"));
     EXPECT_EQ(guides.symmetry, SYMMETRY_OFF);
@@ -153,10 +153,11 @@ TEST_F(WorkspaceTest, GuidesLieInTheStateOnceOneWasChanged) {
         guides.snap,          guides.checker,      guides.hides_rim,       guides.cell_w,        guides.cell_h,
         guides.cell_x,        guides.cell_y,       guides.pinned_frame,    guides.last_symmetry, guides.last_tiles,
         guides.last_ghost,    guides.clean_cel,    guides.cel_shape,       guides.speed,         guides.first_frame,
-        guides.range_end,     guides.loop,         guides.frame_times[99], guides.clear_ground};
+        guides.range_end,     guides.loop,         guides.frame_times[99], guides.clear_ground,  guides.palette_length,
+        guides.lock};
     EXPECT_EQ(read,
-              (std::vector<int>{4, 2, 32, 131069,         2,  2,  3,   200, 1,   0, 1, 1, 1, 256, 9, 3, 9999, 100, 5,
-                                3, 2, 1,  CEL_IS_CUT_OFF, 60, 99, 100, 2,   255, 1}));
+              (std::vector<int>{4, 2, 32, 131069,         2,  2,  3,   200, 1,   0, 1,   1, 1, 256, 9, 3, 9999, 100, 5,
+                                3, 2, 1,  CEL_IS_CUT_OFF, 60, 99, 100, 2,   255, 1, 256, 1}));
     EXPECT_EQ(pack_state(), bytes);
 }
 
