@@ -4,7 +4,7 @@
 #include "codecs/blend.h"
 #include "framework/text.h"
 #include "gui/mouse_text.h"
-#include "paint/stroke.h"
+#include "paint/tool_preview.h"
 #include "state/colors.h"
 #include "state/frames.h"
 #include "state/options.h"
@@ -12,6 +12,7 @@
 #include "state/run.h"
 #include "state/shown.h"
 #include "state/view.h"
+#include "view/frame_tiles.h"
 #include <algorithm>
 #include <allegro.h>
 #include <array>
@@ -83,7 +84,8 @@ void draw_measure_lines() {
 
 void draw_measured_distance() {
     std::array<char, 32> text;
-    std::snprintf(text.data(), text.size(), "%d, %d", shown.pixel_x - measure_x, shown.pixel_y - measure_y);
+    const Point pixel = real_pixel({shown.pixel_x, shown.pixel_y});
+    std::snprintf(text.data(), text.size(), "%d, %d", pixel.x - measure_x, pixel.y - measure_y);
     put_mouse_text(text.data(), measure_x, measure_y);
 }
 

@@ -10,6 +10,7 @@
 #include "state/run.h"
 #include "state/tools.h"
 #include "state/view.h"
+#include "view/frame_tiles.h"
 #include "view/view.h"
 #include "windows/cel/cel_commands.h"
 #include "windows/cel/clipboard.h"
@@ -55,7 +56,7 @@ void zoom_out_by_key() { view_zoom(ZOOM_OUT); }
 
 void measure_by_key() {
     if (measure_x != -1 || measure_state != 0) return;
-    const int x = pixel_x, y = pixel_y;
+    const auto [x, y] = real_pixel({pixel_x, pixel_y});
     if (x < 0 || y < 0 || x >= frame_w || y >= frame_h) return;
     measure_x = x;
     measure_y = y;
@@ -171,6 +172,7 @@ constexpr std::array<Command, HOTKEY_COUNT> rows{{
     {HOTKEY_GHOST,            "GUIDES - GHOST",           KEY_O,             0,              switch_ghost, WAIT_AFTER},
     {HOTKEY_GRID,             "GUIDES - GRID",            key_shift | KEY_G, 0,              switch_grid, WAIT_AFTER},
     {HOTKEY_CHECKER,          "GUIDES - CHECKER",         KEY_K,             0,              switch_checker, WAIT_AFTER},
+    {HOTKEY_TILES,            "GUIDES - TILES",           KEY_T,             0,              switch_tiles, WAIT_AFTER},
 }};
 // clang-format on
 static_assert(rows_in_order(rows, &Command::action), "a command for each Hotkey, in their order");

@@ -10,6 +10,7 @@
 #include "state/shown.h"
 #include "state/view.h"
 #include "view/checker.h"
+#include "view/frame_tiles.h"
 #include "workspace/ghosts.h"
 #include <algorithm>
 #include <allegro.h>
@@ -74,17 +75,24 @@ void draw_ghost(const FrameRun& run, const GhostPicture& ghost) {
 
 // ---- Rows of cells --------------------------------------------------------------------------------------------------
 
-/// The cells of a row of the view: the Frame's pixels with the guides, `no_cell` beyond the Frame.
-void gather_frame(int row, std::span<Color> cells, const PixelGuides& through) {
-    std::ranges::fill(cells, no_cell);
-    const int y = shown.pan_y + row, count = static_cast<int>(cells.size());
-    const int first = std::max(-shown.pan_x, 0), end = std::min(count, current_frame->w - shown.pan_x);
-    if (y < 0 || y >= current_frame->h || first >= end) return;
-    const int x = shown.pan_x + first;
-    const FrameRun run{pixels_at(current_frame, x, y), cells.data() + first, x, y, end - first};
+void draw_run(const FrameRun& run, const PixelGuides& through) {
     std::copy_n(run.pixels, run.length, run.cells);
     if (through.checker) draw_checker(run);
     for (const GhostPicture& ghost : through.ghosts) draw_ghost(run, ghost);
+}
+
+/// The cells of a row of the view: the Frame's pixels with the guides, on each tile; `no_cell` beyond the Frame.
+void gather_frame(int row, std::span<Color> cells, const PixelGuides& through) {
+    std::ranges::fill(cells, no_cell);
+    const int y = real_pixel({0, shown.pan_y + row}).y, count = static_cast<int>(cells.size());
+    if (y < 0 || y >= current_frame->h) return;
+    for (int column = tiles_across() ? 0 : std::max(-shown.pan_x, 0); column < count;) {
+        const int x = real_pixel({shown.pan_x + column, 0}).x;
+        const int length = std::min(count - column, current_frame->w - x);
+        if (length < 1) return;
+        draw_run({pixels_at(current_frame, x, y), cells.data() + column, x, y, length}, through);
+        column += length;
+    }
 }
 
 /// In the cells of a zoomed picture the mask colour means nothing either, but for a Cel that floats: what of it is in
@@ -130,7 +138,7 @@ void draw_frame_plain(bool with_overlay) {
 
 void draw_frame(bool with_overlay, FrameGuides guided) {
     const PixelGuides through = pixel_guides(guided);
-    if (shown.zoom == zoom_min && !through.any())
+    if (shown.zoom == zoom_min && !through.any() && guides.tiles == TILES_OFF)
         draw_frame_plain(with_overlay);
     else
         draw_frame_in_cells(with_overlay, through);

@@ -53,7 +53,7 @@ bool changes_paint(Hotkey action) {
 }
 
 /// What is switched while the hand works, in the middle of a shape too.
-bool switches_guide(Hotkey action) { return action > HOTKEY_GUIDES && action <= HOTKEY_CHECKER; }
+bool switches_guide(Hotkey action) { return action > HOTKEY_GUIDES && action <= HOTKEY_TILES; }
 
 /// True when a scan of `mode` runs the row.
 bool acts_in(const Command& row, int mode) {

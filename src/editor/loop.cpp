@@ -13,6 +13,7 @@
 #include "state/windows.h"
 #include "view/view.h"
 #include "windows/files/opened_files.h"
+#include "windows/frame_roll.h"
 #include "windows/history_window.h"
 #include "windows/kit/drawing_menu.h"
 #include "windows/kit/quick_pan.h"
@@ -43,10 +44,12 @@ void serve_middle_press() {
 }
 
 void run_pass() {
+    view_to_frame();
     update_screen(UPDATE_NORMAL);
     keep_GUI_tick_rate();
     check_hotkeys(HOTKEYS_MAIN);
     check_hotkeys(HOTKEYS_MODAL);
+    serve_roll_keys();
     serve_middle_press();
     serve_left_press();
     serve_right_press();

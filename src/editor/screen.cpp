@@ -34,6 +34,7 @@
 #include "state/status.h"
 #include "state/view.h"
 #include "state/windows.h"
+#include "view/frame_tiles.h"
 #include "windows/kit/handed_files.h"
 #include "windows/zoom_preview.h"
 #include "workspace/ghosts.h"
@@ -79,10 +80,13 @@ void draw_stripes() {
 
 std::size_t shown_level() { return static_cast<std::size_t>(shown.zoom); }
 
+bool covers_view(int pan, float view_size, int frame_size) {
+    return pan >= 0 && static_cast<float>(pan) + view_size <= static_cast<float>(frame_size);
+}
+
 bool frame_covers_screen() {
-    return shown.pan_x >= 0 && shown.pan_y >= 0 &&
-           static_cast<float>(shown.pan_x) + zoom_view_w[shown_level()] <= static_cast<float>(current_frame->w) &&
-           static_cast<float>(shown.pan_y) + zoom_view_h[shown_level()] <= static_cast<float>(current_frame->h);
+    return (tiles_across() || covers_view(shown.pan_x, zoom_view_w[shown_level()], current_frame->w)) &&
+           (tiles_down() || covers_view(shown.pan_y, zoom_view_h[shown_level()], current_frame->h));
 }
 
 void draw_background() {

@@ -12,6 +12,7 @@
 #include "state/shown.h"
 #include "state/status.h"
 #include "state/view.h"
+#include "view/frame_tiles.h"
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -63,7 +64,8 @@ void draw_placing(const Columns& at, int row) {
 /// The letters of the keys that switch the guides which are on, before the column of the Frame's number.
 void draw_guide_marks(int frame_column, int row) {
     constexpr int gap = 3;
-    const std::array<std::pair<bool, char>, 5> marks{{{guides.symmetry != SYMMETRY_OFF, 'M'},
+    const std::array<std::pair<bool, char>, 6> marks{{{guides.symmetry != SYMMETRY_OFF, 'M'},
+                                                      {guides.tiles != TILES_OFF, 'T'},
                                                       {guides.ghost != GHOST_OFF, 'O'},
                                                       {guides.pixel_grid != 0 || guides.cell_grid != 0, 'G'},
                                                       {guides.snap != 0, 'S'},
@@ -93,10 +95,11 @@ void draw_coordinates(int row) {
         draw_placing(at, row);
     else
         draw(at.mouse, "MOUSE > |c24%d,%d", shown.mouse_x, shown.mouse_y);
+    const Point pixel = real_pixel({shown.pixel_x, shown.pixel_y});
     if (on_menu)
         draw(at.pixel, "|c21ZOOM > |c24%dX", zoom_scale[static_cast<std::size_t>(shown.zoom)], 0);
     else
-        draw(at.pixel, "|c21PIXEL > |c24%d,%d", shown.pixel_x, shown.pixel_y);
+        draw(at.pixel, "|c21PIXEL > |c24%d,%d", pixel.x, pixel.y);
     TextBuffer text;
     std::snprintf(text.data(), text.size(), "|c21FRAME > |c32%02d", static_cast<int>(frame_index));
     UA_text(screen_buffer, at.frame, row + text_dy, text.data());
@@ -105,6 +108,8 @@ void draw_coordinates(int row) {
 
 /// A text of the message table; empty for index 0 and below, and beyond the table.
 std::string_view text_of_message(int message) {
+    const bool is_put_down_once = message == MESSAGE_CEL_REPOSITION && guides.symmetry != SYMMETRY_OFF;
+    if (is_put_down_once) message = MESSAGE_CEL_REPOSITION_ONCE;
     if (message == MESSAGE_TOLD) return told_text.data();
     const bool known = message > 0 && message < static_cast<int>(tooltip_text.size());
     return known ? tooltip_text[static_cast<std::size_t>(message)] : std::string_view();

@@ -9,6 +9,7 @@
 #include "paint/near_color.h"
 #include "paint/stroke.h"
 #include "paint/surfaces.h"
+#include "paint/tool_preview.h"
 #include "paint/undo.h"
 #include "state/cel.h"
 #include "state/guides.h"
@@ -164,8 +165,9 @@ void draw_outline(const Area& area) {
 }
 
 void draw_pasted_preview(int x, int y) {
-    draw_sprite(overlay, cel, x, y);
-    draw_outline({x, y, x + cel->w - 1, y + cel->h - 1});
+    const Area area{x, y, x + cel->w - 1, y + cel->h - 1};
+    for_each_tile(area, [=](int dx, int dy) { draw_sprite(overlay, cel, x + dx, y + dy); });
+    draw_outline(area);
 }
 
 void draw_turned_preview(int x, int y) {
@@ -200,10 +202,17 @@ void draw_stretched_preview(int x, int y) {
     put_mouse_text(text.data(), cel_place.x, cel_place.y);
 }
 
+/// True if `size` pixels from `place` on show in a view of that size, on a tile or none.
+bool shows(int place, int size, float view_size) { return place + size > 0 && static_cast<float>(place) < view_size; }
+bool shows_on_tile(int place, int size, float view_size, int extent) {
+    const int first = wrapped(place, extent);
+    return shows(first, size, view_size) || shows(first - extent, size, view_size);
+}
+
 bool overlaps_view(int x, int y) {
-    const auto level = at(shown.zoom);
-    return x + cel->w > 0 && y + cel->h > 0 && static_cast<float>(x) < zoom_view_w[level] &&
-           static_cast<float>(y) < zoom_view_h[level];
+    const float w = zoom_view_w[at(shown.zoom)], h = zoom_view_h[at(shown.zoom)];
+    return (tiles_across() ? shows_on_tile(x, cel->w, w, frame_w) : shows(x, cel->w, w)) &&
+           (tiles_down() ? shows_on_tile(y, cel->h, h, frame_h) : shows(y, cel->h, h));
 }
 
 // ---- Commits -------------------------------------------------------------------------------------------------------
@@ -219,6 +228,13 @@ bool begin_commit(UndoSave save) {
     clear_stroke_mask();
     cel_place.selected = 0;
     return true;
+}
+
+void paste_below() {
+    const int x = cel_place.x, y = cel_place.y;
+    for_each_tile({x, y, x + cel->w - 1, y + cel->h - 1}, [=](int dx, int dy) {
+        paste_under_frame(cel_mask, current_frame, mask_color, x + dx, y + dy, true);
+    });
 }
 
 bool commit_turned(UndoSave save) {
@@ -245,6 +261,7 @@ bool commit_turned(UndoSave save) {
 }  // namespace
 
 void draw_cel(int mode) {
+    const PaintPreview paint(IMAGES_ONCE);
     const int x = cel_place.x - shown.pan_x, y = cel_place.y - shown.pan_y;
     if (mode == CEL_PASTE) draw_pasted_preview(x, y);
     if (mode == CEL_TURN) draw_turned_preview(x, y);
@@ -256,7 +273,7 @@ bool commit_cel(CelMode mode, UndoSave save) {
     if (mode == CEL_TURN) return commit_turned(save);
     if (!begin_commit(save)) return false;
     if (mode == CEL_PASTE) paste_through_ink(cel, cel_place.x, cel_place.y);
-    if (mode == CEL_BELOW) paste_under_frame(cel_mask, current_frame, mask_color, cel_place.x, cel_place.y, true);
+    if (mode == CEL_BELOW) paste_below();
     if (mode == CEL_STRETCH) paste_stretched();
     return true;
 }

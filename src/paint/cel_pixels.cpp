@@ -1,6 +1,7 @@
 #include "paint/cel_pixels.h"
 
 #include "paint/cel_clean.h"
+#include "paint/image_maps.h"
 #include "paint/near_color.h"
 #include "state/cel.h"
 #include "state/frames.h"
@@ -95,7 +96,10 @@ void free_cel(CelAside& aside) {
 
 OwnedBitmap copy_of_area(const Area& area) {
     OwnedBitmap copy = make_bitmap(area.width(), area.height(), transparent_color);
-    if (copy) blit(current_frame, copy.get(), area.left, area.top, 0, 0, area.width(), area.height());
+    if (!copy) return copy;
+    for_each_tile(area, [&](int dx, int dy) {
+        blit(current_frame, copy.get(), area.left + dx, area.top + dy, 0, 0, area.width(), area.height());
+    });
     return copy;
 }
 

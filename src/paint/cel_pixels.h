@@ -33,7 +33,8 @@ void exchange_cel(CelAside& aside);
 
 void free_cel(CelAside& aside);
 
-/// The pixels of an area of the Frame; 0xff00ff where it reaches beyond the Frame. Null without memory.
+/// The pixels of an area of the Frame, on whatever tiles they lie; 0xff00ff where it reaches beyond the Frame. Null
+/// without memory.
 OwnedBitmap copy_of_area(const Area& area);
 
 /// What of the Frame lies in an area and where `shape`, a bitmap of its size, isn't 0; all else is 0xff00ff. A real

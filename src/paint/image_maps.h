@@ -4,6 +4,7 @@
 #include "state/frames.h"
 #include "state/guides.h"
 #include "state/stroke.h"
+#include "view/frame_tiles.h"
 #include <algorithm>
 
 namespace nubo {
@@ -51,17 +52,6 @@ template <typename Visit> void for_each_image(Imaging imaging, Point pixel, Visi
 }
 
 // ---- Tiles --------------------------------------------------------------------------------------------------------
-
-inline bool tiles_across() { return guides.tiles == TILES_BOTH || guides.tiles == TILES_ACROSS; }
-inline bool tiles_down() { return guides.tiles == TILES_BOTH || guides.tiles == TILES_DOWN; }
-
-/// 0 to `extent` - 1, for a place on any tile.
-constexpr int wrapped(int place, int extent) { return (place % extent + extent) % extent; }
-
-/// The pixel of the Frame that a pixel on another tile is; without tiles the pixel itself.
-inline Point real_pixel(Point pixel) {
-    return {tiles_across() ? wrapped(pixel.x, frame_w) : pixel.x, tiles_down() ? wrapped(pixel.y, frame_h) : pixel.y};
-}
 
 /// True for a pixel of the Frame, on any tile.
 bool lies_in_frame(Point pixel);

@@ -5,6 +5,7 @@
 #include "gui/stripes.h"
 #include "paint/shape_lines.h"
 #include "paint/stroke.h"
+#include "paint/tool_preview.h"
 #include "state/frames.h"
 #include "state/messages.h"
 #include "state/run.h"

@@ -30,10 +30,4 @@ void fill_disc(int center_x, int center_y, int radius, Color color);
 /// stamps many pixels calls it.
 void refresh_stroke();
 
-/// Outlines in the moving stripes, on a bitmap of the logical screen; `preview_circle` takes the centre and a rim
-/// point. Of a tool whose paint is mirrored they show all images.
-void preview_line(BITMAP* bitmap, int x1, int y1, int x2, int y2);
-void preview_rect(BITMAP* bitmap, int x1, int y1, int x2, int y2);
-void preview_circle(BITMAP* bitmap, int center_x, int center_y, int rim_x, int rim_y);
-
 }  // namespace nubo

@@ -5,7 +5,7 @@
 #include "paint/shape_generators.h"
 #include "paint/shape_in_hand.h"
 #include "paint/shape_spline.h"
-#include "paint/stroke.h"
+#include "paint/tool_preview.h"
 #include "paint/tool_table.h"
 #include "state/flow.h"
 #include "state/run.h"

@@ -6,6 +6,7 @@
 #include "paint/inks.h"
 #include "paint/stroke.h"
 #include "paint/surfaces.h"
+#include "paint/tool_preview.h"
 #include "paint/undo.h"
 #include "state/shown.h"
 #include "state/view.h"
@@ -63,8 +64,6 @@ Area moved(const Area& area, Point by) {
     return {area.left + by.x, area.top + by.y, area.right + by.x, area.bottom + by.y};
 }
 
-Area area_of_frame() { return {0, 0, current_frame->w - 1, current_frame->h - 1}; }
-
 Area area_of_view() {
     const Point corner = shown_corner();
     const auto level = static_cast<std::size_t>(shown.zoom);
@@ -74,16 +73,21 @@ Area area_of_view() {
 
 // ---- Its paint -----------------------------------------------------------------------------------------------------
 
+/// Of the pixel on whatever tile.
+Color frame_pixel(int x, int y) {
+    const Point real = real_pixel({x, y});
+    return *pixels_at(current_frame, real.x, real.y);
+}
+
 /// Paints the covered pixels of a row of the Frame from `left` to `right`, whose coverage begins at `coverage`. GLOW
 /// changes the pixels ahead of it, into which the brush colour is then mixed: for it each stretch is one pixel.
 void paint_row(const std::uint8_t* coverage, int left, int right, int y, std::vector<Color>& colors) {
     static constexpr std::uint8_t full_strength = 0;
     const int longest = active_ink() == INK_GLOW ? 1 : right + 1 - left;
-    const Color* const frame = pixels_at(current_frame, 0, y);
     for (int first = left; first <= right; ++first) {
         int end = first;
         for (; end <= right && end - first < longest && is_covered(coverage[end - left]); ++end)
-            colors[static_cast<std::size_t>(end - first)] = mixed_color(frame[end], coverage[end - left]);
+            colors[static_cast<std::size_t>(end - first)] = mixed_color(frame_pixel(end, y), coverage[end - left]);
         if (end == first) continue;
         paint_row(
             {.x = first, .y = y, .length = end - first, .tip = &full_strength, .tip_step = 0, .colors = colors.data()},
@@ -142,14 +146,15 @@ bool TextInHand::contains(Point pixel) const {
 void TextInHand::draw_preview() const {
     if (!covered_) return;
     const Point corner = shown_corner(), place = click_points[0];
-    const Area box = moved(*covered_, place), part = shared_part(shared_part(box, area_of_frame()), area_of_view());
+    const Area box = moved(*covered_, place), painted = shared_part(box, paint_window());
+    const Area part = guides.tiles == TILES_OFF ? shared_part(painted, area_of_view()) : painted;
     for (int y = part.top; y <= part.bottom; ++y) {
         const std::uint8_t* const coverage = coverage_at(text_bitmap_.get(), y - place.y);
-        const Color* const frame = pixels_at(current_frame, 0, y);
-        Color* const over = pixels_at(overlay, 0, y - corner.y);
-        for (int x = part.left; x <= part.right; ++x)
-            if (is_covered(coverage[x - place.x]))
-                over[x - corner.x] = shown_color(mixed_color(frame[x], coverage[x - place.x]));
+        for (int x = part.left; x <= part.right; ++x) {
+            if (!is_covered(coverage[x - place.x])) continue;
+            if (Color* const over = preview_pixel({x - corner.x, y - corner.y}))
+                *over = shown_color(mixed_color(frame_pixel(x, y), coverage[x - place.x]));
+        }
     }
     if (has_box())  // around it, so that all of the line is seen
         preview_rect(overlay, box.left - corner.x - 1, box.top - corner.y - 1, box.right - corner.x + 1,
@@ -159,7 +164,7 @@ void TextInHand::draw_preview() const {
 void TextInHand::commit() const {
     if (!covered_) return;
     const Point place = click_points[0];
-    const Area part = shared_part(moved(*covered_, place), area_of_frame());
+    const Area part = shared_part(moved(*covered_, place), paint_window());
     if (part.width() < 1 || part.height() < 1 || !save_undo(false)) return;
     clear_stroke_mask();
     std::vector<Color> colors(static_cast<std::size_t>(part.width()));

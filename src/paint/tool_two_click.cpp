@@ -7,6 +7,7 @@
 #include "paint/snap.h"
 #include "paint/stroke.h"
 #include "paint/tool_distance.h"
+#include "paint/tool_preview.h"
 #include "paint/tool_table.h"
 #include "paint/tools.h"
 #include "state/frames.h"

@@ -2,6 +2,7 @@
 
 #include "gui/waiting.h"
 #include "paint/stroke.h"
+#include "paint/tool_preview.h"
 #include "paint/tool_table.h"
 #include "state/flow.h"
 #include "state/overlay.h"
@@ -11,6 +12,7 @@
 #include "state/tools.h"
 #include "state/view.h"
 #include <cassert>
+#include <optional>
 
 namespace nubo {
 namespace {
@@ -43,6 +45,8 @@ void run_tool() {
 
 void draw_tool_preview() {
     placing_text.fill('\0');
+    std::optional<PaintPreview> paint;  // not of a gradient's nodes
+    if (tool_preview > TOOL_NONE && tool_preview < TOOL_COUNT) paint.emplace(tool_rows[at(tool_preview)].imaging);
     if (preview_drawers[at(tool_preview)] != nullptr) preview_drawers[at(tool_preview)]();
 }
 

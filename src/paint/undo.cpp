@@ -34,6 +34,7 @@ Pending pending = PENDING_NONE;
 constinit UndoStep opened;
 
 int changed_last = -1;
+int steps_begun = 0;
 bool is_refused = false;  // for tests
 
 bool reaches_all() { return opt_undo_depth == undo_depth_all; }
@@ -225,9 +226,12 @@ bool save_undo(bool keep_redo) {
     if (!settle()) return refuse_for_memory();
     if (!keep_redo) cut_redo();
     pending = PENDING_STEP;
+    ++steps_begun;
     note_change(frame_index);
     return true;
 }
+
+int step_in_progress() { return pending == PENDING_STEP ? steps_begun : no_step; }
 
 bool undo_last() {
     if (undo_reach().done == 0) return false;
@@ -307,6 +311,7 @@ void count_step() {
     if (pending != PENDING_OPEN) return forget_open_step();
     cut_redo();
     pending = PENDING_STEP;
+    ++steps_begun;
     opened = {};
 }
 

@@ -15,6 +15,11 @@ namespace nubo {
 /// memory can't be had: the caller then leaves the Frame alone.
 bool save_undo(bool keep_redo);
 
+/// A number for the step that `save_undo` has begun, as long as what changes belongs to it: whoever began it may go on
+/// there.
+inline constexpr int no_step = 0;
+int step_in_progress();
+
 /// The user's commands; nothing happens where UNDO DEPTH or the history ends. True if the step brought a Cel along
 /// (`give_step_cel`). The Frame may have another size afterwards.
 bool undo_last();

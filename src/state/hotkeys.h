@@ -59,6 +59,7 @@ enum Hotkey : int {
     HOTKEY_GHOST,
     HOTKEY_GRID,
     HOTKEY_CHECKER,
+    HOTKEY_TILES,
     HOTKEY_COUNT
 };
 

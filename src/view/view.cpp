@@ -8,6 +8,7 @@
 #include "state/run.h"
 #include "state/status.h"
 #include "state/view.h"
+#include "view/frame_tiles.h"
 #include <algorithm>
 #include <allegro.h>
 #include <cmath>
@@ -37,8 +38,16 @@ int pan_of_center(int center, float view_size) {
 }  // namespace
 
 void view_clamp() {
-    pan_x = clamp_pan(pan_x, view_w, frame_w);
-    pan_y = clamp_pan(pan_y, view_h, frame_h);
+    if (!tiles_across()) pan_x = clamp_pan(pan_x, view_w, frame_w);
+    if (!tiles_down()) pan_y = clamp_pan(pan_y, view_h, frame_h);
+}
+
+void view_to_frame() {
+    view_update_pixel();
+    const Point center{view_center_x, view_center_y}, real = real_pixel(center);
+    pan_x += real.x - center.x;
+    pan_y += real.y - center.y;
+    view_update_pixel();
 }
 
 void view_update_pixel() {

@@ -1,6 +1,7 @@
 #include "windows/guide_switches.h"
 
 #include "state/guides.h"
+#include "view/view.h"
 
 namespace nubo {
 
@@ -12,6 +13,18 @@ void choose_symmetry(int symmetry) {
 void switch_symmetry() {
     const int last = guides.last_symmetry == SYMMETRY_OFF ? SYMMETRY_ACROSS : guides.last_symmetry;
     choose_symmetry(guides.symmetry == SYMMETRY_OFF ? last : SYMMETRY_OFF);
+}
+
+void choose_tiles(int tiles) {
+    view_to_frame();  // else the limits would, to its nearest edge
+    guides.tiles = tiles;
+    view_clamp();
+    if (tiles != TILES_OFF) guides.last_tiles = tiles;
+}
+
+void switch_tiles() {
+    const int last = guides.last_tiles == TILES_OFF ? TILES_BOTH : guides.last_tiles;
+    choose_tiles(guides.tiles == TILES_OFF ? last : TILES_OFF);
 }
 
 void choose_ghost(int ghost) {

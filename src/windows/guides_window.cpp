@@ -5,6 +5,8 @@
 #include "paint/image_maps.h"
 #include "state/frames.h"
 #include "state/guides.h"
+#include "view/view.h"
+#include "windows/axis_handle.h"
 #include "windows/guide_switches.h"
 #include "windows/kit/number_field.h"
 #include "windows/kit/run_window.h"
@@ -22,6 +24,7 @@ namespace {
 enum GuideSlot : int {
     GUIDE_SYMMETRY_CAPTION = slot_content,
     GUIDE_AXIS_CAPTION,
+    GUIDE_TILES_CAPTION,
     GUIDE_GHOST_CAPTION,
     GUIDE_BEFORE_CAPTION,
     GUIDE_AFTER_CAPTION,
@@ -37,6 +40,8 @@ enum GuideSlot : int {
     GUIDE_CELLS,
     GUIDE_SNAP,
     GUIDE_CHECKER,
+    GUIDE_TILES_FIRST,  // one for each Tiling
+    GUIDE_RIM = GUIDE_TILES_FIRST + TILES_COUNT,
     GUIDE_SYMMETRY_FIRST,  // one for each Symmetry
     GUIDE_AXIS_X_CAPTION = GUIDE_SYMMETRY_FIRST + SYMMETRY_COUNT,
     GUIDE_AXIS_X,
@@ -106,6 +111,7 @@ constexpr SliderRange ghosts_range{0, ghost_frames_max, 1}, strength_range{0, gh
 constexpr std::array<ElementRow, GUIDE_SLOTS - slot_content> rows{{
     caption_row(GUIDE_SYMMETRY_CAPTION, 2, 12, 55, "SYMMETRY"),
     caption_row(GUIDE_AXIS_CAPTION, 2, 22, 55, "AXIS"),
+    caption_row(GUIDE_TILES_CAPTION, 2, 32, 55, "TILES"),
     caption_row(GUIDE_GHOST_CAPTION, 2, 42, 55, "GHOST"),
     caption_row(GUIDE_BEFORE_CAPTION, 2, 52, 55, "BEFORE"),
     caption_row(GUIDE_AFTER_CAPTION, column_x(2), 52, column_w, "AFTER"),
@@ -129,6 +135,11 @@ constexpr std::array<ElementRow, GUIDE_SLOTS - slot_content> rows{{
      .left = ACTION_CLICK,
      .tooltip = MESSAGE_GUIDE_CENTER,
      .text = "CENTER"},
+    choice_row(GUIDE_TILES_FIRST, TILES_OFF, 32, MESSAGE_GUIDE_TILES, "OFF"),
+    choice_row(GUIDE_TILES_FIRST, TILES_BOTH, 32, MESSAGE_GUIDE_TILES, "BOTH"),
+    choice_row(GUIDE_TILES_FIRST, TILES_ACROSS, 32, MESSAGE_GUIDE_TILES, "ACROSS"),
+    choice_row(GUIDE_TILES_FIRST, TILES_DOWN, 32, MESSAGE_GUIDE_TILES, "DOWN"),
+    button_row(GUIDE_RIM, TILES_COUNT, 32, MESSAGE_GUIDE_RIM, "RIM"),
     choice_row(GUIDE_GHOST_FIRST, GHOST_OFF, 42, MESSAGE_GUIDE_GHOST, "OFF"),
     choice_row(GUIDE_GHOST_FIRST, GHOST_BEHIND, 42, MESSAGE_GUIDE_GHOST, "BEHIND"),
     choice_row(GUIDE_GHOST_FIRST, GHOST_OVER, 42, MESSAGE_GUIDE_GHOST, "OVER"),
@@ -182,8 +193,9 @@ struct ChoiceGroup {
     int (*chosen)();
     void (*choose)(int);
 };
-constexpr std::array<ChoiceGroup, 2> choices{{
+constexpr std::array<ChoiceGroup, 3> choices{{
     {GUIDE_SYMMETRY_FIRST, SYMMETRY_COUNT, [] { return guides.symmetry; }, choose_symmetry},
+    {GUIDE_TILES_FIRST, TILES_COUNT, [] { return int{guides.tiles}; }, choose_tiles},
     {GUIDE_GHOST_FIRST, GHOST_COUNT, [] { return guides.ghost; }, choose_ghost},
 }};
 
@@ -191,8 +203,10 @@ constexpr std::array<ChoiceGroup, 2> choices{{
 struct Switch {
     int slot;
     int Guides::*flag;
+    int lit = 1;  // the flag's value where it is
 };
-constexpr std::array<Switch, 4> switches{{
+constexpr std::array<Switch, 5> switches{{
+    {GUIDE_RIM, &Guides::hides_rim, 0},
     {GUIDE_PIXELS, &Guides::pixel_grid},
     {GUIDE_CELLS, &Guides::cell_grid},
     {GUIDE_SNAP, &Guides::snap},
@@ -269,7 +283,7 @@ void light(int slot, bool is_on) {
 void light_buttons() {
     for (const ChoiceGroup& group : choices)
         for (int i = 0; i < group.count; ++i) light(group.first + i, group.chosen() == i);
-    for (const Switch& one : switches) light(one.slot, guides.*one.flag != 0);
+    for (const Switch& one : switches) light(one.slot, guides.*one.flag == one.lit);
     light(GUIDE_PIN, guides.pinned_frame != 0);
 }
 
@@ -309,6 +323,7 @@ WindowPass serve_window() {
         key_focus = -1;  // what a field holds doesn't count any more
         guides.axis_x = guides.axis_y = axis_in_the_middle;
     }
+    serve_axis_handles();
     keep_last_grids();
     return WINDOW_STAYS;
 }
@@ -318,8 +333,12 @@ WindowPass serve_window() {
 void guides_window() {
     Guides before;
     before = guides;
+    const AxisHandles handles;
     const WindowPass end = run_window(window, {.built = fill_window, .show = follow_window, .serve = serve_window});
-    if (end == WINDOW_CANCELLED) guides = before;
+    if (end != WINDOW_CANCELLED) return;
+    view_to_frame();  // as long as there are the tiles that it may have gone along
+    guides = before;
+    view_clamp();
 }
 
 }  // namespace nubo

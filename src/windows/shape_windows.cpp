@@ -4,7 +4,7 @@
 #include "gui/waiting.h"
 #include "paint/shape_generators.h"
 #include "paint/shape_in_hand.h"
-#include "paint/stroke.h"
+#include "paint/tool_preview.h"
 #include "paint/tools.h"
 #include "state/flow.h"
 #include "state/mouse.h"

@@ -3,6 +3,7 @@
 #include "base/bitmap.h"
 #include "gui/shapes.h"
 #include "gui/window.h"
+#include "paint/image_maps.h"
 #include "state/frames.h"
 #include "state/gui.h"
 #include "state/guides.h"
@@ -68,7 +69,10 @@ Box box_at(Place place) {
 
 bool hides_frame(const Box& box) {
     const int scale = zoom_scale[static_cast<std::size_t>(shown.zoom)], x = -shown.pan_x, y = -shown.pan_y;
-    return box.overlaps({x * scale, y * scale, (x + current_frame->w) * scale, (y + current_frame->h) * scale});
+    Box frame{x * scale, y * scale, (x + current_frame->w) * scale, (y + current_frame->h) * scale};
+    if (tiles_across()) frame.left = 0, frame.right = view_w;
+    if (tiles_down()) frame.top = 0, frame.bottom = view_h;
+    return box.overlaps(frame);
 }
 
 bool hides_menu(const Box& box) {
@@ -119,7 +123,9 @@ void make_way() {
 // ---- The picture ---------------------------------------------------------------------------------------------------
 
 /// Where the part shown begins: around the pixel, inside the frame; before it where the frame is smaller than the part.
-int part_start(int pixel, int frame_size, int part) {
+/// Tiles go on beyond it.
+int part_start(int pixel, int frame_size, int part, bool tiled) {
+    if (tiled) return pixel - part / 2;
     if (frame_size <= part) return (frame_size - part) / 2;
     return std::clamp(pixel - part / 2, 0, frame_size - part);
 }
@@ -142,10 +148,12 @@ void draw_zoom_preview(int slot) {
     GUI_box(slot, ui_black, ui_border);
     const int part = gui::w[at(slot)] - 2 * picture_border;
     const int left = gui::x[at(slot)] + picture_border, top = gui::y[at(slot)] + picture_border;
-    const int from_x = part_start(shown.pixel_x, current_frame->w, part);
-    const int from_y = part_start(shown.pixel_y, current_frame->h, part);
-    blit(current_frame, screen_buffer, from_x, from_y, left, top, part, part);
-    if (guides.checker != 0) draw_preview_checker({left, top}, from_x, from_y, part);
+    const int from_x = part_start(shown.pixel_x, current_frame->w, part, tiles_across());
+    const int from_y = part_start(shown.pixel_y, current_frame->h, part, tiles_down());
+    for_each_tile({from_x, from_y, from_x + part - 1, from_y + part - 1}, [=](int dx, int dy) {
+        blit(current_frame, screen_buffer, from_x + dx, from_y + dy, left, top, part, part);
+        if (guides.checker != 0) draw_preview_checker({left, top}, from_x + dx, from_y + dy, part);
+    });
     const int dot_x = shown.pixel_x - from_x, dot_y = shown.pixel_y - from_y;
     if (dot_x >= 0 && dot_y >= 0 && dot_x < part && dot_y < part)
         putpixel(screen_buffer, left + dot_x, top + dot_y, static_cast<int>(ui_highlight_fore));

@@ -93,6 +93,7 @@ constexpr KeyCase cases[] = {
     {HOTKEY_GHOST, 0, KEY_O, AFTERWARDS, [] { return guides.ghost == GHOST_BEHIND; }},
     {HOTKEY_GRID, KEY_LSHIFT, KEY_G, AFTERWARDS, [] { return guides.pixel_grid == 1 && guides.cell_grid == 0; }},
     {HOTKEY_CHECKER, 0, KEY_K, AFTERWARDS, [] { return guides.checker == 1; }},
+    {HOTKEY_TILES, 0, KEY_T, AFTERWARDS, [] { return guides.tiles == TILES_BOTH; }},
 };
 
 /// Takes what is copied and has nothing to paste.

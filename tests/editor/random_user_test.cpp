@@ -13,6 +13,7 @@
 #include "harness/windows.h"
 #include "platform/input_queue.h"
 #include "platform/system_calls.h"
+#include "view/frame_tiles.h"
 #include "windows/kit/drawing_menu.h"
 #include "workspace/folders.h"
 #include "workspace/frame_slot.h"
@@ -62,11 +63,12 @@ bool shows_one_active(int first, int active) {
 
 bool is_between(int value, int low, int high) { return value >= low && value <= high; }
 
-/// The view's centre stays on the Frame.
+/// The view's centre stays on the Frame, but goes on without end along tiles.
 bool view_is_in_limits() {
     if (!is_between(zoom, zoom_min, zoom_max)) return false;
     const int half_w = view_w / 2 / zoom_scale[at(zoom)], half_h = (view_h / zoom_scale[at(zoom)] + 1) / 2;
-    return is_between(pan_x, -half_w, frame_w) && is_between(pan_y, -half_h, frame_h);
+    return (tiles_across() || is_between(pan_x, -half_w, frame_w)) &&
+           (tiles_down() || is_between(pan_y, -half_h, frame_h));
 }
 
 /// What is wrong, null for nothing.

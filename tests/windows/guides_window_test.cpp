@@ -36,6 +36,27 @@ TEST_F(GuidesWindowTest, SetsAtOnceWhatCancelPutsBack) {
     EXPECT_TRUE(guides.symmetry == SYMMETRY_OFF && guides.checker == 0 && guides.axis_x == axis_in_the_middle);
 }
 
+TEST_F(GuidesWindowTest, AnAxisIsDraggedByItsHandleAndEscPutsItBack) {
+    constexpr int handle_y = 14;
+    guides.symmetry = SYMMETRY_ACROSS;
+    play_on(guides_window, [](User& user) -> Script {
+        co_await user.press_left(160, handle_y);  // the middle of 320 pixels
+        co_await user.drag_to(101, 60);
+        EXPECT_EQ(guides.axis_x, 2 * 101);
+        co_await user.release_left();
+        co_await user.press_left(101, handle_y);
+        co_await user.drag_to(40, handle_y);
+        co_await user.tap_key(KEY_ESC);
+        EXPECT_EQ(guides.axis_x, 2 * 101);
+        co_await user.release_left();
+        co_await user.press_left(220, 60);  // where there is none
+        co_await user.release_left();
+        EXPECT_EQ(guides.axis_x, 2 * 101);
+        co_await click_place(user, 20, row_y(106));
+    });
+    EXPECT_EQ(guides.axis_x, 2 * 101);
+}
+
 TEST_F(GuidesWindowTest, GuidesShowInThePictureAndNeverInAPick) {
     constexpr Color paint = 0x204060;
     clear_frame_to(mask_color);

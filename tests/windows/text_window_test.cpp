@@ -6,6 +6,7 @@
 #include "menus_kit.h"
 #include "paint/inks.h"
 #include "paint/tool_text.h"
+#include "state/guides.h"
 #include "windows/files/file_list.h"
 #include "workspace/preferred_font.h"
 
@@ -106,6 +107,21 @@ TEST_F(TextWindowTest, ItIsPaintedWhereItIsShownAtEveryZoom) {
         const int corner = level > 1 ? 20 : 0, scale = zoom_scale[at(level)];
         EXPECT_EQ(frame_pixels(), picture_of("Ag", corner + 60 / scale, corner + 40 / scale)) << level;
     }
+}
+
+TEST_F(TextWindowTest, AcrossTheSeamOfTilesItComesInOnTheOtherSide) {
+    set_text("Ag");
+    guides.tiles = TILES_BOTH;
+    play([](User& user) -> Script {
+        co_await click_place(user, 310, 50);
+        co_await user.wait(2);
+        EXPECT_GT(shown_pixels(), 10);
+        co_await right_click_outside(user);
+    });
+    std::vector<Color> expected = picture_of("Ag", 60, 50);
+    for (auto row = expected.begin(); row != expected.end(); row += frame_w)
+        std::rotate(row, row + frame_w - 250, row + frame_w);
+    EXPECT_EQ(frame_pixels(), expected);
 }
 
 TEST_F(TextWindowTest, OnlyACommitPaintsAndKeeps) {

@@ -1,6 +1,6 @@
 #include "windows/cel/cel_commands.h"
 
-#include "paint/stroke.h"
+#include "paint/tool_preview.h"
 #include "paint/tools.h"
 #include "state/flow.h"
 #include "state/frames.h"

@@ -2,6 +2,7 @@
 // Meanwhile it is nowhere but in the Cel, so each way out either anchors it or puts it back. The step before the cut
 // counts once the area has landed; till then undo and redo are as they were.
 #include "paint/cel_pixels.h"
+#include "paint/image_maps.h"
 #include "paint/surfaces.h"
 #include "paint/undo.h"
 #include "state/frames.h"
@@ -21,9 +22,12 @@ namespace {
 
 void leave_hole(const Area& area) {
     const bool takes_brush = tool_option(TOOL_MOVE, OPTION_USE_BRUSH_COLOR) != 0;
-    rectfill(current_frame, area.left, area.top, area.right, area.bottom,
-             static_cast<int>(takes_brush ? brush_color : mask_color));
-    note_touched(area);
+    const int color = static_cast<int>(takes_brush ? brush_color : mask_color);
+    for_each_tile(area, [=](int dx, int dy) {
+        const Area hole{area.left + dx, area.top + dy, area.right + dx, area.bottom + dy};
+        rectfill(current_frame, hole.left, hole.top, hole.right, hole.bottom, color);
+        note_touched(hole);
+    });
 }
 
 /// True if it was anchored. Over a Frame that can't be left it goes on floating, but not at the program's end.

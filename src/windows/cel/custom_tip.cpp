@@ -3,12 +3,13 @@
 #include "base/bitmap.h"
 #include "base/color.h"
 #include "gui/waiting.h"
-#include "paint/stroke.h"
 #include "paint/tips.h"
+#include "paint/tool_preview.h"
 #include "state/frames.h"
 #include "state/run.h"
 #include "state/shown.h"
 #include "state/stroke.h"
+#include "view/frame_tiles.h"
 #include "windows/kit/over_frame.h"
 
 namespace nubo {
@@ -32,8 +33,9 @@ void take_area(int left, int top) {
     for (int y = 0; y < custom_tip_h; ++y) {
         Color* const tip = pixels_at(tip_sheet, 0, custom_tip_y + y);
         for (int x = 0; x < custom_tip_w; ++x) {
-            const bool inside = frame_contains(current_frame, left + x, top + y);
-            tip[x] = gray_of(inside ? *pixels_at(current_frame, left + x, top + y) : ui_highlight_back);
+            const Point real = real_pixel({left + x, top + y});
+            const bool inside = frame_contains(current_frame, real.x, real.y);
+            tip[x] = gray_of(inside ? *pixels_at(current_frame, real.x, real.y) : ui_highlight_back);
         }
     }
 }

@@ -6,7 +6,7 @@
 #include "framework/text.h"
 #include "gui/presses.h"
 #include "gui/waiting.h"
-#include "paint/stroke.h"
+#include "paint/tool_preview.h"
 #include "paint/tools.h"
 #include "state/flow.h"
 #include "state/frames.h"
@@ -18,6 +18,7 @@
 #include "state/stroke.h"
 #include "state/view.h"
 #include "state/windows.h"
+#include "view/frame_tiles.h"
 #include "view/view.h"
 #include "windows/kit/offscreen_box.h"
 #include "windows/kit/over_frame.h"
@@ -84,7 +85,8 @@ void bring_into_frame(const Gradient& gradient, Node node) {
 bool mouse_is_near(const Gradient& gradient, Node node) {
     constexpr int near = 9;
     const Point place = node_place(gradient, node);
-    const int dx = gradient.has_x() ? place.x - pixel_x : 0, dy = gradient.has_y() ? place.y - pixel_y : 0;
+    const Point mouse = real_pixel({pixel_x, pixel_y});
+    const int dx = gradient.has_x() ? place.x - mouse.x : 0, dy = gradient.has_y() ? place.y - mouse.y : 0;
     return UA_distance_2d(0, 0, dx, dy) < near;
 }
 
@@ -144,7 +146,7 @@ void move_nodes(const Gradient& gradient) {
         if (hand == HAND_RIGHT || hand == HAND_ESCAPES || key_is_pressed()) return;
         if (mouse_middle != 0) quick_pan();
         if (hand == HAND_LEFT) held = node_after_press(gradient, held);
-        if (held != NODE_NONE) place_node(gradient, held, {pixel_x, pixel_y});
+        if (held != NODE_NONE) place_node(gradient, held, real_pixel({pixel_x, pixel_y}));
         serve_nodes_box(gradient);
     }
 }

@@ -18,7 +18,9 @@
 #include "state/options.h"
 #include "state/run.h"
 #include "state/view.h"
+#include "view/frame_tiles.h"
 #include "view/view.h"
+#include "windows/kit/arrow_keys.h"
 #include "windows/kit/offscreen_box.h"
 #include "windows/kit/over_frame.h"
 #include "windows/kit/quick_pan.h"
@@ -73,20 +75,10 @@ void shift_place(const CelPlace& from, int dx, int dy) {
     cel_place.y2 = from.y2 + dy;
 }
 
-/// An arrow key acts when it goes down, and after a while again and again.
 void serve_arrows() {
-    constexpr int first_pause = clock_hz * 2 / 5, pause = clock_hz / 30, large_step = 8;
-    static Point held;
-    static int due = 0;
-    const auto down = [](std::size_t code) { return key_down[code] != 0 ? 1 : 0; };
-    const Point arrow{down(KEY_RIGHT) - down(KEY_LEFT), down(KEY_DOWN) - down(KEY_UP)};
-    const bool is_new = !(arrow == held);
-    held = arrow;
-    const int now = UA_clock_ticks;
-    if (arrow == Point{} || (!is_new && now - due < 0)) return;
-    due = now + (is_new ? first_pause : pause);
-    const int step = shift_is_down() ? large_step : 1;
-    shift_place(cel_place, arrow.x * step, arrow.y * step);
+    static ArrowKeys arrows;
+    const Point step = arrows.step();
+    shift_place(cel_place, step.x, step.y);
 }
 
 /// TURN and STRETCH have two qualities.
@@ -232,10 +224,11 @@ Outcome serve_cel_box(HandStep, Point) {
     return NOT_SERVED;
 }
 
-/// Strictly inside, but a side of one pixel is inside itself.
+/// Strictly inside, but a side of one pixel is inside itself. On any tile.
 bool lies_in_cel(Point at) {
     const auto inside = [](int offset, int size) { return offset < size && offset >= (size == 1 ? 0 : 1); };
-    return inside(at.x - cel_place.x, cel->w) && inside(at.y - cel_place.y, cel->h);
+    const Point offset = real_pixel({at.x - cel_place.x, at.y - cel_place.y});
+    return inside(offset.x, cel->w) && inside(offset.y, cel->h);
 }
 
 constexpr PlacementKind paste_kind{.prompt = [] { return MESSAGE_CEL_REPOSITION; },
