@@ -38,8 +38,6 @@ private:
     NearChunk chunk_matches_;
 };
 
-bool frame_has(int x, int y) { return x >= 0 && y >= 0 && x < current_frame->w && y < current_frame->h; }
-
 template <typename Change> void for_each_row(BITMAP* bitmap, Change change) {
     for (int y = 0; y < bitmap->h; ++y) change(pixels_at(bitmap, 0, y), bitmap->w);
 }
@@ -67,7 +65,7 @@ OwnedBitmap cut_out(const Area& area, BITMAP* shape) {
         Color* const pixels = pixels_at(picture.get(), 0, y);
         const Color* const is_inside = shape == nullptr ? nullptr : pixels_at(shape, 0, y);
         for (int x = 0; x < picture->w; ++x) {
-            if ((is_inside != nullptr && is_inside[x] == 0) || !frame_has(area.left + x, area.top + y))
+            if ((is_inside != nullptr && is_inside[x] == 0) || !lies_in_frame({area.left + x, area.top + y}))
                 pixels[x] = transparent_color;
             else if (pixels[x] == transparent_color)
                 pixels[x] = nearly_transparent;
@@ -77,7 +75,8 @@ OwnedBitmap cut_out(const Area& area, BITMAP* shape) {
 }
 
 bool take_area(const Area& area) {
-    if (frame_has(area.left, area.top) && frame_has(area.right, area.bottom)) return take_cel(copy_of_area(area));
+    if (lies_in_frame({area.left, area.top}) && lies_in_frame({area.right, area.bottom}))
+        return take_cel(copy_of_area(area));
     return take_cel(cut_out(area, nullptr), CEL_IS_CUT_OFF);
 }
 
