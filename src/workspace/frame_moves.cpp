@@ -50,16 +50,15 @@ RenameJob delete_job(const Folder& folder, int start, int count, int frames) {
     return job;
 }
 
-// ---- Gaps and maps -------------------------------------------------------------------------------------------------
+// ---- Gaps, and what follows the Frames ------------------------------------------------------------------------------
 
-SlotMap map_of(const RenameJob& job) {
-    SlotMap map = nothing_moved();
-    for (int& from : map) {
-        if (job.kind == JOB_DELETE && from >= job.start && from + job.count < frame_slots) from += job.count;
-        if (job.kind == JOB_INSERT && from > job.start)
-            from = from > job.start + job.count ? from - job.count : job.start;
+RowChange change_by(const RenameJob& job) {
+    switch (job.kind) {
+    case JOB_INSERT: return change_by_insert(job.start, job.count, job.frames);
+    case JOB_DELETE: return change_by_delete(job.start, job.count, job.frames);
+    case JOB_CHANGE: break;
     }
-    return map;
+    return {};
 }
 
 /// A Frame that has only its rescue: a blank one that was painted on and never saved.
@@ -79,8 +78,8 @@ void remove_strayed_histories(const Folder& folder, int first) {
 }
 
 /// Moves Frames down over slots without a file.
-SlotMap close_gaps(const Folder& folder, bool& moved) {
-    SlotMap map = nothing_moved();
+RowChange close_gaps(const Folder& folder, bool& moved) {
+    RowChange change;
     int free_slot = 0;
     for (int number = 0; number < frame_slots; ++number) {
         const FrameSlot slot{folder, number}, free{folder, free_slot};
@@ -91,31 +90,29 @@ SlotMap close_gaps(const Folder& folder, bool& moved) {
         if (slot.has_rescue()) rename_file(slot.rescue(), free.rescue());
         if (file_exists(slot.history())) rename_file(slot.history(), free.history());
         UA_log("[ INFO ] : Closed a gap: frame %d is now frame %d", slot.number, free.number);
-        map[at(free.number)] = slot.number;
+        change.map[at(free.number)] = slot.number;
         moved = true;
         mark_damage();
     }
-    return map;
+    if (moved) change.frames = std::max(free_slot, 1);
+    return change;
 }
 
-void move_views(const SlotMap& map) {
+void move_views(const RowChange& change) {
     const auto before = frame_view;
-    for (std::size_t i = 0; i < map.size(); ++i) frame_view[i] = before[static_cast<unsigned>(map[i])];
-    const auto slot_of = [&map](int slot) {
-        const auto place = std::find(map.begin(), map.end(), slot);
-        return place == map.end() ? -1 : static_cast<int>(place - map.begin());  // -1: it was deleted
-    };
-    renumber_pinned_frame(slot_of);
-    if (const int slot = slot_of(frame_index); slot >= 0) frame_index = slot;
+    for (std::size_t i = 0; i < change.map.size(); ++i) frame_view[i] = before[at(change.map[i])];
+    renumber_pinned_frame([&change](int slot) { return slot_after(change, slot); });
+    follow_with_times(change);
+    if (const int slot = slot_after(change, frame_index); slot >= 0) frame_index = slot;
 }
 
 /// A tile only ever comes from a higher slot or from several below it, so the order of copying matters: a copy of the
 /// sheet spares thinking about it.
-void move_tiles(const SlotMap& map) {
+void move_tiles(const RowChange& change) {
     const OwnedBitmap before = copy_bitmap(nail_sheet);
     if (!before) return;
     for (int slot = 0; slot < frame_slots; ++slot) {
-        const int from = map[static_cast<unsigned>(slot)];
+        const int from = change.map[at(slot)];
         blit(before.get(), nail_sheet, from % nail_columns * nail_tile, from / nail_columns * nail_tile,
              slot % nail_columns * nail_tile, slot / nail_columns * nail_tile, nail_tile, nail_tile);
     }
@@ -136,6 +133,20 @@ bool delete_frame_files(const Folder& folder, int start, int count) {
     return do_job(folder, delete_job(folder, start, count, frame_count));
 }
 
+RowChange change_by_insert(int start, int count, int frames) {
+    RowChange change{.frames = frames + count};
+    for (int& from : change.map)
+        if (from > start) from = from > start + count ? from - count : start;
+    return change;
+}
+
+RowChange change_by_delete(int start, int count, int frames) {
+    RowChange change{.frames = frames - count};
+    for (int& from : change.map)
+        if (from >= start && from + count < frame_slots) from += count;
+    return change;
+}
+
 FrameRepairs repair_frame_files(const Folder& folder) {
     FrameRepairs repairs;
     remove_unfinished_files(folder.path());
@@ -144,7 +155,7 @@ FrameRepairs repair_frame_files(const Folder& folder) {
         repairs.moved = true;
         repairs.frames_before = job->frames;
         repairs.nail_is_old = job->kind == JOB_DELETE;
-        repairs.by_journal = map_of(*job);
+        repairs.by_journal = change_by(*job);
     }
     adopt_rescues(folder);
     remove_strayed_histories(folder, 0);

@@ -1,11 +1,10 @@
 #pragma once
 // Moving frame files up or down the row of slots, as a job (workspace/rename_job.h), so that no Frame is lost wherever
-// the program is killed. A row with a gap, however it came to be, is closed at start; views and thumbnails move with
-// their Frames.
+// the program is killed. A row with a gap, however it came to be, is closed at start; views, times and thumbnails move
+// with their Frames.
 #include "base/bitmap.h"
 #include "platform/folder.h"
-#include "state/frames.h"
-#include <array>
+#include "workspace/frame_times.h"
 
 namespace nubo {
 
@@ -17,29 +16,23 @@ bool insert_frame_files(const Folder& folder, int start, int count, BITMAP* pict
 /// file knows of it, `take_back_job` undoes it.
 bool delete_frame_files(const Folder& folder, int start, int count);
 
-/// For each slot the slot whose Frame it now holds.
-using SlotMap = std::array<int, frame_slots>;
-
-/// The map of a row in which each Frame stands where it stood.
-constexpr SlotMap nothing_moved() {
-    SlotMap map{};
-    for (int slot = 0; slot < frame_slots; ++slot) map[static_cast<unsigned>(slot)] = slot;
-    return map;
-}
+/// What these two do to a row of `frames` Frames.
+RowChange change_by_insert(int start, int count, int frames);
+RowChange change_by_delete(int start, int count, int frames);
 
 /// What the start has repaired and the state file, or the Nail, doesn't know of yet.
 struct FrameRepairs {
     bool moved = false;        // a Frame has another slot than before
     int frames_before = 0;     // by the journal, 0 without one: a state file of as many Frames is older than the move
     bool nail_is_old = false;  // so is the Nail: an insert puts a new one in place, a delete doesn't
-    SlotMap by_journal = nothing_moved(), by_gaps = nothing_moved();  // in this order
+    RowChange by_journal{}, by_gaps{};  // in this order
 };
 
 /// Finishes or undoes what a kill interrupted, and closes gaps. Called at start, before the state file is read.
 FrameRepairs repair_frame_files(const Folder& folder);
 
-/// Move the stored views and `frame_index`, and the thumbnails, after the Frames that the repair has moved: called when
-/// the state file and the Nail have been read.
+/// Move the stored views, times and `frame_index`, and the thumbnails, after the Frames that the repair has moved:
+/// called when the state file and the Nail have been read.
 void follow_with_views(const FrameRepairs& repairs);
 void follow_with_tiles(const FrameRepairs& repairs);
 

@@ -43,9 +43,11 @@ void insert_tiles(int start, int count, BITMAP* picture) {
 }
 
 /// What else knows Frames by their slots.
-void renumber_frames(const std::function<int(int slot)>& slot_of) {
+void follow_with_numbers(const RowChange& change) {
+    const auto slot_of = [&change](int slot) { return slot_after(change, slot); };
     renumber_changed_frame(slot_of);
     renumber_pinned_frame(slot_of);
+    follow_with_times(change);
 }
 
 /// A copy is seen as its original is now; a blank Frame takes over the view that its slot last held.
@@ -53,7 +55,7 @@ void insert_views(int start, int count, bool blank) {
     if (start == frame_index) keep_view(start);
     for (int slot = frame_count - 1; slot > start; --slot) view_of(slot + count) = view_of(slot);
     for (int slot = start + 1; slot <= start + count && !blank; ++slot) view_of(slot) = view_of(start);
-    renumber_frames([=](int slot) { return slot > start ? slot + count : slot; });
+    follow_with_numbers(change_by_insert(start, count, frame_count));
 }
 
 /// A copy is no file yet.
@@ -81,7 +83,7 @@ void delete_entries(int start, int count) {
         view_of(slot - count) = view_of(slot);
         copy_nail_tile(slot, slot - count);
     }
-    renumber_frames([=](int slot) { return slot < start ? slot : slot < start + count ? -1 : slot - count; });
+    follow_with_numbers(change_by_delete(start, count, frame_count));
     std::move(frame_source.begin() + start + count, frame_source.end(), frame_source.begin() + start);
     std::fill_n(frame_source.end() - count, count, std::string());
     frame_count -= count;

@@ -55,6 +55,37 @@ TEST_F(WorkspaceTest, CloneInsertAndDeleteMoveFilesViewsAndThumbnailsTogether) {
     EXPECT_TRUE(frame_index == 3 && frame_count == 4 && id_in_memory() == 3 && guides.pinned_frame == 0);
 }
 
+/// What a row of five Frames, whose times are their ids, and a range of it become.
+struct TimesCase {
+    const char* name;
+    int first, end;
+    bool (*act)();
+    int first_after, end_after;
+    std::array<std::uint8_t, 7> times_after;
+};
+
+TEST_F(WorkspaceTest, TimesAndRangeGoWithTheirFrames) {
+    const TimesCase cases[] = {
+        {"clone in it", 1, 4, [] { return insert_frames(2, 1, false); }, 1, 5, {1, 2, 3, 3, 4, 5}},
+        {"insert before it", 1, 4, [] { return insert_frames(0, 2, true); }, 3, 6, {1, 1, 1, 2, 3, 4, 5}},
+        {"insert behind it", 1, 4, [] { return insert_frames(3, 1, true); }, 1, 4, {1, 2, 3, 4, 4, 5}},
+        {"to the last there is", 1, 0, [] { return insert_frames(4, 1, true); }, 1, 0, {1, 2, 3, 4, 5, 5}},
+        {"delete its ends", 1, 4, [] { return delete_frames(3, 1) && delete_frames(1, 1); }, 1, 2, {1, 3, 5}},
+        {"delete before it", 2, 4, [] { return delete_frames(0, 2); }, 0, 2, {3, 4, 5}},
+        {"delete all of it", 4, 0, [] { return delete_frames(3, 2); }, 0, 0, {1, 2, 3}},
+    };
+    for (const TimesCase& one : cases) {
+        std::filesystem::remove_all("WORKSPACE");
+        make_workspace({1, 2, 3, 4, 5}, 0);
+        guides.first_frame = one.first;
+        guides.range_end = one.end;
+        ASSERT_TRUE(one.act() && save_workspace_state(state_file, true) && open_workspace()) << one.name;
+        EXPECT_TRUE(std::ranges::equal(one.times_after, std::span(guides.frame_times).first<7>())) << one.name;
+        EXPECT_EQ(guides.first_frame, one.first_after) << one.name;
+        EXPECT_EQ(guides.range_end, one.end_after) << one.name;
+    }
+}
+
 TEST_F(WorkspaceTest, GhostsAreTheNeighboursAsTheirFilesHaveThem) {
     make_workspace({1, 2, 3, 4, 5}, 2);
     const auto ids = [] {

@@ -3,6 +3,7 @@
 // of its calls fails, is told elsewhere.
 #include "harness/user.h"
 #include "platform/faults.h"
+#include "state/guides.h"
 #include "state/messages.h"
 #include "workspace/archive.h"
 #include "workspace/archive_file.h"
@@ -88,7 +89,7 @@ protected:
         EXPECT_EQ(contents.head.frame_count, 5) << when;
     }
 
-    /// Starts and compares the row, and that views and thumbnails stand with their Frames.
+    /// Starts and compares the row, and that views, times and thumbnails stand with their Frames.
     void expect_outcome(const std::vector<Ids>& allowed, const std::string& when) {
         ASSERT_TRUE(open_workspace());
         const Ids ids = ids_on_disk();
@@ -98,6 +99,7 @@ protected:
             if (ids[slot] == 0 || ids[slot] == in_file || ids[slot] == in_memory || ids[slot] == other_current)
                 continue;
             EXPECT_EQ(frame_view[slot].pan_x, ids[slot]) << when;
+            EXPECT_EQ(guides.frame_times[slot], ids[slot]) << when;
             // A delete leaves the Nail on disk as it was, so that a kill right behind it brings the old tiles back.
             const int tile = tile_id(static_cast<int>(slot)), old_tile = static_cast<int>(slot) + 1;
             EXPECT_TRUE(tile == ids[slot] || (when.starts_with("delete") && tile == old_tile)) << when << tile;

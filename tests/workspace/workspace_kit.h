@@ -6,6 +6,7 @@
 #include "state/cel.h"
 #include "state/colors.h"
 #include "state/frames.h"
+#include "state/guides.h"
 #include "state/options.h"
 #include "state/run.h"
 #include "state/stroke.h"
@@ -48,6 +49,7 @@ protected:
             ASSERT_TRUE(save_bmp_file(slot_of_row(static_cast<int>(i)).frame(), frame.get()));
             make_nail_tile(frame.get(), static_cast<int>(i));
             frame_view[i] = {id, id, 2};
+            guides.frame_times[i] = static_cast<std::uint8_t>(id);
         }
         frame_count = static_cast<int>(ids.size());
         frame_index = index;
