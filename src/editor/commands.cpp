@@ -14,6 +14,7 @@
 #include "view/view.h"
 #include "windows/cel/cel_commands.h"
 #include "windows/cel/clipboard.h"
+#include "windows/cel/select.h"
 #include "windows/colors/color_window.h"
 #include "windows/colors/screen_pick.h"
 #include "windows/favorites_window.h"
@@ -173,6 +174,8 @@ constexpr std::array<Command, HOTKEY_COUNT> rows{{
     {HOTKEY_GRID,             "GUIDES - GRID",            key_shift | KEY_G, 0,              switch_grid, WAIT_AFTER},
     {HOTKEY_CHECKER,          "GUIDES - CHECKER",         KEY_K,             0,              switch_checker, WAIT_AFTER},
     {HOTKEY_TILES,            "GUIDES - TILES",           KEY_T,             0,              switch_tiles, WAIT_AFTER},
+    {HOTKEY_LASSO,            "CEL - LASSO",              KEY_L,             0,              lasso_by_key},
+    {HOTKEY_WAND,             "CEL - WAND",               key_shift | KEY_L, 0,              wand_by_key},
 }};
 // clang-format on
 static_assert(rows_in_order(rows, &Command::action), "a command for each Hotkey, in their order");

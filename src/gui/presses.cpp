@@ -19,6 +19,12 @@ void wait_while_held(Hotkey action) {
 
 bool pressed_outside(const Shared<int>& button) { return button != 0 && press_slot == -1; }
 
+bool hand_has_moved() {
+    constexpr int trembling = 3;
+    const int dx = mouse_x - press_start_x, dy = mouse_y - press_start_y;
+    return dx * dx + dy * dy > trembling * trembling;
+}
+
 bool right_press_outside() {
     if (!pressed_outside(mouse_right)) return false;
     wait_while_down(mouse_right);

@@ -16,6 +16,10 @@ void wait_while_held(Hotkey action);
 /// of a knob that left its window doesn't count, and a stroke stays one over an element.
 bool pressed_outside(const Shared<int>& button);
 
+/// True while the mouse is further from where its button went down than a hand that clicks trembles: three logical
+/// pixels.
+bool hand_has_moved();
+
 /// True after a right press with no element under it, when the button is up again.
 bool right_press_outside();
 

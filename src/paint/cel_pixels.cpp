@@ -57,15 +57,16 @@ bool take_cel(OwnedBitmap picture, CelShape shape) {
     return true;
 }
 
-OwnedBitmap cut_out(const Area& area, BITMAP* shape) {
+OwnedBitmap cut_out(const Area& area, const PixelSet* shape) {
     constexpr Color nearly_transparent = 0xfe00ff;
     OwnedBitmap picture = copy_of_area(area);
-    if (!picture) return nullptr;
-    for (int y = 0; y < picture->h; ++y) {
+    for (int y = 0; picture && y < picture->h; ++y) {
         Color* const pixels = pixels_at(picture.get(), 0, y);
-        const Color* const is_inside = shape == nullptr ? nullptr : pixels_at(shape, 0, y);
         for (int x = 0; x < picture->w; ++x) {
-            if ((is_inside != nullptr && is_inside[x] == 0) || !lies_in_frame({area.left + x, area.top + y}))
+            const Point real = real_pixel({area.left + x, area.top + y});
+            const bool is_taken =
+                frame_contains(current_frame, real.x, real.y) && (shape == nullptr || shape->has(real.x, real.y));
+            if (!is_taken)
                 pixels[x] = transparent_color;
             else if (pixels[x] == transparent_color)
                 pixels[x] = nearly_transparent;
@@ -75,8 +76,8 @@ OwnedBitmap cut_out(const Area& area, BITMAP* shape) {
 }
 
 bool take_area(const Area& area) {
-    if (lies_in_frame({area.left, area.top}) && lies_in_frame({area.right, area.bottom}))
-        return take_cel(copy_of_area(area));
+    const bool is_whole = lies_in_frame({area.left, area.top}) && lies_in_frame({area.right, area.bottom});
+    if (is_whole) return take_cel(copy_of_area(area));
     return take_cel(cut_out(area, nullptr), CEL_IS_CUT_OFF);
 }
 

@@ -3,6 +3,7 @@
 // to one colour.
 #include "base/bitmap.h"
 #include "paint/area.h"
+#include "paint/pixel_set.h"
 #include "state/guides.h"
 #include <optional>
 
@@ -37,10 +38,9 @@ void free_cel(CelAside& aside);
 /// without memory.
 OwnedBitmap copy_of_area(const Area& area);
 
-/// What of the Frame lies in an area and where `shape`, a bitmap of its size, isn't 0; all else is 0xff00ff. A real
-/// pixel of that colour becomes 0xfe00ff, so that it stays one. With a null `shape` all of the area. Null without
-/// memory.
-OwnedBitmap cut_out(const Area& area, BITMAP* shape);
+/// What of the Frame lies in an area and in `shape`, if that isn't null; all else is 0xff00ff. A real pixel of that
+/// colour becomes 0xfe00ff, so that it stays one. Null without memory.
+OwnedBitmap cut_out(const Area& area, const PixelSet* shape);
 
 /// Makes a new `cel` of `cel_mask`, with what is near `mask_color` masked out if CEL - MASKING is on. Before a
 /// placement.

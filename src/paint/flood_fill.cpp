@@ -6,6 +6,7 @@
 // order: a neighbour that was a seed and is taken by then would have been passed over anyway.
 #include "base/bitmap.h"
 #include "base/log.h"
+#include "base/memory.h"
 #include "base/random.h"
 #include "paint/images.h"
 #include "paint/stroke.h"
@@ -36,8 +37,9 @@ struct Ground {
 
 class Fill {
 public:
-    Fill(const Ground& ground, Color color, int tolerance, Color paint)
-        : range_(color, tolerance), ground_(ground), before_(ground.before), ink_(active_ink()), paint_(paint),
+    /// Each span goes to `put`; it may reach over a seam.
+    Fill(const Ground& ground, Color color, int tolerance, const PaintRun& put)
+        : range_(color, tolerance), ground_(ground), before_(ground.before), put_(put),
           visited_(static_cast<std::size_t>(before_->w) * static_cast<std::size_t>(before_->h)) {}
 
     /// From a pixel of the bitmap on.
@@ -104,17 +106,15 @@ private:
         visited[x] = 1;
         for (; open(left_of()); ++left) visited[first = left_of()] = 1;
         for (; open(right_of()); ++right) visited[last = right_of()] = 1;
-        stamp_row(ground_.corner.x + x - left, ground_.corner.x + x + right, ground_.corner.y + y, ink_, paint_);
+        put_(ground_.corner.x + x - left, ground_.corner.x + x + right, ground_.corner.y + y);
         spans_.push_back({static_cast<std::uint16_t>(first), static_cast<std::uint16_t>(last),
                           static_cast<std::uint16_t>(y), false, false});
-        refresh_stroke();
     }
 
     ColorRange range_;
     Ground ground_;
     BITMAP* before_;
-    Ink ink_;
-    Color paint_;
+    const PaintRun& put_;
     std::vector<std::uint8_t> visited_;
     std::vector<Span> spans_;
 };
@@ -127,8 +127,12 @@ void tell_no_memory() {
 
 void fill_ground(const Ground& ground, Point from, Color color, int tolerance, Color paint) {
     if (active_ink() == INK_OPAQUE && color == paint) return;
+    const PaintRun put = [ink = active_ink(), paint](int x1, int x2, int y) {
+        stamp_row(x1, x2, y, ink, paint);
+        refresh_stroke();
+    };
     try {
-        Fill(ground, color, tolerance, paint).run(from.x, from.y);
+        Fill(ground, color, tolerance, put).run(from.x, from.y);
     } catch (const std::bad_alloc&) {
         tell_no_memory();
     }
@@ -171,6 +175,14 @@ void fill_image(const ImageMap& map, Point pixel, int tolerance, Color paint) {
 void flood_fill(int x, int y, Color color, int tolerance, Color paint) {
     if (frame_contains(current_frame, x, y))
         fill_ground({stroke_snapshot(), {0, 0}, tiles_across(), tiles_down()}, {x, y}, color, tolerance, paint);
+}
+
+bool find_filled(Point from, int tolerance, const PaintRun& found) {
+    const Point real = real_pixel(from);
+    if (!frame_contains(current_frame, real.x, real.y)) return true;
+    const Ground ground{current_frame, {0, 0}, tiles_across(), tiles_down()};
+    const Color color = *pixels_at(current_frame, real.x, real.y);
+    return unless_memory_ends([&] { return Fill(ground, color, tolerance, found).run(real.x, real.y), true; }, false);
 }
 
 // Random inks draw for the first image what they draw for the others, as far as their areas are alike.

@@ -40,6 +40,17 @@ void say_shape_is_full() {
     status_timer = flash_ticks;
 }
 
+void add_freehand_point(Point point) {
+    if (point_list.empty()) {
+        point_list.push_back(point);
+        return;
+    }
+    const Point previous = point_list.back();
+    if (point == previous) return;
+    if (std::abs(point.x - previous.x) > 1 || std::abs(point.y - previous.y) > 1) point_list.push_back(previous);
+    point_list.push_back(point);
+}
+
 // ---- Where SHIFT holds a point -------------------------------------------------------------------------------------
 
 Point aligned_end(Point from, Point to) {

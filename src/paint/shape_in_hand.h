@@ -56,6 +56,9 @@ private:
     bool was_down_ = true;
 };
 
+/// Adds where a hand that draws has come to to the list; up to two points.
+void add_freehand_point(Point point);
+
 /// Flashes in the status bar that the shape is full.
 void say_shape_is_full();
 

@@ -24,6 +24,17 @@ inline void snap_corners(Point& from, Point& to) {
     snap_axis(from.y, to.y, guides.cell_y, guides.cell_h);
 }
 
+/// Of the four pixels in the corners of the cell in which a point lies, the nearest; without SNAP the point. So corners
+/// around a cell take that cell and no pixel of its neighbours.
+inline Point snapped_corner(Point point) {
+    const auto snap = [](int pixel, int offset, int side) {
+        const int first = cell_start(pixel, offset, side), last = first + side - 1;
+        return pixel - first <= last - pixel ? first : last;
+    };
+    if (guides.snap == 0) return point;
+    return {snap(point.x, guides.cell_x, guides.cell_w), snap(point.y, guides.cell_y, guides.cell_h)};
+}
+
 /// The corner of a cell that is the nearest to a point; without SNAP the point.
 inline Point snapped_place(Point place) {
     if (guides.snap == 0) return place;

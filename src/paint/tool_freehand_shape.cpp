@@ -11,21 +11,10 @@
 namespace nubo {
 namespace {
 
-void add_point(Point point) {
-    if (point_list.empty()) {
-        point_list.push_back(point);
-        return;
-    }
-    const Point previous = point_list.back();
-    if (point == previous) return;
-    if (std::abs(point.x - previous.x) > 1 || std::abs(point.y - previous.y) > 1) point_list.push_back(previous);
-    point_list.push_back(point);
-}
-
 /// False when the user leaves without painting.
 bool follow_hand() {
     Escape escape;
-    add_point({pixel_x, pixel_y});
+    add_freehand_point({pixel_x, pixel_y});
     while (mouse_left != 0) {
         update_screen(UPDATE_NORMAL);
         if (escape.asked()) return false;
@@ -34,7 +23,7 @@ bool follow_hand() {
             return true;
         }
         view_update_pixel();
-        add_point({pixel_x, pixel_y});
+        add_freehand_point({pixel_x, pixel_y});
     }
     return true;
 }

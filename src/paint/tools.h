@@ -1,5 +1,6 @@
 #pragma once
 // The brush tools: from the user's presses to the points of a stroke. What each of them does is a row in tool_table.h.
+#include "paint/shape_fill.h"
 #include "paint/tool_table.h"
 #include "state/colors.h"
 #include "state/overlay.h"
@@ -50,5 +51,8 @@ bool wait_for_point(int slot, bool& shift);
 
 /// Fills the connected area of `color` around (x, y) with the active ink in `paint`.
 void flood_fill(int x, int y, Color color, int tolerance, Color paint);
+
+/// The spans that FILL would paint around a pixel; on a tiled Frame they may reach over its seam. False without memory.
+bool find_filled(Point from, int tolerance, const PaintRun& found);
 
 }  // namespace nubo

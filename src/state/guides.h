@@ -32,6 +32,7 @@ inline constexpr int axis_in_the_middle = 0;             // of the Frame in hand
 inline constexpr int axis_max = 2 * max_frame_side - 1;  // s + 1 of the last pixel's own place, and a half beyond
 inline constexpr int ghost_frames_max = 3;               // before, and after
 inline constexpr int ghost_strength_max = 255;
+inline constexpr int wand_tolerance_max = 254;
 inline constexpr int cell_side_max = 9999;  // pixels; four digits in its field
 
 struct Guides {
@@ -50,6 +51,7 @@ struct Guides {
 
     int clean_cel = 0;  // TURN and STRETCH in the quality CLEAN, not FAST
     int cel_shape = CEL_IS_WHOLE;
+    int wand_tolerance = 1;  // 0 to `wand_tolerance_max`; FILL's 0 takes nothing
 
     int palette_length = 0;  // favourites from slot 0 on that are the palette; 0: up to the last that isn't blank
     int lock = 0;            // all paint becomes the nearest colour of the palette

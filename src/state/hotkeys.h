@@ -60,6 +60,8 @@ enum Hotkey : int {
     HOTKEY_GRID,
     HOTKEY_CHECKER,
     HOTKEY_TILES,
+    HOTKEY_LASSO,
+    HOTKEY_WAND,
     HOTKEY_COUNT
 };
 

@@ -9,7 +9,7 @@
 namespace nubo {
 namespace {
 
-constexpr int first_speed = Guides{}.speed;
+constexpr int first_speed = Guides{}.speed, first_wand_tolerance = Guides{}.wand_tolerance;
 
 template <class Fields> void walk_guides(Fields& fields, Guides& g) {
     constexpr FieldRange symmetry{"the symmetry", 0, SYMMETRY_COUNT - 1, SYMMETRY_OFF},
@@ -49,7 +49,9 @@ template <class Fields> void walk_guides(Fields& fields, Guides& g) {
     fields.bits({&g.clean_cel, &cut_out, &length_high, &g.lock, &cut_off});
     g.palette_length = std::min(length_high * byte_values + length_low, favorite_count);
     g.cel_shape = cut_out != 0 ? CEL_IS_CUT_OUT : cut_off != 0 ? CEL_IS_CUT_OFF : CEL_IS_WHOLE;
-    fields.reserved(1);
+    int wand = g.wand_tolerance + 1;
+    fields.byte(wand, {"the wand's tolerance", 0, wand_tolerance_max + 1, 0});
+    g.wand_tolerance = wand == 0 ? first_wand_tolerance : wand - 1;  // 0: it was written before there was a wand
     for (std::uint8_t& time : g.frame_times) fields.byte(time, {"the time of a frame", 0, time_max, 0});
 }
 

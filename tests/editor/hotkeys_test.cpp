@@ -3,6 +3,7 @@
 #include "platform/clipboard.h"
 #include "state/guides.h"
 #include "state/messages.h"
+#include "windows/cel/selection_in_hand.h"
 #include "windows/menus_kit.h"
 #include "windows/option_slider.h"
 #include "workspace/frame_store.h"
@@ -94,6 +95,9 @@ constexpr KeyCase cases[] = {
     {HOTKEY_GRID, KEY_LSHIFT, KEY_G, AFTERWARDS, [] { return guides.pixel_grid == 1 && guides.cell_grid == 0; }},
     {HOTKEY_CHECKER, 0, KEY_K, AFTERWARDS, [] { return guides.checker == 1; }},
     {HOTKEY_TILES, 0, KEY_T, AFTERWARDS, [] { return guides.tiles == TILES_BOTH; }},
+    {HOTKEY_LASSO, 0, KEY_L, AFTERWARDS, [] { return draw_over_frame != nullptr && select_tool == SELECT_BY_LASSO; }},
+    {HOTKEY_WAND, KEY_LSHIFT, KEY_L, AFTERWARDS,
+     [] { return draw_over_frame != nullptr && select_tool == SELECT_BY_WAND; }},
 };
 
 /// Takes what is copied and has nothing to paste.

@@ -8,6 +8,7 @@
 #include "state/view.h"
 #include "windows/about_box.h"
 #include "windows/cel/cel_commands.h"
+#include "windows/cel/select.h"
 #include "windows/colors/color_window.h"
 #include "windows/colors/gradient_nodes.h"
 #include "windows/colors/screen_pick.h"
@@ -141,6 +142,7 @@ std::vector<WindowOpener> all_windows() {
         {"FILES", IS_WINDOW, save_frame_command},
         {"GUIDES", IS_WINDOW | PANS, guides_window},
         {"REDUCE", IS_WINDOW | PANS, reduce_window},
+        {"SELECT", IS_WINDOW | PANS, select_window},
         {"HISTORY", IS_WINDOW | PANS, history_window},
         {"JPG QUALITY", IS_WINDOW | IS_BOX_OVER_OTHERS, [] { jpeg_quality_window(); }},
         {"R.POLY", IS_WINDOW | PANS, [] { run_shape_window(TOOL_RPOLY); }},
@@ -151,6 +153,7 @@ std::vector<WindowOpener> all_windows() {
         {"UNSAVED", IS_WINDOW, [] { unsaved_box(); }},
         {"GET", 0, get_by_menu},
         {"PASTE", PANS, paste_by_key},
+        {"LASSO", 0, lasso_by_key},
         {"BELOW", PANS, below_by_key},
         {"TURN'S CLICK", 0, turn_cel},
         {"STRETCH", 0, stretch_cel},

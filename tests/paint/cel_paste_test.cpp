@@ -278,9 +278,10 @@ TEST_F(CelTest, AreaAcrossTheEdgeIsTransparentBeyondAndOneColorKeepsTheBackgroun
 /// The Frame's corner: black, magenta and what is cut off by the shape and by the rim.
 TEST_F(CelTest, ACutOutCelHasNoPixelBeyondItsShape) {
     frame(0, 0) = 0x000000, frame(1, 0) = hole, frame(2, 0) = 0x808080;
-    const OwnedBitmap shape = make_bitmap(4, 1, 1);
-    *pixels_at(shape.get(), 3, 0) = 0;
-    ASSERT_TRUE(take_cel(cut_out({-1, 0, 2, 0}, shape.get()), CEL_IS_CUT_OUT));
+    PixelSet shape;
+    ASSERT_TRUE(shape.reset(6, 4));
+    shape.add_run(0, 1, 0);
+    ASSERT_TRUE(take_cel(cut_out({-1, 0, 2, 0}, &shape), CEL_IS_CUT_OUT));
     EXPECT_EQ(pixels_of(cel_mask), (std::vector<Color>{hole, 0x000000, 0xfe00ff, hole}));
     mask_color = 0x000000;
     opt_cel_masking = 1, opt_cel_tolerance = 1;

@@ -139,6 +139,7 @@ TEST_F(WorkspaceTest, GuidesLieInTheStateOnceOneWasChanged) {
                         0,    9, 0, 3, 0x27, 15, 0, 100,  0x35, 2, 60,   99,  100,  2};
     std::copy(stretch.begin(), stretch.end(), bytes.begin() + 1144);
     bytes[1186] = 0x1d;
+    bytes[1187] = 31;
     bytes[1287] = 255;
     EXPECT_TRUE(unpack_state(bytes, "without the mark"));
     EXPECT_EQ(guides.symmetry, SYMMETRY_OFF);
@@ -148,16 +149,16 @@ TEST_F(WorkspaceTest, GuidesLieInTheStateOnceOneWasChanged) {
     bytes[1291] = 1;
     EXPECT_TRUE(unpack_state(bytes, "file")) << log_text();
     const std::vector<int> read{
-        guides.symmetry,      guides.tiles,        guides.axis_x,          guides.axis_y,        guides.ghost,
-        guides.ghosts_before, guides.ghosts_after, guides.ghost_strength,  guides.pixel_grid,    guides.cell_grid,
-        guides.snap,          guides.checker,      guides.hides_rim,       guides.cell_w,        guides.cell_h,
-        guides.cell_x,        guides.cell_y,       guides.pinned_frame,    guides.last_symmetry, guides.last_tiles,
-        guides.last_ghost,    guides.clean_cel,    guides.cel_shape,       guides.speed,         guides.first_frame,
-        guides.range_end,     guides.loop,         guides.frame_times[99], guides.clear_ground,  guides.palette_length,
-        guides.lock};
+        guides.symmetry,      guides.tiles,         guides.axis_x,          guides.axis_y,        guides.ghost,
+        guides.ghosts_before, guides.ghosts_after,  guides.ghost_strength,  guides.pixel_grid,    guides.cell_grid,
+        guides.snap,          guides.checker,       guides.hides_rim,       guides.cell_w,        guides.cell_h,
+        guides.cell_x,        guides.cell_y,        guides.pinned_frame,    guides.last_symmetry, guides.last_tiles,
+        guides.last_ghost,    guides.clean_cel,     guides.cel_shape,       guides.speed,         guides.first_frame,
+        guides.range_end,     guides.loop,          guides.frame_times[99], guides.clear_ground,  guides.palette_length,
+        guides.lock,          guides.wand_tolerance};
     EXPECT_EQ(read,
               (std::vector<int>{4, 2, 32, 131069,         2,  2,  3,   200, 1,   0, 1,   1, 1, 256, 9, 3, 9999, 100, 5,
-                                3, 2, 1,  CEL_IS_CUT_OFF, 60, 99, 100, 2,   255, 1, 256, 1}));
+                                3, 2, 1,  CEL_IS_CUT_OFF, 60, 99, 100, 2,   255, 1, 256, 1, 30}));
     EXPECT_EQ(pack_state(), bytes);
 }
 

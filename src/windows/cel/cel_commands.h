@@ -1,5 +1,6 @@
 #pragma once
 // The commands of the CEL menu, which the hotkeys share. Each works on a screen cleared of windows. Main flow only.
+#include "paint/pixel_set.h"
 #include "state/tools.h"
 
 namespace nubo {
@@ -26,6 +27,9 @@ void ask_to_convert_cel();
 void move_tool(BrushTool tool);
 /// The work of it, from the press in `click_points[0]` on.
 void move_area();
+
+/// The same for the pixels of a set, which isn't empty, from the cut on: only they are cut out.
+void move_shape(const PixelSet& shape);
 
 /// The commands as the menu and the keys run them.
 void get_by_menu();

@@ -1,4 +1,5 @@
 #include "windows/cel/cel_commands.h"
+#include "windows/cel/select.h"
 #include "windows/kit/activity_menus.h"
 #include "windows/kit/placement.h"
 #include <array>
@@ -14,7 +15,7 @@ constexpr std::array<MenuItem, 8> cel_items{{
     {LABEL_ONE_COLOR, MESSAGE_CEL_ONE_COLOR, ask_to_convert_cel},
     {LABEL_TURN, MESSAGE_CEL_TURN, turn_cel},
     {LABEL_STRETCH, MESSAGE_CEL_STRETCH, stretch_cel},
-    empty_row,
+    {.tooltip = MESSAGE_CEL_SELECT, .run = select_window, .text = "SELECT"},
 }};
 constexpr ActivityMenu menu{.id = WINDOW_CEL_MENU, .title = LABEL_CEL, .downward_within = 10, .items = cel_items};
 

@@ -3,6 +3,7 @@
 // counts once the area has landed; till then undo and redo are as they were.
 #include "paint/cel_pixels.h"
 #include "paint/image_maps.h"
+#include "paint/selection.h"
 #include "paint/surfaces.h"
 #include "paint/undo.h"
 #include "state/frames.h"
@@ -20,7 +21,13 @@
 namespace nubo {
 namespace {
 
-void leave_hole(const Area& area) {
+/// What is cut out of the Frame: an area, or of it only a shape.
+struct Cut {
+    Area area;
+    const PixelSet* shape = nullptr;
+};
+
+void fill_hole(const Area& area) {
     const bool takes_brush = tool_option(TOOL_MOVE, OPTION_USE_BRUSH_COLOR) != 0;
     const int color = static_cast<int>(takes_brush ? brush_color : mask_color);
     for_each_tile(area, [=](int dx, int dy) {
@@ -28,6 +35,11 @@ void leave_hole(const Area& area) {
         rectfill(current_frame, hole.left, hole.top, hole.right, hole.bottom, color);
         note_touched(hole);
     });
+}
+
+void leave_hole(const Cut& cut) {
+    if (cut.shape == nullptr) return fill_hole(cut.area);
+    cut.shape->for_each_run([](int x1, int x2, int y) { fill_hole({x1, y, x2, y}); });
 }
 
 /// True if it was anchored. Over a Frame that can't be left it goes on floating, but not at the program's end.
@@ -52,7 +64,7 @@ void leave_to_rescue() {
     area_floats = 0;
 }
 
-void float_until_it_lands(const Area& cut, BorrowedCel& area) {
+void float_until_it_lands(const Cut& cut, BorrowedCel& area) {
     const int home = frame_index;
     area_floats = 1;
     leave_hole(cut);
@@ -74,7 +86,15 @@ void move_area() {
     if (!area) return;
     BorrowedCel borrowed(copy_of_area(*area), area->left, area->top);
     if (!borrowed) return flash_message(MESSAGE_NO_MEMORY);
-    if (take_step()) float_until_it_lands(*area, borrowed);
+    if (take_step()) float_until_it_lands({*area}, borrowed);
+}
+
+void move_shape(const PixelSet& shape) {
+    const ClearedScreen cleared;
+    const Area area = area_in_view(shape);
+    BorrowedCel borrowed(cut_out(area, &shape), area.left, area.top, CEL_IS_CUT_OUT);
+    if (!borrowed) return flash_message(MESSAGE_NO_MEMORY);
+    if (take_step()) float_until_it_lands({area, &shape}, borrowed);
 }
 
 }  // namespace nubo

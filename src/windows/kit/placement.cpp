@@ -128,13 +128,6 @@ Outcome put_down() {
     return GOES_ON;
 }
 
-/// More than a hand that clicks trembles.
-bool hand_has_moved() {
-    constexpr int trembling = 3;  // logical pixels
-    const int dx = mouse_x - press_start_x, dy = mouse_y - press_start_y;
-    return dx * dx + dy * dy > trembling * trembling;
-}
-
 Point mouse_pixel() {
     view_update_pixel();
     return {pixel_x, pixel_y};
@@ -278,11 +271,11 @@ void place_below() {
     run_placement(below_kind, UNDO_TO_SAVE);
 }
 
-BorrowedCel::BorrowedCel(OwnedBitmap picture, int x, int y) : place_(cel_place) {
+BorrowedCel::BorrowedCel(OwnedBitmap picture, int x, int y, CelShape shape) : place_(cel_place) {
     OwnedBitmap mask = picture ? copy_bitmap(picture.get()) : nullptr;
     if (!mask) return;
     is_borrowed_ = true;
-    cel_ = {picture.release(), mask.release(), x, y};
+    cel_ = {picture.release(), mask.release(), x, y, shape};
     exchange_cel(cel_);
     borrowed = this;
 }

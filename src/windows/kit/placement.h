@@ -42,7 +42,7 @@ void place_below();
 /// and its origin are back. False, with all as it was, when the memory for it can't be had.
 class BorrowedCel {
 public:
-    BorrowedCel(OwnedBitmap picture, int x, int y);
+    BorrowedCel(OwnedBitmap picture, int x, int y, CelShape shape = CEL_IS_WHOLE);
     ~BorrowedCel();
     BorrowedCel(const BorrowedCel&) = delete;
     BorrowedCel& operator=(const BorrowedCel&) = delete;
