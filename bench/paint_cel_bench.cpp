@@ -69,7 +69,7 @@ void cel_memcpy(benchmark::State& state) {
 
 void cel_paste(benchmark::State& state, Ink ink) {
     begin(ink);
-    measure(state, [] { paste_through_ink(cel, 0, 0); });
+    measure(state, [] { paste_by_ink(cel, 0, 0, active_ink()); });
 }
 
 void cel_box(benchmark::State& state, Ink ink) {
@@ -141,7 +141,7 @@ void cel_turn_limit(benchmark::State& state) {
         pivot_scaled_sprite(scratch.get(), cel, middle, middle, turned_side / 2, turned_side / 2, itofix(32),
                             itofix(1));
         clear_stroke_mask();
-        paste_through_ink(scratch.get(), 0, 0);
+        paste_by_ink(scratch.get(), 0, 0, active_ink());
     }
 }
 

@@ -176,6 +176,7 @@ constexpr std::array<Command, HOTKEY_COUNT> rows{{
     {HOTKEY_TILES,            "GUIDES - TILES",           KEY_T,             0,              switch_tiles, WAIT_AFTER},
     {HOTKEY_LASSO,            "CEL - LASSO",              KEY_L,             0,              lasso_by_key},
     {HOTKEY_WAND,             "CEL - WAND",               key_shift | KEY_L, 0,              wand_by_key},
+    {HOTKEY_COPY_CEL,         "COPY CEL TO CLIPBOARD",    key_ctrl | key_shift | KEY_C, 0,   clipboard_copy_cel, WAIT_AFTER},
 }};
 // clang-format on
 static_assert(rows_in_order(rows, &Command::action), "a command for each Hotkey, in their order");

@@ -108,8 +108,10 @@ void draw_coordinates(int row) {
 
 /// A text of the message table; empty for index 0 and below, and beyond the table.
 std::string_view text_of_message(int message) {
-    const bool is_put_down_once = message == MESSAGE_CEL_REPOSITION && guides.symmetry != SYMMETRY_OFF;
-    if (is_put_down_once) message = MESSAGE_CEL_REPOSITION_ONCE;
+    if (guides.symmetry != SYMMETRY_OFF) {  // what is put down as one piece isn't mirrored
+        if (message == MESSAGE_CEL_REPOSITION) message = MESSAGE_CEL_REPOSITION_ONCE;
+        if (message == MESSAGE_PICTURE_REPOSITION) message = MESSAGE_PICTURE_REPOSITION_ONCE;
+    }
     if (message == MESSAGE_TOLD) return told_text.data();
     const bool known = message > 0 && message < static_cast<int>(tooltip_text.size());
     return known ? tooltip_text[static_cast<std::size_t>(message)] : std::string_view();

@@ -32,9 +32,9 @@ namespace {
 // ---- Rows ----------------------------------------------------------------------------------------------------------
 
 /// Paints pixels of one row.
-void paint_colors(const Color* colors, int length, int x, int y) {
+void paint_colors(const Color* colors, int length, int x, int y, Ink ink = active_ink()) {
     static constexpr std::uint8_t full_strength = 0;
-    paint_row({.x = x, .y = y, .length = length, .tip = &full_strength, .tip_step = 0, .colors = colors}, active_ink(),
+    paint_row({.x = x, .y = y, .length = length, .tip = &full_strength, .tip_step = 0, .colors = colors}, ink,
               brush_color);
 }
 
@@ -64,12 +64,12 @@ int first_transparent(const Color* colors, int count) {
 }
 
 /// Paints a row whose pixels of 0xff00ff are left out, from the Frame pixel (x, y) on; cut at the window's sides.
-void paste_row(const Color* colors, int length, int x, int y, const Area& window) {
+void paste_row(const Color* colors, int length, int x, int y, const Area& window, Ink ink = active_ink()) {
     const int end = std::min(length, window.right + 1 - x);
     for (int at = std::max(window.left - x, 0); at < end; ++at) {
         if (colors[at] == transparent_color) continue;
         const int taken = first_transparent(colors + at, end - at);
-        paint_colors(colors + at, taken, x + at, y);
+        paint_colors(colors + at, taken, x + at, y, ink);
         at += taken;
     }
 }
@@ -254,7 +254,7 @@ bool commit_turned(UndoSave save) {
     if (!begin_commit(save)) return false;
     if (!part) return true;
     draw_turned(scratch.get(), cel_place.x - part->left, cel_place.y - part->top);
-    paste_through_ink(scratch.get(), part->left, part->top);
+    paste_by_ink(scratch.get(), part->left, part->top, active_ink());
     return true;
 }
 
@@ -272,16 +272,17 @@ void draw_cel(int mode) {
 bool commit_cel(CelMode mode, UndoSave save) {
     if (mode == CEL_TURN) return commit_turned(save);
     if (!begin_commit(save)) return false;
-    if (mode == CEL_PASTE) paste_through_ink(cel, cel_place.x, cel_place.y);
+    if (mode == CEL_PASTE) paste_by_ink(cel, cel_place.x, cel_place.y, active_ink());
+    if (mode == CEL_AS_IS) paste_by_ink(cel, cel_place.x, cel_place.y, INK_OPAQUE);
     if (mode == CEL_BELOW) paste_below();
     if (mode == CEL_STRETCH) paste_stretched();
     return true;
 }
 
-void paste_through_ink(BITMAP* bitmap, int x, int y) {
+void paste_by_ink(BITMAP* bitmap, int x, int y, Ink ink) {
     const Area window = paint_window();
     for (int row = std::max(window.top - y, 0); row < std::min(bitmap->h, window.bottom + 1 - y); ++row) {
-        paste_row(pixels_at(bitmap, 0, row), bitmap->w, x, y + row, window);
+        paste_row(pixels_at(bitmap, 0, row), bitmap->w, x, y + row, window, ink);
         refresh_stroke();
     }
 }

@@ -2,6 +2,7 @@
 // From the Cel to the Frame: the preview of the running placement (`cel_place`), and its commit through the active ink.
 #include "base/bitmap.h"
 #include "state/cel.h"
+#include "state/inks.h"
 
 namespace nubo {
 
@@ -16,9 +17,9 @@ enum UndoSave : int { UNDO_IS_TAKEN, UNDO_TO_SAVE };
 /// the newest state. False, with nothing changed but a status message, when there is no memory for it.
 bool commit_cel(CelMode mode, UndoSave save);
 
-/// Paints the bitmap with its corner at the Frame pixel (x, y) by the active ink, row by row; pixels of 0xff00ff and
-/// those beyond the Frame are left out. Undo is saved and the coverage map clear.
-void paste_through_ink(BITMAP* bitmap, int x, int y);
+/// Paints the bitmap with its corner at the Frame pixel (x, y) by an ink, row by row; pixels of 0xff00ff and those
+/// beyond the Frame are left out. Undo is saved and the coverage map clear.
+void paste_by_ink(BITMAP* bitmap, int x, int y, Ink ink);
 
 /// Puts the pixels of `source` where `target` is of `color`, within 4 of each component: through the active ink, for
 /// which `target` is the Frame, or as they are. Where a Cel that isn't whole has no pixel nothing is put.

@@ -11,7 +11,13 @@ inline constinit BITMAP* cel_mask = nullptr;  // the Cel as grabbed, with all it
 inline constinit int cel_x = 0, cel_y = 0;    // where it last stood; origin of the tile in TILE and SCRAPE
 inline constinit int cel_angle = 0;           // last angle of TURN, degrees
 inline constinit int cel_visible = 0;         // the placement overlaps the view
-enum CelMode : int { CEL_STRETCH = 0, CEL_TURN = 1, CEL_PASTE = 2, CEL_BELOW = 3 };
+enum CelMode : int {
+    CEL_STRETCH = 0,
+    CEL_TURN = 1,
+    CEL_PASTE = 2,
+    CEL_BELOW = 3,
+    CEL_AS_IS = 4
+};  // as PASTE, without the ink
 /// The running placement; all fields -1 when nothing is being placed.
 struct CelPlace {
     int x = -1, y = -1;           // left, top; the pivot in TURN; the fixed corner in STRETCH

@@ -62,6 +62,7 @@ enum Hotkey : int {
     HOTKEY_TILES,
     HOTKEY_LASSO,
     HOTKEY_WAND,
+    HOTKEY_COPY_CEL,
     HOTKEY_COUNT
 };
 

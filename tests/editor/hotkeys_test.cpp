@@ -24,6 +24,7 @@ struct KeyCase {
     Moment seen;
     bool (*acted)();
     bool cel_floats = false;  // the key is for a Cel that floats
+    bool with_shift = false;  // beside the modifier
 };
 
 bool shows(Label label) { return slot_of(label) >= 0; }
@@ -94,6 +95,8 @@ constexpr KeyCase cases[] = {
     {HOTKEY_GHOST, 0, KEY_O, AFTERWARDS, [] { return guides.ghost == GHOST_BEHIND; }},
     {HOTKEY_GRID, KEY_LSHIFT, KEY_G, AFTERWARDS, [] { return guides.pixel_grid == 1 && guides.cell_grid == 0; }},
     {HOTKEY_CHECKER, 0, KEY_K, AFTERWARDS, [] { return guides.checker == 1; }},
+    {HOTKEY_COPY_CEL, KEY_LCONTROL, KEY_C, AFTERWARDS, [] { return status_message == MESSAGE_CEL_COPIED; }, false,
+     true},
     {HOTKEY_TILES, 0, KEY_T, AFTERWARDS, [] { return guides.tiles == TILES_BOTH; }},
     {HOTKEY_LASSO, 0, KEY_L, AFTERWARDS, [] { return draw_over_frame != nullptr && select_tool == SELECT_BY_LASSO; }},
     {HOTKEY_WAND, KEY_LSHIFT, KEY_L, AFTERWARDS,
@@ -161,11 +164,13 @@ TEST_F(HotkeysTest, EachRowDoesWhatItsKeySays) {
                 co_await user.hold_key(KEY_TILDE);
                 co_await user.release_key(KEY_TILDE);
             }
+            ::key[KEY_LSHIFT] = row.with_shift || row.modifier == KEY_LSHIFT ? 1 : 0;
             if (row.modifier != 0) co_await user.hold_key(row.modifier);
             co_await user.hold_key(code);
             co_await user.wait(4);
             bool acted = row.acted();  // while the key is held
             co_await user.release_key(code);
+            ::key[KEY_LSHIFT] = 0;
             if (row.modifier != 0) co_await user.release_key(row.modifier);
             if (row.seen == AFTER_A_RIGHT_CLICK) co_await click_place(user, 10, 10, right_button);
             if (row.seen != WHILE_HELD) acted = row.acted();

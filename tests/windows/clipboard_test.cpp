@@ -120,6 +120,28 @@ TEST_F(ClipboardTest, WithClearTheGroundIsClearForOthersAndForUsAsItWas) {
     EXPECT_EQ(*pixels_at(read.bitmap.get(), 5, 4), red) << "clear, in the colour of the nearest that isn't";
 }
 
+TEST_F(ClipboardTest, TheCelIsCopiedAsPasteLeavesItOut) {
+    opt_cel_masking = 1;
+    *pixels_at(cel_mask, 1, 2) = mask_color;
+    *pixels_at(cel_mask, 3, 0) = transparent_color;
+    play([](User& user) -> Script {
+        ::key[KEY_LSHIFT] = 1;
+        co_await ctrl(user, KEY_C);
+        ::key[KEY_LSHIFT] = 0;
+        EXPECT_EQ(status_message, MESSAGE_CEL_COPIED);
+    });
+    ASSERT_TRUE(fake.offered);
+    Bytes bytes;
+    ASSERT_TRUE(fake.offered->encode("image/png", bytes));
+    const ReadPicture read = read_png(bytes);
+    ASSERT_TRUE(read.bitmap && read.has_alpha && read.bitmap->w == 5);
+    for (int y = 0; y < 5; ++y)
+        for (int x = 0; x < 5; ++x) {
+            const bool is_clear = (x == 1 && y == 2) || (x == 3 && y == 0);
+            EXPECT_EQ(*pixels_at(read.bitmap.get(), x, y), is_clear ? blue : 0xff000000 | blue) << x << ',' << y;
+        }
+}
+
 TEST_F(ClipboardTest, WithoutADisplayNothingIsThere) {
     set_clipboard_stand_in(nullptr);
     play([](User& user) -> Script {
@@ -146,11 +168,12 @@ TEST_F(ClipboardTest, ABadKindIsFollowedByTheNext) {
     EXPECT_EQ(clipboard_get(), nullptr);
 }
 
-TEST_F(ClipboardTest, ASmallerPictureFloatsAsACel) {
+TEST_F(ClipboardTest, ASmallerPictureFloatsAndLandsAsItIs) {
     there_is_red(3, 2);
+    take_ink(INK_GRAY);
     play([](User& user) -> Script {
         co_await ctrl(user, KEY_V);
-        EXPECT_EQ(status_message, MESSAGE_CEL_REPOSITION);
+        EXPECT_EQ(status_message, MESSAGE_PICTURE_REPOSITION);
         EXPECT_EQ(cel_place.x, 0);
         EXPECT_EQ(frame_pixel(1, 1), black) << "nothing is painted yet";
         co_await click_place(user, 1, 1);
@@ -161,6 +184,13 @@ TEST_F(ClipboardTest, ASmallerPictureFloatsAsACel) {
         EXPECT_EQ(count_pixels(red), 5);
         co_await user.tap_key(KEY_U);
         EXPECT_EQ(count_pixels(black), view_w * view_h);
+        co_await ctrl(user, KEY_V);
+        ::key[KEY_LSHIFT] = 1;
+        co_await click_place(user, 100, 100, right_button);
+        ::key[KEY_LSHIFT] = 0;
+        EXPECT_EQ(count_pixels(red) + count_pixels(green), 0) << "with SHIFT by the ink, which takes the Frame's";
+        co_await user.wait(2);
+        co_await user.tap_key(KEY_U);
         for (const int way : {0, 1}) {
             co_await ctrl(user, KEY_V);
             EXPECT_EQ(cel->w, 3);

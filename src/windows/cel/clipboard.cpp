@@ -150,7 +150,7 @@ FetchEnd fetch_picture(ReadPicture& picture) {
 void float_over_frame(OwnedBitmap picture) {
     const BorrowedCel borrowed(std::move(picture), 0, 0);
     if (!borrowed) return flash_message(MESSAGE_NO_MEMORY);
-    run_over_shadow([] { place_cel(false, true); });
+    run_over_shadow([] { place_picture(); });
 }
 
 void fill_frame(BITMAP* picture) {
@@ -183,6 +183,11 @@ BITMAP* clipboard_get() {
 
 void clipboard_copy() {
     if (clipboard_put(current_frame) == 1) flash_message(MESSAGE_FRAME_COPIED);
+}
+
+void clipboard_copy_cel() {
+    prepare_cel();
+    if (put(copy_bitmap(cel), transparent_color)) flash_message(MESSAGE_CEL_COPIED);
 }
 
 void clipboard_paste() {

@@ -4,14 +4,16 @@ struct BITMAP;
 
 namespace nubo {
 
-/// What the two keys do: the Frame goes to the clipboard, with the mask colour clear if CLEAR is on, and the status bar
-/// says so; a picture from there is pasted. Where it has alpha the user is asked what becomes of that, unless the
-/// program has put it there itself.
+/// What the keys do: the Frame goes to the clipboard, with the mask colour clear if CLEAR is on, or the Cel, clear
+/// where PASTE would leave it out, and the status bar says so; a picture from there is pasted. Where it has alpha the
+/// user is asked what becomes of that, unless the program has put it there itself.
 ///
-/// A picture smaller than the Frame in both directions floats as a Cel until it is anchored or left; the user's Cel is
-/// back afterwards. Any other fills the Frame from its upper left corner, cut off at its sides; before, for one that is
-/// larger, the user is asked whether the Frame shall grow. All of it can be undone.
+/// A picture smaller than the Frame in both directions floats as a Cel until it is anchored, as it is or with SHIFT by
+/// the ink, or left; the user's Cel is back afterwards. Any other fills the Frame from its upper left corner, cut off
+/// at its sides; before, for one that is larger, the user is asked whether the Frame shall grow. All of it can be
+/// undone.
 void clipboard_copy();
+void clipboard_copy_cel();
 void clipboard_paste();
 
 /// Offers a copy of the bitmap to other programs, as PNG, in which the mask colour is clear if CLEAR is on, and BMP. 1,

@@ -4,12 +4,15 @@
 #include "gui/presses.h"
 #include "paint/spectrum.h"
 #include "state/mouse.h"
+#include "state/run.h"
 #include "windows/colors/color_elements.h"
+#include "windows/colors/free_color.h"
 #include "windows/colors/hex_field.h"
 #include "windows/colors/screen_pick.h"
 #include "windows/kit/run_window.h"
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -106,7 +109,7 @@ consteval ColorRows color_rows() {
     add(space_row(SPACE_HLS, 2, 22, LABEL_HLS, ACTION_SPACE_HLS, MESSAGE_SPACE_HLS));
     add(space_row(SPACE_HSV, 42, 22, LABEL_HSV, ACTION_SPACE_HSV, MESSAGE_SPACE_HSV));
     add({.slot = COLOR_BRUSH, .type = ELEMENT_BOX, .x = 82, .y = 12, .w = 21});
-    add({.slot = COLOR_MASK, .type = ELEMENT_SWATCH_MASK, .x = 82, .y = 2, .w = 21});
+    add({.slot = COLOR_MASK, .type = ELEMENT_SWATCH_MASK, .x = 82, .y = 2, .w = 21, .left = ACTION_CLICK});
     for (int i = 0; i < color_slot_count; ++i) add(color_slot_row(i));
     add(spectrum_button_row(COLOR_FOLD, 82, LABEL_FOLD, ACTION_CLICK_RIGHT, MESSAGE_FOLD_SPECTRUM));
     add(spectrum_button_row(COLOR_INVERT, 93, LABEL_INVERT, ACTION_CLICK, MESSAGE_INVERT_SPECTRUM));
@@ -162,8 +165,11 @@ struct Edit {
     Color& color;
     Color start_color;
     std::array<int, slider_count> start_sliders{};
-    std::string digits{};  // as last seen in the field
+    std::string digits{};               // as last seen in the field
+    std::optional<Color> free_color{};  // as last taken for the mask colour
 };
+
+bool edits_mask(const Edit& edit) { return &edit.color == &mask_color; }
 
 Colorspace space_shown() { return static_cast<Colorspace>(colorspace); }
 
@@ -252,11 +258,12 @@ void finish_window(Edit& edit) {
     border_color_of(COLOR_SPECTRUM) = static_cast<int>(ui_border);
     colorspace = std::clamp<int>(colorspace, SPACE_VGA, SPACE_COUNT - 1);
     enter_space(edit, space_shown());
+    gui::tooltip[at(COLOR_MASK)] = edits_mask(edit) ? MESSAGE_COLOR_FREE : MESSAGE_NONE;
 }
 
 /// The field of the brush colour shows a colour handed in, in its place.
 void refresh_swatches(const Edit& edit) {
-    gui::color[at(COLOR_BRUSH)] = static_cast<int>(&edit.color == &mask_color ? brush_color : edit.color);
+    gui::color[at(COLOR_BRUSH)] = static_cast<int>(edits_mask(edit) ? brush_color : edit.color);
     for (int i = 0; i < color_slot_count; ++i)
         gui::color[at(COLOR_SLOT_FIRST + i)] = static_cast<int>(color_slots[at(i)]);
     for (int slot = COLOR_HUE_FIRST; slot < COLOR_MAP; ++slot) variant_middle_of(slot) = static_cast<int>(edit.color);
@@ -301,6 +308,16 @@ void serve_variants_and_map() {
     if (take_click(COLOR_MAP) > 0) map_to_sliders(space_shown(), COLOR_MAP);
 }
 
+/// The search runs in this window's place, which is then built again: the sliders start at the colour found.
+void serve_mask_field(Edit& edit) {
+    if (take_click(COLOR_MASK) <= 0 || !edits_mask(edit)) return;
+    const std::optional<Color> found = free_color();
+    if (!found) return;
+    edit.color = *found;
+    edit.free_color = found;
+    start_sliders(edit);
+}
+
 void serve_press_on_screen() {
     if (!pressed_outside(mouse_left)) return;
     take_color(static_cast<Color>(pick_screen_color(true)));
@@ -322,13 +339,17 @@ Color color_window(int mode, Color color) {
     const auto serve = [&] {
         serve_spaces(edit);
         serve_color_slots();
+        serve_mask_field(edit);
         serve_spectrum();
         serve_variants_and_map();
         serve_press_on_screen();
         follow();
         return WINDOW_STAYS;
     };
+    const Color before = edit.color;
     run_window(window, {.built = [&] { finish_window(edit); }, .show = show, .serve = serve});
+    const bool is_free_mask = edits_mask(edit) && edit.free_color == edit.color && edit.color != before;
+    if (is_free_mask && exit_requested == 0) ask_to_carry_mask(before, edit.color);
     return edit.color;
 }
 

@@ -198,10 +198,10 @@ Outcome serve_pass(const PlacementKind& kind, Waiting& wait) {
 bool anchor(const PlacementKind& kind, UndoSave save) {
     const CelPlace place = cel_place;
     const int origin_x = cel_x, origin_y = cel_y;
+    const CelMode mode = shift_is_down() ? kind.committed_with_shift : kind.committed;
     cel_place.mode = -1;  // what the ink has painted so far shows without the preview
-    if (kind.committed == CEL_PASTE)
-        cel_x = place.x, cel_y = place.y;  // the origin of TILE and SCRAPE: before they paint
-    if (commit_cel(kind.committed, save)) return true;
+    if (mode == CEL_PASTE) cel_x = place.x, cel_y = place.y;  // the origin of TILE and SCRAPE: before they paint
+    if (commit_cel(mode, save)) return true;
     cel_place = place;
     cel_x = origin_x, cel_y = origin_y;
     return false;
@@ -232,7 +232,15 @@ constexpr PlacementKind paste_kind{.prompt = [] { return MESSAGE_CEL_REPOSITION;
 /// It looks like PASTE until it is anchored.
 constexpr PlacementKind below_kind = [] {
     PlacementKind kind = paste_kind;
-    kind.committed = CEL_BELOW;
+    kind.committed = kind.committed_with_shift = CEL_BELOW;
+    return kind;
+}();
+
+constexpr PlacementKind picture_kind = [] {
+    PlacementKind kind = paste_kind;
+    kind.prompt = [] { return MESSAGE_PICTURE_REPOSITION; };
+    kind.held_prompt = MESSAGE_PICTURE_REPOSITION;
+    kind.committed = CEL_AS_IS;
     return kind;
 }();
 
@@ -263,6 +271,11 @@ PlacementEnd place_cel(bool reload, bool save) {
     if (reload) prepare_cel();
     begin_where_it_stood();
     return run_placement(paste_kind, save ? UNDO_TO_SAVE : UNDO_IS_TAKEN);
+}
+
+PlacementEnd place_picture() {
+    begin_where_it_stood();
+    return run_placement(picture_kind, UNDO_TO_SAVE);
 }
 
 void place_below() {

@@ -21,6 +21,7 @@ enum Outcome : int { NOT_SERVED, GOES_ON, ANCHORS, LEAVES };
 /// What one kind of placement does beyond what all do.
 struct PlacementKind {
     CelMode shown = CEL_PASTE, committed = CEL_PASTE;
+    CelMode committed_with_shift = committed;             // while SHIFT is down as it is anchored
     Message (*prompt)() = nullptr;                        // what the user can do now
     Message held_prompt = MESSAGE_NONE;                   // while the Cel is carried
     bool (*takes_up)(Point at) = nullptr;                 // a left press at this Frame pixel picks the Cel up
@@ -34,6 +35,9 @@ PlacementEnd run_placement(const PlacementKind& kind, UndoSave save);
 /// PASTE: with `reload` the Cel is made anew from `cel_mask`, with `save` the commit saves undo; without it the open
 /// step counts.
 PlacementEnd place_cel(bool reload, bool save);
+
+/// PASTE of a picture from elsewhere, which is the Cel meanwhile: as it is, with SHIFT by the active ink.
+PlacementEnd place_picture();
 
 /// BELOW: the Cel shows where the Frame is of the mask colour.
 void place_below();
