@@ -225,6 +225,7 @@ std::optional<int> start_program(const std::vector<std::string>& files) {
     if (!start_allegro()) return cannot_start;
     if (const GraphicsResult result = UA_init_graphics(); result != GRAPHICS_UP) return result;
     watch_window();
+    name_window_process();
     if (font_system_init() != 0) return refuse("Error while initializing the font layer"), no_font_layer;
     UA_log("[ INIT ] : Framework initialized");
     hand_over_commands();
