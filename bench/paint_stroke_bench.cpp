@@ -1,5 +1,6 @@
 // Strokes against the plain limits of memory: memset for what only writes, memcpy for what reads and writes.
 #include "base/bitmap.h"
+#include "paint/images.h"
 #include "paint/inks.h"
 #include "paint/stroke.h"
 #include "paint/surfaces.h"
@@ -247,20 +248,29 @@ BENCHMARK(flood_fill_comb)->Unit(benchmark::kMillisecond);
 
 // ---- Stamps --------------------------------------------------------------------------------------------------------
 
+enum GuidesOn : int { GUIDES_OFF, GUIDES_BOTH, GUIDES_TILES };
+
+/// The guide is `range(0)`; with BOTH a stamp is painted four times.
 void stamp_all_over(benchmark::State& state, Ink ink) {
     begin_stroke(ink, 128);
+    guides.symmetry = state.range(0) == GUIDES_BOTH ? SYMMETRY_BOTH : SYMMETRY_OFF;
+    guides.tiles = state.range(0) == GUIDES_TILES ? TILES_BOTH : TILES_OFF;
+    const StrokeImaging imaging(IMAGES_MIRRORED);
     int x = 20, y = 20;
     for (auto _ : state) {
         stamp_tip(x, y, TOOL_DRAW, ink, 0, brush_color);
         x += 3;  // as a stroke does, mostly over pixels already covered
         if (x > side - 20) x = 20, y = y % (side - 60) + 20;
     }
+    guides = Guides{};
     count_pixels(state, tip_w * tip_h);
 }
 void stamp_soft_glass(benchmark::State& state) { stamp_all_over(state, INK_GLASS); }
 void stamp_soft_opaque(benchmark::State& state) { stamp_all_over(state, INK_OPAQUE); }
-BENCHMARK(stamp_soft_glass);
-BENCHMARK(stamp_soft_opaque);
+void stamp_soft_soften(benchmark::State& state) { stamp_all_over(state, INK_SOFTEN); }
+BENCHMARK(stamp_soft_glass)->Arg(GUIDES_OFF)->Arg(GUIDES_BOTH)->Arg(GUIDES_TILES);
+BENCHMARK(stamp_soft_opaque)->Arg(GUIDES_OFF)->Arg(GUIDES_BOTH)->Arg(GUIDES_TILES);
+BENCHMARK(stamp_soft_soften)->Arg(GUIDES_OFF)->Arg(GUIDES_BOTH)->Arg(GUIDES_TILES);
 
 }  // namespace
 }  // namespace nubo

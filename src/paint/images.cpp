@@ -8,8 +8,7 @@
 namespace nubo {
 namespace {
 
-Imaging imaging_of_stroke = IMAGES_ONCE;
-ImageMap map_of_stroke;  // with IMAGES_ONCE and IMAGES_RERUN
+ImageMaps maps_of_stroke;
 
 // ---- Runs ---------------------------------------------------------------------------------------------------------
 
@@ -64,17 +63,18 @@ ImageRuns runs_of(const ImageMaps& maps, Point start, int& length) {
 /// True if no two runs share a pixel, or are neighbours of an ink that looks around.
 bool are_apart(const ImageRuns& runs, int length, int sight) {
     const int gap = sight > 0 ? 1 : 0;
-    const auto area_of = [=](const ImageRun& run) {
+    std::array<Area, images_max> areas;
+    Area* end = areas.data();
+    for (const ImageRun& run : runs) {
         const Point a = run.place(0), b = run.place(length - 1);
-        return Area{std::min(a.x, b.x), std::min(a.y, b.y), std::max(a.x, b.x), std::max(a.y, b.y)};
-    };
-    for (const ImageRun* run = runs.begin(); run != runs.end(); ++run)
-        for (const ImageRun* other = run + 1; other != runs.end(); ++other) {
-            const Area a = area_of(*run), b = area_of(*other);
-            if (a.left <= b.right + gap && b.left <= a.right + gap && a.top <= b.bottom + gap &&
-                b.top <= a.bottom + gap)
-                return false;
-        }
+        const Area area{std::min(a.x, b.x), std::min(a.y, b.y), std::max(a.x, b.x), std::max(a.y, b.y)};
+        const auto meets = [&](const Area& other) {
+            return area.left <= other.right + gap && other.left <= area.right + gap && area.top <= other.bottom + gap &&
+                   other.top <= area.bottom + gap;
+        };
+        if (std::any_of(areas.data(), end, meets)) return false;
+        *end++ = area;
+    }
     return true;
 }
 
@@ -120,15 +120,17 @@ bool sees_no_seam(const InkRow& row, int sight) {
 /// Paints a row with its images, none of which sees another. The row is the original, on the Frame's tile.
 void paint_at_once(const InkRow& row, const ImageRuns& runs, Ink ink, Color color) {
     const int sight = inks[at(ink)].sight;
-    const auto in_place = [&](const ImageRun& run) {
-        return sight == SEES_ITSELF || (run.map->is_itself() && sees_no_seam(row, sight));
-    };
+    if (sight == SEES_ITSELF) {
+        for (const ImageRun& run : runs) paint_in_place(row, run, ink, color);
+        return;
+    }
+    const auto in_place = [&](const ImageRun& run) { return run.map->is_itself() && sees_no_seam(row, sight); };
     std::array<ImagePatch, images_max> patches;
     ImagePatch* patch = patches.data();
     for (const ImageRun& run : runs)
         if (!in_place(run)) (patch++)->take(*run.map, {row.x, row.y}, row.length, sight);
     std::optional<RandomTape> tape;  // what the ink draws for the first it draws for all
-    if (runs.count > 1 && sight != SEES_ITSELF) tape.emplace();
+    if (runs.count > 1) tape.emplace();
     for (const ImageRun& run : runs) {
         if (!in_place(run)) continue;
         paint_in_place(row, run, ink, color);
@@ -172,30 +174,35 @@ void paint_clipped(const InkRow& row, Ink ink, Color color) {
     if (first < end) apply_ink_row(part_of_row(row, first, end - first), ink, color);
 }
 
-bool is_plain() {
-    return guides.tiles == TILES_OFF &&
-           (imaging_of_stroke == IMAGES_MIRRORED ? guides.symmetry == SYMMETRY_OFF : map_of_stroke.is_itself());
+bool has_one_image() { return maps_of_stroke.count == 1 && maps_of_stroke.maps[0].is_itself(); }
+bool is_plain() { return guides.tiles == TILES_OFF && has_one_image(); }
+
+/// A row on the Frame's own tile that comes to no seam is painted as without tiles.
+bool comes_to_no_seam(const InkRow& row, Ink ink) {
+    const int sight = std::max<int>(inks[at(ink)].sight, SEES_ITS_PLACE);
+    return row.x >= sight && row.y >= sight && row.x + row.length + sight <= current_frame->w &&
+           row.y + sight < current_frame->h;
 }
 
-ImageMaps maps_of_stroke() {
-    return imaging_of_stroke == IMAGES_MIRRORED ? image_maps(IMAGES_MIRRORED) : ImageMaps{{map_of_stroke}};
+ImageMaps moved(ImageMaps maps, int dx, int dy) {
+    for (ImageMap& map : maps.maps) map = map.of_moved(dx, dy);
+    return maps;
 }
 
 }  // namespace
 
-StrokeImaging::StrokeImaging(Imaging imaging) { imaging_of_stroke = imaging; }
-StrokeImaging::StrokeImaging(const ImageMap& map) : StrokeImaging(IMAGES_RERUN) { map_of_stroke = map; }
-StrokeImaging::~StrokeImaging() {
-    imaging_of_stroke = IMAGES_ONCE;
-    map_of_stroke = {};
+StrokeImaging::StrokeImaging(Imaging imaging) {
+    maps_of_stroke = imaging == IMAGES_MIRRORED ? image_maps(imaging) : ImageMaps{};
 }
+StrokeImaging::StrokeImaging(const ImageMap& map) { maps_of_stroke = {{map}}; }
+StrokeImaging::~StrokeImaging() { maps_of_stroke = {}; }
 
 Area paint_window() {
     const Area frame{0, 0, current_frame->w - 1, current_frame->h - 1};
     if (is_plain()) return frame;
     constexpr int far = 16384;  // pixels; some seconds of painting, where a formula reaches further
     Area window = frame;
-    for (const ImageMap& map : maps_of_stroke()) {
+    for (const ImageMap& map : maps_of_stroke) {
         const Area sources = map.sources_of(frame);
         window = {std::min(window.left, sources.left), std::min(window.top, sources.top),
                   std::max(window.right, sources.right), std::max(window.bottom, sources.bottom)};
@@ -207,13 +214,13 @@ Area paint_window() {
 
 void paint_row(const InkRow& row, Ink ink, Color color) {
     if (is_plain()) return paint_clipped(row, ink, color);
-    const ImageMaps maps = maps_of_stroke();
+    if (has_one_image() && comes_to_no_seam(row, ink)) return apply_ink_row(row, ink, color);
     for (int first = 0, length = 0; first < row.length; first += length) {
         length = row.length - first;
-        const Point real = real_pixel({row.x + first, row.y});
-        ImageMaps maps_there = maps;
-        for (ImageMap& map : maps_there.maps) map = map.of_moved(row.x + first - real.x, row.y - real.y);
-        const ImageRuns runs = runs_of(maps_there, real, length);
+        const Point there{row.x + first, row.y}, real = real_pixel(there);
+        const ImageMaps maps =
+            real == there ? maps_of_stroke : moved(maps_of_stroke, there.x - real.x, there.y - real.y);
+        const ImageRuns runs = runs_of(maps, real, length);
         InkRow part = part_of_row(row, first, length);
         part.x = real.x, part.y = real.y;
         if (runs.count > 0) paint_runs(part, runs, ink, color);
