@@ -43,6 +43,7 @@ void view_clamp() {
 }
 
 void view_to_frame() {
+    if (guides.tiles == TILES_OFF) return;  // the other flow pans meanwhile, and a write here could lose its step
     view_update_pixel();
     const Point center{view_center_x, view_center_y}, real = real_pixel(center);
     pan_x += real.x - center.x;
