@@ -21,22 +21,16 @@ constexpr Reach reach_of(int value, int first, int side) {
 }  // namespace
 
 NearestColor::NearestColor(std::span<const Color> palette, Color kept)
-    : kept_(kept),
-      palette_(palette.begin(), palette.begin() + static_cast<std::ptrdiff_t>(std::min(palette.size(), colors_max))),
-      cubes_(std::size_t{1} << (3 * cube_bits)), pool_(pool_size) {
-    for (std::size_t slot = 0; slot < palette_.size(); ++slot) {
-        if (palette_[slot] == kept) continue;
-        colors_[count_] = palette_[slot];
+    : kept_(kept), cubes_(std::size_t{1} << (3 * cube_bits)), pool_(pool_size) {
+    for (std::size_t slot = 0; slot < std::min(palette.size(), colors_max); ++slot) {
+        if (palette[slot] == kept) continue;
+        colors_[count_] = palette[slot];
         slots_[count_] = static_cast<std::uint8_t>(slot);
-        red_[count_] = red_of(palette_[slot]);
-        green_[count_] = green_of(palette_[slot]);
-        blue_[count_] = blue_of(palette_[slot]);
+        red_[count_] = red_of(palette[slot]);
+        green_[count_] = green_of(palette[slot]);
+        blue_[count_] = blue_of(palette[slot]);
         ++count_;
     }
-}
-
-bool NearestColor::is_of(std::span<const Color> palette, Color kept) const {
-    return kept == kept_ && std::ranges::equal(palette, palette_);
 }
 
 int NearestColor::index_of(Color color) {

@@ -39,7 +39,6 @@ public:
     Color kept() const { return kept_; }
     /// The colours of the palette but `kept`, by rising slot.
     std::span<const Color> colors() const { return std::span(colors_).first(count_); }
-    bool is_of(std::span<const Color> palette, Color kept) const;
 
 private:
     static constexpr int cube_bits = 5, side_bits = 8 - cube_bits;  // a side has 32 cubes, a cube 8 colours
@@ -54,7 +53,6 @@ private:
     Cube find_candidates(Color color);
 
     Color kept_;
-    std::vector<Color> palette_;  // all that was given
     std::array<Color, colors_max> colors_{};
     std::array<std::uint8_t, colors_max> slots_{};
     std::array<int, colors_max> red_{}, green_{}, blue_{};

@@ -16,8 +16,8 @@ enum CelMode : int {
     CEL_TURN = 1,
     CEL_PASTE = 2,
     CEL_BELOW = 3,
-    CEL_AS_IS = 4
-};  // as PASTE, without the ink
+    CEL_AS_IS = 4  // as PASTE, without the ink
+};
 /// The running placement; all fields -1 when nothing is being placed.
 struct CelPlace {
     int x = -1, y = -1;           // left, top; the pivot in TURN; the fixed corner in STRETCH

@@ -12,7 +12,6 @@ namespace {
 struct Range {
     int first = frame_slots, last = -1;
     bool is_empty() const { return first > last; }
-    bool holds(int slot) const { return slot >= first && slot <= last; }
     void take_in(int slot) {
         if (slot < 0) return;
         first = std::min(first, slot);
@@ -20,14 +19,9 @@ struct Range {
     }
 };
 
-/// The carried Frame is let aside first: where it has gone tells only whether it is still of the range.
 Range range_after(const RowChange& change, const Range& before) {
     Range now;
-    for (int slot = before.first; slot <= before.last; ++slot)
-        if (slot != change.carried) now.take_in(slot_after(change, slot));
-    if (!before.holds(change.carried)) return now;
-    const int carried_to = slot_after(change, change.carried);
-    if (now.is_empty() || carried_to == now.first - 1 || carried_to == now.last + 1) now.take_in(carried_to);
+    for (int slot = before.first; slot <= before.last; ++slot) now.take_in(slot_after(change, slot));
     return now;
 }
 

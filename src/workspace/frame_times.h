@@ -19,15 +19,13 @@ constexpr SlotMap nothing_moved() {
 struct RowChange {
     SlotMap map = nothing_moved();
     int frames = frame_slots;  // there are now, 1 to 100
-    int carried = -1;          // the slot from which one Frame was carried elsewhere, -1 for none
 };
 
 /// The slot to which the Frame of `slot` has come, the first one of those that hold it; -1 if it is gone.
 int slot_after(const RowChange& change, int slot);
 
 /// Times go with their Frames, a new Frame has that of the one before it. The range holds the Frames that it held;
-/// one that is carried past its ends leaves it, one carried between them comes in. Where nothing is left of it, it is
-/// all Frames.
+/// where nothing is left of it, it is all Frames.
 void follow_with_times(const RowChange& change);
 
 }  // namespace nubo
