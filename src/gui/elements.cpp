@@ -156,6 +156,8 @@ void GUI_add_button(int slot, int x, int y, Color color, Label label) {
     activate(slot);
 }
 
+void GUI_light_button(int slot, bool is_on) { gui::type[at(slot)] = is_on ? ELEMENT_BUTTON_DOWN : ELEMENT_BUTTON; }
+
 void GUI_add_label(int slot, int x, int y, int w, Label label) {
     if (!GUI_check_window(slot, "GUI_add_label")) return;
     place(slot, ELEMENT_BUTTON, x, y, w, button_h);

@@ -44,6 +44,8 @@ void GUI_add_window(int x, int y, int w, int h, int count, int base = slot_windo
 void GUI_add_title(int x, int y, int w, Label label, int base = slot_window);
 /// A button of 39 by 9. No action yet: set `left_action`.
 void GUI_add_button(int slot, int x, int y, Color color, Label label);
+/// Shows a button as one that is on, or off.
+void GUI_light_button(int slot, bool is_on);
 /// A caption of one line on `ui_border`, without an action.
 void GUI_add_label(int slot, int x, int y, int w, Label label);
 /// A horizontal slider of the values 0 to `stops` - 1, which shows its value.

@@ -10,6 +10,7 @@
 #include "windows/guide_switches.h"
 #include "windows/kit/number_field.h"
 #include "windows/kit/run_window.h"
+#include "windows/kit/window_rows.h"
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -54,33 +55,9 @@ enum GuideSlot : int {
     GUIDE_SLOTS
 };
 
-constexpr int column_x(int column) { return 58 + 43 * column; }
-constexpr int column_w = 42, wide_w = 257;
-
-constexpr ElementRow caption_row(int slot, int x, int y, int w, const char* text) {
-    return {.slot = slot, .x = x, .y = y, .w = w, .fill = &ui_border, .text = text};
-}
 /// One of a group: the number it stands for tells its column, too.
 constexpr ElementRow choice_row(int first, int choice, int y, Message tooltip, const char* text) {
-    return {.slot = first + choice,
-            .x = column_x(choice),
-            .y = y,
-            .w = column_w,
-            .left = ACTION_CLICK,
-            .tooltip = tooltip,
-            .text = text};
-}
-constexpr ElementRow button_row(int slot, int column, int y, Message tooltip, const char* text) {
-    return {.slot = slot,
-            .x = column_x(column),
-            .y = y,
-            .w = column_w,
-            .left = ACTION_CLICK,
-            .tooltip = tooltip,
-            .text = text};
-}
-constexpr ElementRow slider_row(int slot, int x, int y, int w, Message tooltip, SliderRange range) {
-    return {.slot = slot, .type = ELEMENT_BOX, .x = x, .y = y, .w = w, .tooltip = tooltip, .range = range};
+    return button_row(first + choice, choice, y, tooltip, text);
 }
 constexpr ElementRow field_row(int slot, int x, int y, int w, Message tooltip) {
     return {.slot = slot,
@@ -109,15 +86,15 @@ constexpr ElementRow cell_field(int number) {
 constexpr SliderRange ghosts_range{0, ghost_frames_max, 1}, strength_range{0, ghost_strength_max, 10};
 
 constexpr std::array<ElementRow, GUIDE_SLOTS - slot_content> rows{{
-    caption_row(GUIDE_SYMMETRY_CAPTION, 2, 12, 55, "SYMMETRY"),
-    caption_row(GUIDE_AXIS_CAPTION, 2, 22, 55, "AXIS"),
-    caption_row(GUIDE_TILES_CAPTION, 2, 32, 55, "TILES"),
-    caption_row(GUIDE_GHOST_CAPTION, 2, 42, 55, "GHOST"),
-    caption_row(GUIDE_BEFORE_CAPTION, 2, 52, 55, "BEFORE"),
+    caption_row(GUIDE_SYMMETRY_CAPTION, row_caption_x, 12, row_caption_w, "SYMMETRY"),
+    caption_row(GUIDE_AXIS_CAPTION, row_caption_x, 22, row_caption_w, "AXIS"),
+    caption_row(GUIDE_TILES_CAPTION, row_caption_x, 32, row_caption_w, "TILES"),
+    caption_row(GUIDE_GHOST_CAPTION, row_caption_x, 42, row_caption_w, "GHOST"),
+    caption_row(GUIDE_BEFORE_CAPTION, row_caption_x, 52, row_caption_w, "BEFORE"),
     caption_row(GUIDE_AFTER_CAPTION, column_x(2), 52, column_w, "AFTER"),
-    caption_row(GUIDE_STRENGTH_CAPTION, 2, 62, 55, "STRENGTH"),
-    caption_row(GUIDE_GRID_CAPTION, 2, 72, 55, "GRID"),
-    caption_row(GUIDE_CELL_CAPTION, 2, 82, 55, "CELL"),
+    caption_row(GUIDE_STRENGTH_CAPTION, row_caption_x, 62, row_caption_w, "STRENGTH"),
+    caption_row(GUIDE_GRID_CAPTION, row_caption_x, 72, row_caption_w, "GRID"),
+    caption_row(GUIDE_CELL_CAPTION, row_caption_x, 82, row_caption_w, "CELL"),
     choice_row(GUIDE_SYMMETRY_FIRST, SYMMETRY_OFF, 12, MESSAGE_GUIDE_SYMMETRY, "OFF"),
     choice_row(GUIDE_SYMMETRY_FIRST, SYMMETRY_ACROSS, 12, MESSAGE_GUIDE_SYMMETRY, "ACROSS"),
     choice_row(GUIDE_SYMMETRY_FIRST, SYMMETRY_DOWN, 12, MESSAGE_GUIDE_SYMMETRY, "DOWN"),
@@ -128,13 +105,7 @@ constexpr std::array<ElementRow, GUIDE_SLOTS - slot_content> rows{{
     field_row(GUIDE_AXIS_X, pair_x(0) + 12, 22, 51, MESSAGE_GUIDE_AXIS),
     caption_row(GUIDE_AXIS_Y_CAPTION, pair_x(1), 22, 11, "Y"),
     field_row(GUIDE_AXIS_Y, pair_x(1) + 12, 22, 51, MESSAGE_GUIDE_AXIS),
-    {.slot = GUIDE_CENTER,
-     .x = pair_x(2),
-     .y = 22,
-     .w = 63,
-     .left = ACTION_CLICK,
-     .tooltip = MESSAGE_GUIDE_CENTER,
-     .text = "CENTER"},
+    push_row(GUIDE_CENTER, pair_x(2), 22, 63, MESSAGE_GUIDE_CENTER, "CENTER"),
     choice_row(GUIDE_TILES_FIRST, TILES_OFF, 32, MESSAGE_GUIDE_TILES, "OFF"),
     choice_row(GUIDE_TILES_FIRST, TILES_BOTH, 32, MESSAGE_GUIDE_TILES, "BOTH"),
     choice_row(GUIDE_TILES_FIRST, TILES_ACROSS, 32, MESSAGE_GUIDE_TILES, "ACROSS"),
@@ -145,7 +116,7 @@ constexpr std::array<ElementRow, GUIDE_SLOTS - slot_content> rows{{
     choice_row(GUIDE_GHOST_FIRST, GHOST_OVER, 42, MESSAGE_GUIDE_GHOST, "OVER"),
     slider_row(GUIDE_BEFORE, column_x(0), 52, 85, MESSAGE_GUIDE_GHOST_FRAMES, ghosts_range),
     slider_row(GUIDE_AFTER, column_x(3), 52, 85, MESSAGE_GUIDE_GHOST_FRAMES, ghosts_range),
-    slider_row(GUIDE_STRENGTH, column_x(0), 62, wide_w, MESSAGE_GUIDE_GHOST_STRENGTH, strength_range),
+    slider_row(GUIDE_STRENGTH, column_x(0), 62, columns_w, MESSAGE_GUIDE_GHOST_STRENGTH, strength_range),
     button_row(GUIDE_PIN, 5, 52, MESSAGE_GUIDE_GHOST_PIN, "PIN"),
     button_row(GUIDE_PIXELS, 0, 72, MESSAGE_GUIDE_GRID_PIXELS, "PIXELS"),
     button_row(GUIDE_CELLS, 1, 72, MESSAGE_GUIDE_GRID_CELLS, "CELLS"),
@@ -276,15 +247,11 @@ void fill_window() {
     for (const AxisField& field : axes) show_axis(field);
 }
 
-void light(int slot, bool is_on) {
-    gui::type[at(slot)] = static_cast<std::int16_t>(is_on ? ELEMENT_BUTTON_DOWN : ELEMENT_BUTTON);
-}
-
 void light_buttons() {
     for (const ChoiceGroup& group : choices)
-        for (int i = 0; i < group.count; ++i) light(group.first + i, group.chosen() == i);
-    for (const Switch& one : switches) light(one.slot, guides.*one.flag == one.lit);
-    light(GUIDE_PIN, guides.pinned_frame != 0);
+        for (int i = 0; i < group.count; ++i) GUI_light_button(group.first + i, group.chosen() == i);
+    for (const Switch& one : switches) GUI_light_button(one.slot, guides.*one.flag == one.lit);
+    GUI_light_button(GUIDE_PIN, guides.pinned_frame != 0);
 }
 
 /// What is typed counts at once, as far as it makes sense; a field that is left shows what has come of it.

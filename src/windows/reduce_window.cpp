@@ -9,7 +9,9 @@
 #include "paint/undo.h"
 #include "state/run.h"
 #include "state/view.h"
+#include "view/frame_tiles.h"
 #include "windows/kit/run_window.h"
+#include "windows/kit/window_rows.h"
 #include "workspace/frame_memory.h"
 #include "workspace/notices.h"
 #include <algorithm>
@@ -36,11 +38,8 @@ enum ReduceSlot : int {
 
 constexpr int window_w = 319, window_h = 32, colors_min = 2, colors_max = 256;
 
-constexpr ElementRow choice_row(int slot, int x, int y, int w, Message tooltip, const char* text) {
-    return {.slot = slot, .x = x, .y = y, .w = w, .left = ACTION_CLICK, .tooltip = tooltip, .text = text};
-}
 constexpr ElementRow dithering_row(Dithering dithering, int x, Message tooltip, const char* text) {
-    return choice_row(REDUCE_DITHERING_FIRST + int{dithering}, x, 22, 62, tooltip, text);
+    return push_row(REDUCE_DITHERING_FIRST + int{dithering}, x, 22, 62, tooltip, text);
 }
 constexpr ElementRow end_row(int slot, int x, int w, Label label) {
     return {.slot = slot, .type = ELEMENT_BUTTON_LIT, .x = x, .y = 22, .w = w, .label = label, .left = ACTION_CLICK};
@@ -49,15 +48,9 @@ constinit std::array<char, 32> count_text{};
 
 constexpr std::array<ElementRow, REDUCE_SLOTS - slot_content> rows{{
     {.slot = REDUCE_COUNT, .x = 191, .y = 2, .w = 126, .fill = &ui_border, .text = count_text.data()},
-    {.slot = REDUCE_NUMBER,
-     .type = ELEMENT_BOX,
-     .x = 2,
-     .y = 12,
-     .w = 188,
-     .tooltip = MESSAGE_REDUCE_NUMBER,
-     .range = {colors_min, colors_max, 1}},
-    choice_row(REDUCE_TO_BEST, 191, 12, 63, MESSAGE_REDUCE_TO_BEST, "BEST"),
-    choice_row(REDUCE_TO_FAVORITES, 255, 12, 62, MESSAGE_REDUCE_TO_FAVORITES, "FAVORITES"),
+    slider_row(REDUCE_NUMBER, 2, 12, 188, MESSAGE_REDUCE_NUMBER, {colors_min, colors_max, 1}),
+    push_row(REDUCE_TO_BEST, 191, 12, 63, MESSAGE_REDUCE_TO_BEST, "BEST"),
+    push_row(REDUCE_TO_FAVORITES, 255, 12, 62, MESSAGE_REDUCE_TO_FAVORITES, "FAVORITES"),
     dithering_row(DITHERING_OFF, 2, MESSAGE_REDUCE_OFF, "OFF"),
     dithering_row(DITHERING_BAYER, 65, MESSAGE_REDUCE_BAYER, "BAYER"),
     dithering_row(DITHERING_DIFFUSE, 128, MESSAGE_REDUCE_DIFFUSE, "DIFFUSE"),
@@ -89,13 +82,21 @@ struct ReduceChoice {
 constinit ReduceChoice choice;
 constinit Word number_slid = 0;
 
-/// The pixels of the Frame that the user sees.
+/// The first and the last pixel of the Frame that are seen along one axis: all where the view goes over a seam.
+struct Seen {
+    int first, last;
+};
+Seen seen_along(int pan, float view_size, int extent, bool is_tiled) {
+    const int end = pan + static_cast<int>(std::ceil(view_size));
+    if (is_tiled && (pan < 0 || end > extent)) return {0, extent - 1};
+    return {std::max(pan, 0), std::min(end, extent) - 1};
+}
+
 Area area_in_view() {
     const auto level = at(zoom);
-    const auto reach = [](int pan, float seen) { return pan + static_cast<int>(std::ceil(seen)) - 1; };
-    return {std::max<int>(pan_x, 0), std::max<int>(pan_y, 0),
-            std::min(reach(pan_x, zoom_view_w[level]), current_frame->w - 1),
-            std::min(reach(pan_y, zoom_view_h[level]), current_frame->h - 1)};
+    const Seen across = seen_along(pan_x, zoom_view_w[level], current_frame->w, tiles_across());
+    const Seen down = seen_along(pan_y, zoom_view_h[level], current_frame->h, tiles_down());
+    return {across.first, down.first, across.last, down.last};
 }
 
 /// The Frame in fewer colours, while its own picture waits behind.
@@ -118,7 +119,8 @@ public:
         const bool is_shown = shown_ == wanted && seen_.left == area.left && seen_.top == area.top &&
                               seen_.right == area.right && seen_.bottom == area.bottom;
         if (is_shown || area.width() < 1 || area.height() < 1) return;
-        if (!unless_memory_ends([&] { return remap(wanted, area), true; }, false)) flash_message(MESSAGE_NO_MEMORY);
+        if (!unless_memory_ends([&] { return remap(wanted, area), true; }, false))
+            return flash_message(MESSAGE_NO_MEMORY);
         shown_ = wanted;
         seen_ = area;
         tell_count();
@@ -127,6 +129,7 @@ public:
     /// The Frame itself comes back, and becomes what was shown as a whole.
     void carry_out() {
         end_frame_preview();
+        if (!shown_ || !nearest_) return flash_message(MESSAGE_NO_MEMORY);
         if (!save_undo(false)) return;
         const auto dithering = static_cast<Dithering>(shown_->dithering);
         if (!unless_memory_ends([&] { return remap_pixels(current_frame, *nearest_, dithering), true; }, false))
@@ -167,14 +170,10 @@ private:
 
 // ---- The window -----------------------------------------------------------------------------------------------------
 
-void light(int slot, bool is_on) {
-    gui::type[at(slot)] = static_cast<std::int16_t>(is_on ? ELEMENT_BUTTON_DOWN : ELEMENT_BUTTON);
-}
-
 void light_choice() {
-    light(REDUCE_TO_BEST, !choice.to_favorites);
-    light(REDUCE_TO_FAVORITES, choice.to_favorites);
-    for (int i = 0; i < DITHERING_COUNT; ++i) light(REDUCE_DITHERING_FIRST + i, choice.dithering == i);
+    GUI_light_button(REDUCE_TO_BEST, !choice.to_favorites);
+    GUI_light_button(REDUCE_TO_FAVORITES, choice.to_favorites);
+    for (int i = 0; i < DITHERING_COUNT; ++i) GUI_light_button(REDUCE_DITHERING_FIRST + i, choice.dithering == i);
 }
 
 WindowPass serve() {

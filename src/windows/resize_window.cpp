@@ -136,8 +136,7 @@ struct Resizing {
 };
 
 void light_anchor(const Resizing& state) {
-    for (int i = 0; i < anchor_count; ++i)
-        gui::type[at(RESIZE_ANCHOR_FIRST + i)] = i == state.anchor ? ELEMENT_BUTTON_DOWN : ELEMENT_BUTTON;
+    for (int i = 0; i < anchor_count; ++i) GUI_light_button(RESIZE_ANCHOR_FIRST + i, i == state.anchor);
 }
 
 /// At first and whenever another Frame has come in.

@@ -248,8 +248,7 @@ void store_values() {
 }
 
 void show_flip() {
-    if (running->tool == TOOL_SPIRAL)
-        gui::type[at(flip_slot(running->values.size()))] = flipped != 0 ? ELEMENT_BUTTON_DOWN : ELEMENT_BUTTON;
+    if (running->tool == TOOL_SPIRAL) GUI_light_button(flip_slot(running->values.size()), flipped != 0);
 }
 
 void link_sliders() {

@@ -7,6 +7,7 @@
 #include "view/view.h"
 #include "windows/cel/select.h"
 #include "windows/kit/run_window.h"
+#include "windows/kit/window_rows.h"
 #include <cstdio>
 #include <string>
 
@@ -31,21 +32,6 @@ enum SelectSlot : int {
     SELECT_SLOTS
 };
 
-constexpr int column_x(int column) { return 58 + 43 * column; }
-constexpr int column_w = 42;
-
-constexpr ElementRow caption_row(int slot, int x, int y, int w, const char* text) {
-    return {.slot = slot, .x = x, .y = y, .w = w, .fill = &ui_border, .text = text};
-}
-constexpr ElementRow button_row(int slot, int column, int y, Message tooltip, const char* text) {
-    return {.slot = slot,
-            .x = column_x(column),
-            .y = y,
-            .w = column_w,
-            .left = ACTION_CLICK,
-            .tooltip = tooltip,
-            .text = text};
-}
 constexpr ElementRow end_row(int slot, int x, Message tooltip, Label label, const char* text = nullptr) {
     return {.slot = slot,
             .type = ELEMENT_BUTTON_LIT,
@@ -59,19 +45,13 @@ constexpr ElementRow end_row(int slot, int x, Message tooltip, Label label, cons
 }
 
 constexpr std::array<ElementRow, SELECT_SLOTS - slot_content> rows{{
-    caption_row(SELECT_TOLERANCE_CAPTION, 2, 12, 55, "TOLERANCE"),
-    caption_row(SELECT_QUALITY_CAPTION, 2, 22, 55, "QUALITY"),
+    caption_row(SELECT_TOLERANCE_CAPTION, row_caption_x, 12, row_caption_w, "TOLERANCE"),
+    caption_row(SELECT_QUALITY_CAPTION, row_caption_x, 22, row_caption_w, "QUALITY"),
     caption_row(SELECT_COUNT, column_x(2), 22, 171, ""),
     button_row(SELECT_LASSO, 0, 2, MESSAGE_SELECT_LASSO, "LASSO"),
     button_row(SELECT_WAND, 1, 2, MESSAGE_SELECT_WAND, "WAND"),
     button_row(SELECT_GLOBAL, 2, 2, MESSAGE_SELECT_GLOBAL, "GLOBAL"),
-    {.slot = SELECT_TOLERANCE,
-     .type = ELEMENT_BOX,
-     .x = column_x(0),
-     .y = 12,
-     .w = 257,
-     .tooltip = MESSAGE_SELECT_TOLERANCE,
-     .range = {0, wand_tolerance_max, 1}},
+    slider_row(SELECT_TOLERANCE, column_x(0), 12, columns_w, MESSAGE_SELECT_TOLERANCE, {0, wand_tolerance_max, 1}),
     button_row(SELECT_FAST, 0, 22, MESSAGE_SELECT_QUALITY, "FAST"),
     button_row(SELECT_CLEAN, 1, 22, MESSAGE_SELECT_QUALITY, "CLEAN"),
     end_row(SELECT_OKAY, 2, MESSAGE_SELECT_OKAY, LABEL_OKAY),
@@ -103,18 +83,14 @@ void build_rest() {
     gui::value_text[at(SELECT_COUNT)] = count_text.data();
 }
 
-void light(int slot, bool is_on) {
-    gui::type[at(slot)] = static_cast<std::int16_t>(is_on ? ELEMENT_BUTTON_DOWN : ELEMENT_BUTTON);
-}
-
 void show_window(SelectionInHand& selection) {
     selection.follow_frame();
     guides.wand_tolerance = tolerance;
-    light(SELECT_LASSO, select_tool == SELECT_BY_LASSO);
-    light(SELECT_WAND, select_tool == SELECT_BY_WAND);
-    light(SELECT_GLOBAL, wand_is_global);
-    light(SELECT_FAST, guides.clean_cel == 0);
-    light(SELECT_CLEAN, guides.clean_cel != 0);
+    GUI_light_button(SELECT_LASSO, select_tool == SELECT_BY_LASSO);
+    GUI_light_button(SELECT_WAND, select_tool == SELECT_BY_WAND);
+    GUI_light_button(SELECT_GLOBAL, wand_is_global);
+    GUI_light_button(SELECT_FAST, guides.clean_cel == 0);
+    GUI_light_button(SELECT_CLEAN, guides.clean_cel != 0);
     const std::size_t count = selection.shape().count();
     std::snprintf(count_text.data(), count_text.size(), "%zu PIXEL%s IN HAND", count, count == 1 ? "" : "S");
 }

@@ -109,7 +109,7 @@ consteval ColorRows color_rows() {
     add(space_row(SPACE_HLS, 2, 22, LABEL_HLS, ACTION_SPACE_HLS, MESSAGE_SPACE_HLS));
     add(space_row(SPACE_HSV, 42, 22, LABEL_HSV, ACTION_SPACE_HSV, MESSAGE_SPACE_HSV));
     add({.slot = COLOR_BRUSH, .type = ELEMENT_BOX, .x = 82, .y = 12, .w = 21});
-    add({.slot = COLOR_MASK, .type = ELEMENT_SWATCH_MASK, .x = 82, .y = 2, .w = 21, .left = ACTION_CLICK});
+    add({.slot = COLOR_MASK, .type = ELEMENT_SWATCH_MASK, .x = 82, .y = 2, .w = 21});
     for (int i = 0; i < color_slot_count; ++i) add(color_slot_row(i));
     add(spectrum_button_row(COLOR_FOLD, 82, LABEL_FOLD, ACTION_CLICK_RIGHT, MESSAGE_FOLD_SPECTRUM));
     add(spectrum_button_row(COLOR_INVERT, 93, LABEL_INVERT, ACTION_CLICK, MESSAGE_INVERT_SPECTRUM));
@@ -236,8 +236,7 @@ constexpr std::array<SpaceRow, SPACE_COUNT> spaces{{
 static_assert(rows_in_order(spaces, &SpaceRow::space));
 
 void show_space(const SpaceRow& space) {
-    for (const SpaceRow& each : spaces)
-        gui::type[at(space_slot(each.space))] = each.space == space.space ? ELEMENT_BUTTON_DOWN : ELEMENT_BUTTON;
+    for (const SpaceRow& each : spaces) GUI_light_button(space_slot(each.space), each.space == space.space);
     for (int i = 0; i < slider_count; ++i) {
         gui::label[at(COLOR_NAME_FIRST + i)] = space.names[at(i)];
         GUI_set_range(COLOR_SLIDER_FIRST + i, space.range);
@@ -258,7 +257,9 @@ void finish_window(Edit& edit) {
     border_color_of(COLOR_SPECTRUM) = static_cast<int>(ui_border);
     colorspace = std::clamp<int>(colorspace, SPACE_VGA, SPACE_COUNT - 1);
     enter_space(edit, space_shown());
-    gui::tooltip[at(COLOR_MASK)] = edits_mask(edit) ? MESSAGE_COLOR_FREE : MESSAGE_NONE;
+    if (!edits_mask(edit)) return;
+    gui::left_action[at(COLOR_MASK)] = ACTION_CLICK;
+    gui::tooltip[at(COLOR_MASK)] = MESSAGE_COLOR_FREE;
 }
 
 /// The field of the brush colour shows a colour handed in, in its place.
@@ -310,7 +311,7 @@ void serve_variants_and_map() {
 
 /// The search runs in this window's place, which is then built again: the sliders start at the colour found.
 void serve_mask_field(Edit& edit) {
-    if (take_click(COLOR_MASK) <= 0 || !edits_mask(edit)) return;
+    if (take_click(COLOR_MASK) <= 0) return;
     const std::optional<Color> found = free_color();
     if (!found) return;
     edit.color = *found;

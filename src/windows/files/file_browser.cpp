@@ -131,12 +131,11 @@ private:
             lit = i;
         }
         for (std::size_t i = 0; i < places_.size(); ++i)
-            gui::type[at(BROWSER_PLACE_FIRST) + i] = i == lit ? ELEMENT_BUTTON_DOWN : ELEMENT_BUTTON;
+            GUI_light_button(BROWSER_PLACE_FIRST + static_cast<int>(i), i == lit);
     }
 
     void fill_filters() const {
-        for (int i = 0; i < filter_count; ++i)
-            gui::type[at(BROWSER_FILTER_FIRST + i)] = i == filter_ ? ELEMENT_BUTTON_DOWN : ELEMENT_BUTTON;
+        for (int i = 0; i < filter_count; ++i) GUI_light_button(BROWSER_FILTER_FIRST + i, i == filter_);
     }
 
     void set_home_button() const {
@@ -206,7 +205,7 @@ private:
     }
 
     void show_clear_button() const {
-        if (extra_ == EXTRA_CLEAR) gui::type[BROWSER_EXTRA] = shows_frame() ? ELEMENT_BUTTON_DOWN : ELEMENT_BUTTON;
+        if (extra_ == EXTRA_CLEAR) GUI_light_button(BROWSER_EXTRA, shows_frame());
     }
 
     void show_preview(bool asked) const {
